@@ -1,0 +1,57 @@
+// The fixed knowledge of the ICs: thirteen lists of rows, 0 to 7 for the model KM48, 8 to 12 for the KM49. The rows stand
+// in catalogue/rows/, one file a list.
+#pragma once
+
+#include <array>
+#include <cstdint>
+#include <optional>
+#include <span>
+#include <string>
+#include <string_view>
+
+namespace pyxis {
+
+inline constexpr int kListCount = 13;
+inline constexpr int kFirstKm49List = 8;
+
+struct ChipEntry {
+  const char* ChipName;
+  const char* TypeLabel;
+  const char* FileExtension;  // ".hex", ".obj", ".otp", ".epm", ".velmar" or ".hexbin"
+  std::uint32_t ChipCode;
+  bool HasOptionDialog;
+  bool HasSmartOption;
+  std::uint32_t AutoTicks, BlankTicks, ProgramTicks, VerifyTicks;  // never 0
+  std::array<std::uint32_t, 9> OptionMasks;
+  std::uint32_t ReadSizeBytes;
+  bool ReadSwapBytes;
+  bool HasIspProgram;
+};
+
+struct Firmware {
+  std::string path;  // AppDir, the model's firmware folder, FirmwareFile
+  std::uint32_t FirmwareCode;
+};
+
+// The rows of a list, in the order of the Type list.
+std::span<const ChipEntry> ChipList(int listIndex);
+const ChipEntry& Row(int seriesIndex, int typeIndex);
+
+// The captions of the Series list: eight for model 1, five for model 2, none for any other.
+std::span<const char* const> SeriesCaptions(int model);
+int ListIndex(int model, int position);
+
+// Looks a row up by TypeLabel, without regard to case, list 0 first. 1 when found: the two indexes are stored and the
+// row's per-chip values are copied into AppState. 0: nothing has changed.
+int FindChip(std::string_view label, int& seriesIndex, int& typeIndex);
+
+// The image that a ChipCode runs on. Model 1 takes it from firmware48, any other from firmware49. Nothing for a code
+// without a catalogue row.
+std::optional<Firmware> FirmwareFor(std::uint32_t chipCode, int model);
+const char* FirmwareFileOf(std::uint32_t chipCode);  // the bare file name, or null
+std::string FirmwareFolder(int model);               // AppDir and "firmware48" or "firmware49", with a separator
+
+// Path of the package figure of a label (or chip name): normal, EXHV ISP, ISP. The file needn't exist.
+std::string FigurePath(std::string_view label, bool exhvIsp, bool isp);
+
+}  // namespace pyxis

@@ -1,0 +1,36 @@
+// The running image checksum and the readers that turn a program file into a flat temporary image.
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+namespace pyxis {
+
+// One step of the 16-bit checksum (x^16 + x^15 + x^2 + 1, most significant bit first, no reflection, no final xor): takes
+// ChecksumInput, which is 0 afterwards, into the ImageChecksum accumulator.
+void UpdateChecksum();
+// The same step as a function: the accumulator after the word.
+std::uint16_t ChecksumAfter(std::uint16_t accumulator, std::uint16_t word);
+
+enum ReadMode : int {
+  kReadBytes = 1,        // fill FF, addresses count bytes
+  kReadBlankWords = 2,   // fill FF 3F, the first record's byte count may select word addresses
+  kReadZeroWords = 3,    // fill 00, likewise
+};
+
+// 0 on success, 1 on any failure. Reads Intel HEX text, writes the flat image up to the highest data address. Addresses
+// count words when the low digit of the first record's byte count is 2 (modes 2 and 3).
+int ReadIntelHex(const std::string& sourcePath, const std::string& imagePath, int mode);
+
+// When not 0, ReadIntelHex writes exactly that many bytes.
+extern std::uint32_t ForcedImageLength;
+
+// Up to maxDigits (at most 8) hexadecimal digits; negative means the whole text. Leading "0" and blanks are passed over,
+// the first other character ends the number.
+std::uint32_t ParseHexDigits(std::string_view text, int maxDigits);
+
+// 1 on success, 0 on failure (the other way round from ReadIntelHex). Wraps at most 256 EEPROM bytes into an image.
+int ReadEepromBin(const std::string& sourcePath, const std::string& imagePath);
+
+}  // namespace pyxis

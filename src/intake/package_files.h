@@ -1,0 +1,72 @@
+// The two package files. OptionPackage (buffer_option.prog) is the header of a job: fixed offsets, started from the IC's
+// template; the writer returns its copy as the 512 bytes of WriterInfoBlock. DataPackage (buffer_data.prog) is the bytes
+// to burn, without header or trailer. Fields wider than a byte are big-endian, except DownloadTime.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <span>
+#include <string>
+
+namespace pyxis {
+
+enum class ByteOrder { Big, Little, Bytes };
+
+struct FieldPlace {
+  std::size_t offset;
+  std::size_t width;
+  ByteOrder order;
+};
+
+namespace Field {
+inline constexpr FieldPlace ChipNameField{0, 10, ByteOrder::Bytes};
+inline constexpr FieldPlace ImageChecksum{16, 2, ByteOrder::Big};
+inline constexpr FieldPlace ChecksumLength{20, 2, ByteOrder::Big};
+inline constexpr FieldPlace UsedLength{22, 2, ByteOrder::Big};
+inline constexpr FieldPlace ImageLength{24, 2, ByteOrder::Big};
+inline constexpr FieldPlace ConfigAddress{26, 2, ByteOrder::Big};
+inline constexpr FieldPlace LengthUnit{30, 1, ByteOrder::Bytes};
+inline constexpr FieldPlace ReadBackOrder{31, 1, ByteOrder::Bytes};
+inline constexpr FieldPlace ConfigWord{36, 2, ByteOrder::Big};
+inline constexpr FieldPlace ConfigKind{38, 1, ByteOrder::Bytes};
+inline constexpr FieldPlace DualStart{39, 2, ByteOrder::Big};
+inline constexpr FieldPlace ProtectFlags{43, 2, ByteOrder::Bytes};
+inline constexpr FieldPlace OptionWords{48, 4, ByteOrder::Bytes};
+inline constexpr FieldPlace SerialHead{53, 6, ByteOrder::Bytes};
+inline constexpr FieldPlace HeaderChecksum{59, 2, ByteOrder::Big};
+inline constexpr FieldPlace ChipClass{71, 1, ByteOrder::Bytes};
+inline constexpr FieldPlace ProgramParameter{72, 2, ByteOrder::Big};
+inline constexpr FieldPlace IspFlags{76, 1, ByteOrder::Bytes};
+inline constexpr FieldPlace EepromImage{77, 1, ByteOrder::Bytes};
+inline constexpr FieldPlace ProductionFlags{78, 1, ByteOrder::Bytes};
+inline constexpr FieldPlace ProductionLimit{80, 4, ByteOrder::Bytes};  // packed decimal
+inline constexpr FieldPlace PartialChecksum{84, 2, ByteOrder::Big};
+inline constexpr FieldPlace SerialBlock{96, 32, ByteOrder::Bytes};
+inline constexpr FieldPlace ExtraWords{128, 32, ByteOrder::Bytes};
+inline constexpr FieldPlace DownloadTime{192, 16, ByteOrder::Little};
+inline constexpr FieldPlace WriterModelByte{207, 1, ByteOrder::Bytes};
+inline constexpr FieldPlace WriterStatus{244, 1, ByteOrder::Bytes};
+inline constexpr FieldPlace ChipInfo{248, 8, ByteOrder::Bytes};
+}  // namespace Field
+
+inline constexpr char kOptionPackageName[] = "buffer_option.prog";
+inline constexpr char kDataPackageName[] = "buffer_data.prog";
+inline constexpr char kSerialFileName[] = "serial.txt";
+inline constexpr std::uint8_t kSerialNeedsReload = 16;  // first byte of SerialHead
+inline constexpr std::uint8_t kChipClassFlash = 17;     // MTP/Flash
+inline constexpr std::uint8_t kProductionMass = 16;
+inline constexpr std::uint8_t kProductionLimit = 17;
+
+std::string OptionPackagePath();  // in AppDir
+std::string DataPackagePath();
+std::string SerialFilePath();
+// AppDir, HwFolder, separator, name, ".txt".
+std::string TemplatePath(const std::string& name);
+
+// Reads of a block or package that is long enough for the field.
+std::uint8_t FieldByte(std::span<const std::uint8_t> package, FieldPlace field);
+std::uint16_t FieldWord(std::span<const std::uint8_t> package, FieldPlace field);  // big-endian
+// ChipNameField up to its first zero byte, at most 10 characters.
+std::string ChipNameOf(std::span<const std::uint8_t> package);
+
+}  // namespace pyxis

@@ -1,0 +1,23 @@
+// The writer's firmware image: load with read-back, selection for an IC, and the update command.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <string>
+
+namespace pyxis {
+
+inline constexpr std::size_t kFirmwareImageSize = 0x10800;
+
+// True when the read-back equals the image. Sets FirmwareLoadFailed. A file that can't be opened or is shorter than an
+// image counts as a failed load, and nothing is sent.
+bool LoadFirmware(const std::string& path, bool sendStartByte);
+
+// The menu command Update F/W.
+void OnUpdateFirmware();
+
+// Sends the image that the IC needs unless the writer holds it; the outcome is FirmwareLoadFailed. An image that is
+// missing or can't be read sets it.
+void SelectFirmware(std::uint32_t chipCode);
+
+}  // namespace pyxis

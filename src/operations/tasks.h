@@ -1,0 +1,18 @@
+// Auto, Blank check, Program, Verify.
+#pragma once
+
+#include <cstdint>
+
+namespace pyxis {
+
+void OnAuto();
+void OnBlankCheck();
+void OnProgram();
+void OnVerify();
+
+// Runs a task to its end without guards: six equal non-zero readings of the status in a row. False when the verdict is
+// failure, when the link is gone, or when no verdict came within the poll bound. `divisor` scales the count of reads to
+// the bar's range of 50.
+bool RunTask(std::uint8_t task, std::uint32_t divisor);
+
+}  // namespace pyxis

@@ -1,0 +1,49 @@
+// Files by Windows-like names. A name is looked up exactly first, then without regard to letter case, component by
+// component; of several names that differ in case only the exact one wins, else the first in byte order. A new file is
+// created in the directory that the look-up found, under the name as given. The bodies lie in system/files.cpp.
+#pragma once
+
+#include <cstdint>
+#include <cstdio>
+#include <memory>
+#include <optional>
+#include <span>
+#include <string>
+#include <vector>
+
+namespace pyxis {
+
+#ifdef _WIN32
+inline constexpr char kPathSeparator = '\\';
+#else
+inline constexpr char kPathSeparator = '/';
+#endif
+
+// The existing path that `name` stands for, or, if there is none, the path under which it would be created.
+std::string ResolvePath(const std::string& name);
+
+// An open stream; closed with the object.
+struct FileCloser {
+  void operator()(std::FILE* file) const { std::fclose(file); }
+};
+using File = std::unique_ptr<std::FILE, FileCloser>;
+
+// fopen on the resolved path; a null File when it fails or when the path is a directory.
+File OpenFile(const std::string& name, const char* mode);
+
+// The whole file, or nothing when it can't be opened or read.
+std::optional<std::vector<std::uint8_t>> ReadWholeFile(const std::string& name);
+
+// Create-always, written in place. False when the file can't be created or a byte couldn't be written.
+bool WriteWholeFile(const std::string& name, std::span<const std::uint8_t> bytes);
+
+// Length of an open stream in bytes; the position is kept.
+long FileLength(std::FILE* file);
+
+// Closes and tells whether everything that was written has reached the file (a full disk shows here at the latest).
+bool CloseFile(File file);
+
+// The directory of the running program, without a trailing separator.
+std::string ProgramDirectory();
+
+}  // namespace pyxis

@@ -1,0 +1,20 @@
+// How the main window hears that its model changed. The model is TheMainControls() (shell/main_controls.h),
+// TheHexView() and SnProgressDlg; a view reads it, it decides nothing.
+#pragma once
+
+namespace pyxis {
+
+class MainView {
+ public:
+  virtual ~MainView() = default;
+  // A control's text, state or position changed; shown with the next paint.
+  virtual void ControlsChanged() {}
+  virtual void HexViewChanged() {}
+  virtual void SnProgressChanged() {}
+  // Takes every queued paint out of the queue and dispatches it, and no other message.
+  virtual void PumpPaint() {}
+  // The system close command of the main window (asks, then ends it).
+  virtual void CloseMainWindow() {}
+};
+
+}  // namespace pyxis

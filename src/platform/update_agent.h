@@ -1,0 +1,18 @@
+// The update library: one call that blocks until the update client has finished. The real body loads it from beside
+// the program; a missing library gives kUpdateAgentMissing, which is neither "found" (0) nor "current" (4).
+#pragma once
+
+#include <cstdint>
+
+namespace pyxis {
+
+inline constexpr std::int32_t kUpdateAgentMissing = -1;
+
+class UpdateAgent {
+ public:
+  virtual ~UpdateAgent() = default;
+  // `request`: zero-terminated SOAP text. The library also gets the main window and the program's instance.
+  virtual std::int32_t CallUpdateAgent(const char* request) = 0;
+};
+
+}  // namespace pyxis

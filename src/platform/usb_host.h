@@ -1,0 +1,34 @@
+// The calls of the libusb 0.1 interface that the frame link uses, one for one. Results are the library's: negative is
+// an error, otherwise a count or 0.
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <vector>
+
+namespace pyxis {
+
+struct UsbDeviceEntry {
+  std::uint16_t vendor = 0;
+  std::uint16_t product = 0;
+  void* device = nullptr;  // belongs to the host
+};
+using UsbBus = std::vector<UsbDeviceEntry>;
+
+class UsbHost {
+ public:
+  using Handle = void*;
+  virtual ~UsbHost() = default;
+  // usb_init, usb_find_busses, usb_find_devices, usb_get_busses: the buses in list order, each with its devices in
+  // list order. The entries live until the next call.
+  virtual std::vector<UsbBus> FindDevices() = 0;
+  virtual Handle Open(const UsbDeviceEntry& device) = 0;
+  virtual int SetConfiguration(Handle handle, int configuration) = 0;
+  virtual int ClaimInterface(Handle handle, int interface) = 0;
+  virtual int BulkWrite(Handle handle, int endpoint, const std::uint8_t* data, int count, int timeout) = 0;
+  virtual int BulkRead(Handle handle, int endpoint, std::uint8_t* data, int count, int timeout) = 0;
+  virtual void Close(Handle handle) = 0;
+  virtual std::string Error() = 0;
+};
+
+}  // namespace pyxis

@@ -1,0 +1,13 @@
+#include "shell/app_state.h"
+
+namespace pyxis {
+
+namespace {
+AppState theAppState;
+}
+
+AppState& TheAppState() { return theAppState; }
+
+void ResetAppState() { theAppState = AppState{}; }
+
+}  // namespace pyxis

@@ -1,0 +1,98 @@
+#include "shell/main_controls.h"
+
+#include "platform/machine.h"
+#include "platform/main_view.h"
+#include "shell/app_state.h"
+
+namespace pyxis {
+
+namespace {
+
+MainControls theMainControls;
+
+void Changed() { TheMachine().view->ControlsChanged(); }
+
+}  // namespace
+
+MainControls& TheMainControls() { return theMainControls; }
+
+void ResetMainControls() { theMainControls = MainControls{}; }
+
+void EnableControl(ControlId id, bool enabled) {
+  theMainControls[id].enabled = enabled;
+  Changed();
+}
+
+void ShowControl(ControlId id, bool visible) {
+  theMainControls[id].visible = visible;
+  Changed();
+}
+
+void SetControlText(ControlId id, const std::string& text) {
+  theMainControls[id].text = text;
+  Changed();
+}
+
+void CheckControl(ControlId id, bool checked) {
+  theMainControls[id].checked = checked;
+  Changed();
+}
+
+void SetProgressRange(int low, int high) {
+  CProgStatusBar& bar = theMainControls.statusBar;
+  bar.low = low;
+  bar.high = high;
+  bar.position = 0;
+  bar.progressVisible = false;
+  Changed();
+}
+
+void SetProgressPosition(int position) {
+  CProgStatusBar& bar = theMainControls.statusBar;
+  const bool visible = position != 0;
+  if (visible != bar.progressVisible) bar.pane0.clear();
+  bar.progressVisible = visible;
+  bar.position = position < bar.low ? bar.low : position > bar.high ? bar.high : position;
+  Changed();
+}
+
+void ClearStatusText() {
+  theMainControls.statusBar.pane0.clear();
+  Changed();
+}
+
+void DisableOperations() {
+  for (ControlId id : {ControlId::Auto, ControlId::BlankCheck, ControlId::Program, ControlId::Verify, ControlId::Read,
+                       ControlId::SmartOption})
+    EnableControl(id, false);
+}
+
+void EnableOperations() {
+  const AppState& app = TheAppState();
+  if (app.SnMode == 0) {
+    const bool single = app.MassProduction == 0 && app.ProductionLimitOn == 0;
+    EnableControl(ControlId::Auto, true);
+    EnableControl(ControlId::BlankCheck, single);
+    EnableControl(ControlId::Program, single);
+    EnableControl(ControlId::Verify, single);
+  }
+  EnableControl(ControlId::Read, true);
+  if (app.HasSmartOption) EnableControl(ControlId::SmartOption, true);
+}
+
+void PumpPaint() { TheMachine().view->PumpPaint(); }
+
+void BeginBusyCursor(const std::string& fileName) {
+  AppState& app = TheAppState();
+  app.BusyCursor = TheMachine().op->LoadCursorFromFile(app.AppDir + fileName);
+  if (app.BusyCursor != 0) app.PreviousCursor = TheMachine().op->SetCursor(app.BusyCursor);
+}
+
+void EndBusyCursor() {
+  AppState& app = TheAppState();
+  if (app.BusyCursor == 0 || app.PreviousCursor == 0) return;
+  TheMachine().op->SetCursor(app.PreviousCursor);
+  app.PreviousCursor = 0;
+}
+
+}  // namespace pyxis

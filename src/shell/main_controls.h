@@ -1,0 +1,70 @@
+// The main window's controls as plain data, and the few operations that rooms below the shell call on them. The window
+// mirrors this record; nothing reads a window back.
+#pragma once
+
+#include <array>
+#include <cstddef>
+#include <string>
+
+namespace pyxis {
+
+enum class ControlId {
+  Auto, BlankCheck, Program, Verify, Read, WriterTest, SmartOption,
+  FileField, ChipNameField, BufferArea, ChecksumField, HexView,
+  Protect, Unprotect, FastMode, DualMode, Clock32kDisable, Clock32kEnable,
+  ExhvIspLabel, IspLabel, MassProductionLabel, ProductionLimitLabel,
+  Count
+};
+
+struct ControlState {
+  bool enabled = true;
+  bool visible = true;
+  bool checked = false;
+  std::string text;
+};
+
+// The status bar: a progress control that lies over pane 0, and pane 1 with the link status.
+struct CProgStatusBar {
+  int low = 0, high = 100, position = 0;
+  bool progressVisible = false;
+  std::string pane0, pane1;
+  bool connectedIcon = false;
+};
+
+struct MainControls {
+  std::array<ControlState, static_cast<std::size_t>(ControlId::Count)> controls;
+  CProgStatusBar statusBar;
+  std::string title = "PyxisLoad";
+  std::string pinFigure;  // path of the bitmap that the picture shows; empty when it shows none
+
+  ControlState& operator[](ControlId id) { return controls[static_cast<std::size_t>(id)]; }
+  const ControlState& operator[](ControlId id) const { return controls[static_cast<std::size_t>(id)]; }
+};
+
+MainControls& TheMainControls();
+void ResetMainControls();
+
+// Changes that tell the view.
+void EnableControl(ControlId id, bool enabled);
+void ShowControl(ControlId id, bool visible);
+void SetControlText(ControlId id, const std::string& text);
+void CheckControl(ControlId id, bool checked);
+
+// The range starts at position 0 with the bar hidden. A position other than 0 shows the bar, 0 hides it; whenever the
+// visibility changes, pane 0 is cleared first. A position beyond the range shows as the nearer end.
+void SetProgressRange(int low, int high);
+void SetProgressPosition(int position);
+void ClearStatusText();  // pane 0
+
+// Around a run: grey Auto, Blank check, Program, Verify, Read and Smart Option, and bring back those that the modes allow.
+void DisableOperations();
+void EnableOperations();
+
+// Lets queued paints through and nothing else.
+void PumpPaint();
+
+// The animated cursor of a long operation, from the program folder; without the file there is none.
+void BeginBusyCursor(const std::string& fileName);
+void EndBusyCursor();
+
+}  // namespace pyxis

@@ -1,0 +1,8 @@
+// Check new version.
+#pragma once
+
+namespace pyxis {
+
+void CheckNewVersion();
+
+}  // namespace pyxis

@@ -1,0 +1,61 @@
+#include "support/bench.h"
+
+#include <stdlib.h>
+
+#include <fstream>
+#include <iterator>
+
+#include "link/writer_link.h"
+#include "options/smart_option.h"
+#include "platform/files.h"
+#include "platform/machine.h"
+#include "serial/sn_record.h"
+#include "serial/sn_run.h"
+#include "shell/app_state.h"
+#include "shell/main_controls.h"
+#include "view/hex_view.h"
+
+namespace pyxis::test {
+
+void ResetEverything() {
+  ResetMachine();
+  ResetAppState();
+  ResetMainControls();
+  ResetWriterLink();
+  ResetHexView();
+  ResetSnRecord();
+  ResetSmartOption();
+  SnProgressDlg().reset();
+}
+
+Bench::Bench() {
+  ResetEverything();
+  std::string name = (std::filesystem::temp_directory_path() / "pyxis-XXXXXX").string();
+  folder = mkdtemp(name.data());
+  TheAppState().AppDir = folder.string() + kPathSeparator;
+  TheAppState().StartDirectory = folder.string();
+  Machine& machine = TheMachine();
+  machine.op = &op;
+  machine.clock = &clock;
+  machine.profile = &profile;
+  machine.language = &language;
+  machine.update = &update;
+}
+
+Bench::~Bench() {
+  ResetEverything();
+  std::filesystem::remove_all(folder);
+}
+
+void Bench::Write(const std::string& name, std::span<const std::uint8_t> bytes) const {
+  std::filesystem::create_directories((folder / name).parent_path());
+  std::ofstream(folder / name, std::ios::binary)
+      .write(reinterpret_cast<const char*>(bytes.data()), static_cast<std::streamsize>(bytes.size()));
+}
+
+std::vector<std::uint8_t> Bench::Contents(const std::string& name) const {
+  std::ifstream in(folder / name, std::ios::binary);
+  return {std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>()};
+}
+
+}  // namespace pyxis::test

@@ -1,0 +1,37 @@
+// The fixture that most tests start from: scripted seams, all process-wide records at their start values, and an empty
+// program folder of its own that is AppDir.
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <cstdint>
+#include <filesystem>
+#include <span>
+#include <string>
+#include <vector>
+
+#include "support/scripted.h"
+
+namespace pyxis::test {
+
+// Puts every process-wide record back to its start values.
+void ResetEverything();
+
+class Bench : public ::testing::Test {
+ protected:
+  Bench();
+  ~Bench() override;
+
+  std::string Path(const std::string& name) const { return (folder / name).string(); }
+  void Write(const std::string& name, std::span<const std::uint8_t> bytes) const;
+  std::vector<std::uint8_t> Contents(const std::string& name) const;
+
+  std::filesystem::path folder;
+  ScriptedOperator op;
+  FakeClock clock;
+  MapProfile profile;
+  FixedLanguage language;
+  FixedUpdateAgent update;
+};
+
+}  // namespace pyxis::test

@@ -1,0 +1,51 @@
+#include "support/scripted.h"
+
+namespace pyxis::test {
+
+std::vector<std::string> ScriptedOperator::Texts() const {
+  std::vector<std::string> texts;
+  for (const Told& t : told) texts.push_back(t.text);
+  return texts;
+}
+
+void ScriptedOperator::Tell(const std::string& text, const std::string& caption, MessageIcon icon) {
+  told.push_back({text, caption, icon});
+}
+
+bool ScriptedOperator::Ask(const std::string& text, const std::string& caption, MessageIcon icon) {
+  told.push_back({text, caption, icon});
+  if (answers.empty()) return false;
+  const bool answer = answers.front();
+  answers.pop_front();
+  return answer;
+}
+
+std::optional<std::string> ScriptedOperator::ChooseFile(const std::string& filter) {
+  filters.push_back(filter);
+  if (files.empty()) return std::nullopt;
+  auto file = files.front();
+  files.pop_front();
+  return file;
+}
+
+CursorHandle ScriptedOperator::LoadCursorFromFile(const std::string& path) {
+  cursors.push_back(path);
+  return cursorsLoad ? static_cast<CursorHandle>(cursors.size()) + 1 : 0;
+}
+
+CursorHandle ScriptedOperator::SetCursor(CursorHandle handle) {
+  const CursorHandle before = cursor;
+  cursor = handle;
+  return before;
+}
+
+int MapProfile::GetProfileInt(const std::string& section, const std::string& name, int defaultValue) {
+  const auto found = values.find(section + "/" + name);
+  return found == values.end() ? defaultValue : found->second;
+}
+
+void MapProfile::WriteProfileInt(const std::string& section, const std::string& name, int value) {
+  values[section + "/" + name] = value;
+}
+
+}  // namespace pyxis::test

@@ -1,0 +1,92 @@
+// Bodies of platform/ for tests: an operator that answers by a script and remembers what he was told, and a clock that
+// moves only when it is looked at.
+#pragma once
+
+#include <deque>
+#include <functional>
+#include <map>
+#include <string>
+#include <vector>
+
+#include "platform/clock.h"
+#include "platform/language.h"
+#include "platform/main_view.h"
+#include "platform/operator.h"
+#include "platform/profile.h"
+#include "platform/update_agent.h"
+
+namespace pyxis::test {
+
+struct Told {
+  std::string text, caption;
+  MessageIcon icon;
+  bool operator==(const Told&) const = default;
+};
+
+class ScriptedOperator : public Operator {
+ public:
+  std::vector<Told> told;                          // message boxes and questions in order
+  std::deque<bool> answers;                        // to questions; No when empty
+  std::deque<std::optional<std::string>> files;    // of the file dialog; Cancel when empty
+  std::vector<std::string> filters;                // what the file dialog was asked with
+  std::vector<std::string> cursors;                // files that were loaded as a cursor
+  bool cursorsLoad = false;
+  CursorHandle cursor = 1;
+  std::function<DialogEnd(CIcSelectDlg&)> icSelect;
+  std::function<DialogEnd(COptionSelectDlg&)> optionSelect;
+  std::function<DialogEnd(CSnSetDlg&)> snSet;
+  std::function<DialogEnd(CSnProgramDlg&)> snProgram;
+  std::function<DialogEnd(CReadChipInfoDlg&)> chipInfo;
+  std::function<DialogEnd(CDownloadInfoDlg&)> downloadInfo;
+  std::function<DialogEnd(CSmartOptionDlg&)> smartOption;
+  int aboutRuns = 0;
+
+  std::vector<std::string> Texts() const;
+
+  void Tell(const std::string& text, const std::string& caption, MessageIcon icon) override;
+  bool Ask(const std::string& text, const std::string& caption, MessageIcon icon) override;
+  std::optional<std::string> ChooseFile(const std::string& filter) override;
+  DialogEnd RunDialog(CIcSelectDlg& d) override { return icSelect ? icSelect(d) : DialogEnd::Cancel; }
+  DialogEnd RunDialog(COptionSelectDlg& d) override { return optionSelect ? optionSelect(d) : DialogEnd::Cancel; }
+  DialogEnd RunDialog(CSnSetDlg& d) override { return snSet ? snSet(d) : DialogEnd::Cancel; }
+  DialogEnd RunDialog(CSnProgramDlg& d) override { return snProgram ? snProgram(d) : DialogEnd::Cancel; }
+  DialogEnd RunDialog(CReadChipInfoDlg& d) override { return chipInfo ? chipInfo(d) : DialogEnd::Cancel; }
+  DialogEnd RunDialog(CDownloadInfoDlg& d) override { return downloadInfo ? downloadInfo(d) : DialogEnd::Cancel; }
+  DialogEnd RunDialog(CSmartOptionDlg& d) override { return smartOption ? smartOption(d) : DialogEnd::Cancel; }
+  void RunAbout() override { ++aboutRuns; }
+  CursorHandle LoadCursorFromFile(const std::string& path) override;
+  CursorHandle SetCursor(CursorHandle handle) override;
+};
+
+class FakeClock : public Clock {
+ public:
+  std::uint32_t tick = 0;
+  LocalTime now{2015, 3, 4, 5, 9, 7, 3, 250};
+  std::uint32_t TickCount() override { return tick++; }
+  LocalTime Now() override { return now; }
+};
+
+class MapProfile : public Profile {
+ public:
+  std::map<std::string, int> values;
+  int GetProfileInt(const std::string& section, const std::string& name, int defaultValue) override;
+  void WriteProfileInt(const std::string& section, const std::string& name, int value) override;
+};
+
+class FixedLanguage : public Language {
+ public:
+  std::uint16_t id = 0x0409;
+  std::uint16_t GetSystemDefaultLangID() override { return id; }
+};
+
+class FixedUpdateAgent : public UpdateAgent {
+ public:
+  std::int32_t result = 1;
+  std::string request;
+  std::int32_t CallUpdateAgent(const char* text) override {
+    request = text;
+    return result;
+  }
+};
+
+}  // namespace pyxis::test
