@@ -34,6 +34,12 @@ File OpenFile(const std::string& name, const char* mode);
 // The whole file, or nothing when it can't be opened or read.
 std::optional<std::vector<std::uint8_t>> ReadWholeFile(const std::string& name);
 
+// The same, but only when the file can be opened for update as well.
+std::optional<std::vector<std::uint8_t>> ReadForUpdate(const std::string& name);
+
+// All bytes of an open stream from its start, or nothing when the read fails.
+std::optional<std::vector<std::uint8_t>> ReadStream(std::FILE* file);
+
 // Create-always, written in place. False when the file can't be created or a byte couldn't be written.
 bool WriteWholeFile(const std::string& name, std::span<const std::uint8_t> bytes);
 
@@ -45,5 +51,8 @@ bool CloseFile(File file);
 
 // The directory of the running program, without a trailing separator.
 std::string ProgramDirectory();
+
+// The current directory, without a trailing separator.
+std::string CurrentDirectory();
 
 }  // namespace pyxis

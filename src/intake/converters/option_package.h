@@ -1,0 +1,21 @@
+// The option package while a converter builds it. A write behind the end extends it with zero bytes.
+#pragma once
+
+#include <cstdint>
+#include <span>
+#include <vector>
+
+#include "intake/package_files.h"
+
+namespace pyxis {
+
+class OptionPackage {
+ public:
+  std::vector<std::uint8_t> bytes;
+
+  void PutAt(std::size_t offset, std::uint8_t value);
+  void Put(FieldPlace field, std::uint32_t value);  // big-endian over the field's width
+  void Put(FieldPlace field, std::span<const std::uint8_t> values);
+};
+
+}  // namespace pyxis

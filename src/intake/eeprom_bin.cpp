@@ -1,0 +1,42 @@
+#include <algorithm>
+#include <vector>
+
+#include "intake/file_readers.h"
+#include "platform/files.h"
+#include "platform/machine.h"
+#include "platform/operator.h"
+
+namespace pyxis {
+
+namespace {
+
+constexpr std::size_t kLargestFile = 256;
+constexpr std::size_t kBytesTaken = 255;
+// The image's name, in a field of 13 bytes; it is the same for every IC.
+constexpr char kImageName[13] = "QVL11EEPROM";
+
+}  // namespace
+
+int ReadEepromBin(const std::string& sourcePath, const std::string& imagePath) {
+  Operator& op = *TheMachine().op;
+  const auto source = ReadWholeFile(sourcePath);
+  if (!source) {
+    op.Tell("Open bin file failed!", kPlainCaption);
+    return 0;
+  }
+  if (source->size() > kLargestFile) {
+    op.Tell("bin file Length over 256 Byte", kPlainCaption);
+    return 0;
+  }
+  std::vector<std::uint8_t> image(std::begin(kImageName), std::end(kImageName));
+  image.insert(image.end(), {0x07, 0x82});
+  for (std::size_t i = 0; i < kBytesTaken; ++i) {
+    image.push_back(0x18);
+    image.push_back(i < source->size() ? (*source)[i] : 0);
+  }
+  // The caller finds a missing image when it opens it.
+  if (!WriteWholeFile(imagePath, image)) op.Tell("Create bin file failed!", kPlainCaption);
+  return 1;
+}
+
+}  // namespace pyxis

@@ -1,0 +1,32 @@
+#include "intake/package_files.h"
+
+#include "platform/byte_order.h"
+#include "platform/files.h"
+#include "shell/app_state.h"
+
+namespace pyxis {
+
+std::string OptionPackagePath() { return TheAppState().AppDir + kOptionPackageName; }
+std::string DataPackagePath() { return TheAppState().AppDir + kDataPackageName; }
+std::string SerialFilePath() { return TheAppState().AppDir + kSerialFileName; }
+
+std::string TemplatePath(const std::string& name) {
+  return TheAppState().AppDir + TheAppState().HwFolder + kPathSeparator + name + ".txt";
+}
+
+std::uint8_t FieldByte(std::span<const std::uint8_t> package, FieldPlace field) { return package[field.offset]; }
+
+std::uint16_t FieldWord(std::span<const std::uint8_t> package, FieldPlace field) {
+  return LoadBe16(package.data() + field.offset);
+}
+
+std::string ChipNameOf(std::span<const std::uint8_t> package) {
+  std::string name;
+  for (std::uint8_t byte : package.subspan(Field::ChipNameField.offset, Field::ChipNameField.width)) {
+    if (byte == 0) break;
+    name.push_back(static_cast<char>(byte));
+  }
+  return name;
+}
+
+}  // namespace pyxis

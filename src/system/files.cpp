@@ -1,0 +1,120 @@
+#include "platform/files.h"
+
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <filesystem>
+#include <system_error>
+
+#include "platform/text.h"
+
+namespace pyxis {
+
+namespace {
+
+bool Exists(const std::string& path) {
+  struct stat info {};
+  return ::stat(path.c_str(), &info) == 0;
+}
+
+// The entry of `directory` that `name` stands for without regard to case; empty when there is none.
+std::string EntryNoCase(const std::string& directory, const std::string& name) {
+  std::string best;
+  std::error_code error;
+  for (std::filesystem::directory_iterator entry(directory, error), end; !error && entry != end; entry.increment(error)) {
+    const std::string candidate = entry->path().filename().string();
+    if (EqualsNoCase(candidate, name) && (best.empty() || candidate < best)) best = candidate;
+  }
+  return best;
+}
+
+}  // namespace
+
+std::string ResolvePath(const std::string& name) {
+  if (name.empty() || Exists(name)) return name;
+  std::string found = name.front() == '/' ? "/" : "";
+  std::size_t at = 0;
+  while (at < name.size()) {
+    std::size_t end = name.find('/', at);
+    if (end == std::string::npos) end = name.size();
+    const std::string component = name.substr(at, end - at);
+    const bool last = end == name.size();
+    at = end + 1;
+    if (component.empty()) continue;
+    std::string exact = found + component;
+    if (!Exists(exact)) {
+      const std::string entry = EntryNoCase(found.empty() ? "." : found, component);
+      if (!entry.empty()) {
+        exact = found + entry;
+      } else if (!last) {
+        return name;  // a directory is missing: nothing to find and nowhere to create
+      }
+    }
+    found = last ? exact : exact + '/';
+  }
+  return found;
+}
+
+File OpenFile(const std::string& name, const char* mode) {
+  const std::string path = ResolvePath(name);
+  File file(std::fopen(path.c_str(), mode));
+  if (!file) return nullptr;
+  struct stat info {};
+  if (::fstat(fileno(file.get()), &info) != 0 || S_ISDIR(info.st_mode)) return nullptr;
+  return file;
+}
+
+long FileLength(std::FILE* file) {
+  struct stat info {};
+  if (std::fflush(file) != 0 || ::fstat(fileno(file), &info) != 0) return 0;
+  return static_cast<long>(info.st_size);
+}
+
+std::optional<std::vector<std::uint8_t>> ReadStream(std::FILE* file) {
+  if (std::fseek(file, 0, SEEK_SET) != 0) return std::nullopt;
+  std::vector<std::uint8_t> bytes(static_cast<std::size_t>(FileLength(file)));
+  const std::size_t count = bytes.empty() ? 0 : std::fread(bytes.data(), 1, bytes.size(), file);
+  if (std::ferror(file) != 0) return std::nullopt;
+  bytes.resize(count);
+  return bytes;
+}
+
+std::optional<std::vector<std::uint8_t>> ReadWholeFile(const std::string& name) {
+  const File file = OpenFile(name, "rb");
+  if (!file) return std::nullopt;
+  return ReadStream(file.get());
+}
+
+std::optional<std::vector<std::uint8_t>> ReadForUpdate(const std::string& name) {
+  const File file = OpenFile(name, "r+b");
+  if (!file) return std::nullopt;
+  return ReadStream(file.get());
+}
+
+bool CloseFile(File file) {
+  if (!file) return false;
+  const bool good = std::ferror(file.get()) == 0;
+  return (std::fclose(file.release()) == 0) && good;
+}
+
+bool WriteWholeFile(const std::string& name, std::span<const std::uint8_t> bytes) {
+  File file = OpenFile(name, "wb");
+  if (!file) return false;
+  const bool written = bytes.empty() || std::fwrite(bytes.data(), 1, bytes.size(), file.get()) == bytes.size();
+  return CloseFile(std::move(file)) && written;
+}
+
+std::string ProgramDirectory() {
+  std::error_code error;
+  const auto self = std::filesystem::read_symlink("/proc/self/exe", error);
+  return error ? "." : self.parent_path().string();
+}
+
+std::string CurrentDirectory() {
+  std::error_code error;
+  const auto here = std::filesystem::current_path(error);
+  return error ? "." : here.string();
+}
+
+}  // namespace pyxis
