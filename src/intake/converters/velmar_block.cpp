@@ -48,8 +48,8 @@ std::uint16_t CopyBlock(const BlockMode& mode, ConversionFrame& frame) {
     } else if (k == mode.optionIndex) {
       middle = (a * 64 | b >> 2) & 0x3F20;
     } else if (k == mode.optionIndex + 1) {
-      a |= kUnusedConfigBits;
       low = a & 0xDF;
+      a |= kUnusedConfigBits;
     } else {
       summed = false;
     }

@@ -1,0 +1,61 @@
+#include <CLI/CLI.hpp>
+#include <cstdio>
+#include <cstdlib>
+
+#include "catalogue/chip_catalogue.h"
+#include "job.h"
+#include "platform/text.h"
+#include "shell/app_state.h"
+
+namespace pyxis::job {
+
+void AddChipOptions(CLI::App& command, ChipOptions& chip) {
+  auto* ic = command.add_option("--ic", chip.ic, "IC by its label, such as QV8348 or QV8329_16");
+  command.add_option("--code", chip.code, "IC by its number (decimal, or hexadecimal with 0x)")->excludes(ic);
+  command.add_option("--model", chip.model, "writer model")->check(CLI::IsMember({"KM48", "KM49"}));
+  command.add_option("--hw", chip.hw, "template folder")->check(CLI::IsMember({"hwversion1.0", "hwversion1.1"}));
+  command.add_option("--chip", chip.chip, "selected chip, where it differs from the label's IC");
+  command.add_option("--option-value", chip.optionValue, "protection choices, 0x60 without a choice");
+  command.add_flag("--sn", chip.serial, "serial numbers, from serial.txt in the program folder");
+  command.add_flag("--exhv-isp", chip.exhvIsp, "EXHV ISP program");
+  command.add_flag("--isp", chip.isp, "ISP program");
+  command.add_flag("--mass", chip.mass, "Mass Production Mode");
+  command.add_option("--limit", chip.limit, "Production Limit, a number of ICs")->check(CLI::Range(1, 99999999));
+}
+
+std::optional<std::uint32_t> SelectChip(const ChipOptions& chip) {
+  AppState& app = TheAppState();
+  std::uint32_t code = 0;
+  std::string name = chip.chip;
+  if (!chip.ic.empty()) {
+    if (FindChip(chip.ic, app.SeriesIndex, app.TypeIndex) == 0) {
+      std::fprintf(stderr, "%s is no known IC; pyxisjob ics lists them\n", chip.ic.c_str());
+      return std::nullopt;
+    }
+    const ChipEntry& row = Row(app.SeriesIndex, app.TypeIndex);
+    code = row.ChipCode;
+    app.HasSmartOption = row.HasSmartOption ? 1 : 0;
+    if (name.empty()) name = row.ChipName;
+  } else {
+    char* end = nullptr;
+    const unsigned long number = std::strtoul(chip.code.c_str(), &end, 0);
+    if (chip.code.empty() || *end != '\0') {
+      std::fprintf(stderr, "an IC is needed: --ic LABEL or --code NUMBER\n");
+      return std::nullopt;
+    }
+    code = static_cast<std::uint32_t>(number);
+  }
+  if (!chip.model.empty()) app.WriterModel = chip.model == "KM48" ? kModelKm48 : kModelKm49;
+  if (!chip.hw.empty()) app.HwFolder = chip.hw;
+  app.SelectedChip = name;
+  app.ChipNameText = name;
+  app.SnMode = chip.serial ? 1 : 0;
+  app.ExhvIsp = chip.exhvIsp ? 1 : 0;
+  app.IspProgram = chip.isp ? 1 : 0;
+  app.MassProduction = chip.mass ? 1 : 0;
+  app.ProductionLimitOn = chip.limit > 0 ? 1 : 0;
+  app.ProductionLimitCount = chip.limit;
+  return code;
+}
+
+}  // namespace pyxis::job

@@ -1,0 +1,70 @@
+#include <CLI/CLI.hpp>
+#include <cstdio>
+#include <memory>
+#include <nlohmann/json.hpp>
+
+#include "intake/convert.h"
+#include "job.h"
+#include "platform/text.h"
+#include "shell/app_state.h"
+
+namespace pyxis::job {
+
+namespace {
+
+struct ConvertArguments {
+  ChipOptions chip;
+  std::vector<std::string> files;
+};
+
+void ConvertOne(Job& job, const ChipOptions& chip, std::uint32_t code, const std::string& file) {
+  const AppState& app = TheAppState();
+  job.op.messages.clear();
+  std::uint32_t optionValue = chip.optionValue;
+  const int result = ConvertFile({.ChipCode = code,
+                                  .OptionValue = &optionValue,
+                                  .Path = file,
+                                  .SnMode = chip.serial,
+                                  .ExhvIsp = chip.exhvIsp,
+                                  .MassProduction = chip.mass,
+                                  .ProductionLimitOn = chip.limit > 0,
+                                  .ProductionLimitBcd = PackedDecimal(chip.limit),
+                                  .IspProgram = chip.isp});
+  if (result != 0) job.exitCode = kExitFailed;
+  const std::string checksum = Printf("%04X", app.ImageChecksum);
+  if (job.options.json) {
+    Print({{"file", file},
+           {"result", result},
+           {"code", LastConverterCode()},
+           {"messages", job.op.messages},
+           {"checksum", checksum},
+           {"system_config", app.SystemConfigWord},
+           {"dual_skip", app.DualSkip},
+           {"image_unprotected", app.ImageUnprotected},
+           {"used_length", app.UsedLength},
+           {"partial_checksum", app.PartialChecksum},
+           {"loaded_file", app.LoadedFilePath}});
+  } else {
+    std::printf("%s: %s, checksum %s\n", file.c_str(), result == 0 ? "converted" : "failed", checksum.c_str());
+  }
+}
+
+}  // namespace
+
+void AddConvert(CLI::App& app, Job& job) {
+  CLI::App* command = app.add_subcommand("convert", "convert program files into the two package files");
+  auto arguments = std::make_shared<ConvertArguments>();
+  AddChipOptions(*command, arguments->chip);
+  command->add_option("FILE", arguments->files, "program files")->required();
+  command->callback([&job, arguments] {
+    TheAppState().WriterModel = kModelKm48;
+    const auto code = SelectChip(arguments->chip);
+    if (!code) {
+      job.exitCode = kExitUsage;
+      return;
+    }
+    for (const std::string& file : arguments->files) ConvertOne(job, arguments->chip, *code, file);
+  });
+}
+
+}  // namespace pyxis::job

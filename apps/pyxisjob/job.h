@@ -1,0 +1,84 @@
+// One run of the headless job runner: its options, the operator who answers without a window, and the output.
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <nlohmann/json_fwd.hpp>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "platform/operator.h"
+
+namespace CLI {
+class App;
+}
+
+namespace pyxis::job {
+
+// Exit codes of the program.
+enum Exit : int { kExitGood = 0, kExitFailed = 1, kExitUsage = 2 };
+
+// Answers questions by --yes or --no and keeps every message. Files and dialogs are answered by the command.
+class HeadlessOperator : public Operator {
+ public:
+  bool answer = false;
+  bool quiet = false;  // --json: messages stand in the output, not on standard error
+  std::vector<std::string> messages;
+  std::optional<std::string> file;  // what the file dialog gives
+  std::function<DialogEnd(COptionSelectDlg&)> optionSelect;
+  std::function<DialogEnd(CReadChipInfoDlg&)> chipInfo;
+  std::function<DialogEnd(CSnSetDlg&)> snSet;
+
+  void Tell(const std::string& text, const std::string& caption, MessageIcon icon) override;
+  bool Ask(const std::string& text, const std::string& caption, MessageIcon icon) override;
+  std::optional<std::string> ChooseFile(const std::string&) override { return file; }
+  using Operator::RunDialog;
+  DialogEnd RunDialog(COptionSelectDlg& dialog) override;
+  DialogEnd RunDialog(CReadChipInfoDlg& dialog) override;
+  DialogEnd RunDialog(CSnSetDlg& dialog) override;
+};
+
+struct Options {
+  std::string folder = ".";
+  bool json = false;
+  std::string link;  // "vendor", "usb" or empty: the usual order
+  bool yes = false;
+  bool no = false;
+};
+
+// The choices that go with an IC, as convert and load take them.
+struct ChipOptions {
+  std::string ic, code, chip, model, hw;
+  std::uint32_t optionValue = 0x60;
+  bool serial = false, exhvIsp = false, isp = false, mass = false;
+  std::int32_t limit = 0;  // 0: no production limit
+};
+
+struct Job {
+  Options options;
+  HeadlessOperator op;
+  int exitCode = kExitGood;
+};
+
+void AddChipOptions(CLI::App& command, ChipOptions& chip);
+// Looks --ic or --code up and fills AppState with the choices. Nothing, with a line on standard error, when the IC
+// isn't known.
+std::optional<std::uint32_t> SelectChip(const ChipOptions& chip);
+
+// A JSON object on one line of standard output.
+void Print(const nlohmann::json& object);
+
+// Each adds its command; the callbacks run after the options have been taken over.
+void AddConvert(CLI::App& app, Job& job);
+void AddIcs(CLI::App& app, Job& job);
+void AddWriter(CLI::App& app, Job& job);
+void AddLoad(CLI::App& app, Job& job);
+void AddTasks(CLI::App& app, Job& job);
+void AddCompare(CLI::App& app, Job& job);
+void AddProtect(CLI::App& app, Job& job);
+void AddChipInfo(CLI::App& app, Job& job);
+void AddBoards(CLI::App& app, Job& job);  // read and self-test
+void AddSerial(CLI::App& app, Job& job);
+
+}  // namespace pyxis::job

@@ -1,0 +1,65 @@
+// The headless job runner: the same logic as the window program, for scripts and production lines.
+#include <CLI/CLI.hpp>
+#include <cstdio>
+#include <filesystem>
+#include <nlohmann/json.hpp>
+
+#include "job.h"
+#include "platform/diagnostics.h"
+#include "platform/files.h"
+#include "platform/machine.h"
+#include "shell/app_state.h"
+#include "system/system_clock.h"
+
+namespace pyxis::job {
+
+namespace {
+
+void TakeOver(Job& job) {
+  AppState& app = TheAppState();
+  app.StartDirectory = std::filesystem::absolute(job.options.folder).lexically_normal().string();
+  if (app.StartDirectory.size() > 1 && app.StartDirectory.back() == kPathSeparator) app.StartDirectory.pop_back();
+  app.AppDir = app.StartDirectory + kPathSeparator;
+  job.op.answer = job.options.yes;
+  job.op.quiet = job.options.json;
+  if (job.options.json) DiagnosticsStream() = stderr;
+}
+
+}  // namespace
+
+void Print(const nlohmann::json& object) {
+  // Paths may hold any bytes; those that are no UTF-8 are shown as replacement characters.
+  const std::string line = object.dump(-1, ' ', false, nlohmann::json::error_handler_t::replace);
+  std::printf("%s\n", line.c_str());
+  std::fflush(stdout);
+}
+
+}  // namespace pyxis::job
+
+int main(int argc, char** argv) {
+  using namespace pyxis;
+  using namespace pyxis::job;
+  Job job;
+  SystemClock clock;
+  TheMachine().op = &job.op;
+  TheMachine().clock = &clock;
+
+  CLI::App app{"PyxisLoad without a window"};
+  app.require_subcommand(1);
+  app.fallthrough();
+  app.add_option("--folder", job.options.folder, "program folder")->check(CLI::ExistingDirectory);
+  app.add_flag("--json", job.options.json, "print one JSON object a line");
+  app.add_option("--link", job.options.link, "the one transport to try")->check(CLI::IsMember({"vendor", "usb"}));
+  auto* yes = app.add_flag("--yes", job.options.yes, "answer questions with Yes");
+  app.add_flag("--no", job.options.no, "answer questions with No (the default)")->excludes(yes);
+  app.parse_complete_callback([&job] { TakeOver(job); });
+  AddConvert(app, job);
+  AddIcs(app, job);
+  try {
+    app.parse(argc, argv);
+  } catch (const CLI::ParseError& error) {
+    return app.exit(error) == 0 ? kExitGood : kExitUsage;
+  }
+  ResetMachine();
+  return job.exitCode;
+}
