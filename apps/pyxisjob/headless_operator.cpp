@@ -18,10 +18,4 @@ DialogEnd HeadlessOperator::RunDialog(COptionSelectDlg& dialog) {
   return optionSelect ? optionSelect(dialog) : DialogEnd::Cancel;
 }
 
-DialogEnd HeadlessOperator::RunDialog(CReadChipInfoDlg& dialog) {
-  return chipInfo ? chipInfo(dialog) : DialogEnd::Cancel;
-}
-
-DialogEnd HeadlessOperator::RunDialog(CSnSetDlg& dialog) { return snSet ? snSet(dialog) : DialogEnd::Cancel; }
-
 }  // namespace pyxis::job

@@ -27,16 +27,12 @@ class HeadlessOperator : public Operator {
   std::vector<std::string> messages;
   std::optional<std::string> file;  // what the file dialog gives
   std::function<DialogEnd(COptionSelectDlg&)> optionSelect;
-  std::function<DialogEnd(CReadChipInfoDlg&)> chipInfo;
-  std::function<DialogEnd(CSnSetDlg&)> snSet;
 
   void Tell(const std::string& text, const std::string& caption, MessageIcon icon) override;
   bool Ask(const std::string& text, const std::string& caption, MessageIcon icon) override;
   std::optional<std::string> ChooseFile(const std::string&) override { return file; }
   using Operator::RunDialog;
   DialogEnd RunDialog(COptionSelectDlg& dialog) override;
-  DialogEnd RunDialog(CReadChipInfoDlg& dialog) override;
-  DialogEnd RunDialog(CSnSetDlg& dialog) override;
 };
 
 struct Options {
@@ -69,16 +65,18 @@ std::optional<std::uint32_t> SelectChip(const ChipOptions& chip);
 // A JSON object on one line of standard output.
 void Print(const nlohmann::json& object);
 
+// Opens the writer on the transports that --link allows, identifies it and takes over the job that it holds. False, with
+// the operator told, when there is none.
+bool Connect(Job& job);
+
+// The messages since the start as the result of a command: one JSON object, or nothing when they have been shown.
+void Report(Job& job, const char* command, bool good);
+
 // Each adds its command; the callbacks run after the options have been taken over.
 void AddConvert(CLI::App& app, Job& job);
 void AddIcs(CLI::App& app, Job& job);
 void AddWriter(CLI::App& app, Job& job);
 void AddLoad(CLI::App& app, Job& job);
 void AddTasks(CLI::App& app, Job& job);
-void AddCompare(CLI::App& app, Job& job);
-void AddProtect(CLI::App& app, Job& job);
-void AddChipInfo(CLI::App& app, Job& job);
-void AddBoards(CLI::App& app, Job& job);  // read and self-test
-void AddSerial(CLI::App& app, Job& job);
 
 }  // namespace pyxis::job

@@ -9,7 +9,10 @@
 #include "platform/files.h"
 #include "platform/machine.h"
 #include "shell/app_state.h"
+#include "system/libusb_host.h"
 #include "system/system_clock.h"
+#include "system/system_language.h"
+#include "system/vendor_library.h"
 
 namespace pyxis::job {
 
@@ -22,7 +25,8 @@ void TakeOver(Job& job) {
   app.AppDir = app.StartDirectory + kPathSeparator;
   job.op.answer = job.options.yes;
   job.op.quiet = job.options.json;
-  if (job.options.json) DiagnosticsStream() = stderr;
+  // Standard output is for results; the link's lines go there only where nobody waits for results.
+  DiagnosticsStream() = stderr;
 }
 
 }  // namespace
@@ -41,8 +45,14 @@ int main(int argc, char** argv) {
   using namespace pyxis::job;
   Job job;
   SystemClock clock;
+  SystemLanguage language;
+  LibusbHost usb;
+  VendorLibrary vendor;
   TheMachine().op = &job.op;
   TheMachine().clock = &clock;
+  TheMachine().language = &language;
+  TheMachine().usb = &usb;
+  TheMachine().vendor = &vendor;
 
   CLI::App app{"PyxisLoad without a window"};
   app.require_subcommand(1);
@@ -55,6 +65,9 @@ int main(int argc, char** argv) {
   app.parse_complete_callback([&job] { TakeOver(job); });
   AddConvert(app, job);
   AddIcs(app, job);
+  AddWriter(app, job);
+  AddLoad(app, job);
+  AddTasks(app, job);
   try {
     app.parse(argc, argv);
   } catch (const CLI::ParseError& error) {

@@ -6,14 +6,11 @@
 #include <iterator>
 
 #include "link/writer_link.h"
-#include "options/smart_option.h"
 #include "platform/files.h"
 #include "platform/machine.h"
-#include "serial/sn_record.h"
-#include "serial/sn_run.h"
 #include "shell/app_state.h"
 #include "shell/main_controls.h"
-#include "view/hex_view.h"
+#include "view/show_file.h"
 
 namespace pyxis::test {
 
@@ -22,10 +19,7 @@ void ResetEverything() {
   ResetAppState();
   ResetMainControls();
   ResetWriterLink();
-  ResetHexView();
-  ResetSnRecord();
-  ResetSmartOption();
-  SnProgressDlg().reset();
+  TheShownFile() = ShownFile{};
 }
 
 Bench::Bench() {

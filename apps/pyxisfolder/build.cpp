@@ -1,0 +1,67 @@
+#include <cstdio>
+#include <filesystem>
+#include <set>
+
+#include "catalogue/chip_catalogue.h"
+#include "folder.h"
+#include "platform/files.h"
+#include "shell/app_state.h"
+
+namespace pyxis::folder {
+
+namespace {
+
+namespace fs = std::filesystem;
+
+bool Put(const fs::path& path, const Bytes& bytes) {
+  std::error_code error;
+  fs::create_directories(path.parent_path(), error);
+  if (!error && WriteWholeFile(path.string(), bytes)) return true;
+  std::fprintf(stderr, "can't write %s\n", path.c_str());
+  return false;
+}
+
+bool PutTemplates(const fs::path& dir) {
+  bool good = true;
+  for (const std::string& name : TemplateNames())
+    for (const char* hw : {"hwversion1.0", "hwversion1.1"}) good = Put(dir / hw / (name + ".txt"), MakeTemplate(name)) && good;
+  return good;
+}
+
+bool PutFirmware(const fs::path& dir) {
+  bool good = true;
+  for (const int model : {kModelKm48, kModelKm49}) {
+    const fs::path folder = dir / (model == kModelKm48 ? "firmware48" : "firmware49");
+    std::set<std::string> made;
+    for (int list = 0; list < kListCount; ++list)
+      for (const ChipEntry& row : ChipList(list)) {
+        const std::string file = FirmwareFileOf(row.ChipCode);
+        const auto firmware = FirmwareFor(row.ChipCode, model);
+        if (firmware && made.insert(file).second)
+          good = Put(folder / file, MakeFirmware(model, firmware->FirmwareCode)) && good;
+      }
+    good = Put(folder / (model == kModelKm48 ? "48test.nce" : "49test.nce"), MakeFirmware(model, 0)) && good;
+  }
+  return good;
+}
+
+bool PutSamples(const fs::path& dir) {
+  bool good = true;
+  std::set<std::string> made;
+  for (int list = 0; list < kListCount; ++list)
+    for (const ChipEntry& row : ChipList(list))
+      if (made.insert(row.ChipName).second)
+        for (const Sample& sample : MakeSamples(row.ChipName))
+          good = Put(dir / "samples" / sample.fileName, sample.contents) && good;
+  return good;
+}
+
+}  // namespace
+
+bool BuildProgramFolder(const std::string& dir) {
+  const bool templates = PutTemplates(dir);
+  const bool firmware = PutFirmware(dir);
+  return PutSamples(dir) && templates && firmware;
+}
+
+}  // namespace pyxis::folder

@@ -1,0 +1,39 @@
+// The makers of a program folder: templates, firmware images, sample program files. All of it is deterministic.
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <vector>
+
+namespace pyxis::folder {
+
+using Bytes = std::vector<std::uint8_t>;
+
+// Everything below `dir`, which is made if need be. False, with a line on standard error, when a file can't be written.
+bool BuildProgramFolder(const std::string& dir);
+
+// The template of an IC by the template's name; empty for a name that no IC has.
+Bytes MakeTemplate(const std::string& name);
+std::vector<std::string> TemplateNames();
+
+// A firmware image of model 1 or 2. The test images have the code 0 as well.
+Bytes MakeFirmware(int model, std::uint32_t firmwareCode);
+
+struct Sample {
+  std::string fileName;
+  Bytes contents;
+};
+// Program files that pass the checks of a catalogue IC; the first is the usual one.
+std::vector<Sample> MakeSamples(const std::string& chipName);
+
+// A run of bytes that looks like code and is the same every time for the same seed.
+class Filler {
+ public:
+  explicit Filler(const std::string& seed);
+  std::uint32_t Next();
+
+ private:
+  std::uint32_t state_;
+};
+
+}  // namespace pyxis::folder

@@ -1,0 +1,12 @@
+// Makes a program folder: pyxisfolder DIR.
+#include <cstdio>
+
+#include "folder.h"
+
+int main(int argc, char** argv) {
+  if (argc != 2) {
+    std::fprintf(stderr, "usage: pyxisfolder DIR\n");
+    return 2;
+  }
+  return pyxis::folder::BuildProgramFolder(argv[1]) ? 0 : 1;
+}

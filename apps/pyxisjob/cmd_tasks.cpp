@@ -1,0 +1,42 @@
+#include <CLI/CLI.hpp>
+#include <algorithm>
+#include <nlohmann/json.hpp>
+
+#include "job.h"
+#include "link/identification.h"
+#include "operations/tasks.h"
+#include "shell/app_state.h"
+
+namespace pyxis::job {
+
+namespace {
+
+struct TaskCommand {
+  const char* name;
+  const char* help;
+  void (*run)();
+  const char* okText;
+};
+constexpr TaskCommand kCommands[] = {
+    {"auto", "blank check, program and verify", OnAuto, "Auto OK"},
+    {"blank", "blank check", OnBlankCheck, "BlankCheck OK"},
+    {"program", "program", OnProgram, "Program OK"},
+    {"verify", "verify", OnVerify, "Verify OK"},
+};
+
+void Run(Job& job, const TaskCommand& command) {
+  if (!Connect(job)) return Report(job, command.name, false);
+  command.run();
+  const auto& told = job.op.messages;
+  Report(job, command.name, !told.empty() && told.back() == command.okText);
+  CloseTransport();
+}
+
+}  // namespace
+
+void AddTasks(CLI::App& app, Job& job) {
+  for (const TaskCommand& command : kCommands)
+    app.add_subcommand(command.name, command.help)->callback([&job, &command] { Run(job, command); });
+}
+
+}  // namespace pyxis::job

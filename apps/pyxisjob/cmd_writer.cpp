@@ -1,0 +1,70 @@
+#include <CLI/CLI.hpp>
+#include <cstdio>
+#include <nlohmann/json.hpp>
+
+#include "intake/package_files.h"
+#include "job.h"
+#include "link/identification.h"
+#include "platform/text.h"
+#include "shell/app_state.h"
+
+namespace pyxis::job {
+
+namespace {
+
+const char* ModelName(int model) {
+  return model == kModelKm48 ? "KM48" : model == kModelKm49 ? "KM49" : "unknown";
+}
+
+// Two models are possible: what start-up settled needs both witnesses, and a writer without a job has one only.
+const char* RegisterName(std::uint8_t modelRegister) {
+  return modelRegister == 0x98 ? "KM48" : modelRegister == 0x99 ? "KM49" : "unknown";
+}
+
+void PrintWriter(const Job& job) {
+  const AppState& app = TheAppState();
+  const auto& block = app.WriterInfoBlock;
+  const std::string chip = ChipNameOf(block);
+  const std::string checksum = Printf("%04X", FieldWord(block, Field::ImageChecksum));
+  const char* transport = app.UseVendorApi != 0 ? "vendor" : app.UseLibusb != 0 ? "usb" : "pipes";
+  if (job.options.json) {
+    Print({{"command", "writer"},
+           {"result", 0},
+           {"messages", job.op.messages},
+           {"transport", transport},
+           {"identity", app.WriterIdentityText.data()},
+           {"hw_folder", app.HwFolder},
+           {"model", ModelName(app.WriterModel)},
+           {"model_register", app.ModelRegister},
+           {"firmware_code", app.FirmwareCode},
+           {"firmware_version", app.FirmwareVersion},
+           {"firmware_level", app.FirmwareLevel},
+           {"chip", chip},
+           {"checksum", checksum},
+           {"image_length", FieldWord(block, Field::ImageLength)},
+           {"production_flags", FieldByte(block, Field::ProductionFlags)}});
+    return;
+  }
+  std::printf("identity   %s (%s, over %s)\n", app.WriterIdentityText.data(), app.HwFolder.c_str(), transport);
+  std::printf("model      %s\n", RegisterName(app.ModelRegister));
+  std::printf("firmware   code 0x%04X, version %d, level %u\n", app.FirmwareCode, app.FirmwareVersion,
+              app.FirmwareLevel);
+  if (FieldWord(block, Field::ImageChecksum) == 0) {
+    std::printf("job        none\n");
+  } else {
+    std::printf("job        %s, checksum %s, length %d\n", chip.c_str(), checksum.c_str(),
+                FieldWord(block, Field::ImageLength));
+  }
+}
+
+}  // namespace
+
+void AddWriter(CLI::App& app, Job& job) {
+  app.add_subcommand("writer", "identity, model, firmware, and the job that the writer holds")->callback([&job] {
+    if (!Connect(job)) return Report(job, "writer", false);
+    PrintWriter(job);
+    CloseTransport();
+  });
+}
+
+}  // namespace pyxis::job

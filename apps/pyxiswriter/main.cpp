@@ -1,0 +1,81 @@
+// The stand-in writer as a process.
+#include <CLI/CLI.hpp>
+#include <csignal>
+#include <cstdio>
+#include <map>
+#include <string>
+
+#include "shell/app_state.h"
+#include "standin/local_server.h"
+#include "standin/socket_path.h"
+
+namespace {
+
+volatile std::sig_atomic_t stopAsked = 0;
+
+void Stop(int) { stopAsked = 1; }
+
+constexpr int kServeMs = 200;
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  using namespace pyxis;
+  using namespace pyxis::standin;
+  std::string socket = SocketPath();
+  std::string state;
+  int model = kModelKm48;
+  std::string hw = "1.1";
+  std::string identity;
+  ChipState chip = ChipState::Blank;
+  bool log = false;
+  int failTask = 0;
+  long damageByte = -1;
+  bool noVerdict = false;
+
+  CLI::App app{"A stand-in for the writer, for work without the hardware"};
+  app.add_option("--socket", socket, "local socket that programs reach it by")->capture_default_str();
+  app.add_option("--state", state, "file that keeps the job over a restart");
+  app.add_option("--model", model)->transform(
+      CLI::CheckedTransformer(std::map<std::string, int>{{"KM48", kModelKm48}, {"KM49", kModelKm49}}));
+  app.add_option("--hw", hw, "hardware revision")->check(CLI::IsMember({"1.0", "1.1", "2.0"}));
+  app.add_option("--identity", identity, "identity text, in the place of the revision's");
+  app.add_option("--chip", chip, "what the socket holds")
+      ->transform(CLI::CheckedTransformer(std::map<std::string, ChipState>{{"missing", ChipState::Missing},
+                                                                           {"blank", ChipState::Blank},
+                                                                           {"programmed", ChipState::Programmed},
+                                                                           {"protected", ChipState::Protected},
+                                                                           {"worn", ChipState::Worn}}));
+  app.add_flag("--log", log, "print breaches of the protocol at the end");
+  app.add_option("--fail-task", failTask, "let the nth task fail");
+  app.add_option("--damage-byte", damageByte, "damage this byte of each package read-back");
+  app.add_flag("--no-verdict", noVerdict, "never give a verdict");
+  CLI11_PARSE(app, argc, argv);
+
+  WriterModel writer(model, identity.empty() ? "PYX STANDALONE LOADER_V" + hw : identity);
+  writer.chip.state = chip;
+  if (failTask > 0) writer.faults.failTask = failTask;
+  if (damageByte >= 0) writer.faults.damageAreaByte = static_cast<std::size_t>(damageByte);
+  writer.faults.noVerdict = noVerdict;
+  if (!state.empty()) writer.Restore(state);  // a first start has none
+
+  LocalServer server(writer, socket);
+  if (!server.Listening()) {
+    std::fprintf(stderr, "can't listen on %s\n", socket.c_str());
+    return 1;
+  }
+  struct sigaction action {};
+  action.sa_handler = Stop;
+  sigaction(SIGINT, &action, nullptr);
+  sigaction(SIGTERM, &action, nullptr);
+  while (stopAsked == 0 && server.Serve(kServeMs)) {
+  }
+  bool good = true;
+  if (!state.empty() && !writer.Save(state)) {
+    std::fprintf(stderr, "can't write %s\n", state.c_str());
+    good = false;
+  }
+  if (log)
+    for (const std::string& violation : writer.Violations()) std::printf("%s\n", violation.c_str());
+  return good ? 0 : 1;
+}

@@ -1,0 +1,166 @@
+#include "intake/load_file.h"
+
+#include "catalogue/chip_catalogue.h"
+#include "intake/convert.h"
+#include "intake/ready_text.h"
+#include "link/writer_commands.h"
+#include "operations/download.h"
+#include "operations/firmware.h"
+#include "options/fuse_panel.h"
+#include "options/option_select.h"
+#include "platform/language.h"
+#include "platform/machine.h"
+#include "platform/main_view.h"
+#include "platform/operator.h"
+#include "platform/text.h"
+#include "serial/sn_buttons.h"
+#include "shell/app_state.h"
+#include "shell/main_controls.h"
+#include "view/show_file.h"
+
+namespace pyxis {
+
+namespace {
+
+struct Filter {
+  const char* extension;
+  const char* filter;
+};
+constexpr Filter kFilters[] = {
+    {".hex", "Kestrel Hex Files (*.hex)|*.hex||"},
+    {".obj", "Kestrel Obj Files (*.obj)|*.obj||"},
+    {".otp", "Kestrel Otp Files (*.otp)|*.otp||"},
+    {".epm", "Kestrel Epm Files (*.epm)|*.epm||"},
+    {".hexbin", "Kestrel Hex Files (*.hex)|*.hex|Kestrel Bin Files (*.bin)|*.bin||"},
+    {".velmar", "Kestrel Velmar Files (*.velmar)|*.velmar||"},
+};
+constexpr const char* kOtherFilter = kFilters[1].filter;
+
+// OptionValue without a choice of the operator's.
+constexpr std::uint32_t kDefaultOptionValue = 0x60;
+
+void PaintNow() { PumpPaint(); }
+
+void FrontBufferArea() {
+  EnableControl(ControlId::BufferArea, true);
+  ShowControl(ControlId::BufferArea, true);
+  ShowControl(ControlId::HexView, false);
+  PaintNow();
+}
+
+void FrontHexView() {
+  EnableControl(ControlId::BufferArea, false);
+  ShowControl(ControlId::HexView, true);
+  PaintNow();
+}
+
+void EmptyLoadedFile() {
+  TheAppState().LoadedFilePath.clear();
+  ShowFile("");
+}
+
+void SetReadyText(const std::string& text) {
+  TheAppState().ReadyText = text;
+  SetControlText(ControlId::BufferArea, text);
+  PaintNow();
+}
+
+int Convert(const ChipEntry& row, const std::string& path) {
+  AppState& app = TheAppState();
+  return ConvertFile({.ChipCode = row.ChipCode,
+                      .OptionValue = &app.OptionValue,
+                      .Path = path,
+                      .SnMode = app.SnMode != 0,
+                      .ExhvIsp = app.ExhvIsp != 0,
+                      .MassProduction = app.MassProduction != 0,
+                      .ProductionLimitOn = app.ProductionLimitOn != 0,
+                      .ProductionLimitBcd = PackedDecimal(app.ProductionLimitCount),
+                      .IspProgram = app.IspProgram != 0});
+}
+
+void ShowResult() {
+  AppState& app = TheAppState();
+  app.ChecksumText = Printf("%04X", app.ImageChecksum);
+  SetControlText(ControlId::ChecksumField, app.ChecksumText);
+  SetControlText(ControlId::FileField, app.LoadedFilePath);
+  ShowFile(app.LoadedFilePath);
+}
+
+// The end of every run that got as far as showing ReadyText.
+void RestoreDisplay() {
+  EndBusyCursor();
+  SetReadyText("");
+  FrontHexView();
+  SetProgressPosition(0);
+  TheAppState().ProgressMode = 0;
+}
+
+// What goes to the writer; false when the run stops here.
+bool SendToWriter(std::uint32_t chipCode) {
+  SelectFirmware(chipCode);
+  if (TheAppState().FirmwareLoadFailed != 0) {
+    TheMachine().op->Tell("Update Firmware Fail");
+    SetWriterMode(mode::kIdle);
+    SendControl(control::kEndLoad);
+    return false;
+  }
+  DownloadPackages();
+  return true;
+}
+
+void Run(const ChipEntry& row, const std::string& path) {
+  AppState& app = TheAppState();
+  app.OptionValue = kDefaultOptionValue;
+  if (row.HasOptionDialog) ChooseOptions(row.ChipCode);
+  if (path.empty()) {
+    TheMachine().op->Tell("File is empty.", kPlainCaption);
+    return;
+  }
+  SetReadyText(ComposeReadyText(TheMachine().language->GetSystemDefaultLangID()));
+
+  const bool converted = Convert(row, path) == 0;
+  if (ProtectionComesFromFile(row.ChipCode)) SetFusePanel(static_cast<int>(app.ImageUnprotected), -1, -1);
+  ShowResult();
+  BeginBusyCursor("dinosaur.ani");
+  if (app.FirmwareLevel > kHostFirmwareLevel &&
+      !TheMachine().op->Ask("Software Version is Old, Still continue to use ?", kBlankCaption, MessageIcon::Warning)) {
+    RestoreDisplay();
+    return;
+  }
+  if (converted && !SendToWriter(row.ChipCode)) {
+    RestoreDisplay();
+    return;
+  }
+  if (app.WriterConnected != 0) ReadInfoBlock(app.WriterInfoBlock);
+  RestoreDisplay();
+  SwitchTaskButtonsBySnMode();
+  PaintNow();
+}
+
+}  // namespace
+
+const char* FileFilter(const char* fileExtension) {
+  for (const Filter& entry : kFilters)
+    if (EqualsNoCase(entry.extension, fileExtension)) return entry.filter;
+  return kOtherFilter;
+}
+
+void OnLoadFile() {
+  AppState& app = TheAppState();
+  FrontBufferArea();
+  EmptyLoadedFile();
+  app.ProgressMode = 1;
+  ClearStatusText();
+  const ChipEntry& row = Row(app.SeriesIndex, app.TypeIndex);
+  const auto path = TheMachine().op->ChooseFile(FileFilter(row.FileExtension));
+  if (!path) {
+    FrontHexView();
+    EmptyLoadedFile();
+    TheMachine().view->HexViewChanged();
+    return;
+  }
+  PaintNow();
+  Run(row, *path);
+}
+
+}  // namespace pyxis

@@ -1,0 +1,108 @@
+#include "link/command_frames.h"
+
+#include <algorithm>
+
+#include "link/writer_commands.h"
+#include "link/writer_link.h"
+#include "platform/byte_order.h"
+#include "shell/app_state.h"
+#include "shell/main_controls.h"
+
+namespace pyxis {
+
+namespace {
+
+constexpr std::size_t kLengthOffset = 8;
+constexpr std::size_t kOpcodeOffset = 12;
+
+bool ShowsProgress() { return TheAppState().ProgressMode == 1; }
+
+void BeginProgress() {
+  if (!ShowsProgress()) return;
+  SetProgressRange(0, 100);
+  SetProgressPosition(1);
+}
+
+// One step a whole chunk; a transfer below one chunk gets a range of 2, so that the bar has somewhere to go.
+void BeginSteps(std::uint32_t length, int position) {
+  if (!ShowsProgress()) return;
+  const auto steps = static_cast<int>(length / kChunkSize);
+  SetProgressRange(0, steps < 1 ? 2 : steps);
+  SetProgressPosition(position);
+}
+
+void ShowStep(int step) {
+  if (ShowsProgress()) SetProgressPosition(step);
+}
+
+// Sends let paints through around each transfer; receives don't.
+bool PaintedWrite(const std::uint8_t* data, std::uint32_t count) {
+  PumpPaint();
+  const bool good = LinkWrite(data, count);
+  PumpPaint();
+  return good;
+}
+
+int ReadStatus() {
+  StatusBlock status;
+  return LinkRead(status.data(), kFrameBlockSize) ? 1 : 0;
+}
+
+}  // namespace
+
+CommandBlock MakeCommandBlock(std::uint32_t length, std::uint8_t opcode) {
+  CommandBlock block{'U', 'S', 'B', 'C'};
+  StoreLe32(block.data() + kLengthOffset, length);
+  block[kOpcodeOffset] = opcode;
+  return block;
+}
+
+int SendBlock(const std::uint8_t* data, std::uint32_t length, std::uint8_t opcode) {
+  BeginProgress();
+  if (!FrameLinkOpen() || data == nullptr) return 0;
+  const CommandBlock block = MakeCommandBlock(length, opcode);
+  if (!PaintedWrite(block.data(), kFrameBlockSize)) return 0;
+
+  BeginSteps(length, 1);
+  int step = 1;
+  for (std::uint32_t sent = 0; sent < length; ++step) {
+    const std::uint32_t chunk = std::min(length - sent, kChunkSize);
+    PaintedWrite(data + sent, chunk);  // a damaged transfer shows in the read-back
+    ShowStep(step);
+    sent += chunk;
+  }
+  PumpPaint();
+  const int result = ReadStatus();
+  PumpPaint();
+  ShowStep(step);
+  return result;
+}
+
+int ReceiveBlock(std::uint8_t* buffer, std::uint32_t length, std::uint8_t opcode) {
+  BeginProgress();
+  if (!FrameLinkOpen() || buffer == nullptr) return 0;
+  const CommandBlock block = MakeCommandBlock(length, opcode);
+  if (!LinkWrite(block.data(), kFrameBlockSize)) return 0;
+
+  BeginSteps(length, 0);
+  int step = 1;
+  for (std::uint32_t received = 0; received < length; ++step) {
+    const std::uint32_t chunk = std::min(length - received, kChunkSize);
+    LinkRead(buffer + received, chunk);
+    ShowStep(step);
+    received += chunk;
+  }
+  const int result = ReadStatus();
+  ShowStep(step);
+  return result;
+}
+
+int ReadIdentity(std::uint8_t* buffer) {
+  if (!FrameLinkOpen() || buffer == nullptr) return 0;
+  const CommandBlock block = MakeCommandBlock(kIdentitySize, OP_IDENTITY);
+  if (!LinkWrite(block.data(), kFrameBlockSize)) return 0;
+  if (!LinkRead(buffer, kIdentitySize)) return 0;
+  return ReadStatus();
+}
+
+}  // namespace pyxis

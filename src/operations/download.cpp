@@ -1,0 +1,101 @@
+#include "operations/download.h"
+
+#include <algorithm>
+#include <vector>
+
+#include "intake/package_files.h"
+#include "link/writer_commands.h"
+#include "platform/clock.h"
+#include "platform/files.h"
+#include "platform/machine.h"
+#include "platform/main_view.h"
+#include "platform/operator.h"
+#include "platform/text.h"
+#include "shell/app_state.h"
+#include "shell/main_controls.h"
+
+namespace pyxis {
+
+namespace {
+
+constexpr std::uint32_t kSettleMs = 1500;
+
+// Positions of the bar with velmarapi, which reports no progress by itself.
+namespace bar {
+constexpr int kStart = 5;
+constexpr int kBeforeOption = 21;
+constexpr int kAfterOption = 53;
+constexpr int kClosed = 85;
+constexpr int kDone = 101;
+}  // namespace bar
+
+void ShowVendorStep(int position) {
+  if (TheAppState().UseVendorApi != 0) SetProgressPosition(position);
+}
+
+void SetFrameProgress(int progressMode) {
+  if (TheAppState().UseVendorApi == 0) TheAppState().ProgressMode = progressMode;
+}
+
+}  // namespace
+
+bool DownloadPackageFile(const std::string& path, std::uint8_t areaSelector) {
+  SetFrameProgress(0);
+  SetWriterMode(mode::kArea);
+  const File file = OpenFile(path, "r+b");
+  if (!file) {
+    TheMachine().op->Tell(Printf("Open Fail ! (%s)", path.c_str()), kPlainCaption);
+    return false;
+  }
+  const auto sent = ReadStream(file.get());
+  if (!sent || sent->size() > kTransferBufferSize) return false;
+  SelectArea(areaSelector);
+  // An empty file still sends its block of length 0, which needs a buffer to point to.
+  static const std::uint8_t nothing = 0;
+  const std::span<const std::uint8_t> out = sent->empty() ? std::span(&nothing, 0) : std::span(*sent);
+  SetFrameProgress(1);
+  WriteCommand(OP_WRITE_AREA, out);
+  SetFrameProgress(0);
+
+  std::vector<std::uint8_t> received(static_cast<std::size_t>(std::max(FileLength(file.get()), 0L)) + 1);
+  const std::span<std::uint8_t> in = std::span(received).first(received.size() - 1);
+  SetFrameProgress(1);
+  ReadCommand(OP_READ_AREA, in);
+  SetFrameProgress(0);
+  CloseArea();
+  const auto again = ReadStream(file.get());
+  return again && std::equal(again->begin(), again->end(), in.begin(), in.end());
+}
+
+bool RewriteOptionArea(const std::string& path) {
+  StartTask(task::kOpenPackageLoad);
+  SendControl(control::kBeginLoad);
+  const bool good = DownloadPackageFile(path, area::kOption);
+  SetWriterMode(mode::kIdle);
+  SendControl(control::kEndLoad);
+  return good;
+}
+
+void DownloadPackages() {
+  Operator& op = *TheMachine().op;
+  ShowVendorStep(bar::kStart);
+  StartTask(task::kOpenPackageLoad);
+  SendControl(control::kBeginLoad);
+  ShowVendorStep(bar::kBeforeOption);
+  if (!DownloadPackageFile(OptionPackagePath(), area::kOption)) {
+    SendControl(control::kEndLoad);
+    op.Tell("Loading Data Fail");
+  } else {
+    ShowVendorStep(bar::kAfterOption);
+    const bool good = DownloadPackageFile(DataPackagePath(), area::kData);
+    if (good) SetWriterMode(mode::kIdle);
+    SendControl(control::kEndLoad);
+    if (good) ShowVendorStep(bar::kClosed);
+    WaitMs(kSettleMs);
+    if (good) ShowVendorStep(bar::kDone);
+    op.Tell(good ? "Loading Data Ok" : "Loading Data Fail");
+  }
+  TheMachine().view->HexViewChanged();
+}
+
+}  // namespace pyxis

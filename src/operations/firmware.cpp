@@ -1,0 +1,139 @@
+#include "operations/firmware.h"
+
+#include <algorithm>
+#include <vector>
+
+#include "catalogue/chip_catalogue.h"
+#include "link/writer_commands.h"
+#include "platform/clock.h"
+#include "platform/files.h"
+#include "platform/machine.h"
+#include "platform/operator.h"
+#include "platform/text.h"
+#include "shell/app_state.h"
+#include "shell/main_controls.h"
+
+namespace pyxis {
+
+namespace {
+
+constexpr std::uint32_t kRestartMs = 3000;
+
+// Positions of the bar with velmarapi.
+namespace bar {
+constexpr int kStart = 5;
+constexpr int kAddressed = 32;
+constexpr int kSent = 69;
+constexpr int kDone = 101;
+}  // namespace bar
+
+// The bytes of an image that go out; nothing when the file can't be opened or is too short.
+std::optional<std::vector<std::uint8_t>> ReadImage(const std::string& path) {
+  auto bytes = ReadForUpdate(path);
+  if (!bytes || bytes->size() < kFirmwareImageSize) return std::nullopt;
+  bytes->resize(kFirmwareImageSize);
+  return bytes;
+}
+
+void CloseLoad() {
+  SetWriterMode(mode::kIdle);
+  SendControl(control::kEndLoad);
+}
+
+bool LoadOverFrames(const std::string& path, bool sendStartByte, const std::vector<std::uint8_t>& image) {
+  AppState& app = TheAppState();
+  app.TransferBusy = 1;
+  app.ProgressMode = 0;
+  if (sendStartByte) StartTask(task::kOpenFirmwareLoad);
+  SetWriterMode(mode::kMemory);
+  if (app.HwKnown == 1) SetAddressZero();
+  app.ProgressMode = 1;
+  WriteCommand(OP_WRITE_MEMORY, image);
+  app.ProgressMode = 0;
+  if (app.HwKnown == 1) SetAddressZero();
+  std::vector<std::uint8_t> received(kFirmwareImageSize);
+  app.ProgressMode = 1;
+  ReadCommand(OP_READ_MEMORY, received);
+  app.ProgressMode = 0;
+  const bool good = ReadImage(path) == received;
+  if (good) CloseLoad();  // after a difference the closing commands are the caller's
+  app.TransferBusy = 0;
+  return good;
+}
+
+bool LoadOverVendor(const std::string& path, bool sendStartByte, const std::vector<std::uint8_t>& image) {
+  SetProgressPosition(bar::kStart);
+  if (sendStartByte) StartTask(task::kOpenFirmwareLoad);
+  SetWriterMode(mode::kMemory);
+  SetAddressZero();
+  SetProgressPosition(bar::kAddressed);
+  WriteCommand(OP_WRITE_MEMORY, image);
+  SetProgressPosition(bar::kSent);
+  SetAddressZero();
+  std::vector<std::uint8_t> received(kFirmwareImageSize);
+  ReadCommand(OP_READ_MEMORY, received);
+  const bool good = ReadImage(path) == received;
+  CloseLoad();
+  if (good) SetProgressPosition(bar::kDone);
+  return good;
+}
+
+// Whether Update F/W must not send an image of this model to the attached writer.
+bool RefusesImage(std::uint8_t imageModel) {
+  switch (TheAppState().WriterModel) {
+    case kModelKm48: return imageModel == kRegisterKm49;
+    case kModelKm49: return imageModel == kRegisterKm48;
+    default: return true;
+  }
+}
+
+}  // namespace
+
+bool LoadFirmware(const std::string& path, bool sendStartByte) {
+  AppState& app = TheAppState();
+  const auto image = ReadImage(path);
+  const bool good = image && (app.UseVendorApi != 0 ? LoadOverVendor(path, sendStartByte, *image)
+                                                    : LoadOverFrames(path, sendStartByte, *image));
+  app.FirmwareLoadFailed = good ? 0 : 1;
+  return good;
+}
+
+void SelectFirmware(std::uint32_t chipCode) {
+  AppState& app = TheAppState();
+  const auto firmware = FirmwareFor(chipCode, app.WriterModel);
+  const auto image = firmware ? ReadWholeFile(firmware->path) : std::nullopt;
+  if (!image || image->size() <= address::kFirmwareVersion) {
+    app.FirmwareLoadFailed = 1;
+    return;
+  }
+  const auto version = static_cast<std::int8_t>((*image)[address::kFirmwareVersion]);
+  if (app.FirmwareCode != firmware->FirmwareCode) {
+    LoadFirmware(firmware->path, true);
+    app.FirmwareCode = firmware->FirmwareCode;
+    WaitMs(kRestartMs);
+  } else if (app.FirmwareVersion < version || app.FirmwareLevel != kHostFirmwareLevel) {
+    LoadFirmware(firmware->path, true);
+    app.FirmwareVersion = static_cast<std::uint8_t>(version);
+    app.FirmwareLevel = kHostFirmwareLevel;
+    WaitMs(kRestartMs);
+  }
+}
+
+void OnUpdateFirmware() {
+  Operator& op = *TheMachine().op;
+  const auto path = op.ChooseFile("Kestrel Nce Files (*.nce)|*.nce||");
+  if (!path) return;
+  PumpPaint();
+  BeginBusyCursor("dinosaur.ani");
+  const auto image = ReadForUpdate(*path);
+  // A file without a byte there can't be an image of either model.
+  if (!image || image->size() <= address::kModel || RefusesImage((*image)[address::kModel])) {
+    op.Tell(Printf("%s open file error\n", path->c_str()), kPlainCaption);
+    EndBusyCursor();
+    return;
+  }
+  op.Tell(LoadFirmware(*path, true) ? "Update Firmware Ok" : "Update Firmware Fail");
+  EndBusyCursor();
+}
+
+}  // namespace pyxis

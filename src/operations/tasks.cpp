@@ -1,0 +1,129 @@
+#include "operations/tasks.h"
+
+#include "intake/package_files.h"
+#include "link/writer_commands.h"
+#include "operations/poll_bound.h"
+#include "platform/clock.h"
+#include "platform/files.h"
+#include "platform/machine.h"
+#include "platform/operator.h"
+#include "shell/app_state.h"
+#include "shell/main_controls.h"
+
+namespace pyxis {
+
+namespace {
+
+struct Operation {
+  std::uint8_t task;
+  int progressMode;
+  std::uint32_t AppState::*divisor;
+  bool refreshesBlock;  // and so heeds the production limit
+  bool asksBeforeErase;
+  const char* okText;
+  const char* failText;
+};
+
+constexpr Operation kAuto{task::kAuto, 2, &AppState::AutoTicks, true, false, "Auto OK", "Auto FAIL"};
+constexpr Operation kBlankCheck{task::kBlankCheck,     3,    &AppState::BlankTicks, false, true,
+                                "BlankCheck OK", "BlankCheck FAIL"};
+constexpr Operation kProgram{task::kProgram, 4, &AppState::ProgramTicks, false, false, "Program OK", "Program FAIL"};
+constexpr Operation kVerify{task::kVerify, 5, &AppState::VerifyTicks, false, false, "Verify OK", "Verify FAIL"};
+
+constexpr int kBarTop = 50;
+constexpr std::uint8_t kStatusBits = 3;
+constexpr std::uint8_t kStatusFailed = 3;
+constexpr int kEqualReadsWanted = 5;
+
+// The message of the first guard that fails, or null.
+const char* RefusalOf(const Operation& operation) {
+  AppState& app = TheAppState();
+  if (operation.refreshesBlock) ReadInfoBlock(app.WriterInfoBlock);
+  const auto& block = app.WriterInfoBlock;
+  if (ChipNameOf(block) != app.SelectedChip) return "HW and SW Chip Name is discordant";
+  if (FieldByte(block, Field::SerialHead) == kSerialNeedsReload) return "Please Reload Program File";
+  if (FieldWord(block, Field::ImageChecksum) == 0) return "Please Download File";
+  if (operation.refreshesBlock && FieldByte(block, Field::WriterStatus) >> 4 == 1) return "Production Limit Complete";
+  return nullptr;
+}
+
+// From the file, not from the block. A file that is gone asks nothing.
+bool PackageIsFlash() {
+  const auto package = ReadWholeFile(OptionPackagePath());
+  return package && package->size() > Field::ChipClass.offset &&
+         FieldByte(*package, Field::ChipClass) == kChipClassFlash;
+}
+
+void CleanUp() {
+  EndBusyCursor();
+  SetProgressPosition(0);
+  PumpPaint();
+}
+
+void Run(const Operation& operation) {
+  AppState& app = TheAppState();
+  Operator& op = *TheMachine().op;
+  if (const char* refusal = RefusalOf(operation); refusal != nullptr) {
+    op.Tell(refusal, kMessageCaption, MessageIcon::Warning);
+    return;
+  }
+  SetProgressRange(0, kBarTop);
+  SetProgressPosition(1);
+  ClearStatusText();
+  app.ProgressMode = operation.progressMode;
+  BeginBusyCursor("metronom.ani");
+  if (operation.asksBeforeErase && PackageIsFlash() &&
+      !op.Ask(" MTP/Flash series IC will clear all data ", kBlankCaption, MessageIcon::Question)) {
+    app.ProgressMode = 0;
+    CleanUp();
+    return;
+  }
+  const bool good = RunTask(operation.task, app.*operation.divisor);
+  app.ProgressMode = 0;
+  op.Tell(good ? operation.okText : operation.failText, kMessageCaption);
+  CleanUp();
+}
+
+// Polls until one value has held; failure when the link is gone or the bound is over.
+std::uint8_t PollVerdict(std::uint32_t divisor) {
+  Clock& clock = *TheMachine().clock;
+  const std::uint32_t start = clock.TickCount();
+  std::uint32_t reads = 0;
+  int equalReads = 0;
+  int failedReads = 0;
+  std::uint8_t last = 0;
+  while (equalReads != kEqualReadsWanted) {
+    ++reads;
+    std::uint8_t byte = 0;
+    failedReads = ReadCommand(OP_TASK_STATUS, std::span(&byte, 1)) != 0 ? 0 : failedReads + 1;
+    const std::uint8_t status = byte & kStatusBits;
+    if (status == last && status != 0) {
+      ++equalReads;
+    } else {
+      equalReads = 0;
+      last = status;
+    }
+    SetProgressPosition(static_cast<int>(reads / divisor));
+    if (failedReads >= kLostLinkReads || clock.TickCount() - start >= kLongestTaskMs) return kStatusFailed;
+  }
+  return last;
+}
+
+}  // namespace
+
+bool RunTask(std::uint8_t task, std::uint32_t divisor) {
+  DisableOperations();
+  StartTask(task);
+  const std::uint8_t verdict = PollVerdict(divisor);
+  EnableOperations();
+  if (verdict == kStatusFailed) return false;
+  SetProgressPosition(kBarTop);
+  return true;
+}
+
+void OnAuto() { Run(kAuto); }
+void OnBlankCheck() { Run(kBlankCheck); }
+void OnProgram() { Run(kProgram); }
+void OnVerify() { Run(kVerify); }
+
+}  // namespace pyxis

@@ -1,0 +1,66 @@
+#include "options/fuse_panel.h"
+
+#include "catalogue/chip_catalogue.h"
+#include "options/fuse_ics.h"
+#include "shell/app_state.h"
+#include "shell/main_controls.h"
+
+namespace pyxis {
+
+namespace {
+
+struct Pair {
+  ControlId first, second;
+};
+constexpr Pair kProtection{ControlId::Unprotect, ControlId::Protect};
+constexpr Pair kMode{ControlId::FastMode, ControlId::DualMode};
+constexpr Pair kClock{ControlId::Clock32kDisable, ControlId::Clock32kEnable};
+
+void ShowPair(const Pair& pair, bool visible) {
+  ShowControl(pair.first, visible);
+  ShowControl(pair.second, visible);
+}
+
+void ResetPair(const Pair& pair, bool visible) {
+  ShowPair(pair, visible);
+  if (!visible) return;
+  CheckControl(pair.first, false);
+  CheckControl(pair.second, false);
+}
+
+void SetPair(const Pair& pair, int value) {
+  ShowPair(pair, value >= 0);
+  if (value < 0) return;
+  CheckControl(pair.first, value != 0);
+  CheckControl(pair.second, value == 0);
+}
+
+}  // namespace
+
+PanelKind PanelKindOf(std::uint32_t chipCode) {
+  const FuseIc* ic = FuseIcOf(chipCode);
+  return ic == nullptr ? PanelKind::None : ic->panel;
+}
+
+bool ProtectionComesFromFile(std::uint32_t chipCode) {
+  const FuseIc* ic = FuseIcOf(chipCode);
+  return ic != nullptr && ic->protectionFromFile;
+}
+
+void ResetFusePanel() {
+  const AppState& app = TheAppState();
+  const PanelKind kind = PanelKindOf(Row(app.SeriesIndex, app.TypeIndex).ChipCode);
+  ResetPair(kProtection, kind != PanelKind::None);
+  ResetPair(kMode, kind == PanelKind::Full);
+  ResetPair(kClock, kind == PanelKind::Full);
+}
+
+void SetFusePanel(int protection, int mode, int clock) {
+  SetPair(kProtection, protection);
+  SetPair(kMode, mode);
+  SetPair(kClock, clock);
+}
+
+void HideFusePanel() { SetFusePanel(-1, -1, -1); }
+
+}  // namespace pyxis

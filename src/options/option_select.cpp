@@ -1,0 +1,63 @@
+#include "options/option_select.h"
+
+#include <algorithm>
+
+#include "options/fuse_ics.h"
+#include "platform/machine.h"
+#include "platform/operator.h"
+#include "shell/app_state.h"
+
+namespace pyxis {
+
+namespace {
+
+constexpr std::uint32_t kUnprotectBit = 1;
+constexpr std::uint32_t kFastModeBit = 2;
+constexpr std::uint32_t kClock32kDisableBit = 4;
+
+constexpr int kFirstButton = 0;
+constexpr int kNoButton = -1;
+
+std::uint32_t BitIfFirst(const COptionSelectDlg& dialog, COptionSelectDlg::Pair pair, std::uint32_t bit) {
+  return dialog.choice[pair] == kFirstButton ? bit : 0;
+}
+
+void TakeChoices(const COptionSelectDlg& dialog, OptionEffect effect) {
+  const std::uint32_t unprotect = BitIfFirst(dialog, COptionSelectDlg::Protection, kUnprotectBit);
+  std::uint32_t& value = TheAppState().OptionValue;
+  switch (effect) {
+    case OptionEffect::None: break;
+    case OptionEffect::UnprotectAlone: value = unprotect; break;
+    case OptionEffect::UnprotectBit: value |= unprotect; break;
+    case OptionEffect::AllBits:
+      value |= unprotect | BitIfFirst(dialog, COptionSelectDlg::Mode, kFastModeBit) |
+               BitIfFirst(dialog, COptionSelectDlg::Clock, kClock32kDisableBit);
+      break;
+  }
+}
+
+}  // namespace
+
+void COptionSelectDlg::OnInitDialog() { std::copy(std::begin(choice), std::end(choice), std::begin(shown_)); }
+
+void COptionSelectDlg::Click(Pair pair, int button) {
+  shown_[pair] = button;
+  flag[pair] = button == kFirstButton ? 1 : 0;
+  Changed();
+}
+
+void COptionSelectDlg::OnOk() { std::copy(std::begin(shown_), std::end(shown_), std::begin(choice)); }
+
+void ChooseOptions(std::uint32_t chipCode) {
+  const FuseIc* ic = FuseIcOf(chipCode);
+  if (ic == nullptr) return;
+  const bool full = ic->panel == PanelKind::Full;
+  COptionSelectDlg dialog;
+  if (!full) dialog.choice[COptionSelectDlg::Mode] = dialog.choice[COptionSelectDlg::Clock] = kNoButton;
+  dialog.OnInitDialog();
+  if (TheMachine().op->RunDialog(dialog) == DialogEnd::Ok) TakeChoices(dialog, ic->effect);
+  SetFusePanel(dialog.flag[COptionSelectDlg::Protection], full ? dialog.flag[COptionSelectDlg::Mode] : -1,
+               full ? dialog.flag[COptionSelectDlg::Clock] : -1);
+}
+
+}  // namespace pyxis

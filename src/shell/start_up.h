@@ -1,0 +1,10 @@
+// What start-up learns of the writer, without a window.
+#pragma once
+
+namespace pyxis {
+
+// Identity, model and firmware of the attached writer, and its information block. Both witnesses of the model, the
+// register and the block's byte, must agree.
+void IdentifyAtStart();
+
+}  // namespace pyxis

@@ -1,8 +1,0 @@
-// Check new version.
-#pragma once
-
-namespace pyxis {
-
-void CheckNewVersion();
-
-}  // namespace pyxis

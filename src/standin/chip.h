@@ -1,0 +1,25 @@
+// The chip in the stand-in writer's socket.
+#pragma once
+
+#include <cstdint>
+#include <vector>
+
+namespace pyxis::standin {
+
+enum class ChipState { Missing, Blank, Programmed, Protected, Worn };
+
+struct Chip {
+  ChipState state = ChipState::Blank;
+  std::vector<std::uint8_t> burnt;  // DataPackage as it was burnt; empty on a blank chip
+  std::uint16_t config = 0xFFFF;
+
+  bool Present() const { return state != ChipState::Missing; }
+  // Flash is erased first; a one-time programmable chip can't be.
+  bool Erase(bool flash);
+  bool IsBlank() const { return state == ChipState::Blank; }
+  // False for a chip that isn't there, is protected or no longer takes a charge.
+  bool Burn(const std::vector<std::uint8_t>& data, std::uint16_t configWord);
+  bool Holds(const std::vector<std::uint8_t>& data) const;
+};
+
+}  // namespace pyxis::standin

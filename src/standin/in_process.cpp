@@ -1,0 +1,69 @@
+#include "standin/in_process.h"
+
+#include <algorithm>
+
+namespace pyxis::standin {
+
+namespace {
+
+constexpr int kError = -1;
+constexpr int kEndpointOut = 0x02;
+constexpr int kEndpointIn = 0x81;
+constexpr int kVendorModel = 0x9899;
+constexpr UsbDeviceEntry kStrangeDevice{0x1D6B, 0x0002, nullptr};
+constexpr std::uint16_t kVendor = 0x7A31;
+constexpr std::uint16_t kProduct = 0x1602;
+
+}  // namespace
+
+std::vector<UsbBus> StandinUsbHost::FindDevices() {
+  UsbBus bus{kStrangeDevice};
+  if (pluggedIn) bus.push_back({kVendor, kProduct, this});
+  return {UsbBus{}, bus};
+}
+
+UsbHost::Handle StandinUsbHost::Open(const UsbDeviceEntry& device) {
+  door_.Reconnect();
+  return device.device;
+}
+
+int StandinUsbHost::SetConfiguration(Handle handle, int configuration) {
+  return pluggedIn && handle == this && configuration == 1 ? 0 : kError;
+}
+
+int StandinUsbHost::ClaimInterface(Handle handle, int interface) {
+  return pluggedIn && handle == this && interface == 0 ? 0 : kError;
+}
+
+int StandinUsbHost::BulkWrite(Handle handle, int endpoint, const std::uint8_t* data, int count, int) {
+  return pluggedIn && handle == this && endpoint == kEndpointOut ? door_.Out(data, count) : kError;
+}
+
+int StandinUsbHost::BulkRead(Handle handle, int endpoint, std::uint8_t* data, int count, int) {
+  return pluggedIn && handle == this && endpoint == kEndpointIn ? door_.In(data, count) : kError;
+}
+
+int StandinVendorApi::VMOpen(int model, int, int) {
+  open_ = pluggedIn && model == kVendorModel;
+  return open_ ? 0 : kError;
+}
+
+bool StandinVendorApi::Reachable() {
+  if (model_.faults.disconnectAfter && --*model_.faults.disconnectAfter < 0) pluggedIn = false;
+  return open_ && pluggedIn;
+}
+
+int StandinVendorApi::VMWrite(std::uint8_t opcode, const std::uint8_t* data, std::uint32_t length) {
+  if (!Reachable()) return kError;
+  model_.Write(opcode, std::span(data, length), Door::Vendor);
+  return 0;
+}
+
+int StandinVendorApi::VMRead(std::uint8_t opcode, std::uint8_t* buffer, std::uint32_t length) {
+  if (!Reachable()) return kError;
+  const std::vector<std::uint8_t> answer = model_.Read(opcode, length, Door::Vendor);
+  std::copy(answer.begin(), answer.end(), buffer);
+  return 0;
+}
+
+}  // namespace pyxis::standin

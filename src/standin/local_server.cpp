@@ -1,0 +1,119 @@
+#include "standin/local_server.h"
+
+#include <poll.h>
+#include <sys/socket.h>
+#include <sys/un.h>
+#include <unistd.h>
+
+#include <cstring>
+
+#include "platform/byte_order.h"
+#include "standin/local_protocol.h"
+
+namespace pyxis::standin {
+
+namespace {
+
+constexpr int kBacklog = 8;
+
+// A client that doesn't take its answer within this time is dropped.
+constexpr timeval kSendTimeout{2, 0};
+
+bool SendAll(int socket, const std::uint8_t* data, std::size_t count) {
+  while (count > 0) {
+    const ssize_t sent = send(socket, data, count, MSG_NOSIGNAL);
+    if (sent <= 0) return false;
+    data += sent;
+    count -= static_cast<std::size_t>(sent);
+  }
+  return true;
+}
+
+}  // namespace
+
+LocalServer::LocalServer(WriterModel& model, std::string path) : model_(model), path_(std::move(path)) {
+  sockaddr_un address{};
+  address.sun_family = AF_UNIX;
+  if (path_.size() >= sizeof address.sun_path) return;
+  std::memcpy(address.sun_path, path_.data(), path_.size());
+  unlink(path_.c_str());
+  const int listener = socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0);
+  if (listener < 0) return;
+  if (bind(listener, reinterpret_cast<const sockaddr*>(&address), sizeof address) != 0 ||
+      listen(listener, kBacklog) != 0) {
+    close(listener);
+    return;
+  }
+  listener_ = listener;
+}
+
+LocalServer::~LocalServer() {
+  for (const auto& [client, pending] : clients_) close(client);
+  if (listener_ < 0) return;
+  close(listener_);
+  unlink(path_.c_str());
+}
+
+bool LocalServer::Serve(int timeoutMs) {
+  if (listener_ < 0) return false;
+  std::vector<pollfd> waits{{listener_, POLLIN, 0}};
+  for (const auto& [client, pending] : clients_) waits.push_back({client, POLLIN, 0});
+  if (poll(waits.data(), waits.size(), timeoutMs) <= 0) return true;
+  if (waits[0].revents != 0) Accept();
+  for (std::size_t i = 1; i < waits.size(); ++i)
+    if (waits[i].revents != 0 && !Receive(waits[i].fd)) Drop(waits[i].fd);
+  return true;
+}
+
+void LocalServer::Accept() {
+  const int client = accept4(listener_, nullptr, nullptr, SOCK_CLOEXEC);
+  if (client < 0) return;
+  setsockopt(client, SOL_SOCKET, SO_SNDTIMEO, &kSendTimeout, sizeof kSendTimeout);
+  clients_[client];
+}
+
+void LocalServer::Drop(int client) {
+  close(client);
+  clients_.erase(client);
+}
+
+bool LocalServer::Receive(int client) {
+  std::uint8_t buffer[65536];
+  const ssize_t count = recv(client, buffer, sizeof buffer, 0);
+  if (count <= 0) return false;
+  std::vector<std::uint8_t>& pending = clients_[client];
+  pending.insert(pending.end(), buffer, buffer + count);
+  while (pending.size() >= kRequestSize) {
+    const std::size_t before = pending.size();
+    if (!Answer(client, pending)) return false;
+    if (pending.size() == before) break;  // the rest of the data is still to come
+  }
+  return true;
+}
+
+bool LocalServer::Answer(int client, std::vector<std::uint8_t>& pending) {
+  const auto kind = static_cast<RequestKind>(pending[0]);
+  const std::uint8_t opcode = pending[1];
+  const std::uint32_t length = LoadLe32(&pending[4]);
+  if (length > kLargestRequest) return false;
+  std::size_t used = kRequestSize;
+  std::vector<std::uint8_t> answer{0};
+  switch (kind) {
+    case RequestKind::Open: break;
+    case RequestKind::Write:
+      if (pending.size() < kRequestSize + length) return true;
+      used += length;
+      model_.Write(opcode, std::span(pending).subspan(kRequestSize, length), Door::Vendor);
+      break;
+    case RequestKind::Read: {
+      const std::vector<std::uint8_t> data = model_.Read(opcode, length, Door::Vendor);
+      answer.insert(answer.end(), data.begin(), data.end());
+      break;
+    }
+    default: return false;
+  }
+  pending.erase(pending.begin(), pending.begin() + static_cast<std::ptrdiff_t>(used));
+  return SendAll(client, answer.data(), answer.size());
+}
+
+}  // namespace pyxis::standin

@@ -1,0 +1,35 @@
+// The local-socket door of the stand-in writer.
+#pragma once
+
+#include <map>
+#include <string>
+#include <vector>
+
+#include "standin/writer_model.h"
+
+namespace pyxis::standin {
+
+class LocalServer {
+ public:
+  LocalServer(WriterModel& model, std::string path);
+  ~LocalServer();  // removes the socket
+  LocalServer(const LocalServer&) = delete;
+  LocalServer& operator=(const LocalServer&) = delete;
+
+  bool Listening() const { return listener_ >= 0; }
+  // Serves whatever waits, for at most that long. False when the listener is gone.
+  bool Serve(int timeoutMs);
+
+ private:
+  void Accept();
+  bool Receive(int client);  // false: the client has gone or talks nonsense
+  bool Answer(int client, std::vector<std::uint8_t>& pending);
+  void Drop(int client);
+
+  WriterModel& model_;
+  std::string path_;
+  int listener_ = -1;
+  std::map<int, std::vector<std::uint8_t>> clients_;  // what each has sent so far
+};
+
+}  // namespace pyxis::standin

@@ -1,0 +1,98 @@
+// The stand-in writer: a model of the writer's firmware behind its command set. It refuses what a writer couldn't do and
+// keeps every breach of the protocol in a list.
+#pragma once
+
+#include <array>
+#include <cstdint>
+#include <optional>
+#include <span>
+#include <string>
+#include <vector>
+
+#include "operations/firmware.h"
+#include "standin/chip.h"
+
+namespace pyxis::standin {
+
+enum class Door { Frames, Vendor };
+
+// What goes wrong on demand. Counters count down to the event; nothing is off.
+struct Faults {
+  std::optional<int> dropStatusBlock;    // the nth status block from now is not delivered (frames only)
+  std::optional<int> disconnectAfter;    // transfers until the device is gone
+  std::optional<std::size_t> damageAreaByte;    // this byte of each area read-back comes back wrong
+  std::optional<std::size_t> damageMemoryByte;  // likewise of memory, for reads of more than a byte
+  std::optional<int> failTask;           // the nth task from now ends with the verdict failure
+  bool noVerdict = false;                // tasks never settle
+};
+
+class WriterModel {
+ public:
+  explicit WriterModel(int model = 1, std::string identity = "PYX STANDALONE LOADER_V1.1");
+
+  void Write(std::uint8_t opcode, std::span<const std::uint8_t> data, Door door);
+  // Always `length` bytes.
+  std::vector<std::uint8_t> Read(std::uint8_t opcode, std::size_t length, Door door);
+
+  const std::vector<std::string>& Violations() const { return violations_; }
+  void Violate(const std::string& text) { violations_.push_back(text); }
+
+  // The job, the memory and the counters, kept over a restart. False when the file can't be written, or isn't a
+  // writer's memory.
+  bool Save(const std::string& path) const;
+  bool Restore(const std::string& path);
+
+  std::string identity;  // 26 characters
+  Chip chip;
+  Faults faults;
+  std::array<std::uint8_t, 6> measures{};
+  int zeroReads = 3;  // status reads of 0 before a verdict
+
+  const std::vector<std::uint8_t>& Memory() const { return memory_; }
+  std::vector<std::uint8_t>& Memory() { return memory_; }
+  const std::vector<std::uint8_t>& OptionArea() const { return optionArea_; }
+  std::vector<std::uint8_t>& OptionArea() { return optionArea_; }
+  const std::vector<std::uint8_t>& DataArea() const { return dataArea_; }
+  int FirmwareLoads() const { return firmwareLoads_; }
+
+ private:
+  enum class Load { None, Opened, Package, Firmware };
+
+  bool LengthIs(std::uint8_t opcode, std::size_t length, std::size_t wanted);
+  void SetAddress(std::span<const std::uint8_t> data, Door door);
+  void WriteMemory(std::span<const std::uint8_t> data);
+  std::vector<std::uint8_t> ReadMemory(std::size_t length);
+  void SelectArea(std::uint8_t selector, std::uint8_t action);
+  std::vector<std::uint8_t>* SelectedArea();
+  void WriteArea(std::span<const std::uint8_t> data);
+  std::vector<std::uint8_t> ReadArea(std::size_t length);
+  void StartTask(std::uint8_t task);
+  void Control(std::uint8_t control);
+  void CloseLoad();
+  bool RunTask(std::uint8_t task);
+  bool RunAuto();
+  bool RunProgram();
+  bool RunVerify();
+  std::uint8_t TaskStatus();
+  bool CountsDown(std::optional<int>& counter);
+  bool HoldsJob() const;
+  bool FlashJob() const;
+
+  std::vector<std::uint8_t> memory_;
+  std::vector<std::uint8_t> optionArea_;  // 512 bytes once a load has been closed
+  std::vector<std::uint8_t> dataArea_;
+  std::optional<std::uint8_t> mode_;
+  std::optional<std::size_t> address_;
+  std::uint8_t selectedArea_ = 0;
+  Load load_ = Load::None;
+  bool optionWritten_ = false;
+  bool chipReadAsked_ = false;
+  bool taskStarted_ = false;
+  std::uint8_t verdict_ = 0;
+  int statusReads_ = 0;
+  std::uint32_t produced_ = 0;  // good Autos of a job with a production limit
+  int firmwareLoads_ = 0;
+  std::vector<std::string> violations_;
+};
+
+}  // namespace pyxis::standin

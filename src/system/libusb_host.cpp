@@ -1,0 +1,57 @@
+#include "system/libusb_host.h"
+
+#include <usb.h>
+
+namespace pyxis {
+
+namespace {
+
+constexpr int kNoHandle = -1;
+
+usb_dev_handle* Native(UsbHost::Handle handle) { return static_cast<usb_dev_handle*>(handle); }
+
+}  // namespace
+
+std::vector<UsbBus> LibusbHost::FindDevices() {
+  usb_init();
+  usb_find_busses();
+  usb_find_devices();
+  std::vector<UsbBus> buses;
+  for (struct usb_bus* bus = usb_get_busses(); bus != nullptr; bus = bus->next) {
+    UsbBus& entries = buses.emplace_back();
+    for (struct usb_device* device = bus->devices; device != nullptr; device = device->next)
+      entries.push_back({device->descriptor.idVendor, device->descriptor.idProduct, device});
+  }
+  return buses;
+}
+
+UsbHost::Handle LibusbHost::Open(const UsbDeviceEntry& entry) {
+  return usb_open(static_cast<struct usb_device*>(entry.device));
+}
+
+// The library doesn't test its handle: a device that couldn't be opened has none.
+int LibusbHost::SetConfiguration(Handle handle, int configuration) {
+  return handle == nullptr ? kNoHandle : usb_set_configuration(Native(handle), configuration);
+}
+
+int LibusbHost::ClaimInterface(Handle handle, int interface) {
+  return handle == nullptr ? kNoHandle : usb_claim_interface(Native(handle), interface);
+}
+
+int LibusbHost::BulkWrite(Handle handle, int endpoint, const std::uint8_t* data, int count, int timeout) {
+  if (handle == nullptr) return kNoHandle;
+  return usb_bulk_write(Native(handle), endpoint, reinterpret_cast<const char*>(data), count, timeout);
+}
+
+int LibusbHost::BulkRead(Handle handle, int endpoint, std::uint8_t* data, int count, int timeout) {
+  if (handle == nullptr) return kNoHandle;
+  return usb_bulk_read(Native(handle), endpoint, reinterpret_cast<char*>(data), count, timeout);
+}
+
+void LibusbHost::Close(Handle handle) {
+  if (handle != nullptr) usb_close(Native(handle));
+}
+
+std::string LibusbHost::Error() { return usb_strerror(); }
+
+}  // namespace pyxis
