@@ -62,7 +62,8 @@ class FakeClock : public Clock {
  public:
   std::uint32_t tick = 0;
   LocalTime now{2015, 3, 4, 5, 9, 7, 3, 250};
-  std::uint32_t TickCount() override { return tick++; }
+  std::uint32_t step = 1;  // milliseconds that each look takes
+  std::uint32_t TickCount() override { return tick += step; }
   LocalTime Now() override { return now; }
 };
 

@@ -1,0 +1,66 @@
+#include "support/standin_bench.h"
+
+#include <cstdio>
+
+#include "catalogue/chip_catalogue.h"
+#include "pyxisfolder/folder.h"
+#include "intake/load_file.h"
+#include "link/identification.h"
+#include "platform/diagnostics.h"
+#include "platform/machine.h"
+#include "shell/app_state.h"
+#include "shell/start_up.h"
+
+namespace pyxis::test {
+
+StandinBench::StandinBench(Transport transport, int model) : writer(model) {
+  static std::FILE* const nowhere = std::fopen("/dev/null", "w");
+  DiagnosticsStream() = nowhere;
+  if (transport == Transport::Usb) {
+    TheMachine().usb = &usb;
+  } else {
+    TheMachine().vendor = &vendor;
+  }
+  OpenTransport();
+  IdentifyAtStart();
+  TheAppState().WriterModel = model;
+}
+
+StandinBench::~StandinBench() {
+  EXPECT_EQ(writer.Violations(), std::vector<std::string>{});
+  CloseTransport();
+  DiagnosticsStream() = stdout;
+}
+
+std::string StandinBench::PutFolderFor(const std::string& label) {
+  int series = 0, type = 0;
+  EXPECT_EQ(FindChip(label, series, type), 1) << label;
+  const ChipEntry& row = Row(series, type);
+  const AppState& app = TheAppState();
+  for (const std::string& name : {std::string(row.ChipName), std::string("QV4202")})
+    Write(app.HwFolder + "/" + name + ".txt", pyxis::folder::MakeTemplate(name));
+  const auto firmware = FirmwareFor(row.ChipCode, app.WriterModel);
+  Write(std::filesystem::relative(firmware->path, folder).string(),
+        pyxis::folder::MakeFirmware(app.WriterModel, firmware->FirmwareCode));
+  const auto samples = pyxis::folder::MakeSamples(row.ChipName);
+  EXPECT_FALSE(samples.empty()) << label;
+  for (const auto& sample : samples) Write("samples/" + sample.fileName, sample.contents);
+  return Path("samples/" + samples.front().fileName);
+}
+
+void StandinBench::Select(const std::string& label) {
+  AppState& app = TheAppState();
+  ASSERT_EQ(FindChip(label, app.SeriesIndex, app.TypeIndex), 1) << label;
+  app.SelectedChip = Row(app.SeriesIndex, app.TypeIndex).ChipName;
+  app.ChipNameText = app.SelectedChip;
+}
+
+void StandinBench::LoadSample(const std::string& label) {
+  op.files.push_back(PutFolderFor(label));
+  Select(label);
+  op.told.clear();
+  OnLoadFile();
+  ASSERT_EQ(op.Texts(), std::vector<std::string>{"Loading Data Ok"}) << label;
+}
+
+}  // namespace pyxis::test
