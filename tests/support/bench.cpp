@@ -48,6 +48,7 @@ void Bench::Write(const std::string& name, std::span<const std::uint8_t> bytes) 
 }
 
 std::vector<std::uint8_t> Bench::Contents(const std::string& name) const {
+  if (std::filesystem::is_directory(folder / name)) return {};
   std::ifstream in(folder / name, std::ios::binary);
   return {std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>()};
 }

@@ -1,0 +1,58 @@
+// A bench that converts images which the test builds byte by byte.
+#pragma once
+
+#include "catalogue/chip_catalogue.h"
+#include "intake/convert.h"
+#include "intake/package_files.h"
+#include "platform/byte_order.h"
+#include "platform/text.h"
+#include "pyxisfolder/intel_hex_writer.h"
+#include "shell/app_state.h"
+#include "support/bench.h"
+
+namespace pyxis::test {
+
+using Bytes = std::vector<std::uint8_t>;
+
+class ConverterBench : public Bench {
+ protected:
+  ConvertRequest request;
+  std::uint32_t optionValue = 0x60;
+  Bytes option, data;
+
+  ConverterBench() { TheAppState().WriterModel = kModelKm48; }
+
+  void PutTemplate(const std::string& name, Bytes bytes = Bytes(512, 0xAA)) {
+    Write("hwversion1.0/" + name + ".txt", bytes);
+  }
+  // Converts what lies at `file`; the converter's code.
+  int Convert(std::uint32_t chipCode, const std::string& file) {
+    request.ChipCode = chipCode;
+    request.OptionValue = &optionValue;
+    request.Path = Path(file);
+    const int result = ConvertFile(request);
+    EXPECT_EQ(result, LastConverterCode() == 0 ? 0 : 1);
+    option = Contents(kOptionPackageName);
+    data = Contents(kDataPackageName);
+    return LastConverterCode();
+  }
+  int ConvertHex(std::uint32_t chipCode, const Bytes& image, const std::string& file = "job.hex") {
+    Write(file, pyxis::folder::ToIntelHex(image));
+    return Convert(chipCode, file);
+  }
+  unsigned Word(std::size_t offset) const { return LoadBe16(&option.at(offset)); }
+};
+
+// Blank 14-bit words, with single words set.
+struct WordAt {
+  std::size_t index;
+  unsigned value;
+};
+inline Bytes Image14(std::size_t words, std::initializer_list<WordAt> set) {
+  Bytes image(2 * words);
+  for (std::size_t i = 0; i < words; ++i) StoreLe16(&image[2 * i], 0x3FFF);
+  for (const WordAt& word : set) StoreLe16(&image[2 * word.index], word.value);
+  return image;
+}
+
+}  // namespace pyxis::test

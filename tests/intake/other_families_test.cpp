@@ -1,0 +1,308 @@
+// The 4-bit, .velmar and USB families at their edges.
+#include "converter_bench.h"
+
+
+#include "intake/file_readers.h"
+
+namespace pyxis::test {
+namespace {
+
+using Texts = std::vector<std::string>;
+
+class Otp4 : public ConverterBench {};
+class Epm4 : public ConverterBench {};
+class Velmar : public ConverterBench {};
+class Usb : public ConverterBench {};
+
+std::uint16_t Sum(std::uint16_t sum, std::initializer_list<unsigned> words) {
+  for (const unsigned word : words) sum = ChecksumAfter(sum, static_cast<std::uint16_t>(word));
+  return sum;
+}
+
+TEST_F(Otp4, ByteIc) {
+  PutTemplate("QV4105");
+  Bytes file(8224, 0);
+  file[8223] = 0xF3;
+  Write("a.otp", file);
+  struct Case {
+    std::uint32_t optionValue;
+    int byte36;
+  };
+  for (const Case& c : {Case{1, 0xF1}, Case{0x60, 0xF1}, Case{0, 0xF0}}) {
+    optionValue = c.optionValue;
+    ASSERT_EQ(Convert(0x1395, "a.otp"), 0);
+    EXPECT_EQ(option[36], c.byte36);
+    EXPECT_EQ(option[37], 0);
+    EXPECT_EQ(data.size(), 8192U);
+    EXPECT_EQ(data[0], 0xF3);
+  }
+  Write("a.otp", Bytes{1, 2, 3});  // no check of any length
+  ASSERT_EQ(Convert(0x1395, "a.otp"), 0);
+  EXPECT_EQ(data, Bytes{0xFF});
+  EXPECT_EQ(Word(16), Sum(0xFFFF, {0xFF}));
+  EXPECT_EQ(Convert(0x1395, "none.otp"), 1);
+  EXPECT_EQ(op.Texts(), Texts{Path("none.otp") + " open file error\n"});
+}
+
+TEST_F(Otp4, WordIc) {
+  PutTemplate("QV4103");
+  Bytes file(16416, 0);
+  StoreLe16(&file[32], 0x1234);
+  StoreLe16(&file[16414], 0x8007);
+  Write("a.otp", file);
+  request.SnMode = true;  // these ICs have no serial numbers
+  request.MassProduction = true;
+  optionValue = 0;
+  ASSERT_EQ(Convert(0x1397, "a.otp"), 0);
+  EXPECT_EQ(data.size(), 2U * 6513);
+  EXPECT_EQ(LoadBe16(&data[0]), 0x8007);
+  EXPECT_EQ(LoadBe16(&data[2]), 0x1234);
+  EXPECT_EQ(Word(36), 0x8004U);
+  EXPECT_EQ(option[78], 16);
+  std::uint16_t sum = Sum(0xFFFF, {0x1234});
+  for (int i = 1; i < 6512; ++i) sum = Sum(sum, {0});
+  EXPECT_EQ(Word(16), Sum(sum, {0x8007}));
+}
+
+TEST_F(Epm4, PackagesStartAnewBehindTheTemplate) {
+  Bytes file(32768 + 30, 0x10);
+  file[32770] = 0x04;
+  Bytes from(512, 0xAA);
+  from[36] = 0x5C;
+  from[37] = 0x6D;
+  PutTemplate("QV4204", from);
+  Write("a.epm", file);
+  ASSERT_EQ(Convert(0x1392, "a.epm"), 0);
+  EXPECT_EQ(TheAppState().ImageUnprotected, 1U);
+  ASSERT_EQ(option.size(), 256U);
+  EXPECT_EQ(Bytes(option.begin() + 128, option.begin() + 132), (Bytes{0x0C, 0x6D, 0x00, 0x10}));
+  EXPECT_EQ(option[157], 0x10);
+  EXPECT_EQ(option[158], 0);
+  EXPECT_EQ(Word(43), 0x0600U);
+  EXPECT_EQ(data.size(), 32768U);
+
+  file[32770] = 0x01;
+  Write("a.epm", file);
+  ASSERT_EQ(Convert(0x1392, "a.epm"), 0);
+  EXPECT_EQ(TheAppState().ImageUnprotected, 0U);
+  EXPECT_EQ(option[43], 0x03);
+}
+
+TEST_F(Epm4, IcsThatDiffer) {
+  PutTemplate("QV4104");
+  PutTemplate("QV4301");
+  PutTemplate("QV4101");
+  PutTemplate("QV4202");
+  Bytes file(70000, 0);
+  file[8194] = 1;
+  Write("a.epm", file);
+  ASSERT_EQ(Convert(0x1357, "a.epm"), 0);  // QV4104: 1 is not protected, and byte 44 stays
+  EXPECT_EQ(TheAppState().ImageUnprotected, 1U);
+  EXPECT_EQ(Word(43), 0x01AAU);
+  std::uint16_t sum = 0xFFFF;
+  for (int i = 0; i < 4096; ++i) sum = Sum(sum, {0});
+  EXPECT_EQ(Word(16), sum);
+  ASSERT_EQ(Convert(0x1390, "a.epm"), 0);
+  EXPECT_EQ(option.size(), 208U);
+  ASSERT_EQ(Convert(0x1382, "a.epm"), 0);
+  EXPECT_EQ(data.size(), 34816U);
+  EXPECT_EQ(option[128], 0);
+  ASSERT_EQ(Convert(0x1388, "a.epm"), 0);  // QV4203 works from the template QV4202
+}
+
+TEST_F(Epm4, TwoIcsShareACode) {
+  PutTemplate("QV4206", Bytes(512, 0x06));
+  PutTemplate("QV4207", Bytes(512, 0x07));
+  Bytes file(65600, 0);
+  for (const std::uint32_t code : {0x1393U, 0x13931U})
+    for (const int key : {0, 1}) {
+      file[65598] = static_cast<std::uint8_t>(key);
+      Write("a.epm", file);
+      TheAppState().SelectedChip = "QV4206";
+      ASSERT_EQ(Convert(code, "a.epm"), 0);
+      EXPECT_EQ(option[0], 0x06);
+      TheAppState().SelectedChip = "QV4207";
+      op.told.clear();
+      EXPECT_EQ(Convert(code, "a.epm"), key == 1 ? 0 : 1);
+      if (key == 1) {
+        EXPECT_EQ(option[0], 0x07);
+      } else {
+        EXPECT_EQ(op.Texts(), Texts{Path("a.epm") + " open file error\n"});
+      }
+    }
+}
+
+Bytes VelmarImage(std::size_t idOffset, std::uint8_t second, std::uint8_t third, std::uint8_t size) {
+  Bytes image(idOffset + 8, 0);
+  image[idOffset] = 0x57;
+  image[idOffset + 1] = second;
+  image[idOffset + 2] = third;
+  image[idOffset + 7] = size;
+  StoreLe16(&image[idOffset - 2], 0x80F1);
+  return image;
+}
+
+TEST_F(Velmar, ProtectedTails) {
+  struct Case {
+    const char* chip;
+    std::uint32_t code;
+    std::size_t idOffset;
+    std::uint8_t second, third, size;
+    unsigned sumLength, used;
+    int summedWords;
+    unsigned summedConfig, config;
+  };
+  for (const Case& c : {
+           Case{"QV8115", 0x3710, 8192, 0x10, 0x25, 0xF5, 0x1FE0, 0x1FE0, 4080, 0x00FF, 0x80E0},
+           Case{"QV8115", 0x3710, 8192, 0x10, 0x25, 0x0F, 8190, 8190, 4095, 0x00FF, 0x80E0},
+           Case{"QV8122", 0x37060, 4096, 0x06, 0x3A, 0x0E, 0xD000, 0xD000, 0, 0x00FF, 0x80E0},
+           Case{"QV8103", 0x3704, 16384, 0x04, 0x20, 0x00, 16382, 16382, 8191, 0x00F1, 0x80F1},
+           Case{"QV8101", 0x3714, 32768, 0x14, 0x30, 0x00, 32766, 16383, 16383, 0x00FF, 0x80E0},
+       }) {
+    SCOPED_TRACE(c.chip);
+    PutTemplate(c.chip);
+    ASSERT_EQ(ConvertHex(c.code, VelmarImage(c.idOffset, c.second, c.third, c.size), "a.velmar"), 0);
+    std::uint16_t sum = 0xFFFF;
+    for (int i = 0; i < c.summedWords; ++i) sum = Sum(sum, {0});
+    EXPECT_EQ(Word(16), Sum(sum, {c.summedConfig}));
+    EXPECT_EQ(Word(20), c.sumLength);
+    EXPECT_EQ(Word(22), c.used);
+    EXPECT_EQ(Word(24), c.sumLength);
+    EXPECT_EQ(Word(36), c.config);
+    EXPECT_EQ(data.size(), c.idOffset);
+  }
+}
+
+TEST_F(Velmar, CapitalsFindTheirFiles) {
+  PutTemplate("QV8122");
+  Write("Work/Job1.VELMAR", pyxis::folder::ToIntelHex(VelmarImage(4096, 0x06, 0x30, 0)));
+  ASSERT_EQ(Convert(0x37060, "Work/Job1.VELMAR"), 0);
+  EXPECT_EQ(Contents("Work/job1.bin").size(), 4104U);
+  EXPECT_EQ(TheAppState().LoadedFilePath, ToLower(Path("Work/Job1.bin")));
+  PutTemplate("QV8121");
+  EXPECT_EQ(Convert(0x3706, "Work/Job1.VELMAR"), 2);
+  EXPECT_EQ(op.Texts(), Texts{ToLower(Path("Work/Job1.VELMAR")) + " ID error\n"});
+}
+
+TEST_F(Velmar, OptionBlock) {
+  PutTemplate("QV8123");
+  Bytes image(16440, 0);
+  image[16432] = 7;
+  image[16433] = 2;
+  image[16434] = 0x30;
+  image[16384] = 0x03;  // block word 0
+  image[16385] = 0xE0;
+  image[16386] = 0x02;  // block word 1, the last that sets the top bits
+  StoreLe16(&image[16384 + 20], 0x8004);
+  StoreLe16(&image[16384 + 22], 0x00A1);
+  request.IspProgram = true;
+  ASSERT_EQ(ConvertHex(0x3702, image, "a.velmar"), 0);
+  EXPECT_EQ(Word(22), 16384U);
+  EXPECT_EQ(Word(26), 0x200AU);
+  EXPECT_EQ(Bytes(option.begin() + 31, option.begin() + 35), (Bytes{0x03, 0xE0, 0x02, 0x00}));
+  EXPECT_EQ(Bytes(option.begin() + 48, option.begin() + 52), (Bytes{0x04, 0x80, 0xBF, 0x00}));
+  EXPECT_EQ(Word(36), 0x8000U + (((4 * 64) | (0x80 >> 2)) & 0x3F20) + 0x81U);
+  EXPECT_EQ(Word(39), 4096U);
+  EXPECT_EQ(Word(72), 64U);
+  EXPECT_EQ(option[76], 2);
+  EXPECT_EQ(data.size(), 16480U);
+  image[16385] = 0x00;
+  EXPECT_EQ(ConvertHex(0x3702, image, "a.velmar"), 2);
+}
+
+TEST_F(Usb, HexIcs) {
+  PutTemplate("QVL04");
+  optionValue = 0x61;
+  ASSERT_EQ(ConvertHex(0x1622, Bytes{0x12, 0x34, 0x56}), 0);
+  EXPECT_EQ(data.size(), 32768U);
+  EXPECT_EQ(Bytes(data.begin(), data.begin() + 4), (Bytes{0x12, 0x34, 0x56, 0xFF}));
+  EXPECT_EQ(Word(22), 3U);
+  EXPECT_EQ(Word(24), 32768U);
+  EXPECT_EQ(Word(36), 0x61AAU);
+  EXPECT_EQ(Word(39), 0U);
+  std::uint16_t sum = Sum(0xFFFF, {0x1234, 0x56FF});
+  for (int i = 2; i < 16384; ++i) sum = Sum(sum, {0xFFFF});
+  EXPECT_EQ(Word(16), Sum(sum, {0x0061}));
+  const Bytes otp = Contents("job.otp");
+  ASSERT_EQ(otp.size(), 32U + 32768 + 1);
+  EXPECT_EQ(std::string(otp.begin(), otp.begin() + 7), "qvl04xx");
+  EXPECT_EQ(Bytes(otp.begin() + 15, otp.begin() + 20), (Bytes{0xFF, 'v', '2', 0x1E, 0x11}));
+  EXPECT_EQ(otp.back(), 0x61);
+  EXPECT_EQ(TheAppState().SystemConfigWord, -1);
+}
+
+TEST_F(Usb, ObjIcs) {
+  struct Case {
+    const char* chip;
+    std::uint32_t code;
+    std::size_t length, words;
+    unsigned used, imageLength, config;
+  };
+  for (const Case& c : {
+           Case{"QVL01", 0x1603, 32 + 20, 10, 10, 10, 0xAAAA},
+           Case{"QVL08", 0x1633, 32 + 21, 10, 10, 11, 0x6F6F},
+           Case{"QVX02", 0x1629, 32 + 4000, 1998, 1998, 1997, 0x006F},
+           Case{"QVX02", 0x1629, 32 + 4001, 1998, 1998, 1998, 0x006F},
+           Case{"QV8369", 0x1742, 32 + 8193, 4096, 4096, 4096, 0x0065},
+           Case{"QVL03", 0x1615, 10, 0, 0xFFF5, 0xFFF5, 0xAAAA},
+       }) {
+    SCOPED_TRACE(c.chip);
+    PutTemplate(c.chip);
+    Bytes file(c.length, 0xFF);
+    if (c.length == 32 + 8193) file.back() = 0x75;
+    Write("a.obj", file);
+    ASSERT_EQ(Convert(c.code, "a.obj"), 0);
+    EXPECT_EQ(data.size(), 2 * c.words);
+    EXPECT_EQ(Word(22), c.used);
+    EXPECT_EQ(Word(24), c.imageLength);
+    EXPECT_EQ(Word(36), c.config);
+  }
+  // QVX02 sums 1021 words only, then the option byte with bit 0 set.
+  Bytes file(32 + 4000, 0);
+  file[16] = 0x40;
+  Write("a.obj", file);
+  ASSERT_EQ(Convert(0x1629, "a.obj"), 0);
+  std::uint16_t sum = 0xFFFF;
+  for (int i = 0; i < 1021; ++i) sum = Sum(sum, {0});
+  EXPECT_EQ(Word(16), Sum(sum, {0x41}) & 0x3FFF);
+  // QVL01 sums its header, and keeps the value behind it.
+  PutTemplate("QVL01");
+  ASSERT_EQ(Convert(0x1603, "a.obj"), 0);
+  sum = 0xFFFF;
+  for (int i = 0; i < 16; ++i) sum = Sum(sum, {i == 8 ? 0x40U : 0U});
+  EXPECT_EQ(Word(59), sum);
+}
+
+TEST_F(Usb, EepromImages) {
+  PutTemplate("QVL11");
+  PutTemplate("QVL09");
+  Write("e.bin", Bytes{0xB0, 0xB1, 0xB2});
+  optionValue = 0x1260;
+  ASSERT_EQ(Convert(0x1650, "e.bin"), 0);
+  ASSERT_EQ(data.size(), 512U);
+  EXPECT_EQ(Bytes(data.begin(), data.begin() + 10),
+            (Bytes{0x07, 0x82, 0x18, 0xB0, 0x18, 0xB1, 0x18, 0xB2, 0x18, 0x00}));
+  EXPECT_EQ(option[77], 16);
+  EXPECT_EQ(Word(39), 0x0F00U);
+  EXPECT_EQ(Word(36), 0x1260U);
+  EXPECT_LE(TheAppState().ImageChecksum, 0x3FFF);
+  EXPECT_EQ(TheAppState().LoadedFilePath, ToLower(Path("e_new.bin")));
+  EXPECT_EQ(Convert(0x1645, "e.bin"), 4);
+  EXPECT_EQ(op.Texts(), Texts{ToLower(Path("e.bin")) + " open file error\n"});
+}
+
+TEST_F(Usb, PlainIc) {
+  PutTemplate("QVL07");
+  optionValue = 0x61;
+  ASSERT_EQ(ConvertHex(0x1638, Bytes{0x12, 0x34}), 0);
+  EXPECT_EQ(data.size(), 24576U);
+  EXPECT_EQ(Contents("job.bin").size(), 0x6020U);
+  EXPECT_EQ(data[0], 0x12);
+  EXPECT_EQ(data[2], 0x00);
+  EXPECT_EQ(Word(36), 0x61AAU);
+  EXPECT_EQ(Word(24), 0xAAAAU);
+  EXPECT_EQ(Word(84), 0xAAAAU);
+}
+
+}  // namespace
+}  // namespace pyxis::test

@@ -1,0 +1,246 @@
+#include "link/command_frames.h"
+#include "link/identification.h"
+#include "link/writer_commands.h"
+#include "link/writer_link.h"
+#include "platform/machine.h"
+#include "platform/main_view.h"
+#include "shell/main_controls.h"
+#include "support/bench.h"
+#include "support/wire_log.h"
+
+namespace pyxis::test {
+namespace {
+
+using Lines = std::vector<std::string>;
+
+class Link : public Bench {
+ protected:
+  Link() {
+    TheMachine().usb = &usb;
+    TheMachine().vendor = &vendor;
+    vendor.openResult = 1;
+    testing::internal::CaptureStdout();
+  }
+  ~Link() override {
+    if (capturing) testing::internal::GetCapturedStdout();
+  }
+  std::string Printed() {
+    capturing = false;
+    return testing::internal::GetCapturedStdout();
+  }
+  void OpenFrames() {
+    ASSERT_EQ(OpenWriterLink(), 1);
+    TheAppState().HwKnown = 1;
+  }
+  void OpenVendor() {
+    vendor.openResult = 0;
+    OpenTransport();
+    vendor.calls.clear();
+  }
+  WireLog usb;
+  VendorLog vendor;
+  bool capturing = true;
+};
+
+TEST_F(Link, TakesTheFirstWriterInBusOrder) {
+  EXPECT_EQ(OpenWriterLink(), 1);
+  EXPECT_EQ(TheAppState().UseLibusb, 1U);
+  EXPECT_EQ(usb.calls, (Lines{"find", "open 1"}));
+  CloseWriterLink();
+  CloseWriterLink();
+  EXPECT_EQ(usb.calls, (Lines{"find", "open 1", "close"}));
+  EXPECT_EQ(TheAppState().UseLibusb, 0U);
+  EXPECT_EQ(Printed(), "success: set configuration #1\nsuccess: claim_interface #0\n");
+}
+
+TEST_F(Link, ADeviceThatRefusesIsGivenUp) {
+  usb.configurationResult = -1;
+  EXPECT_EQ(OpenWriterLink(), 0);
+  usb.configurationResult = 0;
+  usb.claimResult = -1;
+  EXPECT_EQ(OpenWriterLink(), 0);
+  EXPECT_EQ(TheAppState().UseLibusb, 0U);
+  EXPECT_EQ(usb.calls, (Lines{"find", "open 1", "close", "find", "open 1", "close"}));
+  const std::string noPipes = "Failed to GetUsbDeviceFileName\nFailed to GetUsbDeviceFileName\n";
+  EXPECT_EQ(Printed(), "error setting config #1: broken\n" + noPipes +
+                           "success: set configuration #1\nerror claiming interface #0:\nbroken\n" + noPipes);
+}
+
+// Two interfaces, the first of which can't be opened; remembers what was opened.
+class TwoPipes : public DevicePipes {
+ public:
+  Lines opened;
+  bool writePipe = true;
+  std::vector<std::string> InterfacePaths() override { return {"busy", "dev"}; }
+  Handle Open(const std::string& path, int& error) override {
+    opened.push_back(path);
+    error = 5;
+    const bool good = path != "busy" && (writePipe || path != "dev\\PIPE01");
+    return good ? this : nullptr;
+  }
+  bool Write(Handle, const std::uint8_t*, std::uint32_t) override { return true; }
+  bool Read(Handle, std::uint8_t*, std::uint32_t) override { return true; }
+  void Close(Handle) override { opened.push_back("close"); }
+};
+
+TEST_F(Link, PipesAreTheLastResort) {
+  TwoPipes pipes;
+  TheMachine().pipes = &pipes;
+  usb.buses.clear();
+  pipes.writePipe = false;
+  EXPECT_EQ(OpenWriterLink(), 0);
+  EXPECT_FALSE(FrameLinkOpen());
+  CloseWriterLink();
+  pipes.writePipe = true;
+  pipes.opened.clear();
+  EXPECT_EQ(OpenWriterLink(), 1);
+  EXPECT_EQ(pipes.opened,
+            (Lines{"busy", "dev", "close", "dev\\PIPE00", "busy", "dev", "close", "dev\\PIPE01"}));
+  usb.calls.clear();
+  EXPECT_EQ(OpenWriterLink(), 1);
+  EXPECT_TRUE(usb.calls.empty());
+  CloseWriterLink();
+}
+
+TEST_F(Link, VelmarapiComesFirst) {
+  vendor.openResult = 0;
+  OpenTransport();
+  EXPECT_EQ(vendor.calls, (Lines{"open 9899 0 0", "timeout 5"}));
+  EXPECT_TRUE(usb.calls.empty());
+  EXPECT_EQ(TheAppState().WriterConnected, 1U);
+}
+
+TEST_F(Link, PeekOnBothTransports) {
+  OpenFrames();
+  usb.reads = {{0x98}};
+  TheAppState().ProgressMode = 1;
+  EXPECT_EQ(PeekByte(address::kModel), 0x98);
+  EXPECT_EQ(usb.wire, (Lines{"> 55 53 42 43 00 00 00 00 01 00 00 00 00", "> 00", "< 13",
+                             "> 55 53 42 43 00 00 00 00 02 00 00 00 0F", "> FA 8F", "< 13",
+                             "> 55 53 42 43 00 00 00 00 01 00 00 00 11", "< 1", "< 13"}));
+  EXPECT_EQ(TheAppState().ProgressMode, 0);
+
+  usb.wire.clear();
+  TheAppState().HwKnown = 0;
+  EXPECT_EQ(PeekByte(address::kModel), 0);
+  EXPECT_TRUE(usb.wire.empty());
+  EXPECT_EQ(TheAppState().TransferBusy, 0);
+
+  OpenVendor();
+  vendor.reads = {{0x99}};
+  EXPECT_EQ(PeekByte(address::kModel), 0x99);
+  EXPECT_EQ(vendor.calls, (Lines{"write 0: 00", "write 15: 00 00 FA 8F", "read 17: 1"}));
+}
+
+TEST_F(Link, InfoBlockAndSelfTestOnBothTransports) {
+  OpenFrames();
+  TheAppState().ProgressMode = 1;
+  ReadInfoBlock(TheAppState().WriterInfoBlock);
+  EXPECT_EQ(usb.wire[3], "> 55 53 42 43 00 00 00 00 02 00 00 00 14");
+  EXPECT_EQ(usb.wire[4], "> 04 17");
+  EXPECT_EQ(usb.wire[6], "> 55 53 42 43 00 00 00 00 00 02 00 00 13");
+  EXPECT_EQ(TheAppState().ProgressMode, 0);
+  usb.wire.clear();
+  SendTestSet(0x8D01);
+  EXPECT_EQ(usb.wire[4], "> 01 8D");
+
+  OpenVendor();
+  ReadInfoBlock(TheAppState().WriterInfoBlock);
+  SendTestSet(0x8D01);
+  EXPECT_EQ(vendor.calls, (Lines{"write 0: 47", "write 20: 04 17", "read 19: 512", "write 20: 0C 07", "write 0: 07",
+                                 "write 0: 47", "write 3: 8D 01"}));
+}
+
+// Notes where the progress bar stands at each change.
+class BarLog : public MainView {
+ public:
+  std::vector<int> positions;
+  void ControlsChanged() override {
+    const int position = TheMainControls().statusBar.position;
+    if (positions.empty() || positions.back() != position) positions.push_back(position);
+  }
+};
+
+TEST_F(Link, ChunksAndProgress) {
+  struct Case {
+    std::uint32_t length;
+    int range;
+    std::vector<int> chunks;
+  };
+  OpenFrames();
+  TheAppState().ProgressMode = 1;
+  for (const Case& c : {Case{0, 2, {}}, Case{1, 2, {1}}, Case{512, 1, {512}}, Case{513, 1, {512, 1}},
+                        Case{2048, 4, {512, 512, 512, 512}}}) {
+    SCOPED_TRACE(c.length);
+    usb.wire.clear();
+    const std::vector<std::uint8_t> data(c.length + 1, 7);
+    EXPECT_NE(SendBlock(data.data(), c.length, OP_WRITE_AREA), 0);
+    EXPECT_EQ(TheMainControls().statusBar.high, c.range);
+    ASSERT_EQ(usb.wire.size(), c.chunks.size() + 2);
+    for (std::size_t i = 0; i < c.chunks.size(); ++i)
+      EXPECT_EQ(usb.wire[i + 1], c.chunks[i] == 1 ? "> 07" : "> " + std::to_string(c.chunks[i]) + " bytes");
+    EXPECT_EQ(usb.wire.back(), "< 13");
+  }
+  BarLog bar;
+  TheMachine().view = &bar;
+  const std::vector<std::uint8_t> data(2048);
+  SendBlock(data.data(), 2048, OP_WRITE_AREA);
+  EXPECT_EQ(bar.positions, (std::vector<int>{0, 1, 0, 1, 2, 3, 4}));
+  EXPECT_EQ(MakeCommandBlock(0x10800, OP_WRITE_MEMORY)[9], 0x08);
+}
+
+TEST_F(Link, OnlyTheCommandAndTheStatusDecide) {
+  struct Case {
+    int failWrite, failRead, result;
+    std::size_t transfers;
+  };
+  const std::vector<std::uint8_t> data(600);
+  for (const Case& c : {Case{0, -1, 0, 1}, Case{1, -1, 1, 4}, Case{-1, 0, 0, 4}}) {
+    usb = WireLog();
+    OpenFrames();
+    usb.failWriteAt = c.failWrite;
+    usb.failReadAt = c.failRead;
+    EXPECT_EQ(SendBlock(data.data(), 600, OP_WRITE_AREA), c.result);
+    EXPECT_EQ(usb.wire.size(), c.transfers);
+    CloseWriterLink();
+  }
+  usb = WireLog();
+  EXPECT_EQ(SendBlock(data.data(), 1, OP_SET_MODE), 0);  // closed link
+  OpenFrames();
+  EXPECT_EQ(SendBlock(nullptr, 1, OP_SET_MODE), 0);
+  EXPECT_EQ(ReceiveBlock(nullptr, 1, OP_READ_AREA), 0);
+  EXPECT_TRUE(usb.wire.empty());
+}
+
+TEST_F(Link, IdentityTellsTheHardware) {
+  struct Case {
+    std::string identity;
+    const char* folder;
+    std::uint32_t known;
+  };
+  OpenFrames();
+  for (const Case& c : {Case{"PYX STANDALONE LOADER_V1.1", "hwversion1.1", 1},
+                        Case{"PYX STANDALONE LOADER_V1.0", "hwversion1.0", 1},
+                        Case{"PYX STANDALONE LOADER_V2.0", "hwversion1.1", 1},
+                        Case{"PYX STANDALONE LOADER_V2.1", "hwversion1.0", 0}, Case{"", "hwversion1.0", 0}}) {
+    usb.reads = {std::vector<std::uint8_t>(c.identity.begin(), c.identity.end())};
+    usb.wire.clear();
+    ReadWriterIdentity();
+    EXPECT_EQ(TheAppState().HwFolder, c.folder);
+    EXPECT_EQ(TheAppState().HwKnown, c.known);
+    EXPECT_EQ(usb.wire, (Lines{"> 55 53 42 43 00 00 00 00 1A 00 00 00 04", "< 26", "< 13"}));
+  }
+}
+
+TEST_F(Link, FirmwareBytes) {
+  OpenFrames();
+  usb.reads = {{0x27}, {0x35}, {0x85}, {0x01}, {0x04}};
+  ReadFirmwareBytes();
+  EXPECT_EQ(TheAppState().FirmwareCode, 0x2735U);
+  EXPECT_EQ(TheAppState().FirmwareVersion, 0x85);
+  EXPECT_EQ(TheAppState().FirmwareLevel, 0x104U);
+  EXPECT_EQ(usb.wire[usb.wire.size() - 2], "> 07");
+}
+
+}  // namespace
+}  // namespace pyxis::test

@@ -1,0 +1,145 @@
+// The stand-in's own rules: what it refuses, what it keeps, what a chip takes.
+#include <gtest/gtest.h>
+
+#include "link/command_frames.h"
+#include "link/writer_commands.h"
+#include "standin/in_process.h"
+#include "support/bench.h"
+
+namespace pyxis::test {
+namespace {
+
+using standin::ChipState;
+using standin::Door;
+using standin::WriterModel;
+using Bytes = std::vector<std::uint8_t>;
+
+void Write(WriterModel& writer, std::uint8_t opcode, Bytes data) { writer.Write(opcode, data, Door::Frames); }
+
+TEST(Standin, LogsBreachesOfTheProtocol) {
+  struct Case {
+    const char* why;
+    std::function<void(WriterModel&)> act;
+  };
+  for (const Case& c : {
+           Case{"unknown opcode", [](WriterModel& w) { Write(w, 9, {1}); }},
+           Case{"unknown mode", [](WriterModel& w) { Write(w, OP_SET_MODE, {3}); }},
+           Case{"long mode", [](WriterModel& w) { Write(w, OP_SET_MODE, {7, 7}); }},
+           Case{"vendor address on frames", [](WriterModel& w) { Write(w, OP_SET_MODE, {0}), Write(w, OP_SET_ADDRESS, {0, 0, 1, 2}); }},
+           Case{"address without mode 0", [](WriterModel& w) { Write(w, OP_SET_ADDRESS, {1, 2}); }},
+           Case{"area without selection", [](WriterModel& w) { Write(w, OP_SET_MODE, {71}), w.Read(OP_READ_AREA, 5, Door::Frames); }},
+           Case{"area write without a load",
+                [](WriterModel& w) { Write(w, OP_SET_MODE, {71}), Write(w, OP_SELECT_AREA, {4, 23}), Write(w, OP_WRITE_AREA, {1}); }},
+           Case{"memory write without a load", [](WriterModel& w) { Write(w, OP_SET_MODE, {0}), Write(w, OP_WRITE_MEMORY, {1}); }},
+           Case{"begin without its task", [](WriterModel& w) { Write(w, OP_CONTROL, {16}); }},
+           Case{"unknown task", [](WriterModel& w) { Write(w, OP_START_TASK, {17}); }},
+           Case{"status without a task", [](WriterModel& w) { w.Read(OP_TASK_STATUS, 1, Door::Frames); }},
+           Case{"short identity", [](WriterModel& w) { w.Read(OP_IDENTITY, 25, Door::Frames); }},
+           Case{"chip data without a read", [](WriterModel& w) { w.Read(OP_READ_CHIP, 10, Door::Frames); }},
+       }) {
+    SCOPED_TRACE(c.why);
+    WriterModel writer;
+    c.act(writer);
+    EXPECT_EQ(writer.Violations().size(), 1U);
+  }
+}
+
+TEST(Standin, FramingIsStrict) {
+  WriterModel writer;
+  standin::FrameDoor door(writer);
+  std::uint8_t buffer[600] = {};
+  EXPECT_LT(door.In(buffer, 13), 0);
+  EXPECT_LT(door.Out(buffer, 13), 0);
+  const CommandBlock block = MakeCommandBlock(513, OP_WRITE_AREA);
+  EXPECT_EQ(door.Out(block.data(), 13), 13);
+  EXPECT_LT(door.Out(buffer, 513), 0);
+  EXPECT_EQ(door.Out(buffer, 512), 512);
+  EXPECT_LT(door.In(buffer, 13), 0);
+  EXPECT_EQ(writer.Violations().size(), 4U);
+}
+
+void LoadJob(WriterModel& writer, const Bytes& option, const Bytes& data) {
+  Write(writer, OP_START_TASK, {48});
+  Write(writer, OP_CONTROL, {16});
+  Write(writer, OP_SET_MODE, {71});
+  for (const auto& [selector, content] : {std::pair<std::uint8_t, Bytes>{4, option}, {8, data}}) {
+    Write(writer, OP_SELECT_AREA, {selector, 23});
+    Write(writer, OP_WRITE_AREA, content);
+    Write(writer, OP_SELECT_AREA, {12, 7});
+  }
+  Write(writer, OP_SET_MODE, {7});
+  Write(writer, OP_CONTROL, {144});
+}
+
+int Verdict(WriterModel& writer, std::uint8_t task) {
+  Write(writer, OP_START_TASK, {task});
+  int status = 0;
+  for (int i = 0; i < 10 && status == 0; ++i) status = writer.Read(OP_TASK_STATUS, 1, Door::Frames)[0] & 3;
+  return status;
+}
+
+Bytes Option(std::uint8_t chipClass, std::uint8_t productionFlags = 0, std::uint8_t limit = 0) {
+  Bytes option(208, 0);
+  option[16] = 0x12;
+  option[71] = chipClass;
+  option[78] = productionFlags;
+  option[83] = limit;
+  return option;
+}
+
+TEST(Standin, ChipsTakeWhatTheyCan) {
+  struct Case {
+    ChipState chip;
+    std::uint8_t chipClass, task;
+    int verdict;
+  };
+  for (const Case& c : {Case{ChipState::Blank, 1, 16, 1}, Case{ChipState::Programmed, 1, 16, 3},
+                        Case{ChipState::Programmed, 17, 16, 1}, Case{ChipState::Worn, 17, 16, 3},
+                        Case{ChipState::Missing, 17, 16, 3}, Case{ChipState::Protected, 1, 20, 3},
+                        Case{ChipState::Blank, 1, 18, 1}, Case{ChipState::Programmed, 1, 18, 3},
+                        Case{ChipState::Blank, 1, 22, 3}, Case{ChipState::Worn, 1, 20, 3}}) {
+    WriterModel writer;
+    LoadJob(writer, Option(c.chipClass), {1, 2, 3});
+    writer.chip.state = c.chip;
+    EXPECT_EQ(Verdict(writer, c.task), c.verdict);
+    if (c.task == 16 && c.verdict == 1) {
+      EXPECT_EQ(writer.chip.burnt, (Bytes{1, 2, 3}));
+    }
+    EXPECT_TRUE(writer.Violations().empty());
+  }
+}
+
+TEST(Standin, ProductionLimitIsUsedUp) {
+  WriterModel writer;
+  LoadJob(writer, Option(17, 17, 0x02), {1});
+  EXPECT_EQ(Verdict(writer, 16), 1);
+  EXPECT_EQ(writer.OptionArea()[244] >> 4, 0);
+  EXPECT_EQ(Verdict(writer, 16), 1);
+  EXPECT_EQ(writer.OptionArea()[244] >> 4, 1);
+  EXPECT_EQ(Verdict(writer, 16), 3);
+}
+
+class StandinFiles : public Bench {};
+
+TEST_F(StandinFiles, TheJobOutlivesARestart) {
+  WriterModel before;
+  LoadJob(before, Option(17, 17, 0x01), {5, 6});
+  Verdict(before, 16);
+  ASSERT_TRUE(before.Save(Path("state")));
+  WriterModel after(2);
+  ASSERT_TRUE(after.Restore(Path("state")));
+  EXPECT_EQ(after.DataArea(), (Bytes{5, 6}));
+  EXPECT_EQ(after.Memory(), before.Memory());
+  EXPECT_EQ(Verdict(after, 16), 3);  // the limit is still used up
+
+  Bytes state = Contents("state");
+  for (const std::size_t length : {std::size_t{0}, std::size_t{11}, std::size_t{100}, state.size() - 1}) {
+    Bench::Write("cut", std::span(state).first(length));
+    WriterModel fresh;
+    EXPECT_FALSE(fresh.Restore(Path("cut"))) << length;
+    EXPECT_TRUE(fresh.DataArea().empty());
+  }
+}
+
+}  // namespace
+}  // namespace pyxis::test
