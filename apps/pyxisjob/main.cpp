@@ -13,6 +13,7 @@
 #include "system/system_clock.h"
 #include "system/system_language.h"
 #include "system/vendor_library.h"
+#include "system/windows_pipes.h"
 
 namespace pyxis::job {
 
@@ -48,6 +49,10 @@ int main(int argc, char** argv) {
   SystemLanguage language;
   LibusbHost usb;
   VendorLibrary vendor;
+#ifdef _WIN32
+  WindowsPipes pipes;
+  TheMachine().pipes = &pipes;
+#endif
   TheMachine().op = &job.op;
   TheMachine().clock = &clock;
   TheMachine().language = &language;

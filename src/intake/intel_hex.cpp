@@ -1,4 +1,5 @@
 #include <algorithm>
+#include <array>
 #include <cstring>
 #include <vector>
 
@@ -18,13 +19,19 @@ constexpr std::size_t kLongestLine = 255;  // a longer line is taken in pieces
 
 std::uint8_t ImageBuffer[kImageBufferSize + 2];
 
-// Value of a hexadecimal digit, or -1.
-constexpr int DigitValue(char c) {
-  if (c >= '0' && c <= '9') return c - '0';
-  if (c >= 'A' && c <= 'F') return c - 'A' + 10;
-  if (c >= 'a' && c <= 'f') return c - 'a' + 10;
-  return -1;
+constexpr std::array<std::int8_t, 256> MakeDigits() {
+  std::array<std::int8_t, 256> digits{};
+  digits.fill(-1);
+  for (int i = 0; i < 10; ++i) digits[static_cast<std::size_t>('0' + i)] = static_cast<std::int8_t>(i);
+  for (int i = 0; i < 6; ++i)
+    digits[static_cast<std::size_t>('A' + i)] = digits[static_cast<std::size_t>('a' + i)] =
+        static_cast<std::int8_t>(10 + i);
+  return digits;
 }
+constexpr std::array<std::int8_t, 256> kDigits = MakeDigits();
+
+// Value of a hexadecimal digit, or -1.
+constexpr int DigitValue(char c) { return kDigits[static_cast<unsigned char>(c)]; }
 
 void FillImageBuffer(int mode) {
   if (mode == kReadBlankWords) {

@@ -5,6 +5,8 @@
 #include "link/writer_commands.h"
 #include "link/writer_link.h"
 #include "platform/byte_order.h"
+#include "platform/machine.h"
+#include "platform/main_view.h"
 #include "shell/app_state.h"
 #include "shell/main_controls.h"
 
@@ -31,15 +33,16 @@ void BeginSteps(std::uint32_t length, int position) {
   SetProgressPosition(position);
 }
 
-void ShowStep(int step) {
-  if (ShowsProgress()) SetProgressPosition(step);
+// Nothing changes ProgressMode within a command.
+void ShowStep(bool shows, int step) {
+  if (shows) SetProgressPosition(step);
 }
 
 // Sends let paints through around each transfer; receives don't.
-bool PaintedWrite(const std::uint8_t* data, std::uint32_t count) {
-  PumpPaint();
+bool PaintedWrite(MainView& view, const std::uint8_t* data, std::uint32_t count) {
+  view.PumpPaint();
   const bool good = LinkWrite(data, count);
-  PumpPaint();
+  view.PumpPaint();
   return good;
 }
 
@@ -61,20 +64,22 @@ int SendBlock(const std::uint8_t* data, std::uint32_t length, std::uint8_t opcod
   BeginProgress();
   if (!FrameLinkOpen() || data == nullptr) return 0;
   const CommandBlock block = MakeCommandBlock(length, opcode);
-  if (!PaintedWrite(block.data(), kFrameBlockSize)) return 0;
+  MainView& view = *TheMachine().view;
+  if (!PaintedWrite(view, block.data(), kFrameBlockSize)) return 0;
 
   BeginSteps(length, 1);
+  const bool shows = ShowsProgress();
   int step = 1;
   for (std::uint32_t sent = 0; sent < length; ++step) {
     const std::uint32_t chunk = std::min(length - sent, kChunkSize);
-    PaintedWrite(data + sent, chunk);  // a damaged transfer shows in the read-back
-    ShowStep(step);
+    PaintedWrite(view, data + sent, chunk);  // a damaged transfer shows in the read-back
+    ShowStep(shows, step);
     sent += chunk;
   }
-  PumpPaint();
+  view.PumpPaint();
   const int result = ReadStatus();
-  PumpPaint();
-  ShowStep(step);
+  view.PumpPaint();
+  ShowStep(shows, step);
   return result;
 }
 
@@ -85,15 +90,16 @@ int ReceiveBlock(std::uint8_t* buffer, std::uint32_t length, std::uint8_t opcode
   if (!LinkWrite(block.data(), kFrameBlockSize)) return 0;
 
   BeginSteps(length, 0);
+  const bool shows = ShowsProgress();
   int step = 1;
   for (std::uint32_t received = 0; received < length; ++step) {
     const std::uint32_t chunk = std::min(length - received, kChunkSize);
     LinkRead(buffer + received, chunk);
-    ShowStep(step);
+    ShowStep(shows, step);
     received += chunk;
   }
   const int result = ReadStatus();
-  ShowStep(step);
+  ShowStep(shows, step);
   return result;
 }
 

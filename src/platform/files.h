@@ -40,11 +40,30 @@ std::optional<std::vector<std::uint8_t>> ReadForUpdate(const std::string& name);
 // All bytes of an open stream from its start, or nothing when the read fails.
 std::optional<std::vector<std::uint8_t>> ReadStream(std::FILE* file);
 
-// Create-always, written in place. False when the file can't be created or a byte couldn't be written.
+// Replaces the whole file, in place. False when the file can't be created or a byte couldn't be written.
 bool WriteWholeFile(const std::string& name, std::span<const std::uint8_t> bytes);
 
 // Length of an open stream in bytes; the position is kept.
 long FileLength(std::FILE* file);
+
+// A file that takes new contents in place of the old: created if need be, overwritten and cut to length by Write. It is
+// empty when the object ends without a good Write. Overwriting spares the file system the cost of freeing the old
+// contents first, which is most of the time of a small conversion.
+class ReplacedFile {
+ public:
+  ReplacedFile() = default;
+  explicit ReplacedFile(const std::string& name);
+  ~ReplacedFile();
+  ReplacedFile(ReplacedFile&& other) noexcept;
+  ReplacedFile& operator=(ReplacedFile&& other) noexcept;
+  bool IsOpen() const { return descriptor_ >= 0; }
+  // Once; closes the file. False when not every byte could be written.
+  bool Write(std::span<const std::uint8_t> bytes);
+
+ private:
+  void Close(bool keep);
+  int descriptor_ = -1;
+};
 
 // Closes and tells whether everything that was written has reached the file (a full disk shows here at the latest).
 bool CloseFile(File file);

@@ -1,11 +1,13 @@
 #include "platform/files.h"
 
+#include <fcntl.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
 #include <algorithm>
 #include <filesystem>
 #include <system_error>
+#include <utility>
 
 #include "platform/text.h"
 
@@ -98,11 +100,43 @@ bool CloseFile(File file) {
   return (std::fclose(file.release()) == 0) && good;
 }
 
+ReplacedFile::ReplacedFile(const std::string& name) {
+  descriptor_ = ::open(ResolvePath(name).c_str(), O_RDWR | O_CREAT | O_CLOEXEC, 0666);
+}
+
+ReplacedFile::~ReplacedFile() { Close(false); }
+
+ReplacedFile::ReplacedFile(ReplacedFile&& other) noexcept : descriptor_(std::exchange(other.descriptor_, -1)) {}
+
+ReplacedFile& ReplacedFile::operator=(ReplacedFile&& other) noexcept {
+  std::swap(descriptor_, other.descriptor_);
+  return *this;
+}
+
+void ReplacedFile::Close(bool keep) {
+  if (descriptor_ < 0) return;
+  if (!keep) static_cast<void>(::ftruncate(descriptor_, 0) == 0);
+  ::close(std::exchange(descriptor_, -1));
+}
+
+bool ReplacedFile::Write(std::span<const std::uint8_t> bytes) {
+  if (descriptor_ < 0) return false;
+  std::size_t written = 0;
+  while (written < bytes.size()) {
+    const ssize_t count = ::write(descriptor_, bytes.data() + written, bytes.size() - written);
+    if (count <= 0) break;
+    written += static_cast<std::size_t>(count);
+  }
+  struct stat info {};
+  bool good = written == bytes.size() && ::fstat(descriptor_, &info) == 0;
+  if (good && S_ISREG(info.st_mode) && static_cast<std::size_t>(info.st_size) != bytes.size())
+    good = ::ftruncate(descriptor_, static_cast<off_t>(bytes.size())) == 0;
+  Close(good);
+  return good;
+}
+
 bool WriteWholeFile(const std::string& name, std::span<const std::uint8_t> bytes) {
-  File file = OpenFile(name, "wb");
-  if (!file) return false;
-  const bool written = bytes.empty() || std::fwrite(bytes.data(), 1, bytes.size(), file.get()) == bytes.size();
-  return CloseFile(std::move(file)) && written;
+  return ReplacedFile(name).Write(bytes);
 }
 
 std::string ProgramDirectory() {

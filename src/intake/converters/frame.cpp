@@ -14,6 +14,8 @@ namespace pyxis {
 
 namespace {
 
+constexpr std::size_t kReserve = 256;
+
 std::string StemOf(const std::string& path) { return path.substr(0, path.rfind('.')); }
 
 std::array<std::uint8_t, 16> TimeStamp() {
@@ -23,11 +25,6 @@ std::array<std::uint8_t, 16> TimeStamp() {
   std::array<std::uint8_t, 16> stamp;
   for (std::size_t i = 0; i < 8; ++i) StoreLe16(stamp.data() + 2 * i, fields[i]);
   return stamp;
-}
-
-bool WriteAll(File file, const std::vector<std::uint8_t>& bytes) {
-  const bool written = bytes.empty() || std::fwrite(bytes.data(), 1, bytes.size(), file.get()) == bytes.size();
-  return CloseFile(std::move(file)) && written;
 }
 
 }  // namespace
@@ -51,10 +48,16 @@ int ConversionFrame::TellIdError(int code) const {
   return code;
 }
 
+// Most packages are about as long as their image.
+void ConversionFrame::TakeImage(std::vector<std::uint8_t> bytes) {
+  data.reserve(bytes.size() + kReserve);
+  image = Image(std::move(bytes));
+}
+
 int ConversionFrame::OpenProgramFile() {
   auto bytes = ReadForUpdate(path);
   if (!bytes) return TellOpenError(kSourceFailed, path);
-  image = Image(std::move(*bytes));
+  TakeImage(std::move(*bytes));
   return 0;
 }
 
@@ -74,10 +77,10 @@ int ConversionFrame::OpenPackages(const std::string& templateName) {
   auto bytes = ReadForUpdate(TemplatePath(templateName));
   if (!bytes) return TellOpenError(kSourceFailed, path);
   templateBytes = std::move(*bytes);
-  optionFile_ = OpenFile(OptionPackagePath(), "w+b");
-  if (!optionFile_) return TellOpenError(kOptionFailed, path);
-  dataFile_ = OpenFile(DataPackagePath(), "w+b");
-  if (!dataFile_) return TellOpenError(kDataFailed, path);
+  optionFile_ = ReplacedFile(OptionPackagePath());
+  if (!optionFile_.IsOpen()) return TellOpenError(kOptionFailed, path);
+  dataFile_ = ReplacedFile(DataPackagePath());
+  if (!dataFile_.IsOpen()) return TellOpenError(kDataFailed, path);
   option.bytes = templateBytes;
   return 0;
 }
@@ -86,7 +89,7 @@ int ConversionFrame::ReadHexImage(int mode) {
   if (ReadIntelHex(path, imagePath, mode) != 0) return TellOpenError(kReaderFailed, path);
   auto bytes = ReadForUpdate(imagePath);
   if (!bytes) return TellOpenError(kImageFailed, imagePath);
-  image = Image(std::move(*bytes));
+  TakeImage(std::move(*bytes));
   return 0;
 }
 
@@ -95,7 +98,7 @@ int ConversionFrame::ReadEepromImage() {
   if (ReadEepromBin(path, imagePath) == 0) return kSourceFailed;
   auto bytes = ReadForUpdate(imagePath);
   if (!bytes) return TellOpenError(kImageFailed, imagePath);
-  image = Image(std::move(*bytes));
+  TakeImage(std::move(*bytes));
   return 0;
 }
 
@@ -111,11 +114,11 @@ void ConversionFrame::WriteBe16(std::uint16_t word) {
 }
 
 int ConversionFrame::WritePackages() {
-  if (!WriteAll(std::move(dataFile_), data)) {
+  if (!dataFile_.Write(data)) {
     TheMachine().op->Tell(Printf("%s write file error\n", DataPackagePath().c_str()), kPlainCaption);
     return kDataFailed;
   }
-  if (!WriteAll(std::move(optionFile_), option.bytes)) {
+  if (!optionFile_.Write(option.bytes)) {
     TheMachine().op->Tell(Printf("%s write file error\n", OptionPackagePath().c_str()), kPlainCaption);
     return kOptionFailed;
   }

@@ -72,10 +72,11 @@ class ConversionFrame {
   std::vector<std::uint8_t> data;  // DataPackage
 
  private:
+  void TakeImage(std::vector<std::uint8_t> bytes);
   int WritePackages();
 
   bool massProduction_;
-  File optionFile_, dataFile_;
+  ReplacedFile optionFile_, dataFile_;
 };
 
 // EXHV ISP, then ISP, as the classes B and C write it into IspFlags.

@@ -1,0 +1,21 @@
+// The pipes of the device-interface driver, on Windows.
+#pragma once
+
+#ifdef _WIN32
+
+#include "platform/device_pipes.h"
+
+namespace pyxis {
+
+class WindowsPipes : public DevicePipes {
+ public:
+  std::vector<std::string> InterfacePaths() override;
+  Handle Open(const std::string& path, int& error) override;
+  bool Write(Handle handle, const std::uint8_t* data, std::uint32_t count) override;
+  bool Read(Handle handle, std::uint8_t* data, std::uint32_t count) override;
+  void Close(Handle handle) override;
+};
+
+}  // namespace pyxis
+
+#endif
