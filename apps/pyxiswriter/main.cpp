@@ -3,10 +3,12 @@
 #include <csignal>
 #include <cstdio>
 #include <map>
+#include <optional>
 #include <string>
 
 #include "shell/app_state.h"
 #include "standin/local_server.h"
+#include "standin/redirection.h"
 #include "standin/socket_path.h"
 
 namespace {
@@ -29,12 +31,14 @@ int main(int argc, char** argv) {
   std::string identity;
   ChipState chip = ChipState::Blank;
   bool log = false;
+  std::uint16_t port = 0;
   int failTask = 0;
   long damageByte = -1;
   bool noVerdict = false;
 
   CLI::App app{"A stand-in for the writer, for work without the hardware"};
   app.add_option("--socket", socket, "local socket that programs reach it by")->capture_default_str();
+  app.add_option("--usbredir", port, "TCP port of this machine for a virtual machine's USB redirection");
   app.add_option("--state", state, "file that keeps the job over a restart");
   app.add_option("--model", model)->transform(
       CLI::CheckedTransformer(std::map<std::string, int>{{"KM48", kModelKm48}, {"KM49", kModelKm49}}));
@@ -64,11 +68,25 @@ int main(int argc, char** argv) {
     std::fprintf(stderr, "can't listen on %s\n", socket.c_str());
     return 1;
   }
+  std::optional<RedirectionServer> redirection;
+  if (port != 0) {
+    redirection.emplace(writer, port);
+    if (!redirection->Listening()) {
+      std::fprintf(stderr, "can't listen on port %d\n", port);
+      return 1;
+    }
+  }
   struct sigaction action {};
   action.sa_handler = Stop;
   sigaction(SIGINT, &action, nullptr);
   sigaction(SIGTERM, &action, nullptr);
-  while (stopAsked == 0 && server.Serve(kServeMs)) {
+  while (stopAsked == 0) {
+    std::vector<pollfd> waits;
+    server.AddWaits(waits);
+    if (redirection) redirection->AddWaits(waits);
+    if (poll(waits.data(), waits.size(), kServeMs) <= 0) continue;
+    server.Serve(0);
+    if (redirection) redirection->Serve();
   }
   bool good = true;
   if (!state.empty() && !writer.Save(state)) {

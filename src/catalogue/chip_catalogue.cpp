@@ -52,12 +52,16 @@ constexpr auto MakeCaptions() {
 }
 constexpr auto kCaptions = MakeCaptions();
 
-// The IC that a label belongs to: all of the label, or what stands before "_".
-constexpr const Ic& IcOf(std::string_view label) {
-  for (const Ic& ic : kIcs) {
-    const std::string_view name = ic.ChipName;
-    if (label == name || (label.starts_with(name) && label[name.size()] == '_')) return ic;
-  }
+// A label is all of the IC's name, or the name, "_" and pin counts. Written out, because library calls are too many steps
+// for some compilers' constant evaluation.
+constexpr bool BelongsTo(const char* label, const char* name) {
+  while (*name != '\0' && *label == *name) ++label, ++name;
+  return *name == '\0' && (*label == '\0' || *label == '_');
+}
+
+constexpr const Ic& IcOf(const char* label) {
+  for (const Ic& ic : kIcs)
+    if (BelongsTo(label, ic.ChipName)) return ic;
   throw "a label without an IC";  // fails the constant evaluation below
 }
 

@@ -1,6 +1,5 @@
 #include "standin/local_server.h"
 
-#include <poll.h>
 #include <sys/socket.h>
 #include <sys/un.h>
 #include <unistd.h>
@@ -54,10 +53,15 @@ LocalServer::~LocalServer() {
   unlink(path_.c_str());
 }
 
+void LocalServer::AddWaits(std::vector<pollfd>& waits) const {
+  waits.push_back({listener_, POLLIN, 0});
+  for (const auto& [client, pending] : clients_) waits.push_back({client, POLLIN, 0});
+}
+
 bool LocalServer::Serve(int timeoutMs) {
   if (listener_ < 0) return false;
-  std::vector<pollfd> waits{{listener_, POLLIN, 0}};
-  for (const auto& [client, pending] : clients_) waits.push_back({client, POLLIN, 0});
+  std::vector<pollfd> waits;
+  AddWaits(waits);
   if (poll(waits.data(), waits.size(), timeoutMs) <= 0) return true;
   if (waits[0].revents != 0) Accept();
   for (std::size_t i = 1; i < waits.size(); ++i)

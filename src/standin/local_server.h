@@ -1,6 +1,8 @@
 // The local-socket door of the stand-in writer.
 #pragma once
 
+#include <poll.h>
+
 #include <map>
 #include <string>
 #include <vector>
@@ -17,6 +19,7 @@ class LocalServer {
   LocalServer& operator=(const LocalServer&) = delete;
 
   bool Listening() const { return listener_ >= 0; }
+  void AddWaits(std::vector<pollfd>& waits) const;
   // Serves whatever waits, for at most that long. False when the listener is gone.
   bool Serve(int timeoutMs);
 

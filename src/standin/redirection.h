@@ -1,0 +1,55 @@
+// The USB redirection door: the stand-in writer as a device that a virtual machine's usb-redir sees, so that a guest with
+// a real kernel and the real libusb reaches the same model.
+#pragma once
+
+#include <poll.h>
+
+#include <cstdint>
+#include <memory>
+#include <vector>
+
+#include "standin/frame_door.h"
+
+struct usbredirparser;
+
+namespace pyxis::standin {
+
+// One connection, on a socket that it owns.
+class Redirection {
+ public:
+  Redirection(WriterModel& model, int socket);
+  ~Redirection();
+  Redirection(const Redirection&) = delete;
+  Redirection& operator=(const Redirection&) = delete;
+
+  pollfd Wait() const;
+  bool Serve();  // whatever can be read and written now; false: the peer has gone or talks nonsense
+
+ private:
+  struct Callbacks;
+  void Announce();
+  FrameDoor door_;
+  int socket_;
+  bool announced_ = false;
+  usbredirparser* parser_;
+};
+
+// Listens on a TCP port of this machine alone; one guest at a time.
+class RedirectionServer {
+ public:
+  RedirectionServer(WriterModel& model, std::uint16_t port);
+  ~RedirectionServer();
+  RedirectionServer(const RedirectionServer&) = delete;
+  RedirectionServer& operator=(const RedirectionServer&) = delete;
+
+  bool Listening() const { return listener_ >= 0; }
+  void AddWaits(std::vector<pollfd>& waits) const;
+  void Serve();
+
+ private:
+  WriterModel& model_;
+  int listener_ = -1;
+  std::unique_ptr<Redirection> guest_;
+};
+
+}  // namespace pyxis::standin
