@@ -77,7 +77,7 @@ constexpr ChipEntry MakeEntry(const ListRow& row) {
           ic.ticks.blank,
           ic.ticks.program,
           ic.ticks.verify,
-          row.masks != nullptr ? *row.masks : ic.masks,
+          row.masks[0] != 0 ? row.masks : ic.masks,
           row.readSizeBytes != 0 ? row.readSizeBytes : ic.ReadSizeBytes,
           ic.ReadSwapBytes,
           ic.HasIspProgram};

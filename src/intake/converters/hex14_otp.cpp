@@ -57,7 +57,7 @@ void PatchOption(const Hex14OtpRow& row, std::uint16_t config, ConversionFrame& 
   option.Put(Field::PartialChecksum, app.PartialChecksum);
   if (row.protectByte && (config & kProtectBit) == 0) option.PutAt(Field::ProtectFlags.offset, kFlagSet);
   option.Put(Field::DualStart, app.DualSkip);
-  option.Put(Field::ProgramParameter, row.byte72 << 8 | (dual ? row.dualByte73 : 0xFF));
+  option.Put(Field::ProgramParameter, std::uint32_t{row.byte72} << 8 | (dual ? row.dualByte73 : 0xFFU));
   if (row.isp == IspByte::ExhvIsp) option.Put(Field::IspFlags, frame.request.ExhvIsp ? 1 : 0);
   if (row.isp == IspByte::DualMode) option.Put(Field::IspFlags, dual ? kFlagSet : 0);
 }
