@@ -5,6 +5,7 @@
 #include <unistd.h>
 
 #include <algorithm>
+#include <cerrno>
 #include <filesystem>
 #include <system_error>
 #include <utility>
@@ -124,6 +125,7 @@ bool ReplacedFile::Write(std::span<const std::uint8_t> bytes) {
   std::size_t written = 0;
   while (written < bytes.size()) {
     const ssize_t count = ::write(descriptor_, bytes.data() + written, bytes.size() - written);
+    if (count < 0 && errno == EINTR) continue;
     if (count <= 0) break;
     written += static_cast<std::size_t>(count);
   }

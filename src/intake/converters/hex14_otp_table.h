@@ -49,7 +49,6 @@ struct Hex14OtpRow {
 inline constexpr SerialMove kNoLimit{0, 0, nullptr};
 inline constexpr SerialMove k3fb{2, 1020, "S/N End Address > 0x3fb"};
 inline constexpr SerialMove k3fc{2, 1020, "S/N End Address > 0x3fc"};
-inline constexpr SerialMove k3fbHigh{2, 1020, "S/N End Address > 0x3fb"};  // the 4 K ICs without the configuration gap
 inline constexpr SerialMove k7fc{2, 2044, "S/N End Address > 0x7fc"};
 inline constexpr SerialMove kffc{2, 4092, "S/N End Address > 0xffc"};
 inline constexpr SerialMove kffcFar{8, 4092, "S/N End Address > 0xffc"};
@@ -107,8 +106,8 @@ inline constexpr std::array<Hex14OtpRow, 60> kHex14OtpTable{{
     {0x27506, "QV8503_8XX", 2044, 2044, 2046, 0x50, 3, 3, 0x400, 0x231F, 0x8E, 0xFD, 0, 0, 0x1F,  0x0,  true,  false, IspByte::Template,   UsedWords::Tracked, kWrongId,     k7fc},
     {0x27502, "QV8374",     2044, 2044, 2046, 0x50, 3, 3, 0x400, 0x231F, 0x8E, 0xFD, 0, 0, 0x1F,  0x0,  true,  false, IspByte::Template,   UsedWords::Tracked, kWrongId,     k7fc},
     {0x27504, "QV8375",     2044, 2044, 2046, 0x50, 3, 3, 0x400, 0x231F, 0x8E, 0xFD, 0, 0, 0x1F,  0x0,  true,  false, IspByte::Template,   UsedWords::Tracked, kWrongId,     k7fc},
-    {0x2803,  "QV8347",     4091, 4092, 4093, 0x03, 3, 2, 0x800, 0x201F, 0x9E, 0xFB, 0, 1, 0x1F,  0x0,  false, false, IspByte::ExhvIsp,    UsedWords::Tracked, kWrongId,     k3fbHigh},
-    {0x28031, "QV8378",     4091, 4092, 4093, 0x03, 3, 3, 0x800, 0x201F, 0x9E, 0xFB, 0, 1, 0x1F,  0x0,  false, false, IspByte::ExhvIsp,    UsedWords::Tracked, kWrongId,     k3fbHigh},
+    {0x2803,  "QV8347",     4091, 4092, 4093, 0x03, 3, 2, 0x800, 0x201F, 0x9E, 0xFB, 0, 1, 0x1F,  0x0,  false, false, IspByte::ExhvIsp,    UsedWords::Tracked, kWrongId,     k3fb},
+    {0x28031, "QV8378",     4091, 4092, 4093, 0x03, 3, 3, 0x800, 0x201F, 0x9E, 0xFB, 0, 1, 0x1F,  0x0,  false, false, IspByte::ExhvIsp,    UsedWords::Tracked, kWrongId,     k3fb},
     {0x27091, "QV8336",     4092, 4092, 4094, 0x09, 3, 1, 0x000, 0x203F, 0x9E, 0xFF, 0, 0, 0x1F,  0x0,  false, true,  IspByte::Template,   UsedWords::Length,  kImageFailed, kNoLimit},
     {0x2709,  "QV8344",     4092, 4092, 4094, 0x09, 3, 2, 0x800, 0x203F, 0x9E, 0xFD, 0, 0, 0x1F,  0x0,  true,  true,  IspByte::Template,   UsedWords::Tracked, kWrongId,     kffcFar},
     {0x2728,  "QV8368",     4092, 4092, 4094, 0x28, 3, 2, 0x800, 0x203F, 0x9E, 0xFD, 0, 0, 0x1F,  0x0,  true,  false, IspByte::Template,   UsedWords::Tracked, kWrongId,     kffc},

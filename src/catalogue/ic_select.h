@@ -1,0 +1,50 @@
+// The dialog IC Type Select.
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <string>
+#include <vector>
+
+namespace pyxis {
+
+class CIcSelectDlg {
+ public:
+  struct CheckBox {
+    bool enabled = true;
+    bool checked = false;
+  };
+
+  // False when no known writer has answered: the operator has been told, and the dialog counts as cancelled.
+  bool OnInitDialog();
+  void OnSeriesChange(int position);
+  void OnTypeChange(int position);
+  void OnDisplaySerial(bool checked);
+  void OnMassProduction(bool checked);
+  void OnProductionLimit(bool checked);
+  void OnExhvIsp(bool checked);
+  void OnIsp(bool checked);
+  // False, with the operator told, when the text is no number from 1 to 99999999.
+  bool OnLimitText(const std::string& text);
+  // True when the dialog may close.
+  bool OnOk();
+
+  std::vector<std::string> seriesList, typeList;
+  int seriesPosition = 0, typePosition = 0;
+  CheckBox displaySerial, exhvIsp, isp, massProduction, productionLimit;
+  bool limitEditEnabled = false;
+  std::string limitText = "1";
+
+  // The result.
+  int seriesIndex = 0, typeIndex = 0;  // in the catalogue
+  std::string chipName, seriesCaption;
+  int displaySerialValue = 0, exhvIspValue = 0, massProductionValue = 0, productionLimitValue = 0, ispValue = 0;
+  std::int32_t productionLimitCount = 1;
+  std::function<void()> Changed = [] {};
+
+ private:
+  void TakeControls();  // the check values into the result
+  bool TakeLimit();     // the limit's text into the result
+};
+
+}  // namespace pyxis

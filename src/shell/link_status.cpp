@@ -1,0 +1,29 @@
+#include "shell/link_status.h"
+
+#include <cstring>
+
+#include "link/identification.h"
+#include "platform/machine.h"
+#include "platform/main_view.h"
+#include "shell/app_state.h"
+#include "shell/main_controls.h"
+
+namespace pyxis {
+
+namespace {
+// A known writer's identity without its version ending.
+constexpr std::size_t kShownIdentity = 21;
+}  // namespace
+
+void ShowLinkStatus() {
+  CProgStatusBar& bar = TheMainControls().statusBar;
+  bar.pane1 = " ";
+  std::array<char, kIdentitySize + 1> identity;
+  ReadIdentityText(identity);
+  bar.connectedIcon = TheAppState().WriterConnected != 0;
+  bar.pane1 = bar.connectedIcon ? std::string(identity.data(), strnlen(identity.data(), kShownIdentity))
+                                : std::string("USB was not connected");
+  TheMachine().view->ControlsChanged();
+}
+
+}  // namespace pyxis
