@@ -5,13 +5,12 @@
 
 #include "intake/convert.h"
 #include "intake/load_file.h"
-#include "intake/package_files.h"
 #include "job.h"
 #include "link/identification.h"
-#include "link/writer_commands.h"
 #include "options/option_select.h"
 #include "platform/text.h"
 #include "shell/app_state.h"
+#include "shell/start_up.h"
 
 namespace pyxis::job {
 
@@ -21,14 +20,6 @@ struct LoadArguments {
   ChipOptions chip;
   std::string file;
 };
-
-// At IC selection either witness of the model is enough, unlike at start.
-void SettleModel() {
-  AppState& app = TheAppState();
-  const std::uint8_t block = FieldByte(app.WriterInfoBlock, Field::WriterModelByte);
-  const auto names = [&](std::uint8_t model) { return block == model || app.ModelRegister == model; };
-  app.WriterModel = names(kRegisterKm48) ? kModelKm48 : names(kRegisterKm49) ? kModelKm49 : kModelNone;
-}
 
 // The buttons of Option Select 1 from the bits of --option-value; without that option the dialog counts as cancelled.
 DialogEnd AnswerOptions(COptionSelectDlg& dialog, std::uint32_t optionValue) {
@@ -45,7 +36,7 @@ bool Loaded(const Job& job) {
 
 void Load(Job& job, const LoadArguments& arguments, bool optionsGiven) {
   if (!Connect(job)) return Report(job, "load", false);
-  SettleModel();
+  SettleModelAtSelection();
   if (!SelectChip(arguments.chip)) {
     job.exitCode = kExitUsage;
     CloseTransport();

@@ -13,7 +13,7 @@
 #include "platform/main_view.h"
 #include "platform/operator.h"
 #include "platform/text.h"
-#include "serial/sn_buttons.h"
+#include "serial/sn_run.h"
 #include "shell/app_state.h"
 #include "shell/main_controls.h"
 #include "view/show_file.h"
@@ -133,7 +133,7 @@ void Run(const ChipEntry& row, const std::string& path) {
   }
   if (app.WriterConnected != 0) ReadInfoBlock(app.WriterInfoBlock);
   RestoreDisplay();
-  SwitchTaskButtonsBySnMode();
+  BringSnProgressUpToDate();
   PaintNow();
 }
 

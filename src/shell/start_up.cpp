@@ -23,4 +23,15 @@ void IdentifyAtStart() {
   ReadFirmwareBytes();
 }
 
+void SettleModelAtSelection() {
+  AppState& app = TheAppState();
+  app.ModelRegister = 0;
+  app.ModelRegister = PeekByte(address::kModel);
+  app.WriterInfoBlock[Field::WriterModelByte.offset] = 0;
+  ReadInfoBlock(app.WriterInfoBlock);
+  const std::uint8_t block = FieldByte(app.WriterInfoBlock, Field::WriterModelByte);
+  const auto names = [&](std::uint8_t model) { return block == model || app.ModelRegister == model; };
+  app.WriterModel = names(kRegisterKm48) ? kModelKm48 : names(kRegisterKm49) ? kModelKm49 : kModelNone;
+}
+
 }  // namespace pyxis

@@ -7,4 +7,7 @@ namespace pyxis {
 // register and the block's byte, must agree.
 void IdentifyAtStart();
 
+// The model anew at IC selection: here either witness is enough. Reads the block as well.
+void SettleModelAtSelection();
+
 }  // namespace pyxis

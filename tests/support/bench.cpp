@@ -8,6 +8,8 @@
 #include "link/writer_link.h"
 #include "platform/files.h"
 #include "platform/machine.h"
+#include "serial/sn_record.h"
+#include "serial/sn_run.h"
 #include "shell/app_state.h"
 #include "shell/main_controls.h"
 #include "view/show_file.h"
@@ -20,6 +22,8 @@ void ResetEverything() {
   ResetMainControls();
   ResetWriterLink();
   TheShownFile() = ShownFile{};
+  ResetSnRecord();
+  SnProgressDlg().reset();
 }
 
 Bench::Bench() {

@@ -1,0 +1,33 @@
+// A big number of the library, released with the object.
+#pragma once
+
+#include <string>
+
+#include "platform/big_digit.h"
+
+namespace pyxis {
+
+class BigNumber {
+ public:
+  BigNumber() : number_(bdNew()) {}
+  ~BigNumber() { bdFree(&number_); }
+  BigNumber(const BigNumber&) = delete;
+  BigNumber& operator=(const BigNumber&) = delete;
+
+  void TakeHex(const std::string& text) { bdConvFromHex(number_, text.c_str()); }
+  std::string Hex() const;  // upper case, without leading zeros
+  void SetZero() { bdSetZero(number_); }
+  void SetSum(const BigNumber& a, const BigNumber& b) { bdAdd(number_, a.number_, b.number_); }
+  void Increment() { bdIncrement(number_); }
+  void Decrement() { bdDecrement(number_); }
+  bool Equals(const BigNumber& other) const { return bdIsEqual(number_, other.number_) != 0; }
+  bool IsZero() const { return bdIsZero(number_) != 0; }
+
+ private:
+  BD number_;
+};
+
+// Without a leading "0x", which the number fields let in.
+std::string WithoutPrefix(const std::string& text);
+
+}  // namespace pyxis

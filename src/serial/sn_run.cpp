@@ -1,0 +1,137 @@
+#include "serial/sn_run.h"
+
+#include "link/writer_commands.h"
+#include "operations/tasks.h"
+#include "platform/machine.h"
+#include "platform/main_view.h"
+#include "platform/operator.h"
+#include "platform/text.h"
+#include "serial/sn_buttons.h"
+#include "serial/sn_record.h"
+#include "serial/sn_set.h"
+#include "shell/app_state.h"
+#include "shell/main_controls.h"
+
+namespace pyxis {
+
+namespace {
+
+constexpr std::size_t kLongestChipText = 10;
+
+std::unique_ptr<CSnProgramDlg> snProgressDlg;
+
+}  // namespace
+
+CSnProgramDlg::CSnProgramDlg(bool snFromIcSelection) : SnFromIcSelection(snFromIcSelection) {}
+
+void CSnProgramDlg::ShowCounters() {
+  SnRecord& record = TheSnRecord();
+  okText = record.SnOkText = okCount_.Hex();
+  ngText = record.SnNgText = ngCount_.Hex();
+  totalText = record.SnTotalText = totalCount_.Hex();
+  Changed();
+}
+
+void CSnProgramDlg::OnInitDialog() {
+  const SnRecord& record = TheSnRecord();
+  RefreshFields();
+  if (!SnFromIcSelection) {
+    startText = record.SnStartText;
+    endText = record.SnEndText;
+  }
+  snProgramEnabled = false;
+  ShowCounters();
+}
+
+void CSnProgramDlg::RefreshFields() {
+  const SnRecord& record = TheSnRecord();
+  chipText = TheAppState().SelectedChip.substr(0, kLongestChipText);
+  startText = HexPadded(record.SnStartText);
+  endText = HexPadded(record.SnEndText);
+  startAddressText = Printf("%04X", record.SnStartAddress);
+  endAddressText = Printf("%04X", record.SnEndAddress);
+  Changed();
+}
+
+void CSnProgramDlg::OnSnSet() {
+  const AppState& app = TheAppState();
+  CSnSetDlg dialog(SnFromIcSelection, app.ExhvIsp != 0, app.IspProgram != 0);
+  dialog.OnInitDialog();
+  const bool loaded = TheMachine().op->RunDialog(dialog) == DialogEnd::Ok;
+  snProgramEnabled = loaded && app.SnLoaded != 0;
+  if (loaded) RefreshFields();
+  Changed();
+}
+
+void CSnProgramDlg::OnSnProgram() {
+  const AppState& app = TheAppState();
+  SnRecord& record = TheSnRecord();
+  totalCount_.Increment();
+  ShowCounters();
+  const bool good =
+      SnFromIcSelection ? RunTask(task::kAuto, app.AutoTicks) : RunTask(task::kProgram, app.ProgramTicks);
+  if (!good) {
+    ngCount_.Increment();
+    ShowCounters();
+    return;
+  }
+  workSerial_.TakeHex(record.SnStartText);
+  workSerial_.Increment();
+  record.SnStartText = workSerial_.Hex();
+  okCount_.Increment();
+  startText = HexPadded(record.SnStartText);
+  ShowCounters();
+  endSerial_.TakeHex(record.SnEndText);
+  workSerial_.Decrement();  // the serial that this chip received
+  if (!workSerial_.Equals(endSerial_)) return;
+  snProgramEnabled = false;
+  Changed();
+  TheMachine().op->Tell("Serial Number Program Complete");
+}
+
+void CSnProgramDlg::OnResetCount() {
+  okCount_.SetZero();
+  ngCount_.SetZero();
+  totalCount_.SetZero();
+  ShowCounters();
+}
+
+void CSnProgramDlg::OnClose() {
+  AppState& app = TheAppState();
+  ResetSnRecord();
+  OnResetCount();
+  SnFromIcSelection = false;
+  ended = true;
+  if (app.WriterConnected != 0) ReadInfoBlock(app.WriterInfoBlock);
+  app.SnMode = 0;
+  if (snProgressDlg) snProgressDlg->visible = false;
+  if (app.WriterConnected != 0) SwitchTaskButtonsBySnMode();
+  TheMachine().view->SnProgressChanged();
+}
+
+std::unique_ptr<CSnProgramDlg>& SnProgressDlg() { return snProgressDlg; }
+
+void BringSnProgressUpToDate() {
+  const AppState& app = TheAppState();
+  if (!snProgressDlg) {
+    snProgressDlg = std::make_unique<CSnProgramDlg>(app.SnMode != 0);
+    snProgressDlg->OnInitDialog();
+  }
+  CSnProgramDlg& dialog = *snProgressDlg;
+  dialog.SnFromIcSelection = app.SnMode != 0;
+  dialog.ended = false;
+  dialog.snSetEnabled = false;
+  dialog.snProgramEnabled = true;
+  dialog.visible = app.SnMode != 0;
+  dialog.RefreshFields();
+  SwitchTaskButtonsBySnMode();
+  TheMachine().view->SnProgressChanged();
+}
+
+void OnSerialNumberProgram() {
+  CSnProgramDlg dialog(false);
+  dialog.OnInitDialog();
+  TheMachine().op->RunDialog(dialog);
+}
+
+}  // namespace pyxis

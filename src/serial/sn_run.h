@@ -1,0 +1,47 @@
+// The dialog Serial Number Program: chip by chip to the end of a run.
+#pragma once
+
+#include <functional>
+#include <memory>
+#include <string>
+
+#include "serial/big_number.h"
+
+namespace pyxis {
+
+class CSnProgramDlg {
+ public:
+  explicit CSnProgramDlg(bool snFromIcSelection);
+
+  void OnInitDialog();
+  void OnSnProgram();   // the default button
+  void OnSnSet();
+  void OnResetCount();
+  void OnClose();
+
+  // Fields from SnRecord, as Load File wants them on the modeless instance.
+  void RefreshFields();
+
+  std::string chipText, startText, endText, startAddressText, endAddressText, okText, ngText, totalText;
+  bool snProgramEnabled = false;
+  bool snSetEnabled = true;
+  bool visible = false;  // of the modeless instance
+  bool ended = false;    // of a modal run
+  bool SnFromIcSelection;
+  std::function<void()> Changed = [] {};
+
+ private:
+  void ShowCounters();
+  BigNumber okCount_, ngCount_, totalCount_, workSerial_, endSerial_;
+};
+
+// The one modeless instance of Load File; null before the first run.
+std::unique_ptr<CSnProgramDlg>& SnProgressDlg();
+
+// Load File's last step: creates or refreshes the instance, shows or hides it by SnMode, and switches the four buttons.
+void BringSnProgressUpToDate();
+
+// The menu command Serial Number Program.
+void OnSerialNumberProgram();
+
+}  // namespace pyxis

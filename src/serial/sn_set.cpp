@@ -1,0 +1,166 @@
+#include "serial/sn_set.h"
+
+#include <algorithm>
+#include <array>
+
+#include "intake/file_readers.h"
+#include "intake/package_files.h"
+#include "link/writer_commands.h"
+#include "operations/download.h"
+#include "platform/byte_order.h"
+#include "platform/clock.h"
+#include "platform/files.h"
+#include "platform/machine.h"
+#include "platform/operator.h"
+#include "platform/text.h"
+#include "serial/big_number.h"
+#include "serial/sn_limits.h"
+#include "serial/sn_record.h"
+#include "shell/app_state.h"
+
+namespace pyxis {
+
+namespace {
+
+constexpr std::uint32_t kSettleMs = 1500;
+constexpr std::size_t kSerialFileSize = 256;
+constexpr std::uint8_t kFixedLength = 4;
+constexpr std::uint8_t kMenuRoad = 0x10;
+constexpr std::uint8_t kSelectionRoad = 0x20;
+
+bool LengthIsGood() { return TheSnRecord().SnLength >= 1 && TheSnRecord().SnLength <= 16; }
+
+void Tell(const std::string& text) { TheMachine().op->Tell(text, kPlainCaption); }
+
+// Digits at the right end of a field of 32, two to a byte; digits beyond the field are the high ones, and are left out.
+// Conversion ends at the first character that is no digit.
+std::array<std::uint8_t, 16> ToBytes(const std::string& text) {
+  const std::size_t digits = text.find_first_not_of("0123456789abcdefABCDEF");
+  std::string field = text.substr(0, digits);
+  field = field.size() > 32 ? field.substr(field.size() - 32) : std::string(32 - field.size(), '0') + field;
+  std::array<std::uint8_t, 16> bytes;
+  for (std::size_t i = 0; i < bytes.size(); ++i)
+    bytes[i] = static_cast<std::uint8_t>(ParseHexDigits(std::string_view(field).substr(2 * i, 2), 2));
+  return bytes;
+}
+
+}  // namespace
+
+CSnSetDlg::CSnSetDlg(bool snFromIcSelection, bool exhvIsp, bool isp)
+    : snFromIcSelection_(snFromIcSelection), exhvIsp_(exhvIsp), isp_(isp) {}
+
+void CSnSetDlg::OnInitDialog() {
+  const SnRecord& record = TheSnRecord();
+  amountText = record.SnAmountText;
+  startText = HexPadded(record.SnStartText);
+  addressText = Printf("%04X", record.SnStartAddress);
+  lengthText = Printf("%X", record.SnLength);
+}
+
+void CSnSetDlg::OnLengthChange(const std::string& text) {
+  SnRecord& record = TheSnRecord();
+  lengthText = text;
+  record.SnLength = static_cast<std::uint8_t>(ParseHexDigits(WithoutPrefix(text), -1));
+  if (LengthIsGood()) {
+    record.SnStartText = startText = std::string(std::size_t{2} * record.SnLength, '0');
+    Changed();
+  } else {
+    Tell("'Input Serial Number Length Error");
+  }
+}
+
+void CSnSetDlg::OnAddressChange(const std::string& text) {
+  addressText = text;
+  TheSnRecord().SnStartAddress = ParseHexDigits(WithoutPrefix(text), -1);
+}
+
+void CSnSetDlg::OnStartChange(const std::string& text) {
+  SnRecord& record = TheSnRecord();
+  if (WithoutPrefix(text).size() > std::size_t{2} * record.SnLength) {
+    startText = record.SnStartText;
+    Changed();
+    return;
+  }
+  startText = record.SnStartText = text;
+}
+
+void CSnSetDlg::OnAmountChange(const std::string& text) { amountText = TheSnRecord().SnAmountText = text; }
+
+void CSnSetDlg::OnDirection(int direction) { TheSnRecord().SnDirection = direction == 0 ? 0 : 1; }
+
+void CSnSetDlg::OnLoad() {
+  if (!LoadSnSetup()) {
+    Changed();
+    return;
+  }
+  WaitMs(kSettleMs);
+  ended = true;
+  Changed();
+}
+
+bool CSnSetDlg::PlaceIsGood() const {
+  const SnRecord& record = TheSnRecord();
+  const std::string& chip = TheAppState().SelectedChip;
+  if (const auto fixed = FixedSnAddress(chip)) {
+    // These two are told and pass all the same.
+    if (record.SnLength != kFixedLength) Tell("S/N Length Enter 4");
+    if (record.SnStartAddress != *fixed) Tell("S/N Start Address Error");
+    return true;
+  }
+  const auto limit = SnEndLimit(chip);
+  if (!limit || *limit >= std::uint64_t{record.SnStartAddress} + record.SnLength) return true;
+  Tell(Printf("S/N End Address > 0x%X", *limit));
+  return false;
+}
+
+bool CSnSetDlg::LoadSnSetup() {
+  SnRecord& record = TheSnRecord();
+  if (!PlaceIsGood()) return false;
+  record.SnStartText = WithoutPrefix(startText);
+  BigNumber start, amount, sum;
+  start.TakeHex(record.SnStartText);
+  amount.TakeHex(WithoutPrefix(amountText));
+  sum.SetSum(start, amount);
+  record.SnEndText = sum.Hex();
+  record.SnAmountText = amount.Hex();
+  if (amount.IsZero()) {
+    Tell("Please Keyin 'S/N Amount'. ( >= 1 )");
+    return false;
+  }
+  record.SnStartBytes = ToBytes(record.SnStartText);
+  record.SnEndBytes = ToBytes(record.SnEndText);
+  sum.Decrement();
+  record.SnEndText = sum.Hex();
+  if (record.SnEndText.size() > std::size_t{2} * record.SnLength) {
+    Tell("End Serial Number > SN Length");
+    return false;
+  }
+  record.SnStartAddress = ParseHexDigits(WithoutPrefix(addressText), -1);
+  record.SnEndAddress = record.SnStartAddress + record.SnLength - 1;
+  if (WriteSerialFile() && !snFromIcSelection_) TheAppState().SnLoaded = RewriteOptionArea(SerialFilePath()) ? 1 : 0;
+  return true;
+}
+
+// The first bytes of the IC's template with the run written over them.
+bool CSnSetDlg::WriteSerialFile() const {
+  const SnRecord& record = TheSnRecord();
+  const AppState& app = TheAppState();
+  auto file = ReadWholeFile(TemplatePath(app.SelectedChip));
+  if (!file) return false;
+  file->resize(kSerialFileSize, 0xFF);
+  std::uint8_t* bytes = file->data();
+  std::uint8_t* head = bytes + Field::SerialHead.offset;
+  head[0] = static_cast<std::uint8_t>((record.SnDirection & 0x0F) | (snFromIcSelection_ ? kSelectionRoad : kMenuRoad));
+  head[1] = record.SnLength;
+  StoreBe16(head + 2, record.SnStartAddress);
+  StoreBe16(head + 4, record.SnStartAddress +
+                          (SnCountsWords(app.SelectedChip) ? record.SnLength / 2U : record.SnLength));
+  bytes[Field::IspFlags.offset] = exhvIsp_ || isp_ ? 1 : 0;
+  const auto block = file->begin() + static_cast<std::ptrdiff_t>(Field::SerialBlock.offset);
+  std::copy(record.SnStartBytes.begin(), record.SnStartBytes.end(),
+            std::copy(record.SnEndBytes.begin(), record.SnEndBytes.end(), block));
+  bytes[Field::WriterModelByte.offset] = app.WriterModel == kModelKm48 ? kRegisterKm48 : kRegisterKm49;
+  return WriteWholeFile(SerialFilePath(), *file);
+}
+
+}  // namespace pyxis

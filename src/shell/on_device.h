@@ -1,0 +1,8 @@
+// IC selection: the menu command Device and what follows the dialog.
+#pragma once
+
+namespace pyxis {
+
+void OnDevice();
+
+}  // namespace pyxis
