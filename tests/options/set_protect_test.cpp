@@ -43,6 +43,7 @@ TEST_F(SetProtect, ChangesOneBitOfTheJob) {
                         Case{"QVL12", 36, 0x20, false, true, false}, Case{"QV8348", 36, 0x20, true, true, false},
                         Case{"QV8501", 36, 0x20, true, true, false}, Case{"QVL01", 36, 0x20, true, true, false}}) {
     SCOPED_TRACE(c.chip);
+    op.optionSelect = nullptr;
     LoadSample(c.chip);
     const Bytes data = Contents(kDataPackageName);
     for (const bool protect : {true, false, true}) {
