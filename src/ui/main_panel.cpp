@@ -97,7 +97,6 @@ QWidget* MainPanel::MakeBuffer() {
   auto* area = new QPlainTextEdit(this);
   area->setReadOnly(true);
   area->setFont(hex_->font());
-  area->setLineWrapMode(QPlainTextEdit::NoWrap);
   area->setAccessibleName(QStringLiteral("Messages"));
   area->setTabStopDistance(4.0 * area->fontMetrics().horizontalAdvance(QLatin1Char('0')));
   area->setTabChangesFocus(true);

@@ -3,8 +3,8 @@
 #include <QApplication>
 #include <QCloseEvent>
 #include <QMenuBar>
+#include <QScreen>
 
-#include "shell/device_arrival.h"
 #include "ui/device_watch.h"
 #include "ui/hex_view_widget.h"
 #include "ui/main_menu.h"
@@ -17,6 +17,7 @@ namespace pyxis::ui {
 
 namespace {
 
+constexpr QSize kSize(1180, 720);    // as far as the screen has room for it
 constexpr qint64 kProgressMs = 15;   // between two paints of the bar
 constexpr qint64 kUncoverMs = 250;   // between two paints of the whole window while an operation runs
 
@@ -30,6 +31,7 @@ MainWindow::MainWindow() : panel_(new MainPanel(this)), statusBar_(new ProgressS
   panel_->MouseMoved = [this](int x, int y) { dialog_.OnMouseMove(x, y); };
   panel_->DropsMousePress = [this] { return dialog_.DropsMousePress(); };
   panel_->Hex().GotoAsked = [this] { gate_.Run([] { OnGotoAddress(TheHexView()); }); };
+  resize(kSize.boundedTo(screen()->availableSize() * 9 / 10));
   gate_.Idle = [this] {
     SyncSoon();
     if (watch_ != nullptr) watch_->Deliver();
@@ -48,7 +50,7 @@ void MainWindow::Start() {
 void MainWindow::Watch(DeviceEvents& events) {
   watch_ = new DeviceWatch(this, events, [this](const DeviceEvent& event) {
     if (gate_.Busy()) return false;
-    gate_.Run([&event] { OnDeviceEvent(event); });
+    gate_.Run([this, &event] { dialog_.OnDevice(event); });
     return true;
   });
 }

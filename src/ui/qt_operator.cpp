@@ -3,6 +3,7 @@
 #include <QApplication>
 #include <QFileDialog>
 #include <QFileInfo>
+#include <QLabel>
 #include <QMessageBox>
 
 #include "ui/about_window.h"
@@ -14,6 +15,8 @@
 namespace pyxis::ui {
 
 namespace {
+
+constexpr int kMessageWidth = 40;  // characters
 
 QMessageBox::Icon IconOf(MessageIcon icon) {
   switch (icon) {
@@ -33,6 +36,13 @@ class ArrowCursor {
   ArrowCursor(const ArrowCursor&) = delete;
   ArrowCursor& operator=(const ArrowCursor&) = delete;
 };
+
+// Wide enough for its caption; the text goes out as it is.
+void Dress(QMessageBox& box) {
+  box.setTextFormat(Qt::PlainText);
+  if (auto* label = box.findChild<QLabel*>(QStringLiteral("qt_msgbox_label")))
+    label->setMinimumWidth(kMessageWidth * box.fontMetrics().averageCharWidth());
+}
 
 template <typename Window, typename Dialog>
 DialogEnd Run(Dialog& dialog, QWidget* parent) {
@@ -58,14 +68,14 @@ QWidget* QtOperator::Parent() const {
 void QtOperator::Tell(const std::string& text, const std::string& caption, MessageIcon icon) {
   const ArrowCursor arrow;
   QMessageBox box(IconOf(icon), FromText(caption), FromText(text), QMessageBox::Ok, Parent());
-  box.setTextFormat(Qt::PlainText);
+  Dress(box);
   box.exec();
 }
 
 bool QtOperator::Ask(const std::string& text, const std::string& caption, MessageIcon icon) {
   const ArrowCursor arrow;
   QMessageBox box(IconOf(icon), FromText(caption), FromText(text), QMessageBox::Yes | QMessageBox::No, Parent());
-  box.setTextFormat(Qt::PlainText);
+  Dress(box);
   box.setDefaultButton(QMessageBox::Yes);
   box.setEscapeButton(QMessageBox::No);
   return box.exec() == QMessageBox::Yes;
