@@ -15,6 +15,10 @@ class MainView {
   virtual void PumpPaint() {}
   // The system close command of the main window (asks, then ends it).
   virtual void CloseMainWindow() {}
+  // The close message of the main window: ends it at once, and nobody is asked.
+  virtual void EndMainWindow() {}
+  // A disabled main window gets no input.
+  virtual void EnableMainWindow(bool /*enabled*/) {}
 };
 
 }  // namespace pyxis
