@@ -24,7 +24,18 @@ bool Put(const fs::path& path, const Bytes& bytes) {
 bool PutTemplates(const fs::path& dir) {
   bool good = true;
   for (const std::string& name : TemplateNames())
-    for (const char* hw : {"hwversion1.0", "hwversion1.1"}) good = Put(dir / hw / (name + ".txt"), MakeTemplate(name)) && good;
+    for (const char* hw : {"hwversion1.0", "hwversion1.1"})
+      good = Put(dir / hw / (name + ".txt"), MakeTemplate(name)) && good;
+  return good;
+}
+
+bool PutOptionLists(const fs::path& dir) {
+  bool good = true;
+  std::set<std::string> made;
+  for (int list = 0; list < kListCount; ++list)
+    for (const ChipEntry& row : ChipList(list))
+      if (row.HasSmartOption && made.insert(row.ChipName).second)
+        good = Put(dir / "tin" / (std::string(row.ChipName) + ".tin"), MakeTin(row.ChipName)) && good;
   return good;
 }
 
@@ -60,8 +71,9 @@ bool PutSamples(const fs::path& dir) {
 
 bool BuildProgramFolder(const std::string& dir) {
   const bool templates = PutTemplates(dir);
+  const bool optionLists = PutOptionLists(dir);
   const bool firmware = PutFirmware(dir);
-  return PutSamples(dir) && templates && firmware;
+  return PutSamples(dir) && templates && optionLists && firmware;
 }
 
 }  // namespace pyxis::folder

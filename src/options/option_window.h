@@ -1,5 +1,5 @@
-// What the Smart Option dialog asks of the window that shows it. All lengths are pixels of the window; widths of text are
-// those of the window's font.
+// What the Smart Option dialog asks of the window that shows it. All lengths are pixels of the window; widths of text
+// are those of the window's font.
 #pragma once
 
 #include <string>

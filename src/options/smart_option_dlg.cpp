@@ -17,9 +17,9 @@ namespace {
 // Pixels, except where a unit is told: those are dialog units, eight to the window's base unit.
 constexpr int kFirstTop = 2;
 constexpr int kLeft = 2;
-constexpr int kGap = 2;            // behind each cell
-constexpr int kCaptionDrop = 4;    // a caption stands lower than its list
-constexpr int kListExtra = 32;     // of a list over its widest alternative
+constexpr int kGap = 2;          // behind each cell
+constexpr int kCaptionDrop = 4;  // a caption stands lower than its list
+constexpr int kListExtra = 32;   // of a list over its widest alternative
 constexpr int kRowExtra = 1;
 constexpr int kScrollMargin = 8;
 constexpr int kScrollExtra = 100;

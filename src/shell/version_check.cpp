@@ -9,28 +9,28 @@
 
 namespace pyxis {
 
-// The outer text, and in clientXmlstr the inner one with its angle brackets escaped. The inner one is for the update
-// client: it has a line feed behind each element.
+// The outer text, and in clientXmlstr the inner one with its angle brackets escaped. The inner one has a line feed
+// behind each element.
 const char UpdateRequest[] =
-    R"(<?xml version="1.0" encoding="utf-8"?>)"
-    R"(<soap:Envelope xmlns:xsi="http://www.w3.org/2001/XMLSchema-instance")"
-    R"( xmlns:xsd="http://www.w3.org/2001/XMLSchema")"
-    R"( xmlns:soap="http://schemas.xmlsoap.org/soap/envelope/">)"
-    R"(<soap:Body>)"
-    R"(<GetNewFiles2 xmlns="urn:pyxisload:update">)"
-    R"(<clientXmlstr>)"
-    R"(&lt;?xml version="1.0" encoding="utf-8"?&gt;)"
-    R"(&lt;root&gt;)"
-    R"(&lt;oldFileInfo&gt;)"
+    "<?xml version=\"1.0\" encoding=\"utf-8\"?>"
+    "<soap:Envelope xmlns:xsi=\"http://www.w3.org/2001/XMLSchema-instance\""
+    " xmlns:xsd=\"http://www.w3.org/2001/XMLSchema\""
+    " xmlns:soap=\"http://schemas.xmlsoap.org/soap/envelope/\">"
+    "<soap:Body>"
+    "<GetNewFiles2 xmlns=\"urn:pyxisload:update\">"
+    "<clientXmlstr>"
+    "&lt;?xml version=\"1.0\" encoding=\"utf-8\"?&gt;"
+    "&lt;root&gt;"
+    "&lt;oldFileInfo&gt;"
     "&lt;progid&gt;KM48_EN&lt;/progid&gt;\n"
     "&lt;verno&gt;1.0.2&lt;/verno&gt;\n"
     "&lt;buildno&gt;034&lt;/buildno&gt;\n"
     "&lt;/oldFileInfo&gt;\n"
     "&lt;/root&gt;\n"
-    R"(</clientXmlstr>)"
-    R"(</GetNewFiles2>)"
-    R"(</soap:Body>)"
-    R"(</soap:Envelope>)";
+    "</clientXmlstr>"
+    "</GetNewFiles2>"
+    "</soap:Body>"
+    "</soap:Envelope>";
 
 void CheckNewVersion() {
   Operator& op = *TheMachine().op;
