@@ -13,7 +13,7 @@
 #include "serial/sn_run.h"
 #include "shell/app_state.h"
 #include "shell/main_controls.h"
-#include "view/show_file.h"
+#include "view/hex_view.h"
 
 namespace pyxis::test {
 
@@ -22,7 +22,7 @@ void ResetEverything() {
   ResetAppState();
   ResetMainControls();
   ResetWriterLink();
-  TheShownFile() = ShownFile{};
+  ResetHexView();
   ResetSmartOption();
   ResetSnRecord();
   SnProgressDlg().reset();
