@@ -19,7 +19,7 @@ class SizeWindow : public OptionWindow {
   void Place(const OptionRect&) override {}
   int ClientHeight() override { return 180; }
   void SetTitle(const std::string&) override {}
-  OptionListHandle CreateList(const OptionRect&) override { return 1; }
+  OptionListHandle CreateList(const OptionRect&, const std::string&) override { return 1; }
   void FillList(OptionListHandle, const std::vector<std::string>&, int) override {}
   void SetScroll(OptionScrollBar, const OptionScroll&) override {}
   int ScrollPosition(OptionScrollBar) override { return 0; }

@@ -30,13 +30,15 @@ class OptionWindow {
   // Height of eight vertical dialog units.
   virtual int VerticalBaseUnit() = 0;
   virtual int TextWidth(const std::string& text) = 0;
-  virtual OptionRect Placement() = 0;  // on the screen, frame included
+  virtual OptionRect Placement() = 0;
+  // At a distance from the screen's top left corner.
   virtual void Place(const OptionRect& placement) = 0;
   virtual int ClientHeight() = 0;
   virtual void SetTitle(const std::string& title) = 0;
 
-  // A disabled, visible drop-down list with a border and a vertical scroll bar. The height is that of the open list.
-  virtual OptionListHandle CreateList(const OptionRect& rect) = 0;
+  // A disabled, visible drop-down list with a border and a vertical scroll bar. The height is that of the open list;
+  // the name is for those who can't see the painted caption.
+  virtual OptionListHandle CreateList(const OptionRect& rect, const std::string& name) = 0;
   // An index past the last alternative leaves the list without a selection.
   virtual void FillList(OptionListHandle list, const std::vector<std::string>& alternatives, int selection) = 0;
 

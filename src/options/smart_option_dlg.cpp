@@ -68,7 +68,7 @@ void CSmartOptionDlg::BuildOptionControls(OptionWindow& window) {
     cells.caption = {kLeft, top + kCaptionDrop, window.TextWidth(CaptionOf(option)), Pixels(kCaptionUnits, unit)};
     cells.list = {RightOf(cells.caption), top, WidestOf(AlternativesOf(option), window) + kListExtra,
                   Pixels(kOpenListUnits, unit)};
-    cells.handle = window.CreateList(cells.list);
+    cells.handle = window.CreateList(cells.list, std::string(LabelOf(option)));
     right = std::max({right, RightOf(cells.caption), RightOf(cells.list)});
     top += Pixels(kRowUnits, unit) + kRowExtra;
     rows.push_back(cells);

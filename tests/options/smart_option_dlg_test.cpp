@@ -23,7 +23,7 @@ class RecordingWindow : public OptionWindow {
   void Place(const OptionRect& rect) override { placement = rect; }
   int ClientHeight() override { return clientHeight; }
   void SetTitle(const std::string& text) override { title = text; }
-  OptionListHandle CreateList(const OptionRect& rect) override {
+  OptionListHandle CreateList(const OptionRect& rect, const std::string&) override {
     lists.push_back(rect);
     return static_cast<int>(lists.size());
   }
