@@ -29,13 +29,19 @@ bool PutTemplates(const fs::path& dir) {
   return good;
 }
 
+std::set<std::string> ChipNames() {
+  std::set<std::string> names;
+  for (int list = 0; list < kListCount; ++list)
+    for (const ChipEntry& row : ChipList(list)) names.insert(row.ChipName);
+  return names;
+}
+
 bool PutOptionLists(const fs::path& dir) {
   bool good = true;
-  std::set<std::string> made;
-  for (int list = 0; list < kListCount; ++list)
-    for (const ChipEntry& row : ChipList(list))
-      if (row.HasSmartOption && made.insert(row.ChipName).second)
-        good = Put(dir / "tin" / (std::string(row.ChipName) + ".tin"), MakeTin(row.ChipName)) && good;
+  for (const std::string& chip : ChipNames()) {
+    const Bytes list = MakeTin(chip);
+    if (!list.empty()) good = Put(dir / "tin" / (chip + ".tin"), list) && good;
+  }
   return good;
 }
 
@@ -58,12 +64,9 @@ bool PutFirmware(const fs::path& dir) {
 
 bool PutSamples(const fs::path& dir) {
   bool good = true;
-  std::set<std::string> made;
-  for (int list = 0; list < kListCount; ++list)
-    for (const ChipEntry& row : ChipList(list))
-      if (made.insert(row.ChipName).second)
-        for (const Sample& sample : MakeSamples(row.ChipName))
-          good = Put(dir / "samples" / sample.fileName, sample.contents) && good;
+  for (const std::string& chip : ChipNames())
+    for (const Sample& sample : MakeSamples(chip))
+      good = Put(dir / "samples" / sample.fileName, sample.contents) && good;
   return good;
 }
 
