@@ -83,6 +83,8 @@ TEST_F(EveryWindow, Screenshots) {
   const int percent = qRound(window->devicePixelRatioF() * 100);
   for (const bool dark : {false, true}) {
     QApplication::setPalette(dark ? Dark() : light);
+    window->resize(1180, 720);
+    QCoreApplication::processEvents();
     ForEach([&](QWidget& shown, const std::string& name) {
       const QPixmap picture = shown.grab();
       const QString file = QStringLiteral("%1_%2_%3.png").arg(QString::fromStdString(name)).arg(percent).arg(dark ? "dark" : "light");
