@@ -24,13 +24,6 @@ void KeepPlace(QWidget& widget) {
   widget.setSizePolicy(policy);
 }
 
-// A display is disabled, but there to be read.
-void KeepReadable(QWidget& widget) {
-  QPalette colours = widget.palette();
-  colours.setColor(QPalette::Disabled, QPalette::WindowText, colours.color(QPalette::Active, QPalette::WindowText));
-  widget.setPalette(colours);
-}
-
 }  // namespace
 
 MainPanel::MainPanel(QWidget* parent) : QWidget(parent) {
@@ -130,7 +123,6 @@ QWidget* MainPanel::MakeFuseGroup() {
         Box{ControlId::Clock32kDisable, "32KHz disable", 2, 0}, Box{ControlId::Clock32kEnable, "32KHz enable", 2, 1}}) {
     auto* check = new QCheckBox(QString::fromLatin1(box.text), group);
     KeepPlace(*check);
-    KeepReadable(*check);
     grid->addWidget(check, box.row, box.column);
     controls_.Bind(box.id, check);
   }
