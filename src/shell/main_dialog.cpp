@@ -2,7 +2,11 @@
 
 #include "intake/load_file.h"
 #include "link/writer_commands.h"
+#include "operations/chip_info.h"
+#include "operations/compare_file.h"
 #include "operations/firmware.h"
+#include "operations/read_chip.h"
+#include "operations/self_test.h"
 #include "operations/tasks.h"
 #include "options/fuse_panel.h"
 #include "options/set_protect.h"
@@ -86,9 +90,9 @@ void CPyxisLoadDlg::OnCommand(MenuEntry entry) {
     case MenuEntry::SerialNumberProgram: return OnSerialNumberProgram();
     case MenuEntry::SetProtect: return OnSetProtect();
     case MenuEntry::About: return TheMachine().op->RunAbout();
+    case MenuEntry::CompareFile: return OnDownloadInfo();
+    case MenuEntry::ReadChipInfo: return OnReadChipInfo();
     case MenuEntry::CheckNewVersion:
-    case MenuEntry::CompareFile:
-    case MenuEntry::ReadChipInfo:
     case MenuEntry::SaveAs: return;
   }
 }
@@ -99,6 +103,8 @@ void CPyxisLoadDlg::OnButton(ControlId button) {
     case ControlId::BlankCheck: return OnBlankCheck();
     case ControlId::Program: return OnProgram();
     case ControlId::Verify: return OnVerify();
+    case ControlId::Read: return OnRead();
+    case ControlId::WriterTest: return WriterTest();
     default: return;
   }
 }
