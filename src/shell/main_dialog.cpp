@@ -19,6 +19,7 @@
 #include "serial/sn_run.h"
 #include "shell/app_state.h"
 #include "shell/chip_selection.h"
+#include "shell/device_arrival.h"
 #include "shell/link_status.h"
 #include "shell/mode_labels.h"
 #include "shell/on_device.h"
@@ -50,9 +51,12 @@ void ShowWriterAndJob() {
   ShowControl(ControlId::ProductionLimitLabel, false);
 }
 
-bool AskExit() {
-  return TheMachine().op->Ask("Are you sure to Exit ?", kBlankCaption, MessageIcon::Question);
+// Single transfers drive the bar and leave it full; nothing is under way any more.
+void HideProgress() {
+  if (TheMainControls().statusBar.progressVisible) SetProgressPosition(0);
 }
+
+bool AskExit() { return TheMachine().op->Ask("Are you sure to Exit ?", kBlankCaption, MessageIcon::Question); }
 
 }  // namespace
 
@@ -76,36 +80,69 @@ void CPyxisLoadDlg::OnInitDialog() {
   ShowLinkStatus();
   HideFusePanel();
   ShowWriterAndJob();
+  HideProgress();
 }
 
 void CPyxisLoadDlg::OnDestroy() { SnProgressDlg().reset(); }
 
 void CPyxisLoadDlg::OnCommand(MenuEntry entry) {
   if (!MenuEnabled(entry)) return;
-  switch (entry) {
-    case MenuEntry::LoadFile: return OnLoadFile();
-    case MenuEntry::Exit: return OnExit();
-    case MenuEntry::Device: return OnDevice();
-    case MenuEntry::UpdateFirmware: return OnUpdateFirmware();
-    case MenuEntry::SerialNumberProgram: return OnSerialNumberProgram();
-    case MenuEntry::SetProtect: return OnSetProtect();
-    case MenuEntry::About: return TheMachine().op->RunAbout();
-    case MenuEntry::CompareFile: return OnDownloadInfo();
-    case MenuEntry::ReadChipInfo: return OnReadChipInfo();
-    case MenuEntry::CheckNewVersion:
-    case MenuEntry::SaveAs: return;
-  }
+  RunCommand(entry);
+  HideProgress();
 }
 
 void CPyxisLoadDlg::OnButton(ControlId button) {
+  RunButton(button);
+  HideProgress();
+}
+
+void CPyxisLoadDlg::OnDevice(const DeviceEvent& event) {
+  OnDeviceEvent(event);
+  HideProgress();
+}
+
+void CPyxisLoadDlg::RunCommand(MenuEntry entry) {
+  switch (entry) {
+    case MenuEntry::LoadFile:
+      return OnLoadFile();
+    case MenuEntry::Exit:
+      return OnExit();
+    case MenuEntry::Device:
+      return pyxis::OnDevice();
+    case MenuEntry::UpdateFirmware:
+      return OnUpdateFirmware();
+    case MenuEntry::SerialNumberProgram:
+      return OnSerialNumberProgram();
+    case MenuEntry::SetProtect:
+      return OnSetProtect();
+    case MenuEntry::About:
+      return TheMachine().op->RunAbout();
+    case MenuEntry::CompareFile:
+      return OnDownloadInfo();
+    case MenuEntry::ReadChipInfo:
+      return OnReadChipInfo();
+    case MenuEntry::CheckNewVersion:
+    case MenuEntry::SaveAs:
+      return;
+  }
+}
+
+void CPyxisLoadDlg::RunButton(ControlId button) {
   switch (button) {
-    case ControlId::Auto: return OnAuto();
-    case ControlId::BlankCheck: return OnBlankCheck();
-    case ControlId::Program: return OnProgram();
-    case ControlId::Verify: return OnVerify();
-    case ControlId::Read: return OnRead();
-    case ControlId::WriterTest: return WriterTest();
-    default: return;
+    case ControlId::Auto:
+      return OnAuto();
+    case ControlId::BlankCheck:
+      return OnBlankCheck();
+    case ControlId::Program:
+      return OnProgram();
+    case ControlId::Verify:
+      return OnVerify();
+    case ControlId::Read:
+      return OnRead();
+    case ControlId::WriterTest:
+      return WriterTest();
+    default:
+      return;
   }
 }
 

@@ -3,6 +3,7 @@
 #include <QApplication>
 #include <QFileDialog>
 #include <QFileInfo>
+#include <QLabel>
 #include <QMessageBox>
 
 #include "ui/about_window.h"
@@ -15,12 +16,18 @@ namespace pyxis::ui {
 
 namespace {
 
+constexpr int kMessageWidth = 40;  // characters
+
 QMessageBox::Icon IconOf(MessageIcon icon) {
   switch (icon) {
-    case MessageIcon::Question: return QMessageBox::Question;
-    case MessageIcon::Warning: return QMessageBox::Warning;
-    case MessageIcon::Stop: return QMessageBox::Critical;
-    case MessageIcon::None: break;
+    case MessageIcon::Question:
+      return QMessageBox::Question;
+    case MessageIcon::Warning:
+      return QMessageBox::Warning;
+    case MessageIcon::Stop:
+      return QMessageBox::Critical;
+    case MessageIcon::None:
+      break;
   }
   return QMessageBox::NoIcon;
 }
@@ -33,6 +40,13 @@ class ArrowCursor {
   ArrowCursor(const ArrowCursor&) = delete;
   ArrowCursor& operator=(const ArrowCursor&) = delete;
 };
+
+// Wide enough for its caption; the text goes out as it is.
+void Dress(QMessageBox& box) {
+  box.setTextFormat(Qt::PlainText);
+  if (auto* label = box.findChild<QLabel*>(QStringLiteral("qt_msgbox_label")))
+    label->setMinimumWidth(kMessageWidth * box.fontMetrics().averageCharWidth());
+}
 
 template <typename Window, typename Dialog>
 DialogEnd Run(Dialog& dialog, QWidget* parent) {
@@ -58,14 +72,14 @@ QWidget* QtOperator::Parent() const {
 void QtOperator::Tell(const std::string& text, const std::string& caption, MessageIcon icon) {
   const ArrowCursor arrow;
   QMessageBox box(IconOf(icon), FromText(caption), FromText(text), QMessageBox::Ok, Parent());
-  box.setTextFormat(Qt::PlainText);
+  Dress(box);
   box.exec();
 }
 
 bool QtOperator::Ask(const std::string& text, const std::string& caption, MessageIcon icon) {
   const ArrowCursor arrow;
   QMessageBox box(IconOf(icon), FromText(caption), FromText(text), QMessageBox::Yes | QMessageBox::No, Parent());
-  box.setTextFormat(Qt::PlainText);
+  Dress(box);
   box.setDefaultButton(QMessageBox::Yes);
   box.setEscapeButton(QMessageBox::No);
   return box.exec() == QMessageBox::Yes;
