@@ -7,6 +7,8 @@
 #include <QMessageBox>
 
 #include "ui/about_window.h"
+#include "ui/chip_info_window.h"
+#include "ui/download_info_window.h"
 #include "ui/goto_address_window.h"
 #include "ui/ic_select_window.h"
 #include "ui/option_select_window.h"
@@ -101,6 +103,8 @@ std::optional<std::string> QtOperator::ChooseFile(const std::string& filter) {
 
 DialogEnd QtOperator::RunDialog(CIcSelectDlg& dialog) { return Run<IcSelectWindow>(dialog, Parent()); }
 DialogEnd QtOperator::RunDialog(COptionSelectDlg& dialog) { return Run<OptionSelectWindow>(dialog, Parent()); }
+DialogEnd QtOperator::RunDialog(CReadChipInfoDlg& dialog) { return Run<ChipInfoWindow>(dialog, Parent()); }
+DialogEnd QtOperator::RunDialog(CDownloadInfoDlg& dialog) { return Run<DownloadInfoWindow>(dialog, Parent()); }
 DialogEnd QtOperator::RunDialog(CGotoAddressDlg& dialog) { return Run<GotoAddressWindow>(dialog, Parent()); }
 DialogEnd QtOperator::RunDialog(CSmartOptionDlg& dialog) { return Run<SmartOptionWindow>(dialog, Parent()); }
 
