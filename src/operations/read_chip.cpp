@@ -78,7 +78,7 @@ bool ReadChip() {
   WaitMs(kBetweenStartsMs);
   StartTask(task::kReadChip);
   SetFrameProgress(0);
-  std::vector<std::uint8_t> received(length + 1);
+  std::vector<std::uint8_t> received(std::size_t{TheAppState().ReadSizeBytes} + 1);
   ReadCommand(OP_READ_CHIP, std::span(received).first(length));
   const bool written = file.Write(WordsOf(received, length, TheAppState().ReadSwapBytes));
   if (written) ShowResult(path);

@@ -4,6 +4,7 @@
 
 #include "catalogue/chip_catalogue.h"
 #include "intake/package_files.h"
+#include "shell/app_state.h"
 #include "standin/writer_model.h"
 
 namespace pyxis::standin {
@@ -44,7 +45,8 @@ std::vector<std::uint8_t> WriterModel::ChipData() {
     Violate("chip data read without a chip read, which is started twice");
     return {};
   }
-  const ChipEntry* row = RowOf(ChipNameOf(optionArea_));
+  // Shorter while a load is open.
+  const ChipEntry* row = optionArea_.size() == kInfoBlockSize ? RowOf(ChipNameOf(optionArea_)) : nullptr;
   if (row == nullptr) {
     Violate("a chip read without a job or a template that names the chip");
     return {};
