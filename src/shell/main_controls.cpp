@@ -15,6 +15,13 @@ void ProgressMoved() { TheMachine().view->ProgressChanged(); }
 
 }  // namespace
 
+// The fuse panel is a display: no click reaches its boxes.
+MainControls::MainControls() {
+  for (const ControlId id : {ControlId::Protect, ControlId::Unprotect, ControlId::FastMode, ControlId::DualMode,
+                             ControlId::Clock32kDisable, ControlId::Clock32kEnable})
+    (*this)[id].enabled = false;
+}
+
 MainControls& TheMainControls() { return theMainControls; }
 
 void ResetMainControls() { theMainControls = MainControls{}; }

@@ -52,9 +52,7 @@ void HideProgress() {
   if (TheMainControls().statusBar.progressVisible) SetProgressPosition(0);
 }
 
-bool AskExit() {
-  return TheMachine().op->Ask("Are you sure to Exit ?", kBlankCaption, MessageIcon::Question);
-}
+bool AskExit() { return TheMachine().op->Ask("Are you sure to Exit ?", kBlankCaption, MessageIcon::Question); }
 
 }  // namespace
 
@@ -101,27 +99,40 @@ void CPyxisLoadDlg::OnDevice(const DeviceEvent& event) {
 
 void CPyxisLoadDlg::RunCommand(MenuEntry entry) {
   switch (entry) {
-    case MenuEntry::LoadFile: return OnLoadFile();
-    case MenuEntry::Exit: return OnExit();
-    case MenuEntry::Device: return pyxis::OnDevice();
-    case MenuEntry::UpdateFirmware: return OnUpdateFirmware();
-    case MenuEntry::SerialNumberProgram: return OnSerialNumberProgram();
-    case MenuEntry::SetProtect: return OnSetProtect();
-    case MenuEntry::About: return TheMachine().op->RunAbout();
+    case MenuEntry::LoadFile:
+      return OnLoadFile();
+    case MenuEntry::Exit:
+      return OnExit();
+    case MenuEntry::Device:
+      return pyxis::OnDevice();
+    case MenuEntry::UpdateFirmware:
+      return OnUpdateFirmware();
+    case MenuEntry::SerialNumberProgram:
+      return OnSerialNumberProgram();
+    case MenuEntry::SetProtect:
+      return OnSetProtect();
+    case MenuEntry::About:
+      return TheMachine().op->RunAbout();
     case MenuEntry::CheckNewVersion:
     case MenuEntry::CompareFile:
     case MenuEntry::ReadChipInfo:
-    case MenuEntry::SaveAs: return;
+    case MenuEntry::SaveAs:
+      return;
   }
 }
 
 void CPyxisLoadDlg::RunButton(ControlId button) {
   switch (button) {
-    case ControlId::Auto: return OnAuto();
-    case ControlId::BlankCheck: return OnBlankCheck();
-    case ControlId::Program: return OnProgram();
-    case ControlId::Verify: return OnVerify();
-    default: return;
+    case ControlId::Auto:
+      return OnAuto();
+    case ControlId::BlankCheck:
+      return OnBlankCheck();
+    case ControlId::Program:
+      return OnProgram();
+    case ControlId::Verify:
+      return OnVerify();
+    default:
+      return;
   }
 }
 
