@@ -32,15 +32,6 @@ QMessageBox::Icon IconOf(MessageIcon icon) {
   return QMessageBox::NoIcon;
 }
 
-// The busy cursor gives way while a window of its own asks something of the operator.
-class ArrowCursor {
- public:
-  ArrowCursor() { QApplication::setOverrideCursor(Qt::ArrowCursor); }
-  ~ArrowCursor() { QApplication::restoreOverrideCursor(); }
-  ArrowCursor(const ArrowCursor&) = delete;
-  ArrowCursor& operator=(const ArrowCursor&) = delete;
-};
-
 // Wide enough for its caption; the text goes out as it is.
 void Dress(QMessageBox& box) {
   box.setTextFormat(Qt::PlainText);
@@ -49,8 +40,8 @@ void Dress(QMessageBox& box) {
 }
 
 template <typename Window, typename Dialog>
-DialogEnd Run(Dialog& dialog, QWidget* parent) {
-  const ArrowCursor arrow;
+DialogEnd Run(Dialog& dialog, QWidget* parent, const BusyCursors& cursors) {
+  const BusyCursors::Pause arrow(cursors);
   Window window(dialog, parent);
   return window.exec() == QDialog::Accepted ? DialogEnd::Ok : DialogEnd::Cancel;
 }
@@ -70,14 +61,14 @@ QWidget* QtOperator::Parent() const {
 }
 
 void QtOperator::Tell(const std::string& text, const std::string& caption, MessageIcon icon) {
-  const ArrowCursor arrow;
+  const BusyCursors::Pause arrow(cursors_);
   QMessageBox box(IconOf(icon), FromText(caption), FromText(text), QMessageBox::Ok, Parent());
   Dress(box);
   box.exec();
 }
 
 bool QtOperator::Ask(const std::string& text, const std::string& caption, MessageIcon icon) {
-  const ArrowCursor arrow;
+  const BusyCursors::Pause arrow(cursors_);
   QMessageBox box(IconOf(icon), FromText(caption), FromText(text), QMessageBox::Yes | QMessageBox::No, Parent());
   Dress(box);
   box.setDefaultButton(QMessageBox::Yes);
@@ -87,7 +78,7 @@ bool QtOperator::Ask(const std::string& text, const std::string& caption, Messag
 
 // Qt's own dialog: its filters don't look at letter case, whatever the desktop.
 std::optional<std::string> QtOperator::ChooseFile(const std::string& filter) {
-  const ArrowCursor arrow;
+  const BusyCursors::Pause arrow(cursors_);
   QFileDialog dialog(Parent(), QStringLiteral("Open"), lastFolder_);
   dialog.setOption(QFileDialog::DontUseNativeDialog);
   dialog.setFileMode(QFileDialog::ExistingFile);
@@ -98,12 +89,14 @@ std::optional<std::string> QtOperator::ChooseFile(const std::string& filter) {
   return ToText(path);
 }
 
-DialogEnd QtOperator::RunDialog(CIcSelectDlg& dialog) { return Run<IcSelectWindow>(dialog, Parent()); }
-DialogEnd QtOperator::RunDialog(COptionSelectDlg& dialog) { return Run<OptionSelectWindow>(dialog, Parent()); }
-DialogEnd QtOperator::RunDialog(CGotoAddressDlg& dialog) { return Run<GotoAddressWindow>(dialog, Parent()); }
+DialogEnd QtOperator::RunDialog(CIcSelectDlg& dialog) { return Run<IcSelectWindow>(dialog, Parent(), cursors_); }
+DialogEnd QtOperator::RunDialog(COptionSelectDlg& dialog) {
+  return Run<OptionSelectWindow>(dialog, Parent(), cursors_);
+}
+DialogEnd QtOperator::RunDialog(CGotoAddressDlg& dialog) { return Run<GotoAddressWindow>(dialog, Parent(), cursors_); }
 
 void QtOperator::RunAbout() {
-  const ArrowCursor arrow;
+  const BusyCursors::Pause arrow(cursors_);
   AboutWindow(Parent()).exec();
 }
 
