@@ -29,10 +29,36 @@ struct Palette {
   std::vector<std::uint8_t> index;    // of each pixel
 };
 
+using Uses = std::unordered_map<std::uint32_t, std::size_t>;  // of a colour; later its place in the palette
+
+// The colours that are kept when two of at most that distance count as one, the most used first. Stops above 256.
+std::vector<std::uint32_t> Choose(const std::vector<std::pair<std::size_t, std::uint32_t>>& ranked, int distance) {
+  std::vector<std::uint32_t> kept;
+  for (const auto& [count, key] : ranked) {
+    if (kept.size() > kColors) break;
+    if (std::none_of(kept.begin(), kept.end(), [&, k = key](auto other) { return DistanceOf(other, k) <= distance; }))
+      kept.push_back(key);
+  }
+  return kept;
+}
+
 std::size_t NearestOf(const std::vector<std::uint32_t>& colors, std::uint32_t key) {
   const auto nearest = std::min_element(colors.begin(), colors.end(),
                                         [=](auto a, auto b) { return DistanceOf(a, key) < DistanceOf(b, key); });
   return static_cast<std::size_t>(nearest - colors.begin());
+}
+
+// All colours when they are few enough; else ever larger differences are given up.
+std::vector<std::uint32_t> ChooseColors(Uses& uses) {
+  std::vector<std::pair<std::size_t, std::uint32_t>> ranked;
+  for (const auto& [key, count] : uses) ranked.emplace_back(count, key);
+  std::sort(ranked.rbegin(), ranked.rend());
+  std::vector<std::uint32_t> kept;
+  int step = 0;
+  do kept = Choose(ranked, 3 * step * step);
+  while (++step, kept.size() > kColors);
+  for (auto& [key, place] : uses) place = NearestOf(kept, key);
+  return kept;
 }
 
 // The pixels' colours, and each pixel as its colour's place in them; lines from the bottom up.
@@ -42,7 +68,7 @@ Palette MakePalette(const Canvas& picture) {
   for (int y = picture.Height() - 1; y >= 0; --y)
     for (int x = 0; x < picture.Width(); ++x) pixels.push_back(KeyOf(picture.At(x, y)));
   // One look-up a run.
-  std::unordered_map<std::uint32_t, std::size_t> uses;
+  Uses uses;
   const auto forEachRun = [&](auto use) {
     for (std::size_t at = 0; at < pixels.size();) {
       const std::size_t start = at;
@@ -51,14 +77,7 @@ Palette MakePalette(const Canvas& picture) {
     }
   };
   forEachRun([](std::size_t& count, std::size_t length) { count += length; });
-  std::vector<std::pair<std::size_t, std::uint32_t>> ranked;
-  for (const auto& [key, count] : uses) ranked.emplace_back(count, key);
-  std::sort(ranked.rbegin(), ranked.rend());
-  Palette palette;
-  for (const auto& [count, key] : ranked) {
-    uses[key] = palette.colors.size() < kColors ? palette.colors.size() : NearestOf(palette.colors, key);
-    if (palette.colors.size() < kColors) palette.colors.push_back(key);
-  }
+  Palette palette{ChooseColors(uses), {}};
   forEachRun([&](std::size_t color, std::size_t length) {
     palette.index.insert(palette.index.end(), length, static_cast<std::uint8_t>(color));
   });

@@ -8,8 +8,8 @@
 
 namespace pyxis::folder {
 
-// A Windows bitmap with 256 colours and run-length coded lines; see-through pixels come out in their own colour. A
-// picture of more colours keeps the 256 that it uses most and takes the nearest of them for the others.
+// A Windows bitmap with 256 colours and run-length coded lines; see-through pixels come out in their own colour. In a
+// picture of more colours the most alike ones become one.
 Bytes MakeBmp(const Canvas& picture);
 
 // 32-bit PNG, its data stored and not compressed.
