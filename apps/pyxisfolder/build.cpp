@@ -31,6 +31,22 @@ bool PutTemplates(const fs::path& dir) {
   return good;
 }
 
+std::set<std::string> ChipNames() {
+  std::set<std::string> names;
+  for (int list = 0; list < kListCount; ++list)
+    for (const ChipEntry& row : ChipList(list)) names.insert(row.ChipName);
+  return names;
+}
+
+bool PutOptionLists(const fs::path& dir) {
+  bool good = true;
+  for (const std::string& chip : ChipNames()) {
+    const Bytes list = MakeTin(chip);
+    if (!list.empty()) good = Put(dir / "tin" / (chip + ".tin"), list) && good;
+  }
+  return good;
+}
+
 bool PutFirmware(const fs::path& dir) {
   bool good = true;
   for (const int model : {kModelKm48, kModelKm49}) {
@@ -50,12 +66,9 @@ bool PutFirmware(const fs::path& dir) {
 
 bool PutSamples(const fs::path& dir) {
   bool good = true;
-  std::set<std::string> made;
-  for (int list = 0; list < kListCount; ++list)
-    for (const ChipEntry& row : ChipList(list))
-      if (made.insert(row.ChipName).second)
-        for (const Sample& sample : MakeSamples(row.ChipName))
-          good = Put(dir / "samples" / sample.fileName, sample.contents) && good;
+  for (const std::string& chip : ChipNames())
+    for (const Sample& sample : MakeSamples(chip))
+      good = Put(dir / "samples" / sample.fileName, sample.contents) && good;
   return good;
 }
 
@@ -89,9 +102,10 @@ bool PutCursorsAndIcon(const fs::path& dir) {
 
 bool BuildProgramFolder(const std::string& dir) {
   const bool templates = PutTemplates(dir);
+  const bool optionLists = PutOptionLists(dir);
   const bool firmware = PutFirmware(dir);
   const bool pictures = PutFigures(dir) && PutCursorsAndIcon(dir);
-  return PutSamples(dir) && templates && firmware && pictures;
+  return PutSamples(dir) && templates && optionLists && firmware && pictures;
 }
 
 }  // namespace pyxis::folder

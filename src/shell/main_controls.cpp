@@ -90,9 +90,11 @@ void EnableOperations() {
 
 void PumpPaint() { TheMachine().view->PumpPaint(); }
 
-void BeginBusyCursor(const std::string& fileName) {
+void BeginBusyCursor(const std::string& fileName) { BeginBusyCursorFrom(TheAppState().AppDir + fileName); }
+
+void BeginBusyCursorFrom(const std::string& path) {
   AppState& app = TheAppState();
-  app.BusyCursor = TheMachine().op->LoadCursorFromFile(app.AppDir + fileName);
+  app.BusyCursor = TheMachine().op->LoadCursorFromFile(path);
   if (app.BusyCursor != 0) app.PreviousCursor = TheMachine().op->SetCursor(app.BusyCursor);
 }
 

@@ -85,6 +85,7 @@ void PumpPaint();
 
 // The animated cursor of a long operation, from the program folder; without the file there is none.
 void BeginBusyCursor(const std::string& fileName);
+void BeginBusyCursorFrom(const std::string& path);  // the same from any folder
 void EndBusyCursor();
 
 }  // namespace pyxis

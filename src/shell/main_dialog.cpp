@@ -6,6 +6,8 @@
 #include "operations/tasks.h"
 #include "options/fuse_panel.h"
 #include "options/set_protect.h"
+#include "options/smart_option.h"
+#include "options/smart_option_dlg.h"
 #include "platform/files.h"
 #include "platform/machine.h"
 #include "platform/main_view.h"
@@ -21,6 +23,7 @@
 #include "shell/on_device.h"
 #include "shell/refresh_from_writer.h"
 #include "shell/start_up.h"
+#include "shell/version_check.h"
 #include "view/hex_view.h"
 
 namespace pyxis {
@@ -76,10 +79,14 @@ void CPyxisLoadDlg::OnInitDialog() {
   ShowLinkStatus();
   HideFusePanel();
   ShowWriterAndJob();
+  AllocateSmartOptionBuffer();
   HideProgress();
 }
 
-void CPyxisLoadDlg::OnDestroy() { SnProgressDlg().reset(); }
+void CPyxisLoadDlg::OnDestroy() {
+  SnProgressDlg().reset();
+  FreeSmartOptionBuffer();
+}
 
 void CPyxisLoadDlg::OnCommand(MenuEntry entry) {
   if (!MenuEnabled(entry)) return;
@@ -114,6 +121,7 @@ void CPyxisLoadDlg::RunCommand(MenuEntry entry) {
     case MenuEntry::About:
       return TheMachine().op->RunAbout();
     case MenuEntry::CheckNewVersion:
+      return CheckNewVersion();
     case MenuEntry::CompareFile:
     case MenuEntry::ReadChipInfo:
     case MenuEntry::SaveAs:
@@ -131,6 +139,8 @@ void CPyxisLoadDlg::RunButton(ControlId button) {
       return OnProgram();
     case ControlId::Verify:
       return OnVerify();
+    case ControlId::SmartOption:
+      return OnSmartOption();
     default:
       return;
   }

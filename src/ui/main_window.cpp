@@ -116,6 +116,13 @@ void MainWindow::EndMainWindow() {
   CloseMainWindow();
 }
 
+// Disabling takes the focus away.
+void MainWindow::EnableMainWindow(bool enabled) {
+  if (!enabled) focused_ = focusWidget();
+  setEnabled(enabled);
+  if (enabled && focused_ != nullptr) focused_->setFocus();
+}
+
 void MainWindow::closeEvent(QCloseEvent* event) {
   if (!ended_) gate_.Run([this] { ended_ = dialog_.OnSysClose(); });
   event->setAccepted(ended_);

@@ -11,6 +11,7 @@
 #include "ui/ic_select_window.h"
 #include "ui/option_select_window.h"
 #include "ui/qt_text.h"
+#include "ui/smart_option_window.h"
 
 namespace pyxis::ui {
 
@@ -94,6 +95,7 @@ DialogEnd QtOperator::RunDialog(COptionSelectDlg& dialog) {
   return Run<OptionSelectWindow>(dialog, Parent(), cursors_);
 }
 DialogEnd QtOperator::RunDialog(CGotoAddressDlg& dialog) { return Run<GotoAddressWindow>(dialog, Parent(), cursors_); }
+DialogEnd QtOperator::RunDialog(CSmartOptionDlg& dialog) { return Run<SmartOptionWindow>(dialog, Parent(), cursors_); }
 
 void QtOperator::RunAbout() {
   const BusyCursors::Pause arrow(cursors_);
