@@ -18,4 +18,12 @@ DialogEnd HeadlessOperator::RunDialog(COptionSelectDlg& dialog) {
   return optionSelect ? optionSelect(dialog) : DialogEnd::Cancel;
 }
 
+DialogEnd HeadlessOperator::RunDialog(CDownloadInfoDlg& dialog) {
+  return downloadInfo ? downloadInfo(dialog) : DialogEnd::Cancel;
+}
+
+DialogEnd HeadlessOperator::RunDialog(CReadChipInfoDlg& dialog) {
+  return chipInfo ? chipInfo(dialog) : DialogEnd::Cancel;
+}
+
 }  // namespace pyxis::job

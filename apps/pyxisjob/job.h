@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "platform/operator.h"
+#include "shell/menu_rules.h"
 
 namespace CLI {
 class App;
@@ -27,12 +28,16 @@ class HeadlessOperator : public Operator {
   std::vector<std::string> messages;
   std::optional<std::string> file;  // what the file dialog gives
   std::function<DialogEnd(COptionSelectDlg&)> optionSelect;
+  std::function<DialogEnd(CDownloadInfoDlg&)> downloadInfo;
+  std::function<DialogEnd(CReadChipInfoDlg&)> chipInfo;
 
   void Tell(const std::string& text, const std::string& caption, MessageIcon icon) override;
   bool Ask(const std::string& text, const std::string& caption, MessageIcon icon) override;
   std::optional<std::string> ChooseFile(const std::string&) override { return file; }
   using Operator::RunDialog;
   DialogEnd RunDialog(COptionSelectDlg& dialog) override;
+  DialogEnd RunDialog(CDownloadInfoDlg& dialog) override;
+  DialogEnd RunDialog(CReadChipInfoDlg& dialog) override;
 };
 
 struct Options {
@@ -55,6 +60,7 @@ struct Job {
   Options options;
   HeadlessOperator op;
   int exitCode = kExitGood;
+  bool icKnown = false;  // the writer's job is of an IC of the catalogue
 };
 
 void AddChipOptions(CLI::App& command, ChipOptions& chip);
@@ -65,12 +71,17 @@ std::optional<std::uint32_t> SelectChip(const ChipOptions& chip);
 // A JSON object on one line of standard output.
 void Print(const nlohmann::json& object);
 
-// Opens the writer on the transports that --link allows, identifies it and takes over the job that it holds. False, with
-// the operator told, when there is none.
+// Opens the writer on the transports that --link allows, identifies it and takes over the job that it holds. False,
+// with the operator told, when there is none.
 bool Connect(Job& job);
 
 // The messages since the start as the result of a command: one JSON object, or nothing when they have been shown.
 void Report(Job& job, const char* command, bool good);
+// The same with more members, an object.
+void Report(Job& job, const char* command, bool good, const nlohmann::json& members);
+
+// Whether the menu entry would be enabled; the operator is told when it wouldn't.
+bool Allowed(Job& job, MenuEntry entry, const char* name);
 
 // Each adds its command; the callbacks run after the options have been taken over.
 void AddConvert(CLI::App& app, Job& job);
@@ -78,5 +89,7 @@ void AddIcs(CLI::App& app, Job& job);
 void AddWriter(CLI::App& app, Job& job);
 void AddLoad(CLI::App& app, Job& job);
 void AddTasks(CLI::App& app, Job& job);
+void AddInspections(CLI::App& app, Job& job);
+void AddProtect(CLI::App& app, Job& job);
 
 }  // namespace pyxis::job

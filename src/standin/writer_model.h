@@ -4,6 +4,7 @@
 
 #include <array>
 #include <cstdint>
+#include <map>
 #include <optional>
 #include <span>
 #include <string>
@@ -11,6 +12,7 @@
 
 #include "operations/firmware.h"
 #include "standin/chip.h"
+#include "standin/measures.h"
 
 namespace pyxis::standin {
 
@@ -45,7 +47,9 @@ class WriterModel {
   std::string identity;  // 26 characters
   Chip chip;
   Faults faults;
-  std::array<std::uint8_t, 6> measures{};
+  std::map<std::uint8_t, Measurement> measures;  // of the self-test, by step; a step without one measures sound values
+  // One value of a step, the others sound. False for an unknown step or place.
+  bool SetMeasure(std::uint8_t step, std::size_t place, std::uint8_t value);
   int zeroReads = 3;  // status reads of 0 before a verdict
 
   const std::vector<std::uint8_t>& Memory() const { return memory_; }
@@ -73,6 +77,13 @@ class WriterModel {
   bool RunAuto();
   bool RunProgram();
   bool RunVerify();
+  void KeepChecksums();
+  std::uint16_t WholeChecksum() const;
+  void ShowChipInfo();
+  void TestSet(std::span<const std::uint8_t> data, Door door);
+  void TestSelect(std::uint8_t step);
+  Measurement Measured();
+  std::vector<std::uint8_t> ChipData();
   std::uint8_t TaskStatus();
   bool CountsDown(std::optional<int>& counter);
   bool HoldsJob() const;
@@ -86,7 +97,10 @@ class WriterModel {
   std::uint8_t selectedArea_ = 0;
   Load load_ = Load::None;
   bool optionWritten_ = false;
-  bool chipReadAsked_ = false;
+  static constexpr int kChipReadStarts = 2;
+  int chipReadStarts_ = 0;
+  std::size_t testSets_ = 0;  // good values of the self-test's set-up
+  std::optional<std::uint8_t> testStep_;
   bool taskStarted_ = false;
   std::uint8_t verdict_ = 0;
   int statusReads_ = 0;

@@ -7,6 +7,8 @@
 #include <QMessageBox>
 
 #include "ui/about_window.h"
+#include "ui/chip_info_window.h"
+#include "ui/download_info_window.h"
 #include "ui/goto_address_window.h"
 #include "ui/ic_select_window.h"
 #include "ui/option_select_window.h"
@@ -40,13 +42,6 @@ void Dress(QMessageBox& box) {
     label->setMinimumWidth(kMessageWidth * box.fontMetrics().averageCharWidth());
 }
 
-template <typename Window, typename Dialog>
-DialogEnd Run(Dialog& dialog, QWidget* parent, const BusyCursors& cursors) {
-  const BusyCursors::Pause arrow(cursors);
-  Window window(dialog, parent);
-  return window.exec() == QDialog::Accepted ? DialogEnd::Ok : DialogEnd::Cancel;
-}
-
 }  // namespace
 
 QStringList QtFilters(const std::string& filter) {
@@ -59,6 +54,13 @@ QStringList QtFilters(const std::string& filter) {
 QWidget* QtOperator::Parent() const {
   QWidget* modal = QApplication::activeModalWidget();
   return modal != nullptr ? modal : main_;
+}
+
+template <typename Window, typename Dialog>
+DialogEnd QtOperator::Run(Dialog& dialog, QWidget* parent) {
+  const BusyCursors::Pause arrow(cursors_);
+  Window window(dialog, parent);
+  return window.exec() == QDialog::Accepted ? DialogEnd::Ok : DialogEnd::Cancel;
 }
 
 void QtOperator::Tell(const std::string& text, const std::string& caption, MessageIcon icon) {
@@ -90,12 +92,12 @@ std::optional<std::string> QtOperator::ChooseFile(const std::string& filter) {
   return ToText(path);
 }
 
-DialogEnd QtOperator::RunDialog(CIcSelectDlg& dialog) { return Run<IcSelectWindow>(dialog, Parent(), cursors_); }
-DialogEnd QtOperator::RunDialog(COptionSelectDlg& dialog) {
-  return Run<OptionSelectWindow>(dialog, Parent(), cursors_);
-}
-DialogEnd QtOperator::RunDialog(CGotoAddressDlg& dialog) { return Run<GotoAddressWindow>(dialog, Parent(), cursors_); }
-DialogEnd QtOperator::RunDialog(CSmartOptionDlg& dialog) { return Run<SmartOptionWindow>(dialog, Parent(), cursors_); }
+DialogEnd QtOperator::RunDialog(CIcSelectDlg& dialog) { return Run<IcSelectWindow>(dialog, Parent()); }
+DialogEnd QtOperator::RunDialog(COptionSelectDlg& dialog) { return Run<OptionSelectWindow>(dialog, Parent()); }
+DialogEnd QtOperator::RunDialog(CReadChipInfoDlg& dialog) { return Run<ChipInfoWindow>(dialog, Parent()); }
+DialogEnd QtOperator::RunDialog(CDownloadInfoDlg& dialog) { return Run<DownloadInfoWindow>(dialog, Parent()); }
+DialogEnd QtOperator::RunDialog(CGotoAddressDlg& dialog) { return Run<GotoAddressWindow>(dialog, Parent()); }
+DialogEnd QtOperator::RunDialog(CSmartOptionDlg& dialog) { return Run<SmartOptionWindow>(dialog, Parent()); }
 
 void QtOperator::RunAbout() {
   const BusyCursors::Pause arrow(cursors_);

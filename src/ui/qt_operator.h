@@ -22,6 +22,8 @@ class QtOperator : public Operator {
   DialogEnd RunDialog(CIcSelectDlg& dialog) override;
   DialogEnd RunDialog(COptionSelectDlg& dialog) override;
   DialogEnd RunDialog(CSmartOptionDlg& dialog) override;
+  DialogEnd RunDialog(CReadChipInfoDlg& dialog) override;
+  DialogEnd RunDialog(CDownloadInfoDlg& dialog) override;
   DialogEnd RunDialog(CGotoAddressDlg& dialog) override;
   void RunAbout() override;
 
@@ -30,6 +32,8 @@ class QtOperator : public Operator {
 
  private:
   QWidget* Parent() const;  // the window in front
+  template <typename Window, typename Dialog>
+  DialogEnd Run(Dialog& dialog, QWidget* parent);
 
   QWidget* main_ = nullptr;
   BusyCursors cursors_;

@@ -5,6 +5,8 @@
 
 #include "catalogue/ic_select.h"
 #include "options/option_select.h"
+#include "options/smart_option_dlg.h"
+#include "options/tin_file.h"
 #include "platform/machine.h"
 #include "pyxisfolder/folder.h"
 #include "shell/app_state.h"
@@ -13,6 +15,7 @@
 #include "ui/goto_address_window.h"
 #include "ui/ic_select_window.h"
 #include "ui/option_select_window.h"
+#include "ui/smart_option_window.h"
 #include "view/goto_address.h"
 #include "view/show_file.h"
 
@@ -54,6 +57,9 @@ void EveryWindow::ForEach(const std::function<void(QWidget&, const std::string&)
   dialog(ui::OptionSelectWindow(optionSelect, window.get()), "option_select");
   CGotoAddressDlg gotoAddress;
   dialog(ui::GotoAddressWindow(gotoAddress, window.get()), "goto_address");
+  ReadTinFile(Path("tin/QV8348.tin"));
+  CSmartOptionDlg smartOption;
+  dialog(ui::SmartOptionWindow(smartOption, window.get()), "smart_option");
   dialog(ui::AboutWindow(window.get()), "about");
 }
 
