@@ -1,27 +1,40 @@
 // The window program. It runs in the program folder, its current directory, and has no command line.
 #include <QApplication>
+#include <QIcon>
 
+#include "platform/files.h"
 #include "platform/machine.h"
 #include "shell/application.h"
+#include "standin/socket_path.h"
+#include "system/joined_events.h"
 #include "system/libusb_host.h"
+#include "system/local_writer_events.h"
 #include "system/system_clock.h"
 #include "system/system_language.h"
+#include "system/udev_events.h"
 #include "system/update_library.h"
 #include "system/vendor_library.h"
 #include "system/windows_pipes.h"
 #include "ui/main_window.h"
 #include "ui/qt_operator.h"
+#include "ui/qt_text.h"
+#include "ui/settings_profile.h"
 
 int main(int argc, char** argv) {
   using namespace pyxis;
   QApplication application(argc, argv);
   QApplication::setApplicationName(QStringLiteral("PyxisLoad"));
+  QApplication::setWindowIcon(QIcon(ui::FromText(ResolvePath(CurrentDirectory() + "/pyxisload.ico"))));
   SystemClock clock;
   SystemLanguage language;
   LibusbHost usb;
   VendorLibrary vendor;
   UpdateLibrary update;
   ui::QtOperator op;
+  ui::SettingsProfile profile;
+  UdevEvents usbEvents;
+  LocalWriterEvents standinEvents(standin::SocketPath());
+  JoinedEvents events({&usbEvents, &standinEvents});
   Machine& machine = TheMachine();
 #ifdef _WIN32
   WindowsPipes pipes;
@@ -33,6 +46,7 @@ int main(int argc, char** argv) {
   machine.usb = &usb;
   machine.vendor = &vendor;
   machine.update = &update;
+  machine.profile = &profile;
 
   CPyxisLoadApp app;
   app.InitInstance();
@@ -43,6 +57,7 @@ int main(int argc, char** argv) {
     op.SetMainWindow(&window);
     update.SetMainWindow(reinterpret_cast<void*>(window.winId()));
     window.Start();
+    window.Watch(events);
     window.show();
     result = QApplication::exec();
   }
