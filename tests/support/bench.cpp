@@ -38,6 +38,7 @@ Bench::Bench() {
   machine.profile = &profile;
   machine.language = &language;
   machine.update = &update;
+  machine.clipboard = &clipboard;
 }
 
 Bench::~Bench() {
