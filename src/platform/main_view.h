@@ -7,14 +7,18 @@ namespace pyxis {
 class MainView {
  public:
   virtual ~MainView() = default;
-  // A control's text, state or position changed; shown with the next paint.
+  // A control's text or state changed; shown with the next paint.
   virtual void ControlsChanged() {}
+  // The progress bar moved. Called very often while a task is polled; shown at once, as far as an eye can follow.
+  virtual void ProgressChanged() {}
   virtual void HexViewChanged() {}
   virtual void SnProgressChanged() {}
   // Takes every queued paint out of the queue and dispatches it, and no other message.
   virtual void PumpPaint() {}
   // The system close command of the main window (asks, then ends it).
   virtual void CloseMainWindow() {}
+  // Ends the main window without a question.
+  virtual void EndMainWindow() {}
 };
 
 }  // namespace pyxis

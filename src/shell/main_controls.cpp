@@ -11,6 +11,7 @@ namespace {
 MainControls theMainControls;
 
 void Changed() { TheMachine().view->ControlsChanged(); }
+void ProgressMoved() { TheMachine().view->ProgressChanged(); }
 
 }  // namespace
 
@@ -44,7 +45,7 @@ void SetProgressRange(int low, int high) {
   bar.high = high;
   bar.position = 0;
   bar.progressVisible = false;
-  Changed();
+  ProgressMoved();
 }
 
 void SetProgressPosition(int position) {
@@ -53,7 +54,7 @@ void SetProgressPosition(int position) {
   if (visible != bar.progressVisible) bar.pane0.clear();
   bar.progressVisible = visible;
   bar.position = position < bar.low ? bar.low : position > bar.high ? bar.high : position;
-  Changed();
+  ProgressMoved();
 }
 
 void ClearStatusText() {

@@ -1,24 +1,22 @@
 #include "view/show_file.h"
 
+#include <algorithm>
+
 #include "platform/files.h"
 #include "platform/machine.h"
 #include "platform/main_view.h"
+#include "view/hex_view.h"
 
 namespace pyxis {
 
-namespace {
-ShownFile theShownFile;
-}
-
-ShownFile& TheShownFile() { return theShownFile; }
-
 void ShowFile(const std::string& path) {
+  CMiniHexEditView& view = TheHexView();
   if (path.empty()) {
-    theShownFile.blanked = true;
+    view.Blanked = true;
   } else {
-    auto bytes = ReadWholeFile(path);
+    const auto bytes = ReadWholeFile(path);
     if (!bytes) return;
-    theShownFile = {std::move(*bytes), false};
+    std::copy(bytes->begin(), bytes->end(), view.SetSize(bytes->size()).begin());
   }
   TheMachine().view->HexViewChanged();
 }

@@ -8,7 +8,7 @@
 #include "shell/app_state.h"
 #include "shell/main_controls.h"
 #include "support/standin_bench.h"
-#include "view/show_file.h"
+#include "view/hex_view.h"
 
 namespace pyxis::test {
 namespace {
@@ -37,7 +37,7 @@ TEST_F(LoadFile, CancelEmptiesTheView) {
   OnLoadFile();
   EXPECT_TRUE(op.told.empty());
   EXPECT_TRUE(TheAppState().LoadedFilePath.empty());
-  EXPECT_TRUE(TheShownFile().blanked);
+  EXPECT_TRUE(TheHexView().Blanked);
   EXPECT_TRUE(TheMainControls()[ControlId::HexView].visible);
   EXPECT_EQ(TheAppState().ProgressMode, 1);
 }
@@ -47,7 +47,7 @@ TEST_F(LoadFile, AGoodRunLeavesEverythingInPlace) {
   LoadSample("QV8348");
   const AppState& app = TheAppState();
   EXPECT_EQ(app.LoadedFilePath, Path("samples/QV8348.bin"));
-  EXPECT_EQ(TheShownFile().Data, Contents("samples/QV8348.bin"));
+  EXPECT_EQ(TheHexView().Data, Contents("samples/QV8348.bin"));
   char checksum[5];
   std::snprintf(checksum, sizeof checksum, "%04X", FieldWord(app.WriterInfoBlock, Field::ImageChecksum));
   EXPECT_EQ(TheMainControls()[ControlId::ChecksumField].text, checksum);

@@ -12,7 +12,7 @@
 #include "serial/sn_run.h"
 #include "shell/app_state.h"
 #include "shell/main_controls.h"
-#include "view/show_file.h"
+#include "view/hex_view.h"
 
 namespace pyxis::test {
 
@@ -21,7 +21,7 @@ void ResetEverything() {
   ResetAppState();
   ResetMainControls();
   ResetWriterLink();
-  TheShownFile() = ShownFile{};
+  ResetHexView();
   ResetSnRecord();
   SnProgressDlg().reset();
 }

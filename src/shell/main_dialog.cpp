@@ -1,0 +1,119 @@
+#include "shell/main_dialog.h"
+
+#include "intake/load_file.h"
+#include "link/writer_commands.h"
+#include "operations/firmware.h"
+#include "operations/tasks.h"
+#include "options/fuse_panel.h"
+#include "options/set_protect.h"
+#include "platform/files.h"
+#include "platform/machine.h"
+#include "platform/main_view.h"
+#include "platform/operator.h"
+#include "platform/text.h"
+#include "serial/sn_record.h"
+#include "serial/sn_run.h"
+#include "shell/app_state.h"
+#include "shell/chip_selection.h"
+#include "shell/link_status.h"
+#include "shell/mode_labels.h"
+#include "shell/on_device.h"
+#include "shell/refresh_from_writer.h"
+#include "shell/start_up.h"
+#include "view/hex_view.h"
+
+namespace pyxis {
+
+namespace {
+
+// Longest directories that the program keeps, in bytes.
+constexpr std::size_t kLongestStartDirectory = 255;
+constexpr std::size_t kLongestAppDir = 512;
+
+constexpr ControlId kWriterButtons[] = {ControlId::Auto,   ControlId::BlankCheck, ControlId::Program,
+                                        ControlId::Verify, ControlId::Read,       ControlId::WriterTest};
+
+void ShowWriterAndJob() {
+  AppState& app = TheAppState();
+  const bool connected = app.WriterConnected != 0;
+  for (const ControlId id : kWriterButtons) EnableControl(id, connected);
+  if (connected) {
+    ReadInfoBlock(app.WriterInfoBlock);
+    RefreshFromWriter();
+  }
+  ShowModeLabels();
+  EnableControl(ControlId::SmartOption, app.HasSmartOption != 0 && connected);
+  ShowControl(ControlId::ProductionLimitLabel, false);
+}
+
+bool AskExit() {
+  return TheMachine().op->Ask("Are you sure to Exit ?", kBlankCaption, MessageIcon::Question);
+}
+
+}  // namespace
+
+void CPyxisLoadDlg::OnInitDialog() {
+  AppState& app = TheAppState();
+  const std::string directory = CurrentDirectory();
+  app.StartDirectory = directory.substr(0, kLongestStartDirectory);
+  ResetSnRecord();
+  app.ChipNameText.clear();
+  app.SelectedChip.clear();
+  ClearPinFigure();
+  ConfigureHexView();
+  ShowControl(ControlId::HexView, true);
+  EnableControl(ControlId::BufferArea, false);
+  ShowControl(ControlId::Read, false);
+  ShowControl(ControlId::WriterTest, false);
+  app.AppDir = directory.substr(0, kLongestAppDir) + kPathSeparator;
+  IdentifyAtStart();
+  TheMainControls().title = "PyxisLoad";
+  app.BusyCursor = 0;
+  ShowLinkStatus();
+  HideFusePanel();
+  ShowWriterAndJob();
+}
+
+void CPyxisLoadDlg::OnDestroy() { SnProgressDlg().reset(); }
+
+void CPyxisLoadDlg::OnCommand(MenuEntry entry) {
+  if (!MenuEnabled(entry)) return;
+  switch (entry) {
+    case MenuEntry::LoadFile: return OnLoadFile();
+    case MenuEntry::Exit: return OnExit();
+    case MenuEntry::Device: return OnDevice();
+    case MenuEntry::UpdateFirmware: return OnUpdateFirmware();
+    case MenuEntry::SerialNumberProgram: return OnSerialNumberProgram();
+    case MenuEntry::SetProtect: return OnSetProtect();
+    case MenuEntry::About: return TheMachine().op->RunAbout();
+    case MenuEntry::CheckNewVersion:
+    case MenuEntry::CompareFile:
+    case MenuEntry::ReadChipInfo:
+    case MenuEntry::SaveAs: return;
+  }
+}
+
+void CPyxisLoadDlg::OnButton(ControlId button) {
+  switch (button) {
+    case ControlId::Auto: return OnAuto();
+    case ControlId::BlankCheck: return OnBlankCheck();
+    case ControlId::Program: return OnProgram();
+    case ControlId::Verify: return OnVerify();
+    default: return;
+  }
+}
+
+void CPyxisLoadDlg::OnMouseMove(int x, int y) {
+  TheMainControls().statusBar.pane0 = Printf("X=%d Y=%d", x, y);
+  TheMachine().view->ControlsChanged();
+}
+
+bool CPyxisLoadDlg::DropsMousePress() const { return TheAppState().TransferBusy != 0; }
+
+bool CPyxisLoadDlg::OnSysClose() { return AskExit(); }
+
+void CPyxisLoadDlg::OnExit() {
+  if (AskExit()) TheMachine().view->CloseMainWindow();
+}
+
+}  // namespace pyxis

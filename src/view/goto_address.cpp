@@ -1,0 +1,20 @@
+#include "view/goto_address.h"
+
+#include "intake/file_readers.h"
+#include "platform/machine.h"
+#include "platform/operator.h"
+#include "view/hex_view.h"
+
+namespace pyxis {
+
+void CGotoAddressDlg::OnChange(const std::string& newText) {
+  text = newText.substr(0, kMaxDigits);
+  address = ParseHexDigits(text, -1);
+}
+
+void OnGotoAddress(CMiniHexEditView& view) {
+  CGotoAddressDlg dialog;
+  if (TheMachine().op->RunDialog(dialog) == DialogEnd::Ok) view.GoTo(dialog.address);
+}
+
+}  // namespace pyxis

@@ -1,0 +1,52 @@
+#include "view/hex_picture.h"
+
+#include <algorithm>
+
+namespace pyxis {
+
+namespace {
+
+constexpr char kDigits[] = "0123456789ABCDEF";
+
+// Upper case, with leading zeros.
+void AppendHex(std::string& text, std::uint32_t value, int digits) {
+  for (int shift = 4 * (digits - 1); shift >= 0; shift -= 4)
+    text.push_back(shift < 32 ? kDigits[value >> shift & 0xF] : '0');
+}
+
+char Shown(std::uint8_t byte) { return byte >= 0x20 && byte < 0x7F ? static_cast<char>(byte) : '.'; }
+
+}  // namespace
+
+int HexLineCount(const CMiniHexEditView& view) {
+  if (view.Data.empty() || view.Blanked) return 0;
+  const auto lineBytes = static_cast<std::int32_t>(view.m_lpr);
+  const std::int32_t left = std::max(view.DataLength() - view.TopOffset, 0);
+  return std::min(view.VisibleLines(), left / lineBytes + (left % lineBytes != 0 ? 1 : 0));
+}
+
+void FormatHexLine(const CMiniHexEditView& view, int line, HexLine& out) {
+  const auto lineBytes = static_cast<std::int32_t>(view.m_lpr);
+  const std::int32_t first = view.TopOffset + line * lineBytes;
+  const std::int32_t end = std::min(first + lineBytes, view.DataLength());
+  out.address.clear();
+  out.hex.clear();
+  out.ascii.clear();
+  if (view.ShowAddress) AppendHex(out.address, static_cast<std::uint32_t>(first), view.WideAddress ? 8 : 4);
+  for (std::int32_t at = first; at < end; ++at) {
+    const std::uint8_t byte = view.Data[static_cast<std::size_t>(at)];
+    if (view.ShowHex) {
+      AppendHex(out.hex, byte, view.DigitsPerByte);
+      out.hex.push_back(' ');
+    }
+    if (view.ShowAscii) out.ascii.push_back(Shown(byte));
+  }
+  out.selectedFrom = out.selectedTo = 0;
+  if (!view.HasSelection() || view.CurrentArea == kAddressArea) return;
+  const auto [from, to] = std::minmax(view.SelStart, view.SelEnd);
+  if (to <= first || from >= end) return;
+  out.selectedFrom = std::max(from, first) - first;
+  out.selectedTo = std::min(to, end) - first;
+}
+
+}  // namespace pyxis
