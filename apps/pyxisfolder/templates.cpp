@@ -20,6 +20,7 @@ struct Kind {
   std::uint8_t readBackOrder;  // 2: words as in DataPackage, else their bytes exchanged
   std::uint8_t configKind;     // 0: Read Chip Info works
   std::uint8_t chipClass;      // 17: flash
+  std::uint8_t serialUnit = 0; // 1: serials count words, low byte first
 };
 constexpr std::uint8_t kOtp = 1;
 constexpr std::uint8_t kFlash = kChipClassFlash;
@@ -30,7 +31,7 @@ constexpr Kind kVelmarKind{2, 2, 0, kFlash};
 constexpr Kind kUsbHexKind{0, 2, 0, kOtp};
 constexpr Kind kUsbObjKind{1, 1, 0, kOtp};
 constexpr Kind kUsbEepromKind{1, 1, 0, kFlash};
-constexpr Kind kUsbPlainKind{0, 2, 0, kFlash};
+constexpr Kind kUsbPlainKind{0, 2, 0, kFlash, kSerialUnitLowFirst};
 constexpr Kind kOtp4ByteKind{0, 2, 1, kOtp};
 constexpr Kind kOtp4WordKind{1, 1, 1, kOtp};
 constexpr Kind kEpm4Kind{1, 2, 1, kOtp};
@@ -97,6 +98,7 @@ Bytes MakeTemplate(const std::string& name) {
   bytes[Field::LengthUnit.offset] = row->kind.lengthUnit;
   bytes[Field::ReadBackOrder.offset] = row->kind.readBackOrder;
   bytes[Field::ConfigKind.offset] = row->kind.configKind;
+  bytes[Field::SerialUnit.offset] = row->kind.serialUnit;
   bytes[Field::ChipClass.offset] = row->kind.chipClass;
   return bytes;
 }

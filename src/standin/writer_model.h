@@ -11,6 +11,7 @@
 
 #include "operations/firmware.h"
 #include "standin/chip.h"
+#include "standin/serial_series.h"
 
 namespace pyxis::standin {
 
@@ -44,6 +45,7 @@ class WriterModel {
 
   std::string identity;  // 26 characters
   Chip chip;
+  bool freshChips = false;  // a handler puts a blank chip in before each Auto and Program
   Faults faults;
   std::array<std::uint8_t, 6> measures{};
   int zeroReads = 3;  // status reads of 0 before a verdict
@@ -73,6 +75,12 @@ class WriterModel {
   bool RunAuto();
   bool RunProgram();
   bool RunVerify();
+  // What the next chip gets: DataPackage, with the serial to come in its place. Nothing when the series is used up, or
+  // is none that fits this job.
+  std::optional<std::vector<std::uint8_t>> DataForNextChip() const;
+  bool ChipIsGood() const;
+  void StartSeries();
+  void StepSerial();
   std::uint8_t TaskStatus();
   bool CountsDown(std::optional<int>& counter);
   bool HoldsJob() const;
@@ -81,11 +89,16 @@ class WriterModel {
   std::vector<std::uint8_t> memory_;
   std::vector<std::uint8_t> optionArea_;  // 512 bytes once a load has been closed
   std::vector<std::uint8_t> dataArea_;
+  // The option area of the job. A series from the menu takes the area's place, but the job goes on.
+  std::vector<std::uint8_t> jobHeader_;
+  std::vector<std::uint8_t> series_;  // SerialHead and SerialBlock of the last load
+  Serial nextSerial_{};
   std::optional<std::uint8_t> mode_;
   std::optional<std::size_t> address_;
   std::uint8_t selectedArea_ = 0;
   Load load_ = Load::None;
   bool optionWritten_ = false;
+  bool dataWritten_ = false;
   bool chipReadAsked_ = false;
   bool taskStarted_ = false;
   std::uint8_t verdict_ = 0;

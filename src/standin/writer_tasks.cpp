@@ -26,11 +26,52 @@ std::uint32_t FromPackedDecimal(std::uint32_t packed) {
 }  // namespace
 
 bool WriterModel::HoldsJob() const {
-  return optionArea_.size() == kInfoBlockSize && FieldWord(optionArea_, Field::ImageChecksum) != 0 &&
-         !dataArea_.empty();
+  return optionArea_.size() == kInfoBlockSize && ChipNameOf(optionArea_) == ChipNameOf(jobHeader_) &&
+         FieldWord(jobHeader_, Field::ImageChecksum) != 0 && !dataArea_.empty();
 }
 
-bool WriterModel::FlashJob() const { return FieldByte(optionArea_, Field::ChipClass) == kChipClassFlash; }
+bool WriterModel::FlashJob() const { return FieldByte(jobHeader_, Field::ChipClass) == kChipClassFlash; }
+
+// A series starts with the load that brings it. Only an option area that comes alone and tells the same series of the
+// same job, as a change of the protection does, goes on where the series stood.
+void WriterModel::StartSeries() {
+  std::vector<std::uint8_t> told;
+  for (const FieldPlace field : {Field::SerialHead, Field::SerialBlock})
+    told.insert(told.end(), optionArea_.begin() + static_cast<std::ptrdiff_t>(field.offset),
+                optionArea_.begin() + static_cast<std::ptrdiff_t>(field.offset + field.width));
+  const bool goesOn =
+      !dataWritten_ && told == series_ && SerialSeries::RoadOf(optionArea_) == SerialSeries::Road::IcSelection;
+  if (!goesOn) nextSerial_ = SerialSeries(optionArea_).First();
+  series_ = told;
+}
+
+void WriterModel::StepSerial() {
+  if (SerialSeries::RoadOf(optionArea_) != SerialSeries::Road::None) nextSerial_ = SerialSeries::After(nextSerial_);
+}
+
+std::optional<std::vector<std::uint8_t>> WriterModel::DataForNextChip() const {
+  if (SerialSeries::RoadOf(optionArea_) == SerialSeries::Road::None) return dataArea_;
+  const SerialSeries series(optionArea_);
+  const auto places = series.Places(dataArea_.size());
+  if (!places || series.IsPast(nextSerial_)) return std::nullopt;
+  std::vector<std::uint8_t> data = dataArea_;
+  for (std::size_t i = 0; i < places->size(); ++i)
+    data[(*places)[i]] = nextSerial_[nextSerial_.size() - places->size() + i];
+  return data;
+}
+
+// Byte for byte the job's data, but for a serial of the series that has been given out, or is about to be.
+bool WriterModel::ChipIsGood() const {
+  if (SerialSeries::RoadOf(optionArea_) == SerialSeries::Road::None) return chip.Holds(dataArea_);
+  const SerialSeries series(optionArea_);
+  const auto places = series.Places(dataArea_.size());
+  if (!places || chip.burnt.size() != dataArea_.size()) return false;
+  std::vector<std::uint8_t> data = dataArea_;
+  Serial serial{};
+  for (std::size_t i = 0; i < places->size(); ++i)
+    data[(*places)[i]] = serial[serial.size() - places->size() + i] = chip.burnt[(*places)[i]];
+  return chip.Holds(data) && series.WasGiven(serial, nextSerial_);
+}
 
 void WriterModel::StartTask(std::uint8_t task) {
   if (load_ == Load::Package || load_ == Load::Firmware) Violate(Printf("task %d during a load", task));
@@ -38,15 +79,27 @@ void WriterModel::StartTask(std::uint8_t task) {
     case task::kAuto:
     case task::kBlankCheck:
     case task::kProgram:
-    case task::kVerify:
+    case task::kVerify: {
       taskStarted_ = true;
       statusReads_ = 0;
-      verdict_ = RunTask(task) && !CountsDown(faults.failTask) ? kVerdictGood : kVerdictFailed;
+      const bool burns = task == task::kAuto || task == task::kProgram;
+      if (burns && freshChips) chip = Chip{};
+      const bool good = RunTask(task) && !CountsDown(faults.failTask);
+      if (burns && good) StepSerial();
+      verdict_ = good ? kVerdictGood : kVerdictFailed;
       return;
-    case task::kOpenPackageLoad: load_ = Load::Opened; return;
-    case task::kOpenFirmwareLoad: load_ = Load::Firmware; return;
-    case task::kReadChip: chipReadAsked_ = true; return;
-    default: Violate(Printf("unknown task %d", task));
+    }
+    case task::kOpenPackageLoad:
+      load_ = Load::Opened;
+      return;
+    case task::kOpenFirmwareLoad:
+      load_ = Load::Firmware;
+      return;
+    case task::kReadChip:
+      chipReadAsked_ = true;
+      return;
+    default:
+      Violate(Printf("unknown task %d", task));
   }
 }
 
@@ -59,29 +112,36 @@ std::uint8_t WriterModel::TaskStatus() {
 bool WriterModel::RunTask(std::uint8_t task) {
   if (!HoldsJob() || !chip.Present()) return false;
   switch (task) {
-    case task::kAuto: return RunAuto();
-    case task::kBlankCheck: return chip.Erase(FlashJob());
-    case task::kProgram: return RunProgram();
-    default: return RunVerify();
+    case task::kAuto:
+      return RunAuto();
+    case task::kBlankCheck:
+      return chip.Erase(FlashJob());
+    case task::kProgram:
+      return RunProgram();
+    default:
+      return RunVerify();
   }
 }
 
 bool WriterModel::RunAuto() {
-  const bool limited = FieldByte(optionArea_, Field::ProductionFlags) == kProductionLimit;
-  const std::uint32_t limit = FromPackedDecimal(LoadBe32(&optionArea_[Field::ProductionLimit.offset]));
-  if (limited && produced_ >= limit) return false;
+  const bool limited = FieldByte(jobHeader_, Field::ProductionFlags) == kProductionLimit;
+  const std::uint32_t limit = FromPackedDecimal(LoadBe32(&jobHeader_[Field::ProductionLimit.offset]));
+  if ((limited && produced_ >= limit) || !DataForNextChip()) return false;
   if (!chip.Erase(FlashJob()) || !RunProgram() || !RunVerify()) return false;
   if (limited && ++produced_ >= limit) optionArea_[Field::WriterStatus.offset] = kLimitUsedUp;
   return true;
 }
 
-bool WriterModel::RunProgram() { return chip.Burn(dataArea_, FieldWord(optionArea_, Field::ConfigWord)); }
+bool WriterModel::RunProgram() {
+  const auto data = DataForNextChip();
+  return data && chip.Burn(*data, FieldWord(jobHeader_, Field::ConfigWord));
+}
 
 // Also fills ChipInfo: configuration, checksum of the upper half, ID, checksum.
 bool WriterModel::RunVerify() {
-  const bool same = chip.Holds(dataArea_);
+  const bool same = ChipIsGood();
   std::uint8_t* info = &optionArea_[Field::ChipInfo.offset];
-  const std::uint16_t checksum = same ? FieldWord(optionArea_, Field::ImageChecksum) : 0;
+  const std::uint16_t checksum = same ? FieldWord(jobHeader_, Field::ImageChecksum) : 0;
   StoreBe16(info, chip.config);
   StoreBe16(info + 2, checksum);
   StoreBe16(info + 4, LoadBe16(&memory_[address::kFirmwareCode]));
