@@ -15,6 +15,7 @@
 #include "serial/sn_run.h"
 #include "shell/app_state.h"
 #include "shell/chip_selection.h"
+#include "shell/device_arrival.h"
 #include "shell/link_status.h"
 #include "shell/mode_labels.h"
 #include "shell/on_device.h"
@@ -46,6 +47,11 @@ void ShowWriterAndJob() {
   ShowControl(ControlId::ProductionLimitLabel, false);
 }
 
+// Single transfers drive the bar and leave it full; nothing is under way any more.
+void HideProgress() {
+  if (TheMainControls().statusBar.progressVisible) SetProgressPosition(0);
+}
+
 bool AskExit() {
   return TheMachine().op->Ask("Are you sure to Exit ?", kBlankCaption, MessageIcon::Question);
 }
@@ -72,16 +78,32 @@ void CPyxisLoadDlg::OnInitDialog() {
   ShowLinkStatus();
   HideFusePanel();
   ShowWriterAndJob();
+  HideProgress();
 }
 
 void CPyxisLoadDlg::OnDestroy() { SnProgressDlg().reset(); }
 
 void CPyxisLoadDlg::OnCommand(MenuEntry entry) {
   if (!MenuEnabled(entry)) return;
+  RunCommand(entry);
+  HideProgress();
+}
+
+void CPyxisLoadDlg::OnButton(ControlId button) {
+  RunButton(button);
+  HideProgress();
+}
+
+void CPyxisLoadDlg::OnDevice(const DeviceEvent& event) {
+  OnDeviceEvent(event);
+  HideProgress();
+}
+
+void CPyxisLoadDlg::RunCommand(MenuEntry entry) {
   switch (entry) {
     case MenuEntry::LoadFile: return OnLoadFile();
     case MenuEntry::Exit: return OnExit();
-    case MenuEntry::Device: return OnDevice();
+    case MenuEntry::Device: return pyxis::OnDevice();
     case MenuEntry::UpdateFirmware: return OnUpdateFirmware();
     case MenuEntry::SerialNumberProgram: return OnSerialNumberProgram();
     case MenuEntry::SetProtect: return OnSetProtect();
@@ -93,7 +115,7 @@ void CPyxisLoadDlg::OnCommand(MenuEntry entry) {
   }
 }
 
-void CPyxisLoadDlg::OnButton(ControlId button) {
+void CPyxisLoadDlg::RunButton(ControlId button) {
   switch (button) {
     case ControlId::Auto: return OnAuto();
     case ControlId::BlankCheck: return OnBlankCheck();

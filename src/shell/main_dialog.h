@@ -1,6 +1,7 @@
 // The main dialog without its window: how it comes up, what its buttons and menu entries run, and how it ends.
 #pragma once
 
+#include "platform/device_events.h"
 #include "shell/main_controls.h"
 #include "shell/menu_rules.h"
 
@@ -18,6 +19,7 @@ class CPyxisLoadDlg {
 
   void OnCommand(MenuEntry entry);
   void OnButton(ControlId button);
+  void OnDevice(const DeviceEvent& event);  // the writer, or something else, came or went
 
   // The mouse over the dialog itself, in client pixels.
   void OnMouseMove(int x, int y);
@@ -28,6 +30,8 @@ class CPyxisLoadDlg {
   bool OnSysClose();
 
  private:
+  void RunCommand(MenuEntry entry);
+  void RunButton(ControlId button);
   void OnExit();
 };
 

@@ -40,6 +40,7 @@ class ScriptedOperator : public Operator {
   std::function<DialogEnd(CReadChipInfoDlg&)> chipInfo;
   std::function<DialogEnd(CDownloadInfoDlg&)> downloadInfo;
   std::function<DialogEnd(CSmartOptionDlg&)> smartOption;
+  std::function<DialogEnd(CGotoAddressDlg&)> gotoAddress;
   int aboutRuns = 0;
 
   std::vector<std::string> Texts() const;
@@ -54,6 +55,7 @@ class ScriptedOperator : public Operator {
   DialogEnd RunDialog(CReadChipInfoDlg& d) override { return chipInfo ? chipInfo(d) : DialogEnd::Cancel; }
   DialogEnd RunDialog(CDownloadInfoDlg& d) override { return downloadInfo ? downloadInfo(d) : DialogEnd::Cancel; }
   DialogEnd RunDialog(CSmartOptionDlg& d) override { return smartOption ? smartOption(d) : DialogEnd::Cancel; }
+  DialogEnd RunDialog(CGotoAddressDlg& d) override { return gotoAddress ? gotoAddress(d) : DialogEnd::Cancel; }
   void RunAbout() override { ++aboutRuns; }
   CursorHandle LoadCursorFromFile(const std::string& path) override;
   CursorHandle SetCursor(CursorHandle handle) override;

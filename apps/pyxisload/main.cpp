@@ -1,0 +1,48 @@
+// The window program. It runs in the program folder, its current directory, and has no command line.
+#include <QApplication>
+
+#include "platform/machine.h"
+#include "shell/application.h"
+#include "system/libusb_host.h"
+#include "system/system_clock.h"
+#include "system/system_language.h"
+#include "system/vendor_library.h"
+#include "system/windows_pipes.h"
+#include "ui/main_window.h"
+#include "ui/qt_operator.h"
+
+int main(int argc, char** argv) {
+  using namespace pyxis;
+  QApplication application(argc, argv);
+  QApplication::setApplicationName(QStringLiteral("PyxisLoad"));
+  SystemClock clock;
+  SystemLanguage language;
+  LibusbHost usb;
+  VendorLibrary vendor;
+  ui::QtOperator op;
+  Machine& machine = TheMachine();
+#ifdef _WIN32
+  WindowsPipes pipes;
+  machine.pipes = &pipes;
+#endif
+  machine.op = &op;
+  machine.clock = &clock;
+  machine.language = &language;
+  machine.usb = &usb;
+  machine.vendor = &vendor;
+
+  CPyxisLoadApp app;
+  app.InitInstance();
+  int result = 0;
+  {
+    ui::MainWindow window;
+    machine.view = &window;
+    op.SetMainWindow(&window);
+    window.Start();
+    window.show();
+    result = QApplication::exec();
+  }
+  app.ExitInstance();
+  ResetMachine();
+  return result;
+}

@@ -1,0 +1,27 @@
+// One handler of the logic at a time. An event that comes while one runs, or while its message box is open, is dropped
+// when it is the operator's, and waits when it is a device's.
+#pragma once
+
+#include <functional>
+
+namespace pyxis::ui {
+
+class HandlerGate {
+ public:
+  bool Busy() const { return busy_; }
+  // Runs the handler to its end; does nothing when one is running already.
+  void Run(const std::function<void()>& handler) {
+    if (busy_) return;
+    busy_ = true;
+    handler();
+    busy_ = false;
+    Idle();
+  }
+  // Called after each handler.
+  std::function<void()> Idle = [] {};
+
+ private:
+  bool busy_ = false;
+};
+
+}  // namespace pyxis::ui

@@ -1,0 +1,214 @@
+#include "ui/hex_view_widget.h"
+
+#include <QApplication>
+#include <QFontDatabase>
+#include <QKeyEvent>
+#include <QPainter>
+#include <QScrollBar>
+#include <optional>
+
+#include "ui/hex_glyphs.h"
+#include "view/hex_picture.h"
+
+namespace pyxis::ui {
+
+namespace {
+
+constexpr int kPointSize = 10;
+constexpr int kHintLines = 20;
+
+std::optional<HexKey> KeyOf(int key) {
+  switch (key) {
+    case Qt::Key_PageUp: return HexKey::PageUp;
+    case Qt::Key_PageDown: return HexKey::PageDown;
+    case Qt::Key_Home: return HexKey::Home;
+    case Qt::Key_End: return HexKey::End;
+    case Qt::Key_Left: return HexKey::Left;
+    case Qt::Key_Right: return HexKey::Right;
+    case Qt::Key_Up: return HexKey::Up;
+    case Qt::Key_Down: return HexKey::Down;
+    default: return std::nullopt;
+  }
+}
+
+HexModifiers ModifiersOf(Qt::KeyboardModifiers modifiers) {
+  return {modifiers.testFlag(Qt::ShiftModifier), modifiers.testFlag(Qt::ControlModifier)};
+}
+
+}  // namespace
+
+HexViewWidget::HexViewWidget(CMiniHexEditView& view, QWidget* parent) : QAbstractScrollArea(parent), view_(view) {
+  QFont font = QFontDatabase::systemFont(QFontDatabase::FixedFont);
+  font.setPointSize(kPointSize);
+  font.setStyleHint(QFont::Monospace);
+  setFont(font);
+  glyphs_ = std::make_unique<HexGlyphs>(this->font());
+  setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOn);
+  setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+  setFocusPolicy(Qt::ClickFocus);
+  viewport()->setBackgroundRole(QPalette::Base);
+  viewport()->setAttribute(Qt::WA_OpaquePaintEvent);
+  viewport()->setCursor(Qt::IBeamCursor);
+  setAccessibleName(QStringLiteral("Buffer"));
+  view_.Changed = [this] { Refresh(); };
+  QScrollBar* bar = verticalScrollBar();
+  connect(bar, &QScrollBar::actionTriggered, this, [this, bar](int action) {
+    switch (action) {
+      case QAbstractSlider::SliderSingleStepAdd: view_.Scroll(HexScroll::LineDown); break;
+      case QAbstractSlider::SliderSingleStepSub: view_.Scroll(HexScroll::LineUp); break;
+      case QAbstractSlider::SliderPageStepAdd: view_.Scroll(HexScroll::PageDown); break;
+      case QAbstractSlider::SliderPageStepSub: view_.Scroll(HexScroll::PageUp); break;
+      default: view_.Scroll(HexScroll::ThumbTrack, bar->sliderPosition()); break;
+    }
+    bar->setSliderPosition(view_.ScrollBar().position);
+  });
+}
+
+HexViewWidget::~HexViewWidget() { view_.Changed = [] {}; }
+
+QSize HexViewWidget::sizeHint() const {
+  const QFontMetrics metrics(font());
+  // 16 bytes a line in all three columns.
+  const int cells = 9 + 16 * 4 + 1;
+  return {cells * metrics.horizontalAdvance(QLatin1Char('0')) + verticalScrollBar()->sizeHint().width() + 2 * frameWidth(),
+          kHintLines * metrics.height()};
+}
+
+void HexViewWidget::Measure() {
+  const QFontMetrics metrics(font());
+  view_.Measure(metrics.horizontalAdvance(QLatin1Char('0')), metrics.height());
+}
+
+void HexViewWidget::Refresh() {
+  SyncScrollBar();
+  viewport()->update();
+}
+
+void HexViewWidget::SyncScrollBar() {
+  const HexScrollBar shown = view_.ScrollBar();
+  QScrollBar* bar = verticalScrollBar();
+  bar->setEnabled(shown.enabled);
+  bar->setPageStep(std::max(shown.page, 1));
+  bar->setRange(0, shown.enabled ? shown.range - shown.page + 1 : 0);
+  bar->setValue(shown.position);
+}
+
+void HexViewWidget::SizeChanged() {
+  Measure();
+  view_.OnSize(viewport()->width(), viewport()->height(), isVisible());
+}
+
+void HexViewWidget::resizeEvent(QResizeEvent*) { SizeChanged(); }
+
+void HexViewWidget::showEvent(QShowEvent* event) {
+  QAbstractScrollArea::showEvent(event);
+  SizeChanged();
+}
+
+void HexViewWidget::paintEvent(QPaintEvent*) {
+  QPainter painter(viewport());
+  painter.fillRect(viewport()->rect(), palette().color(QPalette::Base));
+  Measure();
+  const bool columnsMoved = view_.Recalc;
+  if (!view_.PreparePaint()) return;
+  if (columnsMoved) SyncScrollBar();
+  PaintLines(painter);
+  PaintCaret(painter);
+}
+
+void HexViewWidget::PaintLines(QPainter& painter) {
+  const int lines = HexLineCount(view_);
+  const int cell = view_.CharWidth;
+  const bool inHex = view_.CurrentArea == kHexArea;
+  const int perByte = inHex ? view_.DigitsPerByte + 1 : 1;
+  const int column = inHex ? view_.HexColumnX : view_.AsciiColumnX;
+  HexLine line;
+  HexGlyphs selected(*glyphs_);
+  for (int i = 0; i < lines; ++i) {
+    FormatHexLine(view_, i, line);
+    const int top = i * view_.LineHeight;
+    glyphs_->Add(line.address, 0, top, cell);
+    std::string& text = inHex ? line.hex : line.ascii;
+    if (line.selectedTo > line.selectedFrom) {
+      const auto from = static_cast<std::size_t>(line.selectedFrom * perByte);
+      const auto count = static_cast<std::size_t>((line.selectedTo - line.selectedFrom) * perByte);
+      const int x = column + static_cast<int>(from) * cell;
+      painter.fillRect(x, top, static_cast<int>(count) * cell, view_.LineHeight, palette().color(QPalette::Highlight));
+      selected.Add(std::string_view(text).substr(from, count), x, top, cell);
+      text.replace(from, count, count, ' ');
+    }
+    glyphs_->Add(line.hex, view_.HexColumnX, top, cell);
+    glyphs_->Add(line.ascii, view_.AsciiColumnX, top, cell);
+  }
+  painter.setPen(palette().color(QPalette::Text));
+  glyphs_->Draw(painter);
+  painter.setPen(palette().color(QPalette::HighlightedText));
+  selected.Draw(painter);
+}
+
+void HexViewWidget::PaintCaret(QPainter& painter) {
+  if (!hasFocus() || view_.HasSelection() || !view_.CaretVisible()) return;
+  painter.setCompositionMode(QPainter::CompositionMode_Difference);
+  painter.fillRect(view_.CaretX, view_.CaretY, view_.CaretWidth(), view_.LineHeight, Qt::white);
+}
+
+void HexViewWidget::wheelEvent(QWheelEvent* event) {
+  // Fine wheels send parts of a notch; what doesn't make a line yet waits for the next part.
+  wheelRest_ += event->angleDelta().y();
+  const int whole = wheelRest_ / 60 * 60;
+  wheelRest_ -= whole;
+  if (whole != 0) view_.OnMouseWheel(whole);
+  event->accept();
+}
+
+bool HexViewWidget::event(QEvent* event) {
+  // What the view takes must not go to a menu or a default button first.
+  if (event->type() == QEvent::ShortcutOverride) {
+    const auto* key = static_cast<QKeyEvent*>(event);
+    if (!key->modifiers().testFlag(Qt::AltModifier)) {
+      event->accept();
+      return true;
+    }
+  }
+  return QAbstractScrollArea::event(event);
+}
+
+void HexViewWidget::keyPressEvent(QKeyEvent* event) {
+  if (event->modifiers().testFlag(Qt::AltModifier)) {
+    event->ignore();
+    return;
+  }
+  const HexModifiers modifiers = ModifiersOf(event->modifiers());
+  if (const auto key = KeyOf(event->key())) {
+    view_.OnKeyDown(*key, modifiers);
+  } else if (modifiers.control && event->key() == Qt::Key_G) {
+    GotoAsked();
+  } else {
+    for (const char32_t character : event->text().toUcs4()) view_.OnChar(character, modifiers);
+  }
+  event->accept();
+}
+
+void HexViewWidget::mousePressEvent(QMouseEvent* event) {
+  if (event->button() != Qt::LeftButton) return;
+  pressedAt_ = event->pos();
+  view_.OnLButtonDown(event->pos().x(), event->pos().y(), event->modifiers().testFlag(Qt::ShiftModifier));
+}
+
+void HexViewWidget::mouseMoveEvent(QMouseEvent* event) {
+  if (!event->buttons().testFlag(Qt::LeftButton)) return;
+  if (!view_.HasSelection() && (event->pos() - pressedAt_).manhattanLength() >= QApplication::startDragDistance())
+    view_.OnDragStart();
+  view_.OnMouseMove(event->pos().x(), event->pos().y());
+}
+
+void HexViewWidget::mouseReleaseEvent(QMouseEvent* event) {
+  if (event->button() == Qt::LeftButton) view_.OnLButtonUp();
+}
+
+void HexViewWidget::mouseDoubleClickEvent(QMouseEvent*) {}
+
+void HexViewWidget::focusInEvent(QFocusEvent*) { viewport()->update(); }
+void HexViewWidget::focusOutEvent(QFocusEvent*) { viewport()->update(); }
+
+}  // namespace pyxis::ui

@@ -1,0 +1,123 @@
+#include "ui/main_window.h"
+
+#include <QApplication>
+#include <QCloseEvent>
+#include <QMenuBar>
+#include <QScreen>
+
+#include "ui/device_watch.h"
+#include "ui/hex_view_widget.h"
+#include "ui/main_menu.h"
+#include "ui/main_panel.h"
+#include "ui/progress_status_bar.h"
+#include "ui/qt_text.h"
+#include "view/goto_address.h"
+
+namespace pyxis::ui {
+
+namespace {
+
+constexpr QSize kSize(1180, 720);    // as far as the screen has room for it
+constexpr qint64 kProgressMs = 15;   // between two paints of the bar
+constexpr qint64 kUncoverMs = 250;   // between two paints of the whole window while an operation runs
+
+}  // namespace
+
+MainWindow::MainWindow() : panel_(new MainPanel(this)), statusBar_(new ProgressStatusBar(this)) {
+  setStatusBar(statusBar_);
+  setCentralWidget(panel_);
+  BuildMainMenu(*menuBar(), [this](MenuEntry entry) { gate_.Run([this, entry] { dialog_.OnCommand(entry); }); });
+  panel_->Pressed = [this](ControlId id) { gate_.Run([this, id] { dialog_.OnButton(id); }); };
+  panel_->MouseMoved = [this](int x, int y) { dialog_.OnMouseMove(x, y); };
+  panel_->DropsMousePress = [this] { return dialog_.DropsMousePress(); };
+  panel_->Hex().GotoAsked = [this] { gate_.Run([] { OnGotoAddress(TheHexView()); }); };
+  resize(kSize.boundedTo(screen()->availableSize() * 9 / 10));
+  gate_.Idle = [this] {
+    SyncSoon();
+    if (watch_ != nullptr) watch_->Deliver();
+  };
+  sinceProgress_.start();
+  sinceRepaint_.start();
+}
+
+MainWindow::~MainWindow() { dialog_.OnDestroy(); }
+
+void MainWindow::Start() {
+  dialog_.OnInitDialog();
+  Sync();
+}
+
+void MainWindow::Watch(DeviceEvents& events) {
+  watch_ = new DeviceWatch(this, events, [this](const DeviceEvent& event) {
+    if (gate_.Busy()) return false;
+    gate_.Run([this, &event] { dialog_.OnDevice(event); });
+    return true;
+  });
+}
+
+void MainWindow::ControlsChanged() {
+  dirty_ = true;
+  SyncSoon();
+}
+
+void MainWindow::HexViewChanged() {
+  panel_->Hex().Refresh();
+}
+
+void MainWindow::ProgressChanged() {
+  const bool hides = statusBar_->ShowsProgress() != TheMainControls().statusBar.progressVisible;
+  if (!hides && sinceProgress_.elapsed() < kProgressMs) return SyncSoon();
+  sinceProgress_.restart();
+  statusBar_->Sync();
+  statusBar_->repaint();
+  RepaintUncovered();
+}
+
+// Events of the window system wait while an operation runs, so nobody says that the window has been uncovered.
+void MainWindow::RepaintUncovered() {
+  if (!gate_.Busy() || sinceRepaint_.elapsed() < kUncoverMs) return;
+  sinceRepaint_.restart();
+  repaint();
+}
+
+void MainWindow::SyncSoon() {
+  if (syncPosted_) return;
+  syncPosted_ = true;
+  QMetaObject::invokeMethod(this, [this] { Sync(); }, Qt::QueuedConnection);
+}
+
+void MainWindow::Sync() {
+  syncPosted_ = false;
+  dirty_ = false;
+  setWindowTitle(FromText(TheMainControls().title));
+  panel_->Sync();
+  statusBar_->Sync();
+}
+
+void MainWindow::PumpPaint() {
+  if (dirty_) {
+    const bool posted = syncPosted_;
+    Sync();
+    syncPosted_ = posted;  // the posted one still comes
+  }
+  for (QWidget* window : QApplication::topLevelWidgets()) {
+    QCoreApplication::sendPostedEvents(window, QEvent::LayoutRequest);
+    QCoreApplication::sendPostedEvents(window, QEvent::UpdateRequest);
+  }
+  RepaintUncovered();
+}
+
+void MainWindow::CloseMainWindow() { QMetaObject::invokeMethod(this, [this] { close(); }, Qt::QueuedConnection); }
+
+void MainWindow::EndMainWindow() {
+  ended_ = true;
+  CloseMainWindow();
+}
+
+void MainWindow::closeEvent(QCloseEvent* event) {
+  if (!ended_) gate_.Run([this] { ended_ = dialog_.OnSysClose(); });
+  event->setAccepted(ended_);
+  if (ended_) QApplication::quit();
+}
+
+}  // namespace pyxis::ui

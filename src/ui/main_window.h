@@ -1,0 +1,57 @@
+// The main window: mirrors MainControls and the hex view, and hands every event to CPyxisLoadDlg.
+#pragma once
+
+#include <QElapsedTimer>
+#include <QMainWindow>
+
+#include "platform/device_events.h"
+#include "platform/main_view.h"
+#include "shell/main_dialog.h"
+#include "ui/handler_gate.h"
+
+namespace pyxis::ui {
+
+class DeviceWatch;
+class MainPanel;
+class ProgressStatusBar;
+
+class MainWindow : public QMainWindow, public MainView {
+ public:
+  MainWindow();
+  ~MainWindow() override;
+
+  // Brings the dialog up from the current directory and the open link; then show() it.
+  void Start();
+  // Follows devices; `events` must outlive the window.
+  void Watch(DeviceEvents& events);
+
+  void ControlsChanged() override;
+  void ProgressChanged() override;
+  void HexViewChanged() override;
+  void PumpPaint() override;
+  void CloseMainWindow() override;
+  void EndMainWindow() override;
+
+  HandlerGate& Gate() { return gate_; }
+  CPyxisLoadDlg& Dialog() { return dialog_; }
+
+ protected:
+  void closeEvent(QCloseEvent* event) override;
+
+ private:
+  void Sync();
+  void SyncSoon();
+  void RepaintUncovered();
+
+  CPyxisLoadDlg dialog_;
+  HandlerGate gate_;
+  MainPanel* panel_;
+  ProgressStatusBar* statusBar_;
+  DeviceWatch* watch_ = nullptr;
+  QElapsedTimer sinceProgress_, sinceRepaint_;
+  bool dirty_ = true;
+  bool syncPosted_ = false;
+  bool ended_ = false;
+};
+
+}  // namespace pyxis::ui

@@ -1,0 +1,26 @@
+// The window of Option Select 1.
+#pragma once
+
+#include <QDialog>
+#include <array>
+
+class QRadioButton;
+
+namespace pyxis {
+class COptionSelectDlg;
+}
+
+namespace pyxis::ui {
+
+class OptionSelectWindow : public QDialog {
+ public:
+  OptionSelectWindow(COptionSelectDlg& dialog, QWidget* parent);
+  ~OptionSelectWindow() override;
+
+ private:
+  void Sync();
+  COptionSelectDlg& dialog_;
+  std::array<std::array<QRadioButton*, 2>, 3> buttons_{};
+};
+
+}  // namespace pyxis::ui

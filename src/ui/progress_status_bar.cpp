@@ -1,0 +1,99 @@
+#include "ui/progress_status_bar.h"
+
+#include <QLabel>
+#include <QPainter>
+#include <QProgressBar>
+
+#include "shell/main_controls.h"
+#include "ui/qt_text.h"
+
+namespace pyxis::ui {
+
+namespace {
+
+constexpr int kPane1Width = 200;
+constexpr QColor kBackground(200, 200, 200);
+constexpr QColor kText(0, 0, 0);
+constexpr int kMargin = 4;
+
+// A plug in its socket, or one pulled out.
+QPixmap LinkIcon(bool connected, int size, qreal ratio) {
+  QPixmap pixmap(QSize(size, size) * ratio);
+  pixmap.setDevicePixelRatio(ratio);
+  pixmap.fill(Qt::transparent);
+  QPainter painter(&pixmap);
+  painter.setRenderHint(QPainter::Antialiasing);
+  painter.scale(size / 16.0, size / 16.0);
+  painter.setPen(Qt::NoPen);
+  painter.setBrush(connected ? QColor(0, 130, 60) : QColor(190, 30, 30));
+  const double gap = connected ? 0 : 2;
+  painter.drawRoundedRect(QRectF(0.5, 4, 6 - gap / 2, 8), 1.5, 1.5);
+  painter.drawRoundedRect(QRectF(9.5 + gap / 2, 4, 6 - gap / 2, 8), 1.5, 1.5);
+  for (const double y : {6.0, 9.0}) painter.drawRect(QRectF(6.5 - gap / 2, y, 3 - gap / 2, 1.2));
+  return pixmap;
+}
+
+QLabel* MakePane(QWidget* parent) {
+  auto* label = new QLabel(parent);
+  label->setTextFormat(Qt::PlainText);
+  return label;
+}
+
+}  // namespace
+
+ProgressStatusBar::ProgressStatusBar(QWidget* parent)
+    : QStatusBar(parent),
+      pane0_(MakePane(this)),
+      icon_(MakePane(this)),
+      pane1_(MakePane(this)),
+      progress_(new QProgressBar(this)) {
+  setSizeGripEnabled(false);
+  setAutoFillBackground(true);
+  QPalette colours = palette();
+  for (const QPalette::ColorRole role : {QPalette::Window, QPalette::Button, QPalette::Base})
+    colours.setColor(role, kBackground);
+  for (const QPalette::ColorRole role : {QPalette::WindowText, QPalette::ButtonText, QPalette::Text})
+    colours.setColor(role, kText);
+  setPalette(colours);
+  setFixedHeight(fontMetrics().height() + 2 * kMargin);
+  pane0_->setAccessibleName(QStringLiteral("Status"));
+  pane1_->setAccessibleName(QStringLiteral("Link status"));
+  progress_->setAccessibleName(QStringLiteral("Progress"));
+  progress_->setTextVisible(false);
+  progress_->hide();
+}
+
+bool ProgressStatusBar::ShowsProgress() const { return !progress_->isHidden(); }
+
+void ProgressStatusBar::Sync() {
+  const CProgStatusBar& bar = TheMainControls().statusBar;
+  const QString text0 = FromText(bar.pane0);
+  if (pane0_->text() != text0) pane0_->setText(text0);
+  const QString text1 = FromText(bar.pane1);
+  if (pane1_->text() != text1) {
+    pane1_->setText(text1);
+    LayOut();
+  }
+  if (iconShown_ != (bar.connectedIcon ? 1 : 0)) {
+    iconShown_ = bar.connectedIcon ? 1 : 0;
+    icon_->setPixmap(LinkIcon(bar.connectedIcon, fontMetrics().height(), devicePixelRatioF()));
+  }
+  if (progress_->minimum() != bar.low || progress_->maximum() != bar.high) progress_->setRange(bar.low, bar.high);
+  progress_->setValue(bar.position);
+  progress_->setVisible(bar.progressVisible);
+}
+
+void ProgressStatusBar::resizeEvent(QResizeEvent*) { LayOut(); }
+
+// Pane 1 grows beyond its width only where its text needs it.
+void ProgressStatusBar::LayOut() {
+  const int iconWidth = fontMetrics().height() + 2 * kMargin;
+  const int width1 = std::max(kPane1Width, iconWidth + pane1_->sizeHint().width() + kMargin);
+  const int width0 = width() - width1;
+  pane0_->setGeometry(kMargin, 0, width0 - kMargin, height());
+  progress_->setGeometry(0, 2, width0, height() - 4);
+  icon_->setGeometry(width0 + kMargin, kMargin, iconWidth - kMargin, height() - 2 * kMargin);
+  pane1_->setGeometry(width0 + iconWidth, 0, width1 - iconWidth, height());
+}
+
+}  // namespace pyxis::ui

@@ -1,0 +1,106 @@
+#include "ui/qt_operator.h"
+
+#include <QApplication>
+#include <QFileDialog>
+#include <QFileInfo>
+#include <QLabel>
+#include <QMessageBox>
+
+#include "ui/about_window.h"
+#include "ui/goto_address_window.h"
+#include "ui/ic_select_window.h"
+#include "ui/option_select_window.h"
+#include "ui/qt_text.h"
+
+namespace pyxis::ui {
+
+namespace {
+
+constexpr int kMessageWidth = 40;  // characters
+
+QMessageBox::Icon IconOf(MessageIcon icon) {
+  switch (icon) {
+    case MessageIcon::Question: return QMessageBox::Question;
+    case MessageIcon::Warning: return QMessageBox::Warning;
+    case MessageIcon::Stop: return QMessageBox::Critical;
+    case MessageIcon::None: break;
+  }
+  return QMessageBox::NoIcon;
+}
+
+// The busy cursor gives way while a window of its own asks something of the operator.
+class ArrowCursor {
+ public:
+  ArrowCursor() { QApplication::setOverrideCursor(Qt::ArrowCursor); }
+  ~ArrowCursor() { QApplication::restoreOverrideCursor(); }
+  ArrowCursor(const ArrowCursor&) = delete;
+  ArrowCursor& operator=(const ArrowCursor&) = delete;
+};
+
+// Wide enough for its caption; the text goes out as it is.
+void Dress(QMessageBox& box) {
+  box.setTextFormat(Qt::PlainText);
+  if (auto* label = box.findChild<QLabel*>(QStringLiteral("qt_msgbox_label")))
+    label->setMinimumWidth(kMessageWidth * box.fontMetrics().averageCharWidth());
+}
+
+template <typename Window, typename Dialog>
+DialogEnd Run(Dialog& dialog, QWidget* parent) {
+  const ArrowCursor arrow;
+  Window window(dialog, parent);
+  return window.exec() == QDialog::Accepted ? DialogEnd::Ok : DialogEnd::Cancel;
+}
+
+}  // namespace
+
+QStringList QtFilters(const std::string& filter) {
+  const QStringList parts = FromText(filter).split(QLatin1Char('|'), Qt::SkipEmptyParts);
+  QStringList filters;
+  for (qsizetype i = 0; i + 1 < parts.size(); i += 2) filters.append(parts[i]);  // the caption names its pattern
+  return filters;
+}
+
+QWidget* QtOperator::Parent() const {
+  QWidget* modal = QApplication::activeModalWidget();
+  return modal != nullptr ? modal : main_;
+}
+
+void QtOperator::Tell(const std::string& text, const std::string& caption, MessageIcon icon) {
+  const ArrowCursor arrow;
+  QMessageBox box(IconOf(icon), FromText(caption), FromText(text), QMessageBox::Ok, Parent());
+  Dress(box);
+  box.exec();
+}
+
+bool QtOperator::Ask(const std::string& text, const std::string& caption, MessageIcon icon) {
+  const ArrowCursor arrow;
+  QMessageBox box(IconOf(icon), FromText(caption), FromText(text), QMessageBox::Yes | QMessageBox::No, Parent());
+  Dress(box);
+  box.setDefaultButton(QMessageBox::Yes);
+  box.setEscapeButton(QMessageBox::No);
+  return box.exec() == QMessageBox::Yes;
+}
+
+// Qt's own dialog: its filters don't look at letter case, whatever the desktop.
+std::optional<std::string> QtOperator::ChooseFile(const std::string& filter) {
+  const ArrowCursor arrow;
+  QFileDialog dialog(Parent(), QStringLiteral("Open"), lastFolder_);
+  dialog.setOption(QFileDialog::DontUseNativeDialog);
+  dialog.setFileMode(QFileDialog::ExistingFile);
+  dialog.setNameFilters(QtFilters(filter));
+  if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) return std::nullopt;
+  const QString path = dialog.selectedFiles().constFirst();
+  lastFolder_ = QFileInfo(path).absolutePath();
+  return ToText(path);
+}
+
+DialogEnd QtOperator::RunDialog(CIcSelectDlg& dialog) { return Run<IcSelectWindow>(dialog, Parent()); }
+DialogEnd QtOperator::RunDialog(COptionSelectDlg& dialog) { return Run<OptionSelectWindow>(dialog, Parent()); }
+DialogEnd QtOperator::RunDialog(CGotoAddressDlg& dialog) { return Run<GotoAddressWindow>(dialog, Parent()); }
+
+void QtOperator::RunAbout() {
+  const ArrowCursor arrow;
+  AboutWindow(Parent()).exec();
+}
+
+}  // namespace pyxis::ui

@@ -1,0 +1,128 @@
+// The main dialog without a window: how it comes up, runs commands and ends.
+#include "shell/main_dialog.h"
+
+#include "link/identification.h"
+#include "link/writer_commands.h"
+#include "platform/machine.h"
+#include "shell/app_state.h"
+#include "shell/application.h"
+#include "shell/mode_labels.h"
+#include "support/standin_bench.h"
+
+namespace pyxis::test {
+namespace {
+
+constexpr ControlId kButtons[] = {ControlId::Auto,   ControlId::BlankCheck, ControlId::Program,
+                                  ControlId::Verify, ControlId::Read,       ControlId::WriterTest};
+
+// The program as it starts: a fresh state, and the program folder as the current one.
+class MainDialog : public StandinBench, public ::testing::WithParamInterface<Transport> {
+ protected:
+  MainDialog() : StandinBench(GetParam()), before_(std::filesystem::current_path()) {
+    std::filesystem::current_path(folder);
+  }
+  ~MainDialog() override { std::filesystem::current_path(before_); }
+  void Restart() {
+    app.ExitInstance();
+    ResetAppState();
+    ResetMainControls();
+    op.told.clear();
+    app.InitInstance();
+    dialog.OnInitDialog();
+  }
+  void PullOut(bool out) { usb.pluggedIn = vendor.pluggedIn = !out; }
+  bool Enabled(ControlId id) { return TheMainControls()[id].enabled; }
+  bool Visible(ControlId id) { return TheMainControls()[id].visible; }
+  CPyxisLoadApp app;
+  CPyxisLoadDlg dialog;
+
+ private:
+  std::filesystem::path before_;
+};
+
+TEST_P(MainDialog, StartsWithoutAWriter) {
+  PullOut(true);
+  Restart();
+  for (const ControlId id : kButtons) EXPECT_FALSE(Enabled(id));
+  EXPECT_FALSE(Enabled(ControlId::SmartOption));
+  EXPECT_FALSE(Visible(ControlId::Protect));
+  EXPECT_FALSE(Visible(ControlId::MassProductionLabel));
+  EXPECT_EQ(TheMainControls().title, "PyxisLoad");
+  EXPECT_EQ(TheMainControls().statusBar.pane1, "USB was not connected");
+  EXPECT_EQ(TheAppState().HwFolder, "hwversion1.0");
+  EXPECT_EQ(TheAppState().HwKnown, 0U);
+  EXPECT_EQ(TheAppState().WriterModel, kModelNone);
+  EXPECT_EQ(TheAppState().AppDir, std::filesystem::current_path().string() + "/");
+  EXPECT_EQ(TheAppState().StartDirectory, std::filesystem::current_path().string());
+  EXPECT_TRUE(op.told.empty());
+}
+
+TEST_P(MainDialog, StartsWithTheJobOfTheWriter) {
+  LoadSample("QV8348");
+  writer.OptionArea()[76] = 2;
+  Restart();
+  for (const ControlId id : kButtons) EXPECT_TRUE(Enabled(id));
+  EXPECT_TRUE(Enabled(ControlId::SmartOption));
+  EXPECT_EQ(TheMainControls().title, "PyxisLoad  QV8348  ");
+  EXPECT_EQ(TheMainControls().statusBar.pane1, "PYX STANDALONE LOADER");
+  EXPECT_EQ(TheAppState().WriterModel, kModelKm48);
+  EXPECT_FALSE(TheMainControls().statusBar.progressVisible);
+  EXPECT_TRUE(Visible(ControlId::IspLabel));
+  EXPECT_FALSE(Visible(ControlId::Read));
+  EXPECT_FALSE(Visible(ControlId::WriterTest));
+  dialog.OnButton(ControlId::Auto);
+  EXPECT_EQ(op.Texts(), std::vector<std::string>{"Auto OK"});
+
+  writer.OptionArea()[78] = 0x11;
+  Restart();
+  EXPECT_TRUE(Enabled(ControlId::Auto));
+  EXPECT_FALSE(Enabled(ControlId::Program));
+  EXPECT_EQ(TheAppState().ProductionLimitOn, 1U);
+  EXPECT_FALSE(Visible(ControlId::ProductionLimitLabel));  // hidden at every start
+  EXPECT_FALSE(Visible(ControlId::MassProductionLabel));   // 0x11 isn't the mode that this label shows
+}
+
+TEST_P(MainDialog, AStrangeIdentityIsNoKnownHardware) {
+  writer.identity.back() = '9';
+  Restart();
+  EXPECT_EQ(TheAppState().HwKnown, 0U);
+  EXPECT_EQ(TheAppState().HwFolder, "hwversion1.0");
+  // The frame link doesn't look into the memory of a writer that it doesn't know.
+  EXPECT_EQ(TheAppState().ModelRegister, GetParam() == Transport::Usb ? 0 : kRegisterKm48);
+}
+
+TEST_P(MainDialog, ExitAsksTwice) {
+  struct View : MainView {
+    int closes = 0;
+    void CloseMainWindow() override { ++closes; }
+  } view;
+  TheMachine().view = &view;
+  op.answers = {false};
+  dialog.OnCommand(MenuEntry::Exit);
+  EXPECT_EQ(view.closes, 0);
+  op.answers = {true, false};
+  dialog.OnCommand(MenuEntry::Exit);
+  EXPECT_EQ(view.closes, 1);
+  EXPECT_FALSE(dialog.OnSysClose());
+  EXPECT_EQ(op.told, std::vector<Told>(3, {"Are you sure to Exit ?", " ", MessageIcon::Question}));
+}
+
+TEST_P(MainDialog, MouseAndMenu) {
+  Restart();
+  dialog.OnMouseMove(12, 345);
+  EXPECT_EQ(TheMainControls().statusBar.pane0, "X=12 Y=345");
+  SetProgressPosition(1);
+  EXPECT_EQ(TheMainControls().statusBar.pane0, "");
+  EXPECT_FALSE(dialog.DropsMousePress());
+  TheAppState().TransferBusy = 1;
+  EXPECT_TRUE(dialog.DropsMousePress());
+  dialog.OnCommand(MenuEntry::LoadFile);  // no IC: the entry is disabled
+  EXPECT_TRUE(op.filters.empty());
+  dialog.OnCommand(MenuEntry::About);
+  EXPECT_EQ(op.aboutRuns, 1);
+}
+
+INSTANTIATE_TEST_SUITE_P(BothTransports, MainDialog, ::testing::Values(Transport::Usb, Transport::Vendor));
+
+}  // namespace
+}  // namespace pyxis::test
