@@ -14,8 +14,18 @@ bool HeadlessOperator::Ask(const std::string& text, const std::string& caption, 
   return answer;
 }
 
-DialogEnd HeadlessOperator::RunDialog(COptionSelectDlg& dialog) {
-  return optionSelect ? optionSelect(dialog) : DialogEnd::Cancel;
+namespace {
+
+template <typename Dialog>
+DialogEnd Answer(const std::function<DialogEnd(Dialog&)>& answer, Dialog& dialog) {
+  return answer ? answer(dialog) : DialogEnd::Cancel;
 }
+
+}  // namespace
+
+DialogEnd HeadlessOperator::RunDialog(COptionSelectDlg& dialog) { return Answer(optionSelect, dialog); }
+DialogEnd HeadlessOperator::RunDialog(CIcSelectDlg& dialog) { return Answer(icSelect, dialog); }
+DialogEnd HeadlessOperator::RunDialog(CSnSetDlg& dialog) { return Answer(snSet, dialog); }
+DialogEnd HeadlessOperator::RunDialog(CSnProgramDlg& dialog) { return Answer(snProgram, dialog); }
 
 }  // namespace pyxis::job

@@ -27,12 +27,18 @@ class HeadlessOperator : public Operator {
   std::vector<std::string> messages;
   std::optional<std::string> file;  // what the file dialog gives
   std::function<DialogEnd(COptionSelectDlg&)> optionSelect;
+  std::function<DialogEnd(CIcSelectDlg&)> icSelect;
+  std::function<DialogEnd(CSnSetDlg&)> snSet;
+  std::function<DialogEnd(CSnProgramDlg&)> snProgram;
 
   void Tell(const std::string& text, const std::string& caption, MessageIcon icon) override;
   bool Ask(const std::string& text, const std::string& caption, MessageIcon icon) override;
   std::optional<std::string> ChooseFile(const std::string&) override { return file; }
   using Operator::RunDialog;
   DialogEnd RunDialog(COptionSelectDlg& dialog) override;
+  DialogEnd RunDialog(CIcSelectDlg& dialog) override;
+  DialogEnd RunDialog(CSnSetDlg& dialog) override;
+  DialogEnd RunDialog(CSnProgramDlg& dialog) override;
 };
 
 struct Options {
@@ -65,8 +71,8 @@ std::optional<std::uint32_t> SelectChip(const ChipOptions& chip);
 // A JSON object on one line of standard output.
 void Print(const nlohmann::json& object);
 
-// Opens the writer on the transports that --link allows, identifies it and takes over the job that it holds. False, with
-// the operator told, when there is none.
+// Opens the writer on the transports that --link allows, identifies it and takes over the job that it holds. False,
+// with the operator told, when there is none.
 bool Connect(Job& job);
 
 // The messages since the start as the result of a command: one JSON object, or nothing when they have been shown.
@@ -78,5 +84,6 @@ void AddIcs(CLI::App& app, Job& job);
 void AddWriter(CLI::App& app, Job& job);
 void AddLoad(CLI::App& app, Job& job);
 void AddTasks(CLI::App& app, Job& job);
+void AddSerial(CLI::App& app, Job& job);
 
 }  // namespace pyxis::job

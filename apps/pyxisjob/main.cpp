@@ -73,6 +73,7 @@ int main(int argc, char** argv) {
   AddWriter(app, job);
   AddLoad(app, job);
   AddTasks(app, job);
+  AddSerial(app, job);
   try {
     app.parse(argc, argv);
   } catch (const CLI::ParseError& error) {

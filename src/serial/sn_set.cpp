@@ -145,12 +145,13 @@ bool CSnSetDlg::LoadSnSetup() {
   }
   record.SnStartAddress = ParseHexDigits(WithoutPrefix(addressText), -1);
   record.SnEndAddress = record.SnStartAddress + record.SnLength - 1;
-  const Written written = WriteSerialFile();
-  if (written == Written::Broken) {
+  const Written result = WriteSerialFile();
+  if (result == Written::Broken) {
     Refuse(Printf("%s write file error\n", SerialFilePath().c_str()));
     return false;
   }
-  if (written == Written::Good && !snFromIcSelection_)
+  written = result == Written::Good;
+  if (written && !snFromIcSelection_)
     TheAppState().SnLoaded = RewriteOptionArea(SerialFilePath()) ? 1 : 0;
   return true;
 }

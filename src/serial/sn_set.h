@@ -28,6 +28,7 @@ class CSnSetDlg {
   void OnDirection(int button);
   void OnLoad();  // the button "Load"; `ended` tells whether the dialog closed as OK
   bool ended = false;
+  bool written = false;  // this run stands in serial.txt
   std::function<void()> Changed = [] {};
 
  private:
