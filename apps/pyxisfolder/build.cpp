@@ -24,7 +24,24 @@ bool Put(const fs::path& path, const Bytes& bytes) {
 bool PutTemplates(const fs::path& dir) {
   bool good = true;
   for (const std::string& name : TemplateNames())
-    for (const char* hw : {"hwversion1.0", "hwversion1.1"}) good = Put(dir / hw / (name + ".txt"), MakeTemplate(name)) && good;
+    for (const char* hw : {"hwversion1.0", "hwversion1.1"})
+      good = Put(dir / hw / (name + ".txt"), MakeTemplate(name)) && good;
+  return good;
+}
+
+std::set<std::string> ChipNames() {
+  std::set<std::string> names;
+  for (int list = 0; list < kListCount; ++list)
+    for (const ChipEntry& row : ChipList(list)) names.insert(row.ChipName);
+  return names;
+}
+
+bool PutOptionLists(const fs::path& dir) {
+  bool good = true;
+  for (const std::string& chip : ChipNames()) {
+    const Bytes list = MakeTin(chip);
+    if (!list.empty()) good = Put(dir / "tin" / (chip + ".tin"), list) && good;
+  }
   return good;
 }
 
@@ -47,12 +64,9 @@ bool PutFirmware(const fs::path& dir) {
 
 bool PutSamples(const fs::path& dir) {
   bool good = true;
-  std::set<std::string> made;
-  for (int list = 0; list < kListCount; ++list)
-    for (const ChipEntry& row : ChipList(list))
-      if (made.insert(row.ChipName).second)
-        for (const Sample& sample : MakeSamples(row.ChipName))
-          good = Put(dir / "samples" / sample.fileName, sample.contents) && good;
+  for (const std::string& chip : ChipNames())
+    for (const Sample& sample : MakeSamples(chip))
+      good = Put(dir / "samples" / sample.fileName, sample.contents) && good;
   return good;
 }
 
@@ -60,8 +74,9 @@ bool PutSamples(const fs::path& dir) {
 
 bool BuildProgramFolder(const std::string& dir) {
   const bool templates = PutTemplates(dir);
+  const bool optionLists = PutOptionLists(dir);
   const bool firmware = PutFirmware(dir);
-  return PutSamples(dir) && templates && firmware;
+  return PutSamples(dir) && templates && optionLists && firmware;
 }
 
 }  // namespace pyxis::folder

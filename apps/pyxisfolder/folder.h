@@ -1,4 +1,4 @@
-// The makers of a program folder: templates, firmware images, sample program files. All of it is deterministic.
+// The makers of a program folder: templates, option lists, firmware images, sample program files. All of it is deterministic.
 #pragma once
 
 #include <cstdint>
@@ -15,6 +15,9 @@ bool BuildProgramFolder(const std::string& dir);
 // The template of an IC by the template's name; empty for a name that no IC has.
 Bytes MakeTemplate(const std::string& name);
 std::vector<std::string> TemplateNames();
+
+// The option list of an IC with Smart Option by its name; empty for any other.
+Bytes MakeTin(const std::string& chipName);
 
 // A firmware image of model 1 or 2. The test images have the code 0 as well.
 Bytes MakeFirmware(int model, std::uint32_t firmwareCode);

@@ -6,6 +6,7 @@
 #include "system/libusb_host.h"
 #include "system/system_clock.h"
 #include "system/system_language.h"
+#include "system/update_library.h"
 #include "system/vendor_library.h"
 #include "system/windows_pipes.h"
 #include "ui/main_window.h"
@@ -19,6 +20,7 @@ int main(int argc, char** argv) {
   SystemLanguage language;
   LibusbHost usb;
   VendorLibrary vendor;
+  UpdateLibrary update;
   ui::QtOperator op;
   Machine& machine = TheMachine();
 #ifdef _WIN32
@@ -30,6 +32,7 @@ int main(int argc, char** argv) {
   machine.language = &language;
   machine.usb = &usb;
   machine.vendor = &vendor;
+  machine.update = &update;
 
   CPyxisLoadApp app;
   app.InitInstance();
@@ -38,6 +41,7 @@ int main(int argc, char** argv) {
     ui::MainWindow window;
     machine.view = &window;
     op.SetMainWindow(&window);
+    update.SetMainWindow(reinterpret_cast<void*>(window.winId()));
     window.Start();
     window.show();
     result = QApplication::exec();

@@ -21,6 +21,8 @@ class MainView {
   virtual void CloseMainWindow() {}
   // Ends the main window without a question.
   virtual void EndMainWindow() {}
+  // A disabled main window gets no input.
+  virtual void EnableMainWindow(bool /*enabled*/) {}
 };
 
 }  // namespace pyxis

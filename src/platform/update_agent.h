@@ -1,5 +1,5 @@
 // The update library: one call that blocks until the update client has finished. The real body loads it from beside
-// the program; a missing library gives kUpdateAgentMissing, which is neither "found" (0) nor "current" (4).
+// the program; a missing library gives kUpdateAgentMissing. Other results than those named here mean nothing to the program.
 #pragma once
 
 #include <cstdint>
@@ -7,6 +7,8 @@
 namespace pyxis {
 
 inline constexpr std::int32_t kUpdateAgentMissing = -1;
+inline constexpr std::int32_t kUpdateTakenCareOf = 0;  // found and fetched: the old version should end
+inline constexpr std::int32_t kVersionIsCurrent = 4;
 
 class UpdateAgent {
  public:

@@ -15,6 +15,13 @@ void ProgressMoved() { TheMachine().view->ProgressChanged(); }
 
 }  // namespace
 
+// The fuse panel is a display: no click reaches its boxes.
+MainControls::MainControls() {
+  for (const ControlId id : {ControlId::Protect, ControlId::Unprotect, ControlId::FastMode, ControlId::DualMode,
+                             ControlId::Clock32kDisable, ControlId::Clock32kEnable})
+    (*this)[id].enabled = false;
+}
+
 MainControls& TheMainControls() { return theMainControls; }
 
 void ResetMainControls() { theMainControls = MainControls{}; }
@@ -83,9 +90,11 @@ void EnableOperations() {
 
 void PumpPaint() { TheMachine().view->PumpPaint(); }
 
-void BeginBusyCursor(const std::string& fileName) {
+void BeginBusyCursor(const std::string& fileName) { BeginBusyCursorFrom(TheAppState().AppDir + fileName); }
+
+void BeginBusyCursorFrom(const std::string& path) {
   AppState& app = TheAppState();
-  app.BusyCursor = TheMachine().op->LoadCursorFromFile(app.AppDir + fileName);
+  app.BusyCursor = TheMachine().op->LoadCursorFromFile(path);
   if (app.BusyCursor != 0) app.PreviousCursor = TheMachine().op->SetCursor(app.BusyCursor);
 }
 

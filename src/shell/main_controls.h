@@ -9,10 +9,28 @@
 namespace pyxis {
 
 enum class ControlId {
-  Auto, BlankCheck, Program, Verify, Read, WriterTest, SmartOption,
-  FileField, ChipNameField, BufferArea, ChecksumField, HexView,
-  Protect, Unprotect, FastMode, DualMode, Clock32kDisable, Clock32kEnable,
-  ExhvIspLabel, IspLabel, MassProductionLabel, ProductionLimitLabel,
+  Auto,
+  BlankCheck,
+  Program,
+  Verify,
+  Read,
+  WriterTest,
+  SmartOption,
+  FileField,
+  ChipNameField,
+  BufferArea,
+  ChecksumField,
+  HexView,
+  Protect,
+  Unprotect,
+  FastMode,
+  DualMode,
+  Clock32kDisable,
+  Clock32kEnable,
+  ExhvIspLabel,
+  IspLabel,
+  MassProductionLabel,
+  ProductionLimitLabel,
   Count
 };
 
@@ -37,6 +55,7 @@ struct MainControls {
   std::string title = "PyxisLoad";
   std::string pinFigure;  // path of the bitmap that the picture shows; empty when it shows none
 
+  MainControls();
   ControlState& operator[](ControlId id) { return controls[static_cast<std::size_t>(id)]; }
   const ControlState& operator[](ControlId id) const { return controls[static_cast<std::size_t>(id)]; }
 };
@@ -56,7 +75,8 @@ void SetProgressRange(int low, int high);
 void SetProgressPosition(int position);
 void ClearStatusText();  // pane 0
 
-// Around a run: grey Auto, Blank check, Program, Verify, Read and Smart Option, and bring back those that the modes allow.
+// Around a run: grey Auto, Blank check, Program, Verify, Read and Smart Option, and bring back those that the modes
+// allow.
 void DisableOperations();
 void EnableOperations();
 
@@ -65,6 +85,7 @@ void PumpPaint();
 
 // The animated cursor of a long operation, from the program folder; without the file there is none.
 void BeginBusyCursor(const std::string& fileName);
+void BeginBusyCursorFrom(const std::string& path);  // the same from any folder
 void EndBusyCursor();
 
 }  // namespace pyxis

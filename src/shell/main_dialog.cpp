@@ -6,6 +6,8 @@
 #include "operations/tasks.h"
 #include "options/fuse_panel.h"
 #include "options/set_protect.h"
+#include "options/smart_option.h"
+#include "options/smart_option_dlg.h"
 #include "platform/files.h"
 #include "platform/machine.h"
 #include "platform/main_view.h"
@@ -21,6 +23,7 @@
 #include "shell/on_device.h"
 #include "shell/refresh_from_writer.h"
 #include "shell/start_up.h"
+#include "shell/version_check.h"
 #include "view/hex_view.h"
 
 namespace pyxis {
@@ -52,9 +55,7 @@ void HideProgress() {
   if (TheMainControls().statusBar.progressVisible) SetProgressPosition(0);
 }
 
-bool AskExit() {
-  return TheMachine().op->Ask("Are you sure to Exit ?", kBlankCaption, MessageIcon::Question);
-}
+bool AskExit() { return TheMachine().op->Ask("Are you sure to Exit ?", kBlankCaption, MessageIcon::Question); }
 
 }  // namespace
 
@@ -78,10 +79,14 @@ void CPyxisLoadDlg::OnInitDialog() {
   ShowLinkStatus();
   HideFusePanel();
   ShowWriterAndJob();
+  AllocateSmartOptionBuffer();
   HideProgress();
 }
 
-void CPyxisLoadDlg::OnDestroy() { SnProgressDlg().reset(); }
+void CPyxisLoadDlg::OnDestroy() {
+  SnProgressDlg().reset();
+  FreeSmartOptionBuffer();
+}
 
 void CPyxisLoadDlg::OnCommand(MenuEntry entry) {
   if (!MenuEnabled(entry)) return;
@@ -101,27 +106,43 @@ void CPyxisLoadDlg::OnDevice(const DeviceEvent& event) {
 
 void CPyxisLoadDlg::RunCommand(MenuEntry entry) {
   switch (entry) {
-    case MenuEntry::LoadFile: return OnLoadFile();
-    case MenuEntry::Exit: return OnExit();
-    case MenuEntry::Device: return pyxis::OnDevice();
-    case MenuEntry::UpdateFirmware: return OnUpdateFirmware();
-    case MenuEntry::SerialNumberProgram: return OnSerialNumberProgram();
-    case MenuEntry::SetProtect: return OnSetProtect();
-    case MenuEntry::About: return TheMachine().op->RunAbout();
+    case MenuEntry::LoadFile:
+      return OnLoadFile();
+    case MenuEntry::Exit:
+      return OnExit();
+    case MenuEntry::Device:
+      return pyxis::OnDevice();
+    case MenuEntry::UpdateFirmware:
+      return OnUpdateFirmware();
+    case MenuEntry::SerialNumberProgram:
+      return OnSerialNumberProgram();
+    case MenuEntry::SetProtect:
+      return OnSetProtect();
+    case MenuEntry::About:
+      return TheMachine().op->RunAbout();
     case MenuEntry::CheckNewVersion:
+      return CheckNewVersion();
     case MenuEntry::CompareFile:
     case MenuEntry::ReadChipInfo:
-    case MenuEntry::SaveAs: return;
+    case MenuEntry::SaveAs:
+      return;
   }
 }
 
 void CPyxisLoadDlg::RunButton(ControlId button) {
   switch (button) {
-    case ControlId::Auto: return OnAuto();
-    case ControlId::BlankCheck: return OnBlankCheck();
-    case ControlId::Program: return OnProgram();
-    case ControlId::Verify: return OnVerify();
-    default: return;
+    case ControlId::Auto:
+      return OnAuto();
+    case ControlId::BlankCheck:
+      return OnBlankCheck();
+    case ControlId::Program:
+      return OnProgram();
+    case ControlId::Verify:
+      return OnVerify();
+    case ControlId::SmartOption:
+      return OnSmartOption();
+    default:
+      return;
   }
 }
 

@@ -4,8 +4,17 @@
 namespace pyxis {
 
 enum class MenuEntry {
-  LoadFile, SaveAs, Exit, Device, UpdateFirmware, SerialNumberProgram, CheckNewVersion, CompareFile, SetProtect,
-  ReadChipInfo, About
+  LoadFile,
+  SaveAs,
+  Exit,
+  Device,
+  UpdateFirmware,
+  SerialNumberProgram,
+  CheckNewVersion,
+  CompareFile,
+  SetProtect,
+  ReadChipInfo,
+  About
 };
 
 bool MenuEnabled(MenuEntry entry);

@@ -1,34 +1,18 @@
 #include "system/vendor_library.h"
 
-#include <dlfcn.h>
-
 #include "platform/files.h"
 
 namespace pyxis {
 
-namespace {
-
-constexpr char kLibraryName[] = "/libvelmarapi.so";
-
-template <typename Function>
-bool Find(void* library, const char* name, Function& function) {
-  function = reinterpret_cast<Function>(dlsym(library, name));
-  return function != nullptr;
-}
-
-}  // namespace
-
 bool VendorLibrary::Load() {
   if (read_ != nullptr) return true;
-  // Stays loaded until the process ends.
-  void* library = dlopen((ProgramDirectory() + kLibraryName).c_str(), RTLD_NOW | RTLD_LOCAL);
-  if (library == nullptr) return false;
-  const bool whole = Find(library, "VMOpen", open_) && Find(library, "VMSetTimeout", setTimeout_) &&
-                     Find(library, "VMClose", close_) && Find(library, "VMWrite", write_) &&
-                     Find(library, "VMRead", read_);
+  if (!library_.Load(ProgramDirectory(), "velmarapi")) return false;
+  const bool whole = library_.Find("VMOpen", open_) && library_.Find("VMSetTimeout", setTimeout_) &&
+                     library_.Find("VMClose", close_) && library_.Find("VMWrite", write_) &&
+                     library_.Find("VMRead", read_);
   if (!whole) {
     read_ = nullptr;
-    dlclose(library);
+    library_.Drop();
   }
   return whole;
 }

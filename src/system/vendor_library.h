@@ -2,6 +2,7 @@
 #pragma once
 
 #include "platform/vendor_api.h"
+#include "system/shared_library.h"
 
 namespace pyxis {
 
@@ -15,6 +16,7 @@ class VendorLibrary : public VendorApi {
 
  private:
   bool Load();
+  SharedLibrary library_;
   // The library's exports, with the C calling convention.
   int (*open_)(int, int, int) = nullptr;
   void (*setTimeout_)(int) = nullptr;

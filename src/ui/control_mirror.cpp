@@ -23,9 +23,9 @@ void ShowText(QWidget& widget, const std::string& text) {
   }
 }
 
-void Show(QWidget& widget, const ControlState& state) {
+void Show(QWidget& widget, const ControlState& state, bool ownVisibility) {
   if (widget.isEnabledTo(widget.parentWidget()) != state.enabled) widget.setEnabled(state.enabled);
-  if (widget.isHidden() == state.visible) widget.setVisible(state.visible);
+  if (ownVisibility && widget.isHidden() == state.visible) widget.setVisible(state.visible);
   ShowText(widget, state.text);
   if (auto* box = qobject_cast<QCheckBox*>(&widget)) box->setChecked(state.checked);
 }
@@ -34,7 +34,8 @@ void Show(QWidget& widget, const ControlState& state) {
 
 void ControlMirror::Sync() const {
   for (std::size_t i = 0; i < widgets_.size(); ++i)
-    if (widgets_[i] != nullptr) Show(*widgets_[i], TheMainControls().controls[i]);
+    if (widgets_[i].widget != nullptr)
+      Show(*widgets_[i].widget, TheMainControls().controls[i], widgets_[i].kind == Kind::Control);
 }
 
 }  // namespace pyxis::ui

@@ -11,13 +11,21 @@ namespace pyxis::ui {
 
 class ControlMirror {
  public:
-  // The widget belongs to its parent. A line edit or a text edit shows the text, a check box the mark.
-  void Bind(ControlId id, QWidget* widget) { widgets_[static_cast<std::size_t>(id)] = widget; }
-  QWidget* Widget(ControlId id) const { return widgets_[static_cast<std::size_t>(id)]; }
+  // The widget belongs to its parent. A line edit or a text edit shows the text, a check box the mark. A page of a
+  // stack is shown and hidden by its stack.
+  enum class Kind { Control, Page };
+  void Bind(ControlId id, QWidget* widget, Kind kind = Kind::Control) {
+    widgets_[static_cast<std::size_t>(id)] = {widget, kind};
+  }
+  QWidget* Widget(ControlId id) const { return widgets_[static_cast<std::size_t>(id)].widget; }
   void Sync() const;
 
  private:
-  std::array<QWidget*, static_cast<std::size_t>(ControlId::Count)> widgets_{};
+  struct Bound {
+    QWidget* widget = nullptr;
+    Kind kind = Kind::Control;
+  };
+  std::array<Bound, static_cast<std::size_t>(ControlId::Count)> widgets_{};
 };
 
 }  // namespace pyxis::ui

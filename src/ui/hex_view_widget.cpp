@@ -19,15 +19,24 @@ constexpr int kHintLines = 20;
 
 std::optional<HexKey> KeyOf(int key) {
   switch (key) {
-    case Qt::Key_PageUp: return HexKey::PageUp;
-    case Qt::Key_PageDown: return HexKey::PageDown;
-    case Qt::Key_Home: return HexKey::Home;
-    case Qt::Key_End: return HexKey::End;
-    case Qt::Key_Left: return HexKey::Left;
-    case Qt::Key_Right: return HexKey::Right;
-    case Qt::Key_Up: return HexKey::Up;
-    case Qt::Key_Down: return HexKey::Down;
-    default: return std::nullopt;
+    case Qt::Key_PageUp:
+      return HexKey::PageUp;
+    case Qt::Key_PageDown:
+      return HexKey::PageDown;
+    case Qt::Key_Home:
+      return HexKey::Home;
+    case Qt::Key_End:
+      return HexKey::End;
+    case Qt::Key_Left:
+      return HexKey::Left;
+    case Qt::Key_Right:
+      return HexKey::Right;
+    case Qt::Key_Up:
+      return HexKey::Up;
+    case Qt::Key_Down:
+      return HexKey::Down;
+    default:
+      return std::nullopt;
   }
 }
 
@@ -54,24 +63,37 @@ HexViewWidget::HexViewWidget(CMiniHexEditView& view, QWidget* parent) : QAbstrac
   QScrollBar* bar = verticalScrollBar();
   connect(bar, &QScrollBar::actionTriggered, this, [this, bar](int action) {
     switch (action) {
-      case QAbstractSlider::SliderSingleStepAdd: view_.Scroll(HexScroll::LineDown); break;
-      case QAbstractSlider::SliderSingleStepSub: view_.Scroll(HexScroll::LineUp); break;
-      case QAbstractSlider::SliderPageStepAdd: view_.Scroll(HexScroll::PageDown); break;
-      case QAbstractSlider::SliderPageStepSub: view_.Scroll(HexScroll::PageUp); break;
-      default: view_.Scroll(HexScroll::ThumbTrack, bar->sliderPosition()); break;
+      case QAbstractSlider::SliderSingleStepAdd:
+        view_.Scroll(HexScroll::LineDown);
+        break;
+      case QAbstractSlider::SliderSingleStepSub:
+        view_.Scroll(HexScroll::LineUp);
+        break;
+      case QAbstractSlider::SliderPageStepAdd:
+        view_.Scroll(HexScroll::PageDown);
+        break;
+      case QAbstractSlider::SliderPageStepSub:
+        view_.Scroll(HexScroll::PageUp);
+        break;
+      default:
+        view_.Scroll(HexScroll::ThumbTrack, bar->sliderPosition());
+        break;
     }
     bar->setSliderPosition(view_.ScrollBar().position);
   });
 }
 
-HexViewWidget::~HexViewWidget() { view_.Changed = [] {}; }
+HexViewWidget::~HexViewWidget() {
+  view_.Changed = [] {};
+}
 
 QSize HexViewWidget::sizeHint() const {
   const QFontMetrics metrics(font());
   // 16 bytes a line in all three columns.
   const int cells = 9 + 16 * 4 + 1;
-  return {cells * metrics.horizontalAdvance(QLatin1Char('0')) + verticalScrollBar()->sizeHint().width() + 2 * frameWidth(),
-          kHintLines * metrics.height()};
+  return {
+      cells * metrics.horizontalAdvance(QLatin1Char('0')) + verticalScrollBar()->sizeHint().width() + 2 * frameWidth(),
+      kHintLines * metrics.height()};
 }
 
 void HexViewWidget::Measure() {

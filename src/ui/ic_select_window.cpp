@@ -15,7 +15,7 @@ namespace pyxis::ui {
 
 namespace {
 
-constexpr int kListWidth = 30;   // characters
+constexpr int kListWidth = 30;  // characters
 constexpr int kListLines = 14;
 constexpr int kLimitWidth = 10;  // characters
 
@@ -38,7 +38,8 @@ void Show(QCheckBox& box, const CIcSelectDlg::CheckBox& state) {
 
 QListWidget* MakeList(QWidget* parent) {
   auto* list = new QListWidget(parent);
-  list->setMinimumSize(kListWidth * list->fontMetrics().averageCharWidth(), kListLines * list->fontMetrics().lineSpacing());
+  list->setMinimumSize(kListWidth * list->fontMetrics().averageCharWidth(),
+                       kListLines * list->fontMetrics().lineSpacing());
   list->setUniformItemSizes(true);
   return list;
 }
@@ -61,7 +62,9 @@ IcSelectWindow::IcSelectWindow(CIcSelectDlg& dialog, QWidget* parent) : QDialog(
   Sync();
 }
 
-IcSelectWindow::~IcSelectWindow() { dialog_.Changed = [] {}; }
+IcSelectWindow::~IcSelectWindow() {
+  dialog_.Changed = [] {};
+}
 
 QLayout* IcSelectWindow::MakeLists() {
   series_ = MakeList(this);

@@ -28,7 +28,8 @@ void AddMenu(QMenuBar& bar, const char* caption, std::initializer_list<Entry> en
   QMenu* menu = bar.addMenu(QString::fromLatin1(caption));
   for (const Entry& entry : entries) AddEntry(*menu, entry, chosen);
   QObject::connect(menu, &QMenu::aboutToShow, menu, [menu] {
-    for (QAction* action : menu->actions()) action->setEnabled(MenuEnabled(static_cast<MenuEntry>(action->data().toInt())));
+    for (QAction* action : menu->actions())
+      action->setEnabled(MenuEnabled(static_cast<MenuEntry>(action->data().toInt())));
   });
 }
 

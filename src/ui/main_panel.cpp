@@ -40,10 +40,12 @@ MainPanel::MainPanel(QWidget* parent) : QWidget(parent) {
   all->addLayout(middle, 1);
   all->addLayout(MakeButtons());
   // The fields were made last; the tab order goes from the top to the bottom.
-  const ControlId order[] = {ControlId::FileField, ControlId::ChipNameField, ControlId::ChecksumField, ControlId::BufferArea,
-                             ControlId::Auto,      ControlId::BlankCheck,    ControlId::Program,       ControlId::Verify,
-                             ControlId::Read,      ControlId::WriterTest,    ControlId::SmartOption};
-  for (std::size_t i = 1; i < std::size(order); ++i) setTabOrder(controls_.Widget(order[i - 1]), controls_.Widget(order[i]));
+  const ControlId order[] = {ControlId::FileField,  ControlId::ChipNameField, ControlId::ChecksumField,
+                             ControlId::BufferArea, ControlId::Auto,          ControlId::BlankCheck,
+                             ControlId::Program,    ControlId::Verify,        ControlId::Read,
+                             ControlId::WriterTest, ControlId::SmartOption};
+  for (std::size_t i = 1; i < std::size(order); ++i)
+    setTabOrder(controls_.Widget(order[i - 1]), controls_.Widget(order[i]));
 }
 
 void MainPanel::AddField(QGridLayout& grid, int column, const char* caption, ControlId id, const char* name) {
@@ -103,7 +105,7 @@ QWidget* MainPanel::MakeBuffer() {
   stack_ = new QStackedWidget(this);
   stack_->addWidget(hex_);
   stack_->addWidget(area);
-  controls_.Bind(ControlId::BufferArea, area);
+  controls_.Bind(ControlId::BufferArea, area, ControlMirror::Kind::Page);
   return stack_;
 }
 
@@ -115,10 +117,10 @@ QWidget* MainPanel::MakeFuseGroup() {
   };
   auto* group = new QGroupBox(QStringLiteral("Fuse"), this);
   auto* grid = new QGridLayout(group);
-  for (const Box& box : {Box{ControlId::Unprotect, "Unprotect", 0, 0}, Box{ControlId::Protect, "Protect", 0, 1},
-                         Box{ControlId::FastMode, "Fast mode", 1, 0}, Box{ControlId::DualMode, "Dual mode", 1, 1},
-                         Box{ControlId::Clock32kDisable, "32KHz disable", 2, 0},
-                         Box{ControlId::Clock32kEnable, "32KHz enable", 2, 1}}) {
+  for (const Box& box :
+       {Box{ControlId::Unprotect, "Unprotect", 0, 0}, Box{ControlId::Protect, "Protect", 0, 1},
+        Box{ControlId::FastMode, "Fast mode", 1, 0}, Box{ControlId::DualMode, "Dual mode", 1, 1},
+        Box{ControlId::Clock32kDisable, "32KHz disable", 2, 0}, Box{ControlId::Clock32kEnable, "32KHz enable", 2, 1}}) {
     auto* check = new QCheckBox(QString::fromLatin1(box.text), group);
     KeepPlace(*check);
     grid->addWidget(check, box.row, box.column);

@@ -17,9 +17,9 @@ namespace pyxis::ui {
 
 namespace {
 
-constexpr QSize kSize(1180, 720);    // as far as the screen has room for it
-constexpr qint64 kProgressMs = 15;   // between two paints of the bar
-constexpr qint64 kUncoverMs = 250;   // between two paints of the whole window while an operation runs
+constexpr QSize kSize(1180, 720);   // as far as the screen has room for it
+constexpr qint64 kProgressMs = 15;  // between two paints of the bar
+constexpr qint64 kUncoverMs = 250;  // between two paints of the whole window while an operation runs
 
 }  // namespace
 
@@ -33,7 +33,7 @@ MainWindow::MainWindow() : panel_(new MainPanel(this)), statusBar_(new ProgressS
   panel_->Hex().GotoAsked = [this] { gate_.Run([] { OnGotoAddress(TheHexView()); }); };
   resize(kSize.boundedTo(screen()->availableSize() * 9 / 10));
   gate_.Idle = [this] {
-    SyncSoon();
+    Sync();
     if (watch_ != nullptr) watch_->Deliver();
   };
   sinceProgress_.start();
@@ -60,9 +60,7 @@ void MainWindow::ControlsChanged() {
   SyncSoon();
 }
 
-void MainWindow::HexViewChanged() {
-  panel_->Hex().Refresh();
-}
+void MainWindow::HexViewChanged() { panel_->Hex().Refresh(); }
 
 void MainWindow::ProgressChanged() {
   const bool hides = statusBar_->ShowsProgress() != TheMainControls().statusBar.progressVisible;
@@ -83,11 +81,16 @@ void MainWindow::RepaintUncovered() {
 void MainWindow::SyncSoon() {
   if (syncPosted_) return;
   syncPosted_ = true;
-  QMetaObject::invokeMethod(this, [this] { Sync(); }, Qt::QueuedConnection);
+  QMetaObject::invokeMethod(
+      this,
+      [this] {
+        syncPosted_ = false;
+        Sync();
+      },
+      Qt::QueuedConnection);
 }
 
 void MainWindow::Sync() {
-  syncPosted_ = false;
   dirty_ = false;
   setWindowTitle(FromText(TheMainControls().title));
   panel_->Sync();
@@ -95,11 +98,7 @@ void MainWindow::Sync() {
 }
 
 void MainWindow::PumpPaint() {
-  if (dirty_) {
-    const bool posted = syncPosted_;
-    Sync();
-    syncPosted_ = posted;  // the posted one still comes
-  }
+  if (dirty_) Sync();
   for (QWidget* window : QApplication::topLevelWidgets()) {
     QCoreApplication::sendPostedEvents(window, QEvent::LayoutRequest);
     QCoreApplication::sendPostedEvents(window, QEvent::UpdateRequest);
@@ -107,11 +106,21 @@ void MainWindow::PumpPaint() {
   RepaintUncovered();
 }
 
-void MainWindow::CloseMainWindow() { QMetaObject::invokeMethod(this, [this] { close(); }, Qt::QueuedConnection); }
+void MainWindow::CloseMainWindow() {
+  QMetaObject::invokeMethod(
+      this, [this] { close(); }, Qt::QueuedConnection);
+}
 
 void MainWindow::EndMainWindow() {
   ended_ = true;
   CloseMainWindow();
+}
+
+// Disabling takes the focus away.
+void MainWindow::EnableMainWindow(bool enabled) {
+  if (!enabled) focused_ = focusWidget();
+  setEnabled(enabled);
+  if (enabled && focused_ != nullptr) focused_->setFocus();
 }
 
 void MainWindow::closeEvent(QCloseEvent* event) {

@@ -3,6 +3,7 @@
 
 #include <QElapsedTimer>
 #include <QMainWindow>
+#include <QPointer>
 
 #include "platform/device_events.h"
 #include "platform/main_view.h"
@@ -31,6 +32,7 @@ class MainWindow : public QMainWindow, public MainView {
   void PumpPaint() override;
   void CloseMainWindow() override;
   void EndMainWindow() override;
+  void EnableMainWindow(bool enabled) override;
 
   HandlerGate& Gate() { return gate_; }
   CPyxisLoadDlg& Dialog() { return dialog_; }
@@ -48,6 +50,7 @@ class MainWindow : public QMainWindow, public MainView {
   MainPanel* panel_;
   ProgressStatusBar* statusBar_;
   DeviceWatch* watch_ = nullptr;
+  QPointer<QWidget> focused_;  // before the window was disabled
   QElapsedTimer sinceProgress_, sinceRepaint_;
   bool dirty_ = true;
   bool syncPosted_ = false;

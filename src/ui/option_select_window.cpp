@@ -27,9 +27,8 @@ OptionSelectWindow::OptionSelectWindow(COptionSelectDlg& dialog, QWidget* parent
       auto* button = new QRadioButton(QString::fromLatin1(kCaptions[pair][i]), group);
       buttons_[pair][i] = button;
       row->addWidget(button);
-      connect(button, &QRadioButton::clicked, this, [this, pair, i] {
-        dialog_.Click(static_cast<COptionSelectDlg::Pair>(pair), static_cast<int>(i));
-      });
+      connect(button, &QRadioButton::clicked, this,
+              [this, pair, i] { dialog_.Click(static_cast<COptionSelectDlg::Pair>(pair), static_cast<int>(i)); });
     }
     all->addWidget(group);
   }
@@ -44,7 +43,9 @@ OptionSelectWindow::OptionSelectWindow(COptionSelectDlg& dialog, QWidget* parent
   Sync();
 }
 
-OptionSelectWindow::~OptionSelectWindow() { dialog_.Changed = [] {}; }
+OptionSelectWindow::~OptionSelectWindow() {
+  dialog_.Changed = [] {};
+}
 
 void OptionSelectWindow::Sync() {
   for (std::size_t pair = 0; pair < buttons_.size(); ++pair) {

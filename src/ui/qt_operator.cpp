@@ -11,6 +11,7 @@
 #include "ui/ic_select_window.h"
 #include "ui/option_select_window.h"
 #include "ui/qt_text.h"
+#include "ui/smart_option_window.h"
 
 namespace pyxis::ui {
 
@@ -20,10 +21,14 @@ constexpr int kMessageWidth = 40;  // characters
 
 QMessageBox::Icon IconOf(MessageIcon icon) {
   switch (icon) {
-    case MessageIcon::Question: return QMessageBox::Question;
-    case MessageIcon::Warning: return QMessageBox::Warning;
-    case MessageIcon::Stop: return QMessageBox::Critical;
-    case MessageIcon::None: break;
+    case MessageIcon::Question:
+      return QMessageBox::Question;
+    case MessageIcon::Warning:
+      return QMessageBox::Warning;
+    case MessageIcon::Stop:
+      return QMessageBox::Critical;
+    case MessageIcon::None:
+      break;
   }
   return QMessageBox::NoIcon;
 }
@@ -97,6 +102,7 @@ std::optional<std::string> QtOperator::ChooseFile(const std::string& filter) {
 DialogEnd QtOperator::RunDialog(CIcSelectDlg& dialog) { return Run<IcSelectWindow>(dialog, Parent()); }
 DialogEnd QtOperator::RunDialog(COptionSelectDlg& dialog) { return Run<OptionSelectWindow>(dialog, Parent()); }
 DialogEnd QtOperator::RunDialog(CGotoAddressDlg& dialog) { return Run<GotoAddressWindow>(dialog, Parent()); }
+DialogEnd QtOperator::RunDialog(CSmartOptionDlg& dialog) { return Run<SmartOptionWindow>(dialog, Parent()); }
 
 void QtOperator::RunAbout() {
   const ArrowCursor arrow;

@@ -20,6 +20,7 @@ class QtOperator : public Operator {
 
   DialogEnd RunDialog(CIcSelectDlg& dialog) override;
   DialogEnd RunDialog(COptionSelectDlg& dialog) override;
+  DialogEnd RunDialog(CSmartOptionDlg& dialog) override;
   DialogEnd RunDialog(CGotoAddressDlg& dialog) override;
   void RunAbout() override;
 

@@ -15,13 +15,17 @@ void CMiniHexEditView::PlaceCaret() {
   const std::int32_t column = distance % LineBytes();
   CaretY = row * LineHeight;
   switch (CurrentArea) {
-    case kAsciiArea: CaretX = AsciiColumnX + column * CharWidth; break;
+    case kAsciiArea:
+      CaretX = AsciiColumnX + column * CharWidth;
+      break;
     case kHexArea:
       if (Nibble < 1) Nibble = DigitsPerByte;
       if (Nibble > DigitsPerByte) Nibble = 1;
       CaretX = HexColumnX + column * CharWidth * (DigitsPerByte + 1) + CharWidth * (DigitsPerByte - Nibble);
       break;
-    default: CaretX = 0; break;
+    default:
+      CaretX = 0;
+      break;
   }
   caretInView_ = Live() && distance >= 0 && CaretX < clientWidth_ && CaretY < clientHeight_;
 }

@@ -95,10 +95,18 @@ void CMiniHexEditView::MoveByKey(HexKey key, bool control) {
         Nibble = DigitsPerByte;
       }
       break;
-    case HexKey::Left: MoveCaret(-1, 0); break;
-    case HexKey::Right: MoveCaret(1, 0); break;
-    case HexKey::Up: MoveCaret(0, -1); break;
-    case HexKey::Down: MoveCaret(0, 1); break;
+    case HexKey::Left:
+      MoveCaret(-1, 0);
+      break;
+    case HexKey::Right:
+      MoveCaret(1, 0);
+      break;
+    case HexKey::Up:
+      MoveCaret(0, -1);
+      break;
+    case HexKey::Down:
+      MoveCaret(0, 1);
+      break;
   }
   PlaceCaret();
 }

@@ -25,8 +25,7 @@ void ResetHexView() { theHexView = CMiniHexEditView{}; }
 
 void ConfigureHexView() { theHexView.SetOptions(true, true, true, true, 2); }
 
-void CMiniHexEditView::SetOptions(bool showAddress, bool showHex, bool showAscii, bool wideAddress,
-                                  int digitsPerByte) {
+void CMiniHexEditView::SetOptions(bool showAddress, bool showHex, bool showAscii, bool wideAddress, int digitsPerByte) {
   ShowAddress = showAddress;
   ShowHex = showHex;
   ShowAscii = showAscii;
@@ -106,11 +105,15 @@ void CMiniHexEditView::Scroll(HexScroll code, int position) {
   const std::int32_t old = TopOffset;
   const std::int32_t page = LineBytes() * LinesPerPage;
   switch (code) {
-    case HexScroll::LineUp: TopOffset = std::max(TopOffset - LineBytes(), 0); break;
+    case HexScroll::LineUp:
+      TopOffset = std::max(TopOffset - LineBytes(), 0);
+      break;
     case HexScroll::LineDown:
       if (TopOffset < LastPage()) TopOffset += LineBytes();
       break;
-    case HexScroll::PageUp: TopOffset = std::max(TopOffset - page, 0); break;
+    case HexScroll::PageUp:
+      TopOffset = std::max(TopOffset - page, 0);
+      break;
     case HexScroll::PageDown:
       if (TopOffset < LastPage()) TopOffset = std::min(TopOffset + page, LastPage());
       break;

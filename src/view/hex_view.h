@@ -72,7 +72,7 @@ class CMiniHexEditView {
 
   // `x`, `y` in client pixels.
   void OnLButtonDown(int x, int y, bool shift);
-  void OnDragStart();  // the gesture that the last press began has become a drag
+  void OnDragStart();              // the gesture that the last press began has become a drag
   void OnMouseMove(int x, int y);  // with the left button down
   void OnLButtonUp() { dragging_ = false; }
 

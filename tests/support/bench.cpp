@@ -6,6 +6,7 @@
 #include <iterator>
 
 #include "link/writer_link.h"
+#include "options/smart_option.h"
 #include "platform/files.h"
 #include "platform/machine.h"
 #include "serial/sn_record.h"
@@ -22,6 +23,7 @@ void ResetEverything() {
   ResetMainControls();
   ResetWriterLink();
   ResetHexView();
+  ResetSmartOption();
   ResetSnRecord();
   SnProgressDlg().reset();
 }

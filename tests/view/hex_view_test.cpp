@@ -118,7 +118,8 @@ TEST_F(HexView, Scrolling) {
   view.Scroll(HexScroll::LineUp);
   EXPECT_EQ(view.TopOffset, 0);
   view.CurrentOffset = 7;
-  for (const auto& [delta, top] : {std::pair{-120, 0x20}, {-60, 0x30}, {59, 0x30}, {120, 0x10}, {1200, 0}, {-60000, 0x160}}) {
+  for (const auto& [delta, top] :
+       {std::pair{-120, 0x20}, {-60, 0x30}, {59, 0x30}, {120, 0x10}, {1200, 0}, {-60000, 0x160}}) {
     view.OnMouseWheel(delta);
     EXPECT_EQ(view.TopOffset, top) << delta;
     EXPECT_EQ(view.CurrentOffset, 7);
@@ -157,12 +158,16 @@ TEST_F(HexView, HitTest) {
     int cell, row, area, offset, nibble, caretCell;
   };
   for (const Case& c : {
-           Case{0, 1, kAddressArea, 0x10, 0, 0}, Case{7, 2, kAddressArea, 0x20, 0, 0},
+           Case{0, 1, kAddressArea, 0x10, 0, 0},
+           Case{7, 2, kAddressArea, 0x20, 0, 0},
            Case{8, 0, kHexArea, 0, 2, 9},  // the blank behind the address
-           Case{9, 0, kHexArea, 0, 2, 9}, Case{10, 0, kHexArea, 0, 1, 10},
+           Case{9, 0, kHexArea, 0, 2, 9},
+           Case{10, 0, kHexArea, 0, 1, 10},
            Case{11, 3, kHexArea, 0x31, 2, 12},  // the blank behind a byte
-           Case{54, 0, kHexArea, 15, 2, 54}, Case{55, 0, kHexArea, 15, 1, 55},
-           Case{57, 1, kAsciiArea, 0x10, 0, 57}, Case{72, 9, kAsciiArea, 0x9F, 0, 72},
+           Case{54, 0, kHexArea, 15, 2, 54},
+           Case{55, 0, kHexArea, 15, 1, 55},
+           Case{57, 1, kAsciiArea, 0x10, 0, 57},
+           Case{72, 9, kAsciiArea, 0x9F, 0, 72},
            Case{56, 1, kAsciiArea, 0x0F, 0, 57},  // the last blank counts to the ASCII column
            Case{56, 0, kAsciiArea, 0, 0, 57},
        }) {
@@ -196,13 +201,13 @@ TEST_F(HexView, CaretByKeys) {
     int offset, nibble;
   };
   Click(9, 0);
-  for (const Step& s : {Step{HexKey::Left, false, 0, 2}, Step{HexKey::Right, false, 0, 1}, Step{HexKey::Right, false, 1, 2},
-                        Step{HexKey::Left, false, 0, 1}, Step{HexKey::Down, false, 0x10, 1}, Step{HexKey::Up, false, 0, 1},
-                        Step{HexKey::Up, false, 0, 2}, Step{HexKey::End, false, 15, 2}, Step{HexKey::Right, false, 15, 1},
-                        Step{HexKey::Right, false, 16, 2}, Step{HexKey::Home, false, 16, 2},
-                        Step{HexKey::End, true, 0xFF, 2}, Step{HexKey::Down, false, 0xFF, 1},
-                        Step{HexKey::Right, false, 0xFF, 1}, Step{HexKey::Home, false, 0xF0, 2},
-                        Step{HexKey::Home, true, 0, 2}}) {
+  for (const Step& s :
+       {Step{HexKey::Left, false, 0, 2}, Step{HexKey::Right, false, 0, 1}, Step{HexKey::Right, false, 1, 2},
+        Step{HexKey::Left, false, 0, 1}, Step{HexKey::Down, false, 0x10, 1}, Step{HexKey::Up, false, 0, 1},
+        Step{HexKey::Up, false, 0, 2}, Step{HexKey::End, false, 15, 2}, Step{HexKey::Right, false, 15, 1},
+        Step{HexKey::Right, false, 16, 2}, Step{HexKey::Home, false, 16, 2}, Step{HexKey::End, true, 0xFF, 2},
+        Step{HexKey::Down, false, 0xFF, 1}, Step{HexKey::Right, false, 0xFF, 1}, Step{HexKey::Home, false, 0xF0, 2},
+        Step{HexKey::Home, true, 0, 2}}) {
     key(s.key, s.control);
     EXPECT_EQ(view.CurrentOffset, s.offset);
     EXPECT_EQ(view.Nibble, s.nibble);

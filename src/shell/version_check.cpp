@@ -1,0 +1,51 @@
+#include "shell/version_check.h"
+
+#include "platform/files.h"
+#include "platform/machine.h"
+#include "platform/main_view.h"
+#include "platform/operator.h"
+#include "platform/update_agent.h"
+#include "shell/main_controls.h"
+
+namespace pyxis {
+
+// The outer text, and in clientXmlstr the inner one with its angle brackets escaped. The inner one has a line feed
+// behind each element.
+const char UpdateRequest[] =
+    "<?xml version=\"1.0\" encoding=\"utf-8\"?>"
+    "<soap:Envelope xmlns:xsi=\"http://www.w3.org/2001/XMLSchema-instance\""
+    " xmlns:xsd=\"http://www.w3.org/2001/XMLSchema\""
+    " xmlns:soap=\"http://schemas.xmlsoap.org/soap/envelope/\">"
+    "<soap:Body>"
+    "<GetNewFiles2 xmlns=\"urn:pyxisload:update\">"
+    "<clientXmlstr>"
+    "&lt;?xml version=\"1.0\" encoding=\"utf-8\"?&gt;"
+    "&lt;root&gt;"
+    "&lt;oldFileInfo&gt;"
+    "&lt;progid&gt;KM48_EN&lt;/progid&gt;\n"
+    "&lt;verno&gt;1.0.2&lt;/verno&gt;\n"
+    "&lt;buildno&gt;034&lt;/buildno&gt;\n"
+    "&lt;/oldFileInfo&gt;\n"
+    "&lt;/root&gt;\n"
+    "</clientXmlstr>"
+    "</GetNewFiles2>"
+    "</soap:Body>"
+    "</soap:Envelope>";
+
+void CheckNewVersion() {
+  Operator& op = *TheMachine().op;
+  MainView& view = *TheMachine().view;
+  BeginBusyCursorFrom(CurrentDirectory() + kPathSeparator + "dinosaur.ani");
+  view.EnableMainWindow(false);
+  const std::int32_t result = TheMachine().update->CallUpdateAgent(UpdateRequest);
+  view.EnableMainWindow(true);
+  EndBusyCursor();
+  if (result == kUpdateTakenCareOf) {
+    if (op.Ask("Do you want to exit old version of PyxisLoad ?", "Select Exit ? ", MessageIcon::None))
+      view.EndMainWindow();
+  } else if (result == kVersionIsCurrent) {
+    op.Tell("This is newer version .", kPlainCaption);
+  }
+}
+
+}  // namespace pyxis

@@ -1,0 +1,234 @@
+#include "options/smart_option.h"
+
+#include <bit>
+
+#include "catalogue/chip_catalogue.h"
+#include "options/tin_file.h"
+#include "pyxisfolder/folder.h"
+#include "shell/app_state.h"
+#include "support/bench.h"
+
+namespace pyxis::test {
+namespace {
+
+using Texts = std::vector<std::string>;
+
+class SmartOption : public Bench {
+ protected:
+  SmartOption() { AllocateSmartOptionBuffer(); }
+
+  int Read(const std::string& text) {
+    Write("a.tin", std::vector<std::uint8_t>(text.begin(), text.end()));
+    return ReadTinFile(Path("a.tin"));
+  }
+  static Texts Labels() {
+    Texts labels;
+    for (const SmartOptionRow& row : CurrentRows()) labels.emplace_back(LabelOf(row));
+    return labels;
+  }
+  static std::vector<Texts> Alternatives() {
+    std::vector<Texts> all;
+    for (const SmartOptionRow& row : CurrentRows()) all.push_back(AlternativesOf(row));
+    return all;
+  }
+  static std::vector<int> Addresses() {
+    std::vector<int> all;
+    for (const SmartOptionRow& row : CurrentRows()) all.push_back(row.SwitchAddress);
+    return all;
+  }
+};
+
+TEST_F(SmartOption, WhatIsACaption) {
+  struct Case {
+    const char* name;
+    std::string text;
+    Texts labels;
+  };
+  const std::string longLine(300, 'a');
+  for (const Case& c : {
+           Case{"one row is bare", "[MENU]\nWatchdog\n", {"Watchdog"}},
+           Case{"more are numbered", "[MENU]\r\nA1\r\nB2\r\n", {"01. A1", "02. B2"}},
+           Case{"comments and short lines", "[MENU]\n;no\n*no\nA\n\r\nAB\nCD", {"AB"}},
+           Case{"the end of the file counts for nothing", "[MENU]\nABC", {"ABC"}},
+           Case{"a header ends it", "[MENU]\nABC\n[x] y\nDEF\n", {"ABC"}},
+           Case{"an open bracket doesn't", "[MENU]\n[ABC\nDEF\n", {"01. [ABC", "02. DEF"}},
+           Case{"a point ends it", "[MENU]\nABC\n.end\nDEF\n", {"ABC"}},
+           Case{"a point alone too", "[MENU]\nABC\n.\nDEF\n", {"ABC"}},
+           Case{"a header anywhere in its line", "; x [MENU] y\nABC\n[MENU]\nDEF\n", {"ABC"}},
+           Case{"behind another section", "[ITEM]\nx\x01y\n[MENU]\nABC\n", {"ABC"}},
+           Case{"a long line is cut and keeps its row",
+                "[MENU]\n" + longLine + "\nDEF\n",
+                {"01. " + std::string(60, 'a'), "02. DEF"}},
+           Case{"64 bytes fit", "[MENU]\n" + std::string(64, 'b') + "\n", {std::string(64, 'b')}},
+           Case{"a zero byte ends its line", std::string("[MENU]\nAB\0CD\n\0EF\nGHI\n", 22), {"01. AB", "02. GHI"}},
+           Case{"no line at all", "[MENU]\n", {}},
+       }) {
+    SCOPED_TRACE(c.name);
+    EXPECT_EQ(Read(c.text), static_cast<int>(c.labels.size()));
+    EXPECT_EQ(Labels(), c.labels);
+  }
+}
+
+TEST_F(SmartOption, MoreThanEightRowsAreCut) {
+  std::string menu = "[MENU]\n", items = "[ITEM]\n", switches = "[DIPSWITCH]\n";
+  for (int i = 0; i < 12; ++i) {
+    menu += "row\n";
+    items += "a\x01z\n";
+    switches += "10 " + std::string(100, ' ') + " 1\n";
+  }
+  EXPECT_EQ(Read(menu + items + "[FIRST]\n123456789ABC\n" + switches), 8);
+  EXPECT_EQ(Labels().back(), "08. row");
+  EXPECT_EQ((*TheSmartOptionBuffer())[8].Label[0], '\0');
+  EXPECT_EQ(OptionChoices(), (std::array<std::int32_t, 9>{0, 1, 2, 3, 4, 5, 6, 7, 8}));
+}
+
+TEST_F(SmartOption, Alternatives) {
+  EXPECT_EQ(Read("[ITEM]\none\n.x\x01y\n;no\n\x01"
+                 "a\x01\x01"
+                 "b\x01\n[MENU]\nAAA\nBBB\nCCC\nDDD\n"),
+            4);
+  EXPECT_EQ(Alternatives(), (std::vector<Texts>{{"one"}, {".x", "y"}, {"a", "b"}, {}}));
+  const SmartOptionRow& row = CurrentRows()[1];
+  EXPECT_EQ(row.ItemsLength, 5U);
+  EXPECT_EQ(row.ItemCount, 2U);
+  EXPECT_EQ(CurrentRows()[3].ItemCount, 0U);
+}
+
+TEST_F(SmartOption, TheTableOutlivesAReading) {
+  ASSERT_EQ(Read("[MENU]\nAAA\nBBB\nCCC\n[ITEM]\na\x01z\nb\x01z\nc\x01z\n[DIPSWITCH]\n1 2\n1\n1\n"), 3);
+  // Rows without a line of their own keep the alternatives, but not the address.
+  ASSERT_EQ(Read("[MENU]\nDDD\nEEE\n[ITEM]\nd\x01y\x01z\n"), 2);
+  EXPECT_EQ(Alternatives(), (std::vector<Texts>{{"d", "y", "z"}, {"b", "z"}}));
+  EXPECT_EQ(CurrentRows()[0].ItemCount, 3U);
+  EXPECT_EQ(Addresses(), (std::vector<int>{-1, -1}));
+  // Without [MENU] all stays; a file that can't be read leaves no rows; a folder can't.
+  EXPECT_EQ(Read("[ITEM]\nx\x01y\n"), 0);
+  EXPECT_EQ(Labels(), (Texts{"01. DDD", "02. EEE"}));
+  EXPECT_EQ(Alternatives()[0], (Texts{"d", "y", "z"}));
+  EXPECT_EQ(ReadTinFile(folder.string()), 0);
+  EXPECT_TRUE(Labels().empty());
+}
+
+TEST_F(SmartOption, Defaults) {
+  struct Case {
+    const char* line;
+    std::array<std::int32_t, 9> choices;
+  };
+  const std::string menu = "[MENU]\nAAA\nBBB\nCCC\nDDD\n[FIRST]\n";
+  for (const Case& c : {Case{"23\n", {7, 2, 3, 7, 7, 7, 7, 7, 7}}, Case{"azAZ9\n", {7, 10, 35, 10, 35, 7, 7, 7, 7}},
+                        Case{"0-1\r\n2\n", {7, 7, 7, 1, 7, 7, 7, 7, 7}}, Case{"\n5\n", {7, 7, 7, 7, 7, 7, 7, 7, 7}},
+                        Case{";1*2", {7, 7, 1, 7, 2, 7, 7, 7, 7}}, Case{"", {7, 7, 7, 7, 7, 7, 7, 7, 7}}}) {
+    SCOPED_TRACE(c.line);
+    OptionChoices().fill(7);
+    EXPECT_EQ(Read(menu + c.line), 4);
+    EXPECT_EQ(OptionChoices(), c.choices);
+  }
+}
+
+TEST_F(SmartOption, Switches) {
+  std::string many = "10";
+  for (int i = 1; i <= 40; ++i) many += " " + std::to_string(i);
+  ASSERT_EQ(Read("[MENU]\na1\na2\na3\na4\na5\na6\na7\na8\n[DIPSWITCH]\nsw 9\n  3fC 0x1a  FF \n" + many +
+                 "\n   \n.5\nFFFFFFFF 123456789\n;no\nzz\n[x]\n77\n"),
+            8);
+  EXPECT_EQ(Addresses(), (std::vector<int>{-1, 0x3FC, 0x10, -1, 0, 0x7FFFFFFF, 0, -1}));
+  const auto rows = CurrentRows();
+  EXPECT_EQ(rows[1].SwitchValues[0], 0x1AU);
+  EXPECT_EQ(rows[1].SwitchValues[1], 0xFFU);
+  EXPECT_EQ(rows[2].SwitchValues[33], 0x34U);
+  EXPECT_EQ(rows[5].SwitchValues[0], 0xFFFFFFFFU);
+}
+
+TEST_F(SmartOption, HugeFilesAreRefused) {
+  EXPECT_EQ(Read("[MENU]\nAAA\n" + std::string(1 << 20, 'x')), 0);
+  EXPECT_TRUE(Labels().empty());
+}
+
+TEST_F(SmartOption, WithoutATableNothingHappens) {
+  FreeSmartOptionBuffer();
+  OptionChoices()[1] = 5;
+  EXPECT_EQ(Read("[MENU]\nAAA\nBBB\n[FIRST]\n1\n"), 0);
+  EXPECT_EQ(OptionChoices()[1], 5);
+  EXPECT_TRUE(CurrentRows().empty());
+}
+
+// Independent of the program's way: each bit of a field on its own.
+std::int32_t InvertedField(std::uint32_t word, std::uint32_t mask) {
+  std::int32_t value = 0;
+  for (int bit = 31; bit >= 0; --bit)
+    if ((mask >> bit & 1) != 0) value = value * 2 + ((word >> bit & 1) != 0 ? 0 : 1);
+  return value;
+}
+
+TEST_F(SmartOption, UnpackingForEveryRowOfTheCatalogue) {
+  for (int list = 0; list < kListCount; ++list)
+    for (const ChipEntry& chip : ChipList(list)) {
+      SCOPED_TRACE(chip.TypeLabel);
+      int series = 0, type = 0;
+      ASSERT_EQ(FindChip(chip.TypeLabel, series, type), 1);
+      for (const std::int32_t word : {0xFFFF, 0, 0x5555, 0xAAAA, 0x2C80, 0x9240}) {
+        OptionChoices().fill(-9);
+        EXPECT_EQ(UnpackSystemConfig(word), 1);
+        for (std::size_t i = 0; i < 9; ++i)
+          EXPECT_EQ(OptionChoices()[i], InvertedField(static_cast<std::uint32_t>(word), chip.OptionMasks[i]));
+      }
+    }
+  TheAppState().OptionMasks = {0xC00, 0, 0x80000000};
+  UnpackSystemConfig(0x03FF);
+  EXPECT_EQ(OptionChoices()[0], 3);
+  EXPECT_EQ(OptionChoices()[1], 0);
+  EXPECT_EQ(OptionChoices()[2], 0x4000);  // at most 17 bits of shift
+  OptionChoices().fill(4);
+  EXPECT_EQ(UnpackSystemConfig(-1), 0);
+  EXPECT_EQ(OptionChoices()[8], 4);
+}
+
+// The file of each IC has the alternatives that its words select, and nothing beyond the widest package's.
+TEST_F(SmartOption, TheProgramFoldersFilesFitTheMasks) {
+  std::map<std::string, std::array<std::uint32_t, 9>> widest;
+  for (int list = 0; list < kListCount; ++list)
+    for (const ChipEntry& chip : ChipList(list))
+      for (std::size_t i = 0; i < 9; ++i)
+        if (chip.HasSmartOption) widest[chip.ChipName][i] |= chip.OptionMasks[i];
+  EXPECT_EQ(widest.size(), 90U);
+  EXPECT_TRUE(pyxis::folder::MakeTin("QV4105").empty());
+  for (const auto& [chip, masks] : widest) {
+    SCOPED_TRACE(chip);
+    ResetSmartOption();
+    AllocateSmartOptionBuffer();
+    const auto bytes = pyxis::folder::MakeTin(chip);
+    const auto fields = std::max<std::ptrdiff_t>(1, 9 - std::count(masks.begin(), masks.end(), 0U));
+    ASSERT_EQ(Read({bytes.begin(), bytes.end()}), fields);
+    const auto rows = CurrentRows();
+    for (std::size_t i = 0; i < rows.size(); ++i) {
+      EXPECT_EQ(rows[i].ItemCount, 1U << std::popcount(masks[i]));
+      EXPECT_LT(OptionChoices()[i], static_cast<std::int32_t>(rows[i].ItemCount));
+      EXPECT_EQ(AlternativesOf(rows[i]).size(), rows[i].ItemCount);
+    }
+  }
+}
+
+// What Set Protect does to the word shows in words.
+TEST_F(SmartOption, ProtectionReadsRight) {
+  struct Case {
+    const char* chip;
+    std::int32_t isProtected, isNot;
+  };
+  for (const Case& c : {Case{"QV8348", 0x3FFF, 0x1FFF}, Case{"QV8309", 0x1FFF, 0x3FFF}, Case{"QV8103", 0xFFFF, 0x7FFF},
+                        Case{"QVL11", 0x1FFF, 0x3FFF}}) {
+    SCOPED_TRACE(c.chip);
+    const auto bytes = pyxis::folder::MakeTin(c.chip);
+    int series = 0, type = 0;
+    ASSERT_TRUE(FindChip(c.chip, series, type));
+    ASSERT_GT(Read({bytes.begin(), bytes.end()}), 0);
+    const auto shown = [&](std::int32_t word) {
+      UnpackSystemConfig(word);
+      return Alternatives()[0][static_cast<std::size_t>(OptionChoices()[0])];
+    };
+    EXPECT_EQ(shown(c.isProtected), "Protected");
+    EXPECT_EQ(shown(c.isNot), "Not protected");
+  }
+}
+
+}  // namespace
+}  // namespace pyxis::test

@@ -1,0 +1,12 @@
+// The window tests run offscreen unless a platform is named.
+#include <gtest/gtest.h>
+
+#include <QApplication>
+
+int main(int argc, char** argv) {
+  ::testing::InitGoogleTest(&argc, argv);
+  if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
+  const QApplication application(argc, argv);
+  QApplication::setStyle(QStringLiteral("Fusion"));
+  return RUN_ALL_TESTS();
+}

@@ -1,0 +1,201 @@
+// The main window mirrors the logic: a whole job through its menus and buttons, the writer pulled out and put back.
+#include "ui/main_window.h"
+
+#include <unistd.h>
+
+#include <QAction>
+#include <QApplication>
+#include <QCheckBox>
+#include <QFileDialog>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QMenuBar>
+#include <QProgressBar>
+#include <QTest>
+
+#include "link/writer_commands.h"
+#include "platform/machine.h"
+#include "shell/app_state.h"
+#include "shell/main_controls.h"
+#include "ui/hex_view_widget.h"
+#include "ui/ui_bench.h"
+#include "view/show_file.h"
+
+namespace pyxis::test {
+namespace {
+
+using Texts = std::vector<std::string>;
+
+// Events through a pipe, as from the system.
+class PipeEvents : public DeviceEvents {
+ public:
+  PipeEvents() { EXPECT_EQ(pipe(ends_), 0); }
+  ~PipeEvents() override { close(ends_[0]), close(ends_[1]); }
+  void Raise(DeviceEvent::Kind kind) {
+    waiting.push_back({kind, std::string("usb1-2#{") + kWriterInterfaceClass + "}"});
+    EXPECT_EQ(write(ends_[1], "x", 1), 1);
+  }
+  std::vector<int> Descriptors() override { return {ends_[0]}; }
+  std::vector<DeviceEvent> Take() override {
+    char drained[1];
+    for (std::size_t i = 0; i < waiting.size(); ++i) EXPECT_EQ(read(ends_[0], drained, 1), 1);
+    return std::exchange(waiting, {});
+  }
+  std::vector<DeviceEvent> waiting;
+
+ private:
+  int ends_[2];
+};
+
+class MainWindowTest : public UiBench {
+ protected:
+  // A job in the writer before the program starts, with the scripted operator.
+  void LoadSampleBefore() {
+    TheMachine().op = &op;
+    LoadSample("QV8348");
+    TheMachine().op = &qtOp;
+  }
+  // Types into the file dialog.
+  void ScriptFile(const std::string& path) {
+    script.push_back([path](QWidget& dialog) {
+      auto* edit = dialog.findChild<QLineEdit*>(QStringLiteral("fileNameEdit"));
+      edit->setText(QString::fromStdString(path));
+      QTest::keyClick(edit, Qt::Key_Return);
+    });
+  }
+  void ScriptIc(const QString& series, const QString& type) {
+    script.push_back([series, type](QWidget& dialog) {
+      const auto lists = dialog.findChildren<QListWidget*>();
+      lists[0]->setCurrentItem(lists[0]->findItems(series, Qt::MatchExactly).value(0));
+      lists[1]->setCurrentItem(lists[1]->findItems(type, Qt::MatchExactly).value(0));
+      QTest::keyClick(&dialog, Qt::Key_Return);
+    });
+  }
+};
+
+TEST_F(MainWindowTest, FromDeviceToAutoOk) {
+  const std::string sample = PutFolderFor("QVL04");
+  Open();
+  EXPECT_FALSE(Choose("&Load File"));
+  EXPECT_FALSE(Choose("&Save As..."));
+  ScriptIc("USB: Full Speed Series", "QVL04");
+  EXPECT_TRUE(Choose("&Device"));
+  EXPECT_EQ(window->windowTitle(), "PyxisLoad  QVL04  ");
+  EXPECT_EQ(Find<QLineEdit>(*window, "Chip Name").text(), "QVL04");
+  EXPECT_TRUE(Find(*window, "Protect").isVisible());
+  EXPECT_FALSE(Find(*window, "Protect").isEnabled());
+
+  ScriptFile(sample);
+  script.push_back([this](QWidget& dialog) {
+    EXPECT_EQ(dialog.windowTitle(), "Option Select 1");
+    Press(dialog, "Protect");
+    Press(dialog, "OK");
+  });
+  EXPECT_TRUE(Choose("&Load File"));
+  EXPECT_EQ(seen, Texts{"Loading Data Ok"});
+  EXPECT_EQ(Find<QLineEdit>(*window, "File").text().toStdString(), TheAppState().LoadedFilePath);
+  EXPECT_EQ(Find<QLineEdit>(*window, "Checksum").text().toStdString(), TheAppState().ChecksumText);
+  EXPECT_TRUE(Find<QCheckBox>(*window, "Protect").isChecked());
+  EXPECT_TRUE(Find<QCheckBox>(*window, "Fast mode").isChecked());
+  EXPECT_TRUE(Find(*window, "Buffer").isVisible());
+  EXPECT_FALSE(Find(*window, "Messages").isVisible());
+  EXPECT_GT(TheHexView().DataLength(), 0);
+
+  Press(*window, "Auto");
+  EXPECT_EQ(seen.back(), "Auto OK");
+  EXPECT_FALSE(Find(*window, "Progress").isVisible());
+}
+
+TEST_F(MainWindowTest, PulledOutAndPutBack) {
+  LoadSampleBefore();
+  PipeEvents events;
+  Open();
+  window->Watch(events);
+  EXPECT_TRUE(Find(*window, "Auto").isEnabled());
+  usb.pluggedIn = false;
+  events.Raise(DeviceEvent::Kind::Removal);
+  QCoreApplication::processEvents();
+  EXPECT_FALSE(Find(*window, "Auto").isEnabled());
+  usb.pluggedIn = true;
+  // It comes back while an operation asks something, and waits for the operation's end.
+  script.push_back([&](QWidget& dialog) {
+    events.Raise(DeviceEvent::Kind::Arrival);
+    QCoreApplication::processEvents();
+    EXPECT_EQ(TheAppState().WriterConnected, 0U);
+    dialog.close();
+  });
+  Choose("&About");
+  QCoreApplication::processEvents();
+  EXPECT_EQ(TheAppState().WriterConnected, 1U);
+  EXPECT_TRUE(Find(*window, "Auto").isEnabled());
+  window.reset();
+}
+
+TEST_F(MainWindowTest, OnlyPaintsPassDuringAnOperation) {
+  LoadSampleBefore();
+  Open();
+  int timers = 0, posted = 0;
+  QTimer::singleShot(0, [&] { ++timers; });
+  QMetaObject::invokeMethod(
+      window.get(), [&] { ++posted; }, Qt::QueuedConnection);
+  QCoreApplication::postEvent(&Find(*window, "Auto"), new QKeyEvent(QEvent::KeyPress, Qt::Key_Space, Qt::NoModifier));
+  SetControlText(ControlId::ChecksumField, "BEEF");
+  window->PumpPaint();
+  EXPECT_EQ(Find<QLineEdit>(*window, "Checksum").text(), "BEEF");
+  EXPECT_EQ(timers + posted, 0);
+  EXPECT_TRUE(seen.empty());
+  SetProgressRange(0, 50);
+  SetProgressPosition(20);
+  auto& bar = Find<QProgressBar>(*window, "Progress");
+  EXPECT_TRUE(bar.isVisible());
+  EXPECT_EQ(bar.value(), 20);
+}
+
+TEST_F(MainWindowTest, ClosingAsks) {
+  Open();
+  EXPECT_FALSE(window->close());
+  EXPECT_TRUE(window->isVisible());
+  answers = {QMessageBox::Yes, QMessageBox::No};
+  Choose("&Exit");
+  QCoreApplication::processEvents();
+  EXPECT_TRUE(window->isVisible());
+  answers = {QMessageBox::Yes};
+  EXPECT_TRUE(window->close());
+  EXPECT_EQ(seen, Texts(4, "Are you sure to Exit ?"));
+}
+
+TEST_F(MainWindowTest, HexViewByMouseAndKeys) {
+  Write("counting", [] {
+    std::vector<std::uint8_t> bytes(1000);
+    for (std::size_t i = 0; i < bytes.size(); ++i) bytes[i] = static_cast<std::uint8_t>(i);
+    return bytes;
+  }());
+  Open();
+  ShowFile(Path("counting"));
+  QCoreApplication::processEvents();
+  auto& hex = Find<QAbstractScrollArea>(*window, "Buffer");
+  hex.viewport()->grab();  // paints
+  CMiniHexEditView& view = TheHexView();
+  const int cell = view.CharWidth;
+  QTest::mouseClick(hex.viewport(), Qt::LeftButton, {}, QPoint(9 * cell + 1, view.LineHeight + 1));
+  EXPECT_EQ(view.CurrentOffset, static_cast<int>(view.m_lpr));
+  EXPECT_TRUE(hex.hasFocus());
+  QTest::keyClicks(&hex, "5a");
+  EXPECT_EQ(view.Data[view.m_lpr], 0x5A);
+  QTest::keyClick(&hex, Qt::Key_Tab);
+  EXPECT_TRUE(hex.hasFocus());
+  script.push_back([](QWidget& dialog) {
+    EXPECT_EQ(dialog.windowTitle(), "Go to address");
+    QTest::keyClicks(dialog.findChild<QLineEdit*>(), "12345");  // the marked zeros go
+    QTest::keyClick(&dialog, Qt::Key_Return);
+  });
+  QTest::keyClick(&hex, Qt::Key_G, Qt::ControlModifier);
+  EXPECT_EQ(view.TopOffset, view.DataLength() - view.LinesPerPage * static_cast<int>(view.m_lpr));
+  QTest::mousePress(hex.viewport(), Qt::LeftButton, {}, QPoint(9 * cell + 1, 1));
+  QTest::mouseMove(hex.viewport(), QPoint(9 * cell + 40 * cell, 1));
+  EXPECT_TRUE(view.HasSelection());
+  QTest::mouseRelease(hex.viewport(), Qt::LeftButton, {}, QPoint(9 * cell + 40 * cell, 1));
+}
+
+}  // namespace
+}  // namespace pyxis::test

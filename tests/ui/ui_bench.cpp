@@ -1,0 +1,105 @@
+#include "ui/ui_bench.h"
+
+#include <QAbstractButton>
+#include <QAction>
+#include <QApplication>
+#include <QMenu>
+#include <QMenuBar>
+#include <QTest>
+#include <stdexcept>
+
+#include "link/identification.h"
+#include "platform/machine.h"
+#include "shell/app_state.h"
+#include "shell/main_controls.h"
+#include "ui/qt_text.h"
+
+namespace pyxis::test {
+
+namespace {
+
+constexpr int kPlayMs = 2;
+
+QString Bare(QString text) { return text.remove(QLatin1Char('&')); }
+
+}  // namespace
+
+QWidget& FindControl(QWidget& within, const QString& name) {
+  for (QWidget* child : within.findChildren<QWidget*>()) {
+    if (child->accessibleName() == name) return *child;
+    const auto* button = qobject_cast<QAbstractButton*>(child);
+    if (button != nullptr && Bare(button->text()) == name) return *child;
+  }
+  throw std::runtime_error("no control " + name.toStdString());
+}
+
+UiBench::UiBench(Transport transport, int model)
+    : StandinBench(transport, model), before_(std::filesystem::current_path()) {
+  std::filesystem::current_path(folder);
+  TheMachine().op = &qtOp;
+  timer_.callOnTimeout([this] { Play(); });
+  timer_.start(kPlayMs);
+}
+
+UiBench::~UiBench() {
+  EXPECT_TRUE(script.empty()) << "a window that should have opened didn't";
+  window.reset();
+  TheMachine().op = &op;
+  std::filesystem::current_path(before_);
+}
+
+void UiBench::Open() {
+  CloseTransport();
+  ResetAppState();
+  ResetMainControls();
+  OpenTransport();
+  window = std::make_unique<ui::MainWindow>();
+  TheMachine().view = window.get();
+  qtOp.SetMainWindow(window.get());
+  window->Start();
+  window->show();
+  ASSERT_TRUE(QTest::qWaitForWindowExposed(window.get()));
+}
+
+void UiBench::Play() {
+  QWidget* modal = QApplication::activeModalWidget();
+  if (modal == nullptr) handled_ = nullptr;
+  if (modal == nullptr || modal == handled_ || !modal->isVisible()) return;
+  handled_ = modal;
+  if (auto* box = qobject_cast<QMessageBox*>(modal)) {
+    seen.push_back(ui::ToText(box->text()));
+    QMessageBox::StandardButton answer = QMessageBox::Ok;
+    if (box->standardButtons() != QMessageBox::Ok) {
+      answer = answers.empty() ? QMessageBox::No : answers.front();
+      if (!answers.empty()) answers.pop_front();
+    }
+    box->button(answer)->click();
+  } else if (script.empty()) {
+    ADD_FAILURE() << "unexpected window " << modal->windowTitle().toStdString();
+    modal->close();
+  } else {
+    const auto step = script.front();
+    script.pop_front();
+    step(*modal);
+  }
+  handled_ = nullptr;
+}
+
+bool UiBench::Choose(const QString& caption) {
+  for (QAction* action : window->menuBar()->findChildren<QAction*>()) {
+    if (action->text() != caption) continue;
+    if (auto* menu = qobject_cast<QMenu*>(action->parent())) emit menu->aboutToShow();
+    const bool enabled = action->isEnabled();
+    action->trigger();
+    QCoreApplication::processEvents();
+    return enabled;
+  }
+  throw std::runtime_error("no menu entry " + caption.toStdString());
+}
+
+void UiBench::Press(QWidget& within, const QString& caption) {
+  QTest::mouseClick(&Find(within, caption), Qt::LeftButton);
+  QCoreApplication::processEvents();
+}
+
+}  // namespace pyxis::test

@@ -1,0 +1,50 @@
+// The real main window over the in-process stand-in writer. A script plays the operator: whenever a modal window opens,
+// its next step gets it; message boxes are answered by themselves and remembered.
+#pragma once
+
+#include <QMessageBox>
+#include <QTimer>
+#include <deque>
+#include <functional>
+#include <memory>
+
+#include "support/standin_bench.h"
+#include "ui/main_window.h"
+#include "ui/qt_operator.h"
+
+namespace pyxis::test {
+
+class UiBench : public StandinBench {
+ protected:
+  explicit UiBench(Transport transport = Transport::Usb, int model = 1);
+  ~UiBench() override;
+
+  // Starts the window, as at program start, in the bench's folder.
+  void Open();
+  // A menu entry as an operator chooses it: its menu opens first. False when it is disabled.
+  bool Choose(const QString& caption);
+  // A button by its caption without the mnemonic.
+  void Press(QWidget& within, const QString& caption);
+
+  std::unique_ptr<ui::MainWindow> window;
+  ui::QtOperator qtOp;
+  std::deque<std::function<void(QWidget&)>> script;
+  std::deque<QMessageBox::StandardButton> answers;  // to Yes/No boxes; No when empty
+  std::vector<std::string> seen;                    // texts of the message boxes
+
+ private:
+  void Play();
+  QTimer timer_;
+  QWidget* handled_ = nullptr;
+  std::filesystem::path before_;
+};
+
+// A child by its accessible name, or a button by its caption without the mnemonic. Throws, and so fails the test, when
+// there is none, or none of that class.
+QWidget& FindControl(QWidget& within, const QString& name);
+template <typename Control = QWidget>
+Control& Find(QWidget& within, const QString& name) {
+  return dynamic_cast<Control&>(FindControl(within, name));
+}
+
+}  // namespace pyxis::test

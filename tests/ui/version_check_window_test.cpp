@@ -1,0 +1,41 @@
+// Check new version from the menu: the main window stays, or goes without another question.
+#include "platform/machine.h"
+#include "ui/ui_bench.h"
+
+namespace pyxis::test {
+namespace {
+
+class VersionCheckWindow : public UiBench {
+ protected:
+  // What the client sees of the main window.
+  class Client : public UpdateAgent {
+   public:
+    explicit Client(VersionCheckWindow& test) : test_(test) {}
+    std::int32_t CallUpdateAgent(const char*) override {
+      EXPECT_FALSE(test_.window->isEnabled());
+      return 0;
+    }
+
+   private:
+    VersionCheckWindow& test_;
+  };
+  Client client{*this};
+};
+
+TEST_F(VersionCheckWindow, OnlyYesEndsTheProgram) {
+  Open();
+  TheMachine().update = &client;
+  Find(*window, "Buffer").setFocus();
+  QWidget* focused = window->focusWidget();
+  ASSERT_NE(focused, nullptr);
+  EXPECT_TRUE(Choose("Check new version"));
+  EXPECT_TRUE(window->isEnabled() && window->isVisible());
+  EXPECT_EQ(window->focusWidget(), focused);
+  answers = {QMessageBox::Yes};
+  EXPECT_TRUE(Choose("Check new version"));
+  EXPECT_FALSE(window->isVisible());
+  EXPECT_EQ(seen, std::vector<std::string>(2, "Do you want to exit old version of PyxisLoad ?"));
+}
+
+}  // namespace
+}  // namespace pyxis::test

@@ -1,0 +1,60 @@
+#include "ui/windows.h"
+
+#include <QApplication>
+#include <QTest>
+
+#include "catalogue/ic_select.h"
+#include "options/option_select.h"
+#include "platform/machine.h"
+#include "pyxisfolder/folder.h"
+#include "shell/app_state.h"
+#include "shell/main_controls.h"
+#include "ui/about_window.h"
+#include "ui/goto_address_window.h"
+#include "ui/ic_select_window.h"
+#include "ui/option_select_window.h"
+#include "view/goto_address.h"
+#include "view/show_file.h"
+
+namespace pyxis::test {
+
+namespace {
+
+void Show(QWidget& widget) {
+  widget.show();
+  EXPECT_TRUE(QTest::qWaitForWindowExposed(&widget));
+  QCoreApplication::processEvents();
+}
+
+}  // namespace
+
+EveryWindow::EveryWindow() {
+  folder::BuildProgramFolder(Path("."));
+  TheMachine().op = &op;
+  LoadSample("QVL04");
+  TheMachine().op = &qtOp;
+  Open();
+  ShowFile(Path("samples/QVL04.bin"));
+  QCoreApplication::processEvents();
+}
+
+void EveryWindow::ForEach(const std::function<void(QWidget&, const std::string&)>& look) {
+  look(*window, "main");
+  const auto dialog = [&look](QWidget&& widget, const std::string& name) {
+    Show(widget);
+    look(widget, name);
+  };
+  CIcSelectDlg icSelect;
+  ASSERT_TRUE(icSelect.OnInitDialog());
+  icSelect.OnSeriesChange(7);
+  icSelect.OnTypeChange(4);
+  dialog(ui::IcSelectWindow(icSelect, window.get()), "ic_type_select");
+  COptionSelectDlg optionSelect;
+  optionSelect.OnInitDialog();
+  dialog(ui::OptionSelectWindow(optionSelect, window.get()), "option_select");
+  CGotoAddressDlg gotoAddress;
+  dialog(ui::GotoAddressWindow(gotoAddress, window.get()), "goto_address");
+  dialog(ui::AboutWindow(window.get()), "about");
+}
+
+}  // namespace pyxis::test
