@@ -10,6 +10,7 @@
 #include "system/vendor_library.h"
 #include "system/windows_pipes.h"
 #include "ui/main_window.h"
+#include "ui/qt_clipboard.h"
 #include "ui/qt_operator.h"
 
 int main(int argc, char** argv) {
@@ -22,6 +23,7 @@ int main(int argc, char** argv) {
   VendorLibrary vendor;
   UpdateLibrary update;
   ui::QtOperator op;
+  ui::QtClipboard clipboard;
   Machine& machine = TheMachine();
 #ifdef _WIN32
   WindowsPipes pipes;
@@ -33,6 +35,7 @@ int main(int argc, char** argv) {
   machine.usb = &usb;
   machine.vendor = &vendor;
   machine.update = &update;
+  machine.clipboard = &clipboard;
 
   CPyxisLoadApp app;
   app.InitInstance();

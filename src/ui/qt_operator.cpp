@@ -12,6 +12,8 @@
 #include "ui/option_select_window.h"
 #include "ui/qt_text.h"
 #include "ui/smart_option_window.h"
+#include "ui/sn_program_window.h"
+#include "ui/sn_set_window.h"
 
 namespace pyxis::ui {
 
@@ -102,6 +104,8 @@ std::optional<std::string> QtOperator::ChooseFile(const std::string& filter) {
 DialogEnd QtOperator::RunDialog(CIcSelectDlg& dialog) { return Run<IcSelectWindow>(dialog, Parent()); }
 DialogEnd QtOperator::RunDialog(COptionSelectDlg& dialog) { return Run<OptionSelectWindow>(dialog, Parent()); }
 DialogEnd QtOperator::RunDialog(CGotoAddressDlg& dialog) { return Run<GotoAddressWindow>(dialog, Parent()); }
+DialogEnd QtOperator::RunDialog(CSnSetDlg& dialog) { return Run<SnSetWindow>(dialog, Parent()); }
+DialogEnd QtOperator::RunDialog(CSnProgramDlg& dialog) { return Run<SnProgramWindow>(dialog, Parent()); }
 DialogEnd QtOperator::RunDialog(CSmartOptionDlg& dialog) { return Run<SmartOptionWindow>(dialog, Parent()); }
 
 void QtOperator::RunAbout() {

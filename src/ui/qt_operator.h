@@ -22,6 +22,8 @@ class QtOperator : public Operator {
   DialogEnd RunDialog(COptionSelectDlg& dialog) override;
   DialogEnd RunDialog(CSmartOptionDlg& dialog) override;
   DialogEnd RunDialog(CGotoAddressDlg& dialog) override;
+  DialogEnd RunDialog(CSnSetDlg& dialog) override;
+  DialogEnd RunDialog(CSnProgramDlg& dialog) override;
   void RunAbout() override;
 
  private:
