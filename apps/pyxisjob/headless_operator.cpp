@@ -14,16 +14,20 @@ bool HeadlessOperator::Ask(const std::string& text, const std::string& caption, 
   return answer;
 }
 
-DialogEnd HeadlessOperator::RunDialog(COptionSelectDlg& dialog) {
-  return optionSelect ? optionSelect(dialog) : DialogEnd::Cancel;
+namespace {
+
+template <typename Dialog>
+DialogEnd Answer(const std::function<DialogEnd(Dialog&)>& answer, Dialog& dialog) {
+  return answer ? answer(dialog) : DialogEnd::Cancel;
 }
 
-DialogEnd HeadlessOperator::RunDialog(CDownloadInfoDlg& dialog) {
-  return downloadInfo ? downloadInfo(dialog) : DialogEnd::Cancel;
-}
+}  // namespace
 
-DialogEnd HeadlessOperator::RunDialog(CReadChipInfoDlg& dialog) {
-  return chipInfo ? chipInfo(dialog) : DialogEnd::Cancel;
-}
+DialogEnd HeadlessOperator::RunDialog(COptionSelectDlg& dialog) { return Answer(optionSelect, dialog); }
+DialogEnd HeadlessOperator::RunDialog(CDownloadInfoDlg& dialog) { return Answer(downloadInfo, dialog); }
+DialogEnd HeadlessOperator::RunDialog(CReadChipInfoDlg& dialog) { return Answer(chipInfo, dialog); }
+DialogEnd HeadlessOperator::RunDialog(CIcSelectDlg& dialog) { return Answer(icSelect, dialog); }
+DialogEnd HeadlessOperator::RunDialog(CSnSetDlg& dialog) { return Answer(snSet, dialog); }
+DialogEnd HeadlessOperator::RunDialog(CSnProgramDlg& dialog) { return Answer(snProgram, dialog); }
 
 }  // namespace pyxis::job

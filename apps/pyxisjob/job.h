@@ -30,6 +30,9 @@ class HeadlessOperator : public Operator {
   std::function<DialogEnd(COptionSelectDlg&)> optionSelect;
   std::function<DialogEnd(CDownloadInfoDlg&)> downloadInfo;
   std::function<DialogEnd(CReadChipInfoDlg&)> chipInfo;
+  std::function<DialogEnd(CIcSelectDlg&)> icSelect;
+  std::function<DialogEnd(CSnSetDlg&)> snSet;
+  std::function<DialogEnd(CSnProgramDlg&)> snProgram;
 
   void Tell(const std::string& text, const std::string& caption, MessageIcon icon) override;
   bool Ask(const std::string& text, const std::string& caption, MessageIcon icon) override;
@@ -38,6 +41,9 @@ class HeadlessOperator : public Operator {
   DialogEnd RunDialog(COptionSelectDlg& dialog) override;
   DialogEnd RunDialog(CDownloadInfoDlg& dialog) override;
   DialogEnd RunDialog(CReadChipInfoDlg& dialog) override;
+  DialogEnd RunDialog(CIcSelectDlg& dialog) override;
+  DialogEnd RunDialog(CSnSetDlg& dialog) override;
+  DialogEnd RunDialog(CSnProgramDlg& dialog) override;
 };
 
 struct Options {
@@ -91,5 +97,6 @@ void AddLoad(CLI::App& app, Job& job);
 void AddTasks(CLI::App& app, Job& job);
 void AddInspections(CLI::App& app, Job& job);
 void AddProtect(CLI::App& app, Job& job);
+void AddSerial(CLI::App& app, Job& job);
 
 }  // namespace pyxis::job

@@ -75,6 +75,7 @@ int main(int argc, char** argv) {
   AddTasks(app, job);
   AddInspections(app, job);
   AddProtect(app, job);
+  AddSerial(app, job);
   try {
     app.parse(argc, argv);
   } catch (const CLI::ParseError& error) {

@@ -16,6 +16,7 @@
 #include "system/vendor_library.h"
 #include "system/windows_pipes.h"
 #include "ui/main_window.h"
+#include "ui/qt_clipboard.h"
 #include "ui/qt_operator.h"
 #include "ui/qt_text.h"
 #include "ui/settings_profile.h"
@@ -35,6 +36,7 @@ int main(int argc, char** argv) {
   UdevEvents usbEvents;
   LocalWriterEvents standinEvents(standin::SocketPath());
   JoinedEvents events({&usbEvents, &standinEvents});
+  ui::QtClipboard clipboard;
   Machine& machine = TheMachine();
 #ifdef _WIN32
   WindowsPipes pipes;
@@ -47,6 +49,7 @@ int main(int argc, char** argv) {
   machine.vendor = &vendor;
   machine.update = &update;
   machine.profile = &profile;
+  machine.clipboard = &clipboard;
 
   CPyxisLoadApp app;
   app.InitInstance();

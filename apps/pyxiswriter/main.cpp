@@ -33,6 +33,7 @@ int main(int argc, char** argv) {
   std::string identity;
   ChipState chip = ChipState::Blank;
   bool log = false;
+  bool freshChips = false;
   std::uint16_t port = 0;
   int failTask = 0;
   long damageByte = -1;
@@ -53,6 +54,7 @@ int main(int argc, char** argv) {
                                                                            {"programmed", ChipState::Programmed},
                                                                            {"protected", ChipState::Protected},
                                                                            {"worn", ChipState::Worn}}));
+  app.add_flag("--fresh-chips", freshChips, "put a blank chip in before each Auto and Program, as a handler does");
   app.add_flag("--log", log, "print breaches of the protocol at the end");
   app.add_option("--fail-task", failTask, "let the nth task fail");
   app.add_option("--damage-byte", damageByte, "damage this byte of each package read-back");
@@ -64,6 +66,7 @@ int main(int argc, char** argv) {
   writer.chip.state = chip;
   if (failTask > 0) writer.faults.failTask = failTask;
   if (damageByte >= 0) writer.faults.damageAreaByte = static_cast<std::size_t>(damageByte);
+  writer.freshChips = freshChips;
   writer.faults.noVerdict = noVerdict;
   for (const auto& [step, place, value] : measures) {
     if (step >= 0 && step <= 0xFF && place >= 0 && value >= 0 && value <= 0xFF &&

@@ -34,6 +34,7 @@ inline constexpr FieldPlace ProtectFlags{43, 2, ByteOrder::Bytes};
 inline constexpr FieldPlace OptionWords{48, 4, ByteOrder::Bytes};
 inline constexpr FieldPlace SerialHead{53, 6, ByteOrder::Bytes};
 inline constexpr FieldPlace HeaderChecksum{59, 2, ByteOrder::Big};
+inline constexpr FieldPlace SerialUnit{62, 1, ByteOrder::Bytes};  // for the writer alone
 inline constexpr FieldPlace ChipClass{71, 1, ByteOrder::Bytes};
 inline constexpr FieldPlace ProgramParameter{72, 2, ByteOrder::Big};
 inline constexpr FieldPlace IspFlags{76, 1, ByteOrder::Bytes};
@@ -53,6 +54,7 @@ inline constexpr char kOptionPackageName[] = "buffer_option.prog";
 inline constexpr char kDataPackageName[] = "buffer_data.prog";
 inline constexpr char kSerialFileName[] = "serial.txt";
 inline constexpr std::uint8_t kSerialNeedsReload = 16;  // first byte of SerialHead
+inline constexpr std::uint8_t kSerialUnitLowFirst = 1;  // words, low byte first
 inline constexpr std::uint8_t kChipClassFlash = 17;     // MTP/Flash
 inline constexpr std::uint8_t kProductionMass = 16;
 inline constexpr std::uint8_t kProductionLimit = 17;

@@ -43,6 +43,9 @@ std::optional<std::vector<std::uint8_t>> ReadStream(std::FILE* file);
 // Replaces the whole file, in place. False when the file can't be created or a byte couldn't be written.
 bool WriteWholeFile(const std::string& name, std::span<const std::uint8_t> bytes);
 
+// Deletes the file; one that isn't there is no failure.
+void RemoveFile(const std::string& name);
+
 // Length of an open stream in bytes; the position is kept.
 long FileLength(std::FILE* file);
 

@@ -4,6 +4,7 @@
 
 namespace pyxis {
 
+class Clipboard;
 class Clock;
 class DevicePipes;
 class Language;
@@ -24,6 +25,7 @@ struct Machine {
   Profile* profile;
   Language* language;
   UpdateAgent* update;
+  Clipboard* clipboard;
 };
 
 Machine& TheMachine();

@@ -13,6 +13,8 @@ class MainView {
   virtual void ProgressChanged() {}
   virtual void HexViewChanged() {}
   virtual void SnProgressChanged() {}
+  // Makes the window of SnProgressDlg, hidden; false when it can't be made.
+  virtual bool CreateSnProgress() { return true; }
   // Takes every queued paint out of the queue and dispatches it, and no other message.
   virtual void PumpPaint() {}
   // The system close command of the main window (asks, then ends it).

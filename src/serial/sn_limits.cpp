@@ -71,7 +71,7 @@ std::optional<std::uint32_t> Find(const Rows& rows, std::string_view chip) {
 
 }  // namespace
 
-std::optional<std::uint32_t> SnEndLimit(std::string_view chip) { return Find(kLimits, chip); }
+std::uint32_t SnEndLimit(std::string_view chip) { return Find(kLimits, chip).value_or(0); }
 
 std::optional<std::uint32_t> FixedSnAddress(std::string_view chip) { return Find(kFixed, chip); }
 

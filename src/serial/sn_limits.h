@@ -8,8 +8,8 @@
 
 namespace pyxis {
 
-// The highest value that start address plus length may reach; nothing for an IC without a row.
-std::optional<std::uint32_t> SnEndLimit(std::string_view chip);
+// The highest value that start address plus length may reach; 0 for an IC that takes no serial number.
+std::uint32_t SnEndLimit(std::string_view chip);
 
 // ICs whose serial numbers have one fixed place: four bytes at that address. Nothing for the others.
 std::optional<std::uint32_t> FixedSnAddress(std::string_view chip);

@@ -16,7 +16,7 @@ struct SnRecord {
   std::string SnEndText = std::string(32, '0');
   std::array<std::uint8_t, 16> SnEndBytes{};
   std::string SnAmountText = "0";
-  std::uint8_t SnDirection = 0;  // 0 "Low Byte", 1 "Hight Byte"
+  std::uint8_t SnDirection = 0;                 // 0 "Low Byte", 1 "Hight Byte"
   std::string SnOkText, SnNgText, SnTotalText;  // at most 32 characters
 };
 

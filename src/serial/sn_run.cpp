@@ -1,5 +1,7 @@
 #include "serial/sn_run.h"
 
+#include <new>
+
 #include "link/writer_commands.h"
 #include "operations/tasks.h"
 #include "platform/machine.h"
@@ -64,12 +66,12 @@ void CSnProgramDlg::OnSnSet() {
 }
 
 void CSnProgramDlg::OnSnProgram() {
+  if (!snProgramEnabled) return;
   const AppState& app = TheAppState();
   SnRecord& record = TheSnRecord();
   totalCount_.Increment();
   ShowCounters();
-  const bool good =
-      SnFromIcSelection ? RunTask(task::kAuto, app.AutoTicks) : RunTask(task::kProgram, app.ProgramTicks);
+  const bool good = SnFromIcSelection ? RunTask(task::kAuto, app.AutoTicks) : RunTask(task::kProgram, app.ProgramTicks);
   if (!good) {
     ngCount_.Increment();
     ShowCounters();
@@ -106,17 +108,34 @@ void CSnProgramDlg::OnClose() {
   app.SnMode = 0;
   if (snProgressDlg) snProgressDlg->visible = false;
   if (app.WriterConnected != 0) SwitchTaskButtonsBySnMode();
+  Changed();
   TheMachine().view->SnProgressChanged();
 }
 
 std::unique_ptr<CSnProgramDlg>& SnProgressDlg() { return snProgressDlg; }
 
+namespace {
+
+// False, with the operator told and nothing kept, when there is no dialog; the next Load File tries again.
+bool MakeSnProgressDlg() {
+  snProgressDlg.reset(new (std::nothrow) CSnProgramDlg(TheAppState().SnMode != 0));
+  if (!snProgressDlg) {
+    TheMachine().op->Tell("Error Creating Dialog Object", kMessageCaption, MessageIcon::Stop);
+    return false;
+  }
+  snProgressDlg->OnInitDialog();
+  if (TheMachine().view->CreateSnProgress()) return true;
+  snProgressDlg.reset();
+  TheMachine().op->Tell("Error creating Dialog", kMessageCaption, MessageIcon::Stop);
+  return false;
+}
+
+}  // namespace
+
 void BringSnProgressUpToDate() {
   const AppState& app = TheAppState();
-  if (!snProgressDlg) {
-    snProgressDlg = std::make_unique<CSnProgramDlg>(app.SnMode != 0);
-    snProgressDlg->OnInitDialog();
-  }
+  SwitchTaskButtonsBySnMode();
+  if (!snProgressDlg && !MakeSnProgressDlg()) return;
   CSnProgramDlg& dialog = *snProgressDlg;
   dialog.SnFromIcSelection = app.SnMode != 0;
   dialog.ended = false;
@@ -124,7 +143,6 @@ void BringSnProgressUpToDate() {
   dialog.snProgramEnabled = true;
   dialog.visible = app.SnMode != 0;
   dialog.RefreshFields();
-  SwitchTaskButtonsBySnMode();
   TheMachine().view->SnProgressChanged();
 }
 
@@ -132,6 +150,7 @@ void OnSerialNumberProgram() {
   CSnProgramDlg dialog(false);
   dialog.OnInitDialog();
   TheMachine().op->RunDialog(dialog);
+  if (!dialog.ended) dialog.OnClose();  // a window that went any other way counts as closed
 }
 
 }  // namespace pyxis

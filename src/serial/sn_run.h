@@ -14,7 +14,7 @@ class CSnProgramDlg {
   explicit CSnProgramDlg(bool snFromIcSelection);
 
   void OnInitDialog();
-  void OnSnProgram();   // the default button
+  void OnSnProgram();  // the default button
   void OnSnSet();
   void OnResetCount();
   void OnClose();

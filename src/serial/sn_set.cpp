@@ -30,7 +30,7 @@ constexpr std::uint8_t kSelectionRoad = 0x20;
 
 bool LengthIsGood() { return TheSnRecord().SnLength >= 1 && TheSnRecord().SnLength <= 16; }
 
-void Tell(const std::string& text) { TheMachine().op->Tell(text, kPlainCaption); }
+void Refuse(const std::string& text) { TheMachine().op->Tell(text, kMessageCaption, MessageIcon::Warning); }
 
 // Digits at the right end of a field of 32, two to a byte; digits beyond the field are the high ones, and are left out.
 // Conversion ends at the first character that is no digit.
@@ -55,6 +55,7 @@ void CSnSetDlg::OnInitDialog() {
   startText = HexPadded(record.SnStartText);
   addressText = Printf("%04X", record.SnStartAddress);
   lengthText = Printf("%X", record.SnLength);
+  direction = record.SnDirection;
 }
 
 void CSnSetDlg::OnLengthChange(const std::string& text) {
@@ -65,7 +66,7 @@ void CSnSetDlg::OnLengthChange(const std::string& text) {
     record.SnStartText = startText = std::string(std::size_t{2} * record.SnLength, '0');
     Changed();
   } else {
-    Tell("'Input Serial Number Length Error");
+    Refuse("'Input Serial Number Length Error");
   }
 }
 
@@ -81,12 +82,19 @@ void CSnSetDlg::OnStartChange(const std::string& text) {
     Changed();
     return;
   }
-  startText = record.SnStartText = text;
+  startText = text;
+  record.SnStartText = WithoutPrefix(text);
 }
 
-void CSnSetDlg::OnAmountChange(const std::string& text) { amountText = TheSnRecord().SnAmountText = text; }
+void CSnSetDlg::OnAmountChange(const std::string& text) {
+  amountText = text;
+  TheSnRecord().SnAmountText = WithoutPrefix(text);
+}
 
-void CSnSetDlg::OnDirection(int direction) { TheSnRecord().SnDirection = direction == 0 ? 0 : 1; }
+void CSnSetDlg::OnDirection(int button) {
+  direction = button == 0 ? 0 : 1;
+  TheSnRecord().SnDirection = static_cast<std::uint8_t>(direction);
+}
 
 void CSnSetDlg::OnLoad() {
   if (!LoadSnSetup()) {
@@ -98,18 +106,18 @@ void CSnSetDlg::OnLoad() {
   Changed();
 }
 
-bool CSnSetDlg::PlaceIsGood() const {
+bool CSnSetDlg::PlaceIsGood() {
   const SnRecord& record = TheSnRecord();
   const std::string& chip = TheAppState().SelectedChip;
   if (const auto fixed = FixedSnAddress(chip)) {
     // These two are told and pass all the same.
-    if (record.SnLength != kFixedLength) Tell("S/N Length Enter 4");
-    if (record.SnStartAddress != *fixed) Tell("S/N Start Address Error");
+    if (record.SnLength != kFixedLength) Refuse("S/N Length Enter 4");
+    if (record.SnStartAddress != *fixed) Refuse("S/N Start Address Error");
     return true;
   }
-  const auto limit = SnEndLimit(chip);
-  if (!limit || *limit >= std::uint64_t{record.SnStartAddress} + record.SnLength) return true;
-  Tell(Printf("S/N End Address > 0x%X", *limit));
+  const std::uint32_t limit = SnEndLimit(chip);
+  if (limit >= std::uint64_t{record.SnStartAddress} + record.SnLength) return true;
+  Refuse(Printf("S/N End Address > 0x%X", limit));
   return false;
 }
 
@@ -124,7 +132,7 @@ bool CSnSetDlg::LoadSnSetup() {
   record.SnEndText = sum.Hex();
   record.SnAmountText = amount.Hex();
   if (amount.IsZero()) {
-    Tell("Please Keyin 'S/N Amount'. ( >= 1 )");
+    Refuse("Please Keyin 'S/N Amount'. ( >= 1 )");
     return false;
   }
   record.SnStartBytes = ToBytes(record.SnStartText);
@@ -132,35 +140,47 @@ bool CSnSetDlg::LoadSnSetup() {
   sum.Decrement();
   record.SnEndText = sum.Hex();
   if (record.SnEndText.size() > std::size_t{2} * record.SnLength) {
-    Tell("End Serial Number > SN Length");
+    Refuse("End Serial Number > SN Length");
     return false;
   }
   record.SnStartAddress = ParseHexDigits(WithoutPrefix(addressText), -1);
   record.SnEndAddress = record.SnStartAddress + record.SnLength - 1;
-  if (WriteSerialFile() && !snFromIcSelection_) TheAppState().SnLoaded = RewriteOptionArea(SerialFilePath()) ? 1 : 0;
+  const Written result = WriteSerialFile();
+  if (result == Written::Broken) {
+    Refuse(Printf("%s write file error\n", SerialFilePath().c_str()));
+    return false;
+  }
+  written = result == Written::Good;
+  if (written && !snFromIcSelection_)
+    TheAppState().SnLoaded = RewriteOptionArea(SerialFilePath()) ? 1 : 0;
   return true;
 }
 
-// The first bytes of the IC's template with the run written over them.
-bool CSnSetDlg::WriteSerialFile() const {
+// The first bytes of the IC's template with the run written over them. Half a file would burn half a serial: none is
+// left of one that couldn't be written to its end.
+CSnSetDlg::Written CSnSetDlg::WriteSerialFile() const {
   const SnRecord& record = TheSnRecord();
   const AppState& app = TheAppState();
   auto file = ReadWholeFile(TemplatePath(app.SelectedChip));
-  if (!file) return false;
+  if (!file) return Written::NotOpened;
   file->resize(kSerialFileSize, 0xFF);
   std::uint8_t* bytes = file->data();
   std::uint8_t* head = bytes + Field::SerialHead.offset;
   head[0] = static_cast<std::uint8_t>((record.SnDirection & 0x0F) | (snFromIcSelection_ ? kSelectionRoad : kMenuRoad));
   head[1] = record.SnLength;
   StoreBe16(head + 2, record.SnStartAddress);
-  StoreBe16(head + 4, record.SnStartAddress +
-                          (SnCountsWords(app.SelectedChip) ? record.SnLength / 2U : record.SnLength));
+  StoreBe16(head + 4,
+            record.SnStartAddress + (SnCountsWords(app.SelectedChip) ? record.SnLength / 2U : record.SnLength));
   bytes[Field::IspFlags.offset] = exhvIsp_ || isp_ ? 1 : 0;
   const auto block = file->begin() + static_cast<std::ptrdiff_t>(Field::SerialBlock.offset);
   std::copy(record.SnStartBytes.begin(), record.SnStartBytes.end(),
             std::copy(record.SnEndBytes.begin(), record.SnEndBytes.end(), block));
   bytes[Field::WriterModelByte.offset] = app.WriterModel == kModelKm48 ? kRegisterKm48 : kRegisterKm49;
-  return WriteWholeFile(SerialFilePath(), *file);
+  ReplacedFile serial(SerialFilePath());
+  if (!serial.IsOpen()) return Written::NotOpened;
+  if (serial.Write(*file)) return Written::Good;
+  RemoveFile(SerialFilePath());
+  return Written::Broken;
 }
 
 }  // namespace pyxis

@@ -1,7 +1,7 @@
 // The dialog Serial Number Set and the making of serial.txt.
 #pragma once
 
-#include <cstdint>
+#include <cstddef>
 #include <functional>
 #include <string>
 
@@ -9,25 +9,34 @@ namespace pyxis {
 
 class CSnSetDlg {
  public:
+  // What the fields let in, in characters.
+  static constexpr std::size_t kLengthLimit = 2;
+  static constexpr std::size_t kAddressLimit = 4;
+  static constexpr std::size_t kNumberLimit = 32;  // of the start serial and the amount
+
   CSnSetDlg(bool snFromIcSelection, bool exhvIsp, bool isp);
   void OnInitDialog();  // fields from SnRecord
 
   // Field texts as the window shows them; the On… functions are called at each keystroke with the new text.
+  // Every change goes into SnRecord at once, so Cancel takes nothing back.
   std::string lengthText, addressText, startText, amountText;
+  int direction = 0;  // the radio button: 0 "Low Byte", 1 "Hight Byte"
   void OnLengthChange(const std::string& text);
   void OnAddressChange(const std::string& text);
   void OnStartChange(const std::string& text);
   void OnAmountChange(const std::string& text);
-  void OnDirection(int direction);
-  void OnLoad();    // the button "Load"; `ended` tells whether the dialog closed as OK
+  void OnDirection(int button);
+  void OnLoad();  // the button "Load"; `ended` tells whether the dialog closed as OK
   bool ended = false;
+  bool written = false;  // this run stands in serial.txt
   std::function<void()> Changed = [] {};
 
  private:
+  enum class Written { Good, NotOpened, Broken };
+  bool LoadSnSetup();         // true when the dialog closes
+  static bool PlaceIsGood();  // tells the operator when it isn't
+  Written WriteSerialFile() const;
   bool snFromIcSelection_, exhvIsp_, isp_;
-  bool LoadSnSetup();      // true when the dialog closes
-  bool PlaceIsGood() const;  // tells the operator when it isn't
-  bool WriteSerialFile() const;
 };
 
 }  // namespace pyxis

@@ -1,4 +1,5 @@
 // The stand-in writer's memory as a file, so that a job outlives a restart.
+#include <algorithm>
 #include <cstring>
 
 #include "intake/package_files.h"
@@ -11,7 +12,9 @@ namespace pyxis::standin {
 
 namespace {
 
-constexpr char kMagic[8] = {'P', 'Y', 'X', 'S', 'T', 'A', 'N', '1'};
+// The files of version 1 end before the job header and the serial to come; their series starts anew.
+constexpr char kMagic[8] = {'P', 'Y', 'X', 'S', 'T', 'A', 'N', '2'};
+constexpr char kFirstVersion = '1';
 constexpr std::size_t kLargestArea = 131072;
 
 void PutLe32(std::vector<std::uint8_t>& out, std::uint32_t value) {
@@ -43,13 +46,18 @@ bool WriterModel::Save(const std::string& path) const {
   PutBlock(out, memory_);
   PutBlock(out, optionArea_);
   PutBlock(out, dataArea_);
+  PutBlock(out, jobHeader_);
+  PutBlock(out, series_);
+  out.insert(out.end(), nextSerial_.begin(), nextSerial_.end());
   return WriteWholeFile(path, out);
 }
 
 bool WriterModel::Restore(const std::string& path) {
   const auto bytes = ReadWholeFile(path);
-  if (!bytes || bytes->size() < sizeof kMagic + 4 || std::memcmp(bytes->data(), kMagic, sizeof kMagic) != 0)
+  if (!bytes || bytes->size() < sizeof kMagic + 4 || std::memcmp(bytes->data(), kMagic, sizeof kMagic - 1) != 0)
     return false;
+  const auto version = static_cast<char>((*bytes)[sizeof kMagic - 1]);
+  if (version != kMagic[sizeof kMagic - 1] && version != kFirstVersion) return false;
   std::span<const std::uint8_t> in = std::span(*bytes).subspan(sizeof kMagic);
   const std::uint32_t produced = LoadLe32(in.data());
   in = in.subspan(4);
@@ -57,10 +65,24 @@ bool WriterModel::Restore(const std::string& path) {
   auto option = memory ? TakeBlock(in) : std::nullopt;
   auto data = option ? TakeBlock(in) : std::nullopt;
   if (!data || memory->size() != memory_.size() || option->size() != kInfoBlockSize) return false;
+  std::vector<std::uint8_t> header = *option;
+  std::vector<std::uint8_t> series;
+  Serial next = SerialSeries(*option).First();
+  if (version != kFirstVersion) {
+    auto headerBlock = TakeBlock(in);
+    auto seriesBlock = headerBlock ? TakeBlock(in) : std::nullopt;
+    if (!seriesBlock || headerBlock->size() != kInfoBlockSize || in.size() != next.size()) return false;
+    header = std::move(*headerBlock);
+    series = std::move(*seriesBlock);
+    std::copy(in.begin(), in.end(), next.begin());
+  }
   memory_ = std::move(*memory);
   optionArea_ = std::move(*option);
   dataArea_ = std::move(*data);
   produced_ = produced;
+  jobHeader_ = std::move(header);
+  series_ = std::move(series);
+  nextSerial_ = next;
   return true;
 }
 

@@ -16,7 +16,10 @@ constexpr std::uint8_t kErased = 0xFF;
 }  // namespace
 
 WriterModel::WriterModel(int model, std::string identityText)
-    : identity(std::move(identityText)), memory_(kFirmwareImageSize, kErased), optionArea_(kInfoBlockSize, 0) {
+    : identity(std::move(identityText)),
+      memory_(kFirmwareImageSize, kErased),
+      optionArea_(kInfoBlockSize, 0),
+      jobHeader_(kInfoBlockSize, 0) {
   memory_[address::kModel] = model == kModelKm48 ? kRegisterKm48 : kRegisterKm49;
   StoreBe16(&memory_[address::kFirmwareCode], 0);
   memory_[address::kFirmwareVersion] = 1;
@@ -44,9 +47,12 @@ void WriterModel::Write(std::uint8_t opcode, std::span<const std::uint8_t> data,
       mode_ = data[0];
       if (mode_ != mode::kArea) testSets_ = 0;  // ends a self-test
       return;
-    case OP_SET_ADDRESS: return SetAddress(data, door);
-    case OP_WRITE_MEMORY: return WriteMemory(data);
-    case OP_WRITE_AREA: return WriteArea(data);
+    case OP_SET_ADDRESS:
+      return SetAddress(data, door);
+    case OP_WRITE_MEMORY:
+      return WriteMemory(data);
+    case OP_WRITE_AREA:
+      return WriteArea(data);
     case OP_SELECT_AREA:
       if (LengthIs(opcode, data.size(), 2)) SelectArea(data[0], data[1]);
       return;
@@ -62,7 +68,8 @@ void WriterModel::Write(std::uint8_t opcode, std::span<const std::uint8_t> data,
     case OP_TEST_SET:
       if (LengthIs(opcode, data.size(), 2)) TestSet(data, door);
       return;
-    default: Violate(Printf("opcode %d is not written", opcode));
+    default:
+      Violate(Printf("opcode %d is not written", opcode));
   }
 }
 
@@ -79,8 +86,10 @@ std::vector<std::uint8_t> WriterModel::Read(std::uint8_t opcode, std::size_t len
     case OP_TEST_MEASURE:
       if (LengthIs(opcode, length, Measurement{}.size())) give(Measured());
       return answer;
-    case OP_READ_MEMORY: return ReadMemory(length);
-    case OP_READ_AREA: return ReadArea(length);
+    case OP_READ_MEMORY:
+      return ReadMemory(length);
+    case OP_READ_AREA:
+      return ReadArea(length);
     case OP_TASK_STATUS:
       if (LengthIs(opcode, length, 1)) answer[0] = TaskStatus();
       return answer;
@@ -88,7 +97,9 @@ std::vector<std::uint8_t> WriterModel::Read(std::uint8_t opcode, std::size_t len
       std::fill(answer.begin(), answer.end(), kErased);
       give(ChipData());
       return answer;
-    default: Violate(Printf("opcode %d is not read", opcode)); return answer;
+    default:
+      Violate(Printf("opcode %d is not read", opcode));
+      return answer;
   }
 }
 
@@ -146,7 +157,7 @@ void WriterModel::WriteArea(std::span<const std::uint8_t> data) {
     return;
   }
   target->assign(data.begin(), data.end());
-  if (target == &optionArea_) optionWritten_ = true;
+  (target == &optionArea_ ? optionWritten_ : dataWritten_) = true;
 }
 
 std::vector<std::uint8_t> WriterModel::ReadArea(std::size_t length) {
@@ -175,9 +186,13 @@ void WriterModel::CloseLoad() {
     optionArea_.resize(kInfoBlockSize, 0);
     optionArea_[Field::WriterStatus.offset] = 0;
     std::fill_n(optionArea_.begin() + Field::ChipInfo.offset, Field::ChipInfo.width, std::uint8_t{0});
-    produced_ = 0;
-    optionWritten_ = false;
+    if (SerialSeries::RoadOf(optionArea_) != SerialSeries::Road::Menu) {
+      jobHeader_ = optionArea_;
+      produced_ = 0;
+    }
+    StartSeries();
   }
+  optionWritten_ = dataWritten_ = false;
   load_ = Load::None;
   selectedArea_ = 0;
 }

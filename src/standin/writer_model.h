@@ -13,6 +13,7 @@
 #include "operations/firmware.h"
 #include "standin/chip.h"
 #include "standin/measures.h"
+#include "standin/serial_series.h"
 
 namespace pyxis::standin {
 
@@ -46,6 +47,7 @@ class WriterModel {
 
   std::string identity;  // 26 characters
   Chip chip;
+  bool freshChips = false;  // a handler puts a blank chip in before each Auto and Program
   Faults faults;
   std::map<std::uint8_t, Measurement> measures;  // of the self-test, by step; a step without one measures sound values
   // One value of a step, the others sound. False for an unknown step or place.
@@ -84,6 +86,12 @@ class WriterModel {
   void TestSelect(std::uint8_t step);
   Measurement Measured();
   std::vector<std::uint8_t> ChipData();
+  // What the next chip gets: DataPackage, with the serial to come in its place. Nothing when the series is used up, or
+  // is none that fits this job.
+  std::optional<std::vector<std::uint8_t>> DataForNextChip() const;
+  bool ChipIsGood() const;
+  void StartSeries();
+  void StepSerial();
   std::uint8_t TaskStatus();
   bool CountsDown(std::optional<int>& counter);
   bool HoldsJob() const;
@@ -92,6 +100,10 @@ class WriterModel {
   std::vector<std::uint8_t> memory_;
   std::vector<std::uint8_t> optionArea_;  // 512 bytes once a load has been closed
   std::vector<std::uint8_t> dataArea_;
+  // The option area of the job. A series from the menu takes the area's place, but the job goes on.
+  std::vector<std::uint8_t> jobHeader_;
+  std::vector<std::uint8_t> series_;  // SerialHead and SerialBlock of the last load
+  Serial nextSerial_{};
   std::optional<std::uint8_t> mode_;
   std::optional<std::size_t> address_;
   std::uint8_t selectedArea_ = 0;
@@ -101,6 +113,7 @@ class WriterModel {
   int chipReadStarts_ = 0;
   std::size_t testSets_ = 0;  // good values of the self-test's set-up
   std::optional<std::uint8_t> testStep_;
+  bool dataWritten_ = false;
   bool taskStarted_ = false;
   std::uint8_t verdict_ = 0;
   int statusReads_ = 0;

@@ -31,11 +31,52 @@ std::uint32_t FromPackedDecimal(std::uint32_t packed) {
 }  // namespace
 
 bool WriterModel::HoldsJob() const {
-  return optionArea_.size() == kInfoBlockSize && FieldWord(optionArea_, Field::ImageChecksum) != 0 &&
-         !dataArea_.empty();
+  return optionArea_.size() == kInfoBlockSize && ChipNameOf(optionArea_) == ChipNameOf(jobHeader_) &&
+         FieldWord(jobHeader_, Field::ImageChecksum) != 0 && !dataArea_.empty();
 }
 
-bool WriterModel::FlashJob() const { return FieldByte(optionArea_, Field::ChipClass) == kChipClassFlash; }
+bool WriterModel::FlashJob() const { return FieldByte(jobHeader_, Field::ChipClass) == kChipClassFlash; }
+
+// A series starts with the load that brings it. Only an option area that comes alone and tells the same series of the
+// same job, as a change of the protection does, goes on where the series stood.
+void WriterModel::StartSeries() {
+  std::vector<std::uint8_t> told;
+  for (const FieldPlace field : {Field::SerialHead, Field::SerialBlock})
+    told.insert(told.end(), optionArea_.begin() + static_cast<std::ptrdiff_t>(field.offset),
+                optionArea_.begin() + static_cast<std::ptrdiff_t>(field.offset + field.width));
+  const bool goesOn =
+      !dataWritten_ && told == series_ && SerialSeries::RoadOf(optionArea_) == SerialSeries::Road::IcSelection;
+  if (!goesOn) nextSerial_ = SerialSeries(optionArea_).First();
+  series_ = told;
+}
+
+void WriterModel::StepSerial() {
+  if (SerialSeries::RoadOf(optionArea_) != SerialSeries::Road::None) nextSerial_ = SerialSeries::After(nextSerial_);
+}
+
+std::optional<std::vector<std::uint8_t>> WriterModel::DataForNextChip() const {
+  if (SerialSeries::RoadOf(optionArea_) == SerialSeries::Road::None) return dataArea_;
+  const SerialSeries series(optionArea_);
+  const auto places = series.Places(dataArea_.size());
+  if (!places || series.IsPast(nextSerial_)) return std::nullopt;
+  std::vector<std::uint8_t> data = dataArea_;
+  for (std::size_t i = 0; i < places->size(); ++i)
+    data[(*places)[i]] = nextSerial_[nextSerial_.size() - places->size() + i];
+  return data;
+}
+
+// Byte for byte the job's data, but for a serial of the series that has been given out, or is about to be.
+bool WriterModel::ChipIsGood() const {
+  if (SerialSeries::RoadOf(optionArea_) == SerialSeries::Road::None) return chip.Holds(dataArea_);
+  const SerialSeries series(optionArea_);
+  const auto places = series.Places(dataArea_.size());
+  if (!places || chip.burnt.size() != dataArea_.size()) return false;
+  std::vector<std::uint8_t> data = dataArea_;
+  Serial serial{};
+  for (std::size_t i = 0; i < places->size(); ++i)
+    data[(*places)[i]] = serial[serial.size() - places->size() + i] = chip.burnt[(*places)[i]];
+  return chip.Holds(data) && series.WasGiven(serial, nextSerial_);
+}
 
 void WriterModel::StartTask(std::uint8_t task) {
   if (load_ == Load::Package || load_ == Load::Firmware) Violate(Printf("task %d during a load", task));
@@ -44,15 +85,27 @@ void WriterModel::StartTask(std::uint8_t task) {
     case task::kAuto:
     case task::kBlankCheck:
     case task::kProgram:
-    case task::kVerify:
+    case task::kVerify: {
       taskStarted_ = true;
       statusReads_ = 0;
-      verdict_ = RunTask(task) && !CountsDown(faults.failTask) ? kVerdictGood : kVerdictFailed;
+      const bool burns = task == task::kAuto || task == task::kProgram;
+      if (burns && freshChips) chip = Chip{};
+      const bool good = RunTask(task) && !CountsDown(faults.failTask);
+      if (burns && good) StepSerial();
+      verdict_ = good ? kVerdictGood : kVerdictFailed;
       return;
-    case task::kOpenPackageLoad: load_ = Load::Opened; return;
-    case task::kOpenFirmwareLoad: load_ = Load::Firmware; return;
-    case task::kReadChip: ++chipReadStarts_; return;
-    default: Violate(Printf("unknown task %d", task));
+    }
+    case task::kOpenPackageLoad:
+      load_ = Load::Opened;
+      return;
+    case task::kOpenFirmwareLoad:
+      load_ = Load::Firmware;
+      return;
+    case task::kReadChip:
+      ++chipReadStarts_;
+      return;
+    default:
+      Violate(Printf("unknown task %d", task));
   }
 }
 
@@ -69,40 +122,45 @@ bool WriterModel::RunTask(std::uint8_t task) {
     return false;
   }
   switch (task) {
-    case task::kAuto: return RunAuto();
-    case task::kBlankCheck: return chip.Erase(FlashJob());
-    case task::kProgram: return RunProgram();
-    default: return RunVerify();
+    case task::kAuto:
+      return RunAuto();
+    case task::kBlankCheck:
+      return chip.Erase(FlashJob());
+    case task::kProgram:
+      return RunProgram();
+    default:
+      return RunVerify();
   }
 }
 
 bool WriterModel::RunAuto() {
-  const bool limited = FieldByte(optionArea_, Field::ProductionFlags) == kProductionLimit;
-  const std::uint32_t limit = FromPackedDecimal(LoadBe32(&optionArea_[Field::ProductionLimit.offset]));
-  if (limited && produced_ >= limit) return false;
+  const bool limited = FieldByte(jobHeader_, Field::ProductionFlags) == kProductionLimit;
+  const std::uint32_t limit = FromPackedDecimal(LoadBe32(&jobHeader_[Field::ProductionLimit.offset]));
+  if ((limited && produced_ >= limit) || !DataForNextChip()) return false;
   if (!chip.Erase(FlashJob()) || !RunProgram() || !RunVerify()) return false;
   if (limited && ++produced_ >= limit) optionArea_[Field::WriterStatus.offset] = kLimitUsedUp;
   return true;
 }
 
 bool WriterModel::RunProgram() {
-  if (!chip.Burn(dataArea_, FieldWord(optionArea_, Field::ConfigWord))) return false;
+  const auto data = DataForNextChip();
+  if (!data || !chip.Burn(*data, FieldWord(jobHeader_, Field::ConfigWord))) return false;
   KeepChecksums();
   return true;
 }
 
 // By the rules of the job that the chip is burnt with. In dual mode the job's checksum is that of the upper half.
 void WriterModel::KeepChecksums() {
-  const bool dual = FieldByte(optionArea_, Field::ChipClass) <= kLastDualClass &&
-                    FieldByte(optionArea_, Field::EepromImage) == 0 &&
-                    FieldWord(optionArea_, Field::DualStart) != 0 && (chip.config & kNotDualBit) == 0;
-  chip.upperChecksum = FieldWord(optionArea_, Field::ImageChecksum);
+  const bool dual = FieldByte(jobHeader_, Field::ChipClass) <= kLastDualClass &&
+                    FieldByte(jobHeader_, Field::EepromImage) == 0 &&
+                    FieldWord(jobHeader_, Field::DualStart) != 0 && (chip.config & kNotDualBit) == 0;
+  chip.upperChecksum = FieldWord(jobHeader_, Field::ImageChecksum);
   chip.checksum = dual ? WholeChecksum() : chip.upperChecksum;
 }
 
 // All words, which stand high byte first, and the configuration word.
 std::uint16_t WriterModel::WholeChecksum() const {
-  const std::size_t words = std::min<std::size_t>(FieldWord(optionArea_, Field::ImageLength), dataArea_.size() / 2);
+  const std::size_t words = std::min<std::size_t>(FieldWord(jobHeader_, Field::ImageLength), dataArea_.size() / 2);
   std::uint16_t sum = 0xFFFF;
   for (std::size_t i = 0; i < words; ++i) sum = ChecksumAfter(sum, LoadBe16(&dataArea_[2 * i]));
   return ChecksumAfter(sum, chip.config) & kChecksumBits;
@@ -110,7 +168,7 @@ std::uint16_t WriterModel::WholeChecksum() const {
 
 bool WriterModel::RunVerify() {
   ShowChipInfo();
-  return chip.Holds(dataArea_);
+  return ChipIsGood();
 }
 
 // Configuration, checksum of the upper half, ID, checksum: of the chip, whether or not it holds the job.

@@ -141,6 +141,8 @@ bool WriteWholeFile(const std::string& name, std::span<const std::uint8_t> bytes
   return ReplacedFile(name).Write(bytes);
 }
 
+void RemoveFile(const std::string& name) { std::remove(ResolvePath(name).c_str()); }
+
 std::string ProgramDirectory() {
   std::error_code error;
   const auto self = std::filesystem::read_symlink("/proc/self/exe", error);

@@ -5,12 +5,14 @@
 #include <QMenuBar>
 #include <QScreen>
 
+#include "serial/sn_run.h"
 #include "ui/device_watch.h"
 #include "ui/hex_view_widget.h"
 #include "ui/main_menu.h"
 #include "ui/main_panel.h"
 #include "ui/progress_status_bar.h"
 #include "ui/qt_text.h"
+#include "ui/sn_program_window.h"
 #include "view/goto_address.h"
 
 namespace pyxis::ui {
@@ -40,7 +42,10 @@ MainWindow::MainWindow() : panel_(new MainPanel(this)), statusBar_(new ProgressS
   sinceRepaint_.start();
 }
 
-MainWindow::~MainWindow() { dialog_.OnDestroy(); }
+MainWindow::~MainWindow() {
+  delete snProgress_;  // before the dialog that it shows
+  dialog_.OnDestroy();
+}
 
 void MainWindow::Start() {
   dialog_.OnInitDialog();
@@ -61,6 +66,16 @@ void MainWindow::ControlsChanged() {
 }
 
 void MainWindow::HexViewChanged() { panel_->Hex().Refresh(); }
+
+bool MainWindow::CreateSnProgress() {
+  snProgress_ = new SnProgramWindow(*SnProgressDlg(), this,
+                                    [this](const SnProgramWindow::Handler& handler) { gate_.Run(handler); });
+  return true;
+}
+
+void MainWindow::SnProgressChanged() {
+  if (snProgress_ != nullptr) snProgress_->setVisible(SnProgressDlg()->visible);
+}
 
 void MainWindow::ProgressChanged() {
   const bool hides = statusBar_->ShowsProgress() != TheMainControls().statusBar.progressVisible;

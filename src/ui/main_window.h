@@ -15,6 +15,7 @@ namespace pyxis::ui {
 class DeviceWatch;
 class MainPanel;
 class ProgressStatusBar;
+class SnProgramWindow;
 
 class MainWindow : public QMainWindow, public MainView {
  public:
@@ -29,6 +30,8 @@ class MainWindow : public QMainWindow, public MainView {
   void ControlsChanged() override;
   void ProgressChanged() override;
   void HexViewChanged() override;
+  void SnProgressChanged() override;
+  bool CreateSnProgress() override;
   void PumpPaint() override;
   void CloseMainWindow() override;
   void EndMainWindow() override;
@@ -50,6 +53,7 @@ class MainWindow : public QMainWindow, public MainView {
   MainPanel* panel_;
   ProgressStatusBar* statusBar_;
   DeviceWatch* watch_ = nullptr;
+  SnProgramWindow* snProgress_ = nullptr;
   QPointer<QWidget> focused_;  // before the window was disabled
   QElapsedTimer sinceProgress_, sinceRepaint_;
   bool dirty_ = true;

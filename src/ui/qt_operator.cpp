@@ -14,6 +14,8 @@
 #include "ui/option_select_window.h"
 #include "ui/qt_text.h"
 #include "ui/smart_option_window.h"
+#include "ui/sn_program_window.h"
+#include "ui/sn_set_window.h"
 
 namespace pyxis::ui {
 
@@ -97,6 +99,8 @@ DialogEnd QtOperator::RunDialog(COptionSelectDlg& dialog) { return Run<OptionSel
 DialogEnd QtOperator::RunDialog(CReadChipInfoDlg& dialog) { return Run<ChipInfoWindow>(dialog, Parent()); }
 DialogEnd QtOperator::RunDialog(CDownloadInfoDlg& dialog) { return Run<DownloadInfoWindow>(dialog, Parent()); }
 DialogEnd QtOperator::RunDialog(CGotoAddressDlg& dialog) { return Run<GotoAddressWindow>(dialog, Parent()); }
+DialogEnd QtOperator::RunDialog(CSnSetDlg& dialog) { return Run<SnSetWindow>(dialog, Parent()); }
+DialogEnd QtOperator::RunDialog(CSnProgramDlg& dialog) { return Run<SnProgramWindow>(dialog, Parent()); }
 DialogEnd QtOperator::RunDialog(CSmartOptionDlg& dialog) { return Run<SmartOptionWindow>(dialog, Parent()); }
 
 void QtOperator::RunAbout() {

@@ -25,6 +25,8 @@ class QtOperator : public Operator {
   DialogEnd RunDialog(CReadChipInfoDlg& dialog) override;
   DialogEnd RunDialog(CDownloadInfoDlg& dialog) override;
   DialogEnd RunDialog(CGotoAddressDlg& dialog) override;
+  DialogEnd RunDialog(CSnSetDlg& dialog) override;
+  DialogEnd RunDialog(CSnProgramDlg& dialog) override;
   void RunAbout() override;
 
   CursorHandle LoadCursorFromFile(const std::string& path) override { return cursors_.Load(path); }

@@ -1,5 +1,6 @@
 // Serial number set-up and run: the record, serial.txt byte for byte, the counters.
-#include "serial/sn_limits.h"
+#include "platform/machine.h"
+#include "platform/main_view.h"
 #include "serial/sn_record.h"
 #include "serial/sn_run.h"
 #include "serial/sn_set.h"
@@ -12,20 +13,6 @@ namespace {
 
 using Bytes = std::vector<std::uint8_t>;
 using Texts = std::vector<std::string>;
-
-TEST(SerialLimits, Rows) {
-  struct Case {
-    const char* chip;
-    std::uint32_t limit;
-  };
-  for (const Case& c : {Case{"QV8333", 0x3FB}, Case{"QV8365", 0x3FC}, Case{"QVX02", 0x400}, Case{"QV8503_8XX", 0x7FC},
-                        Case{"QV8322", 0x800}, Case{"QV8378", 0xFFB}, Case{"QV8501", 0xFFC}, Case{"QV8401", 0xFFE},
-                        Case{"QVL11", 0x1000}, Case{"QVL10", 0x1800}, Case{"QV8118", 0x1FFE}, Case{"QVL03", 0x1FFF},
-                        Case{"QVX03", 0x2000}, Case{"QVL07", 0x3000}, Case{"QV8120", 0x3FFE}, Case{"QV8110", 0x4000},
-                        Case{"QVL06", 0x6000}, Case{"QV8102", 0x7FFE}, Case{"QVL04", 0x8000}})
-    EXPECT_EQ(SnEndLimit(c.chip), c.limit) << c.chip;
-  EXPECT_FALSE(SnEndLimit("QV4101"));
-}
 
 class Serial : public StandinBench, public ::testing::WithParamInterface<Transport> {
  protected:
@@ -94,11 +81,56 @@ TEST_P(Serial, WhatTheDialogRefuses) {
            Case{"QV4201", "4", "1FFD", "0", "1", {}, true},
            Case{"QV8329", "10", "0", "FFFFFFFFFFFFFFFFFFFFFFFFFFFFFFFF", "1", {}, true},
            Case{"QV8329", "2", "0", "0x00FE", "0x2", {}, true},
+           Case{"QV8329", "2", "FFFF", "0", "1", {"S/N End Address > 0x3FC"}, false},
+           Case{"QV4203", "1", "0", "0", "1", {"S/N End Address > 0x0"}, false},  // takes no serial
        }) {
     PutTemplate(c.chip);
     EXPECT_EQ(Set(true, c.length, c.address, c.start, c.amount), c.closes) << c.start << " " << c.amount;
     EXPECT_EQ(op.Texts(), c.told);
   }
+}
+
+TEST_P(Serial, WhatARefusalLeavesBehind) {
+  PutTemplate("QV8329");
+  const SnRecord& record = TheSnRecord();
+  EXPECT_FALSE(Set(true, "2", "3FB", "12", "3"));
+  EXPECT_EQ(record.SnEndText, std::string(32, '0'));
+  EXPECT_FALSE(Set(true, "2", "10", "1a", "00"));
+  EXPECT_EQ(record.SnStartText + " " + record.SnEndText + " " + record.SnAmountText, "1a 1A 0");
+  EXPECT_EQ(record.SnStartBytes[15], 0);
+  EXPECT_FALSE(Set(true, "2", "20", "FFFF", "2"));
+  EXPECT_EQ(record.SnStartText + " " + record.SnEndText + " " + record.SnAmountText, "FFFF 10000 2");
+  EXPECT_EQ(record.SnStartBytes[15] + record.SnEndBytes[13] + record.SnEndBytes[15], 0xFF + 1 + 1);
+  EXPECT_EQ(record.SnEndAddress, 0U);
+  EXPECT_EQ(Contents("serial.txt"), Bytes{});
+}
+
+TEST_P(Serial, FilesThatFail) {
+  TheAppState().SelectedChip = "QV8329";
+  TheAppState().SnLoaded = 5;
+  const std::uint32_t before = clock.tick;
+  EXPECT_TRUE(Set(false, "1", "0", "1", "1"));  // no template
+  EXPECT_GE(clock.tick - before, 1500U);
+  EXPECT_FALSE(std::filesystem::exists(Path("serial.txt")));
+  PutTemplate("QV8329");
+  std::filesystem::create_directory(Path("serial.txt"));
+  EXPECT_TRUE(Set(false, "1", "0", "1", "1"));
+  EXPECT_EQ(TheAppState().SnLoaded, 5);
+  EXPECT_TRUE(op.told.empty());
+  EXPECT_EQ(writer.OptionArea()[53], 0);
+  std::filesystem::remove(Path("serial.txt"));
+
+  std::filesystem::create_symlink("/dev/full", Path("serial.txt"));
+  EXPECT_FALSE(Set(false, "1", "0", "1", "1"));
+  EXPECT_EQ(op.Texts(), Texts{Path("serial.txt") + " write file error\n"});
+  EXPECT_FALSE(std::filesystem::is_symlink(Path("serial.txt")));
+
+  Write("hwversion1.1/QV8329.txt", Bytes(100, 0x5A));
+  EXPECT_TRUE(Set(true, "1", "0", "1", "1"));
+  const Bytes file = Contents("serial.txt");
+  ASSERT_EQ(file.size(), 256U);
+  EXPECT_EQ(file[95], 0x5A);
+  EXPECT_EQ(file[128], 0xFF);
 }
 
 TEST_P(Serial, FieldsWhileTyping) {
@@ -112,9 +144,23 @@ TEST_P(Serial, FieldsWhileTyping) {
   dialog.OnStartChange("12AB");
   dialog.OnStartChange("12AB5");
   EXPECT_EQ(dialog.startText, "12AB");
+  dialog.OnStartChange("0x34CD");
+  EXPECT_EQ(dialog.startText, "0x34CD");
+  EXPECT_EQ(TheSnRecord().SnStartText, "34CD");
   for (const char* bad : {"", "0", "11"}) dialog.OnLengthChange(bad);
   EXPECT_EQ(op.Texts(), Texts(3, "'Input Serial Number Length Error"));
   EXPECT_EQ(TheSnRecord().SnLength, 17);
+}
+
+TEST_P(Serial, TheDialogThatCannotBeMade) {
+  class NoWindow : public MainView {
+    bool CreateSnProgress() override { return false; }
+  } view;
+  TheMachine().view = &view;
+  TheAppState().SnMode = 1;
+  BringSnProgressUpToDate();
+  EXPECT_EQ(op.Texts(), Texts{"Error creating Dialog"});
+  EXPECT_FALSE(SnProgressDlg());
 }
 
 // Runs a press, with the verdict that the writer shall give.
@@ -178,6 +224,8 @@ TEST_P(Serial, TheMenuRoad) {
   op.snSet = nullptr;
   dialog.OnSnSet();
   EXPECT_FALSE(dialog.snProgramEnabled);
+  dialog.OnSnProgram();  // Enter on the disabled button
+  EXPECT_EQ(dialog.totalText, "0");
 }
 
 INSTANTIATE_TEST_SUITE_P(BothTransports, Serial, ::testing::Values(Transport::Usb, Transport::Vendor));

@@ -109,11 +109,13 @@ TEST(Standin, FramingIsStrict) {
   EXPECT_EQ(writer.Violations().size(), 4U);
 }
 
-void LoadJob(WriterModel& writer, const Bytes& option, const Bytes& data) {
+// The option area alone when there is no data.
+void LoadJob(WriterModel& writer, const Bytes& option, const Bytes& data = {}) {
   Write(writer, OP_START_TASK, {48});
   Write(writer, OP_CONTROL, {16});
   Write(writer, OP_SET_MODE, {71});
   for (const auto& [selector, content] : {std::pair<std::uint8_t, Bytes>{4, option}, {8, data}}) {
+    if (content.empty()) continue;
     Write(writer, OP_SELECT_AREA, {selector, 23});
     Write(writer, OP_WRITE_AREA, content);
     Write(writer, OP_SELECT_AREA, {12, 7});
@@ -196,7 +198,93 @@ TEST(Standin, AChipTellsBothChecksums) {
   }
 }
 
+// A series of one-byte serials at offset 1: 0x41 and on.
+Bytes SeriesOption(std::uint8_t headByte, std::uint8_t amount) {
+  Bytes option = Option(17);
+  const Bytes head{headByte, 1, 0, 1, 0, 2};
+  std::copy(head.begin(), head.end(), option.begin() + 53);
+  option[111] = static_cast<std::uint8_t>(0x41 + amount);
+  option[127] = 0x41;
+  return option;
+}
+
+// Programs a new chip; the byte that lies in the serial's place, 0 where the writer refused.
+int NextSerial(WriterModel& writer) {
+  writer.chip = standin::Chip{};
+  return Verdict(writer, 20) == 1 ? writer.chip.burnt.at(1) : 0;
+}
+
+TEST(Standin, WhereASeriesStartsAnew) {
+  const Bytes series = SeriesOption(0x20, 9), data{1, 2, 3};
+  Bytes protectedSeries = series, menu = SeriesOption(0x10, 9);
+  protectedSeries[36] = 1;
+  menu[16] = 0;  // a template has no checksum
+  WriterModel writer;
+  LoadJob(writer, series, data);
+  EXPECT_EQ(NextSerial(writer), 0x41);
+  EXPECT_EQ(NextSerial(writer), 0x42);
+  LoadJob(writer, protectedSeries);  // Set Protect
+  EXPECT_EQ(NextSerial(writer), 0x43);
+  EXPECT_EQ(writer.chip.config, 0x0100);
+  LoadJob(writer, series, data);
+  EXPECT_EQ(NextSerial(writer), 0x41);
+  EXPECT_EQ(Verdict(writer, 22), 1);
+  writer.chip.burnt[1] = 0x45;  // of the series, but not given out yet
+  EXPECT_EQ(Verdict(writer, 22), 3);
+  for (int i = 0; i < 2; ++i) {
+    LoadJob(writer, menu);
+    EXPECT_EQ(NextSerial(writer), 0x41);
+    EXPECT_EQ(NextSerial(writer), 0x42);
+  }
+}
+
+TEST(Standin, SeriesThatAreRefused) {
+  struct Case {
+    const char* why;
+    std::size_t offset;
+    std::uint8_t value;
+  };
+  for (const Case& c : {Case{"unknown road", 53, 0xF0}, Case{"no length", 54, 0}, Case{"17 bytes", 54, 17},
+                        Case{"behind the data", 56, 3}, Case{"end mark", 58, 4}, Case{"another IC", 0, 'Q'}}) {
+    WriterModel writer;
+    LoadJob(writer, Option(17), {1, 2, 3});
+    Bytes menu = SeriesOption(0x10, 9);
+    LoadJob(writer, menu);
+    EXPECT_EQ(NextSerial(writer), 0x41);
+    menu[c.offset] = c.value;
+    LoadJob(writer, menu);
+    EXPECT_EQ(NextSerial(writer), 0) << c.why;
+    EXPECT_TRUE(writer.chip.IsBlank()) << c.why;
+  }
+}
+
 class StandinFiles : public Bench {};
+
+TEST_F(StandinFiles, TheSeriesOutlivesARestart) {
+  for (const std::uint8_t head : {std::uint8_t{0x11}, std::uint8_t{0x20}}) {
+    WriterModel before;
+    LoadJob(before, Option(17), {1, 2, 3});
+    LoadJob(before, SeriesOption(head, 3), head == 0x20 ? Bytes{1, 2, 3} : Bytes{});
+    EXPECT_EQ(NextSerial(before), 0x41);
+    ASSERT_TRUE(before.Save(Path("state")));
+    WriterModel after;
+    ASSERT_TRUE(after.Restore(Path("state")));
+    EXPECT_EQ(NextSerial(after), 0x42);
+    EXPECT_EQ(NextSerial(after), 0x43);
+    EXPECT_EQ(NextSerial(after), 0);
+  }
+  // A file of the first version ends behind the data area.
+  WriterModel before;
+  LoadJob(before, SeriesOption(0x20, 3), {1, 2, 3});
+  ASSERT_TRUE(before.Save(Path("state")));
+  Bytes old = Contents("state");
+  old[7] = '1';
+  old.resize(8 + 4 + 3 * 4 + before.Memory().size() + 512 + 3);
+  Bench::Write("old", old);
+  WriterModel after;
+  ASSERT_TRUE(after.Restore(Path("old")));
+  EXPECT_EQ(NextSerial(after), 0x41);
+}
 
 TEST_F(StandinFiles, TheJobOutlivesARestart) {
   WriterModel before;

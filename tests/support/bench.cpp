@@ -40,6 +40,7 @@ Bench::Bench() {
   machine.profile = &profile;
   machine.language = &language;
   machine.update = &update;
+  machine.clipboard = &clipboard;
 }
 
 Bench::~Bench() {

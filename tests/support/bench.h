@@ -32,6 +32,7 @@ class Bench : public ::testing::Test {
   MapProfile profile;
   FixedLanguage language;
   FixedUpdateAgent update;
+  TextClipboard clipboard;
 };
 
 }  // namespace pyxis::test

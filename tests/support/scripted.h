@@ -8,6 +8,7 @@
 #include <string>
 #include <vector>
 
+#include "platform/clipboard.h"
 #include "platform/clock.h"
 #include "platform/language.h"
 #include "platform/main_view.h"
@@ -74,6 +75,14 @@ class MapProfile : public Profile {
   std::map<std::string, int> values;
   int GetProfileInt(const std::string& section, const std::string& name, int defaultValue) override;
   void WriteProfileInt(const std::string& section, const std::string& name, int value) override;
+};
+
+class TextClipboard : public Clipboard {
+ public:
+  std::optional<std::string> text;  // nothing: it holds no text
+  bool opens = true;
+  bool Read(std::optional<std::string>& out) override;
+  bool Write(const std::string& in) override;
 };
 
 class FixedLanguage : public Language {

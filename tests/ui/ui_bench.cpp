@@ -65,6 +65,7 @@ void UiBench::Play() {
   QWidget* modal = QApplication::activeModalWidget();
   if (modal == nullptr) handled_ = nullptr;
   if (modal == nullptr || modal == handled_ || !modal->isVisible()) return;
+  QWidget* const around = handled_;  // whose step opened this one
   handled_ = modal;
   if (auto* box = qobject_cast<QMessageBox*>(modal)) {
     seen.push_back(ui::ToText(box->text()));
@@ -82,7 +83,7 @@ void UiBench::Play() {
     script.pop_front();
     step(*modal);
   }
-  handled_ = nullptr;
+  handled_ = around;
 }
 
 bool UiBench::Choose(const QString& caption) {

@@ -1,0 +1,114 @@
+#include "ui/sn_program_window.h"
+
+#include <QCoreApplication>
+#include <QGridLayout>
+#include <QGroupBox>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <utility>
+
+#include "serial/sn_run.h"
+#include "ui/numeric_edit_field.h"
+#include "ui/qt_text.h"
+
+namespace pyxis::ui {
+
+namespace {
+
+constexpr std::size_t kDigits = 33;  // one past the last serial of 16 bytes
+
+void AddRow(QGridLayout& grid, int row, const char* caption, QLineEdit* field) {
+  field->setEnabled(false);
+  auto* label = new QLabel(QString::fromLatin1(caption), field->parentWidget());
+  label->setBuddy(field);
+  grid.addWidget(label, row, 0);
+  grid.addWidget(field, row, 1);
+}
+
+}  // namespace
+
+SnProgramWindow::SnProgramWindow(CSnProgramDlg& dialog, QWidget* parent, std::function<void(const Handler&)> run)
+    : QDialog(parent), dialog_(dialog), run_(std::move(run)) {
+  setWindowTitle(QStringLiteral("Serial Number Program"));
+  auto* all = new QVBoxLayout(this);
+  auto* series = new QGridLayout;
+  chip_ = new QLineEdit(this);
+  AddRow(*series, 0, "Chip Type :  ", chip_);
+  start_ = AddField(*series, 1, "Start Serial NO[Hex] : ");
+  end_ = AddField(*series, 2, "End Serial NO[Hex] : ");
+  startAddress_ = AddField(*series, 3, "S/N Start Address[Hex] : ");
+  endAddress_ = AddField(*series, 4, "S/N End Address[Hex] : ");
+  all->addLayout(series);
+  auto* counter = new QGroupBox(QStringLiteral("  Counter  "), this);
+  auto* counters = new QGridLayout(counter);
+  ok_ = AddField(*counters, 0, "OK (Hex) : ");
+  ng_ = AddField(*counters, 1, "NG (Hex) : ");
+  total_ = AddField(*counters, 2, "Total (Hex) : ");
+  all->addWidget(counter);
+  auto* buttons = new QHBoxLayout;
+  program_ = AddButton(*buttons, "S/N &Program", &CSnProgramDlg::OnSnProgram);
+  program_->setDefault(true);
+  set_ = AddButton(*buttons, "S/N &SET", &CSnProgramDlg::OnSnSet);
+  AddButton(*buttons, "&Reset Count", &CSnProgramDlg::OnResetCount);
+  auto* close = new QPushButton(QStringLiteral("&Close"), this);
+  close->setAutoDefault(false);
+  connect(close, &QPushButton::clicked, this, &SnProgramWindow::reject);
+  buttons->addWidget(close);
+  all->addLayout(buttons);
+  layout()->setSizeConstraint(QLayout::SetFixedSize);
+  dialog_.Changed = [this] { Sync(); };
+  Sync();
+}
+
+SnProgramWindow::~SnProgramWindow() {
+  dialog_.Changed = [] {};
+}
+
+NumericEditField* SnProgramWindow::AddField(QGridLayout& grid, int row, const char* caption) {
+  auto* field = new NumericEditField(kDigits, this);
+  AddRow(grid, row, caption, field);
+  return field;
+}
+
+// Only the default button answers Enter.
+QPushButton* SnProgramWindow::AddButton(QLayout& row, const char* caption, void (CSnProgramDlg::*pressed)()) {
+  auto* button = new QPushButton(QString::fromLatin1(caption), this);
+  button->setAutoDefault(false);
+  connect(button, &QPushButton::clicked, this, [this, pressed] { Press([this, pressed] { (dialog_.*pressed)(); }); });
+  row.addWidget(button);
+  return button;
+}
+
+// A press that was made while a chip was under work is no press for the next chip: what the operator did meanwhile is
+// taken out of the queue and dropped.
+void SnProgramWindow::Press(const Handler& handler) {
+  if (busy_) return;
+  run_([this, &handler] {
+    busy_ = true;
+    handler();
+    QCoreApplication::processEvents();
+    busy_ = false;
+  });
+}
+
+void SnProgramWindow::reject() {
+  Press([this] { dialog_.OnClose(); });
+  if (dialog_.ended && !busy_) QDialog::reject();
+}
+
+void SnProgramWindow::Sync() {
+  chip_->setText(FromText(dialog_.chipText));
+  start_->Show(dialog_.startText);
+  end_->Show(dialog_.endText);
+  startAddress_->Show(dialog_.startAddressText);
+  endAddress_->Show(dialog_.endAddressText);
+  ok_->Show(dialog_.okText);
+  ng_->Show(dialog_.ngText);
+  total_->Show(dialog_.totalText);
+  program_->setEnabled(dialog_.snProgramEnabled);
+  set_->setEnabled(dialog_.snSetEnabled);
+}
+
+}  // namespace pyxis::ui

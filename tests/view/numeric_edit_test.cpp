@@ -1,0 +1,217 @@
+// The number field: what each key lets in, pastes, the menu and its greying, radix and colours.
+#include "view/numeric_edit.h"
+
+#include "support/bench.h"
+
+namespace pyxis::test {
+namespace {
+
+using Command = CNumericEdit::Command;
+
+// A field is written with its selection in brackets, or a bar for the caret: "0x[12]4", "1F|".
+void Put(CNumericEdit& field, const std::string& shown) {
+  std::string text;
+  std::vector<std::size_t> marks;
+  for (char c : shown) {
+    if (c == '[' || c == ']' || c == '|')
+      marks.push_back(text.size());
+    else
+      text += c;
+  }
+  field.SetText(text);
+  field.Select(marks.front(), marks.back());
+}
+
+std::string Shown(const CNumericEdit& field) {
+  std::string text = field.Text();
+  if (field.Start() == field.End()) return text.insert(field.Start(), "|");
+  return text.insert(field.End(), "]").insert(field.Start(), "[");
+}
+
+class NumericEdit : public Bench {
+ protected:
+  CNumericEdit field;
+};
+
+TEST_F(NumericEdit, Keys) {
+  using Key = std::function<void(CNumericEdit&)>;
+  const auto type = [](const char* text) -> Key {
+    return [text](CNumericEdit& f) {
+      for (const char* c = text; *c != '\0'; ++c) f.TypeCharacter(static_cast<unsigned char>(*c));
+    };
+  };
+  const Key backspace = [](CNumericEdit& f) { f.Backspace(); };
+  const Key del = [](CNumericEdit& f) { f.DeleteKey(); };
+  const Key cut = [](CNumericEdit& f) { f.CutKey(); };
+  struct Case {
+    const char* before;
+    Key key;
+    const char* after;
+  };
+  for (const Case& c : {
+           Case{"|", type("g -.\xE4"), "|"},
+           Case{"|", type("b9F"), "B9F|"},
+           Case{"|", type("0X1f"), "0x1F|"},
+           Case{"1|", type("x"), "1|"},
+           Case{"|", type("x"), "|"},
+           Case{"00|", type("x"), "00|"},
+           Case{"0|12", type("x"), "0x|12"},
+           // Nothing goes in front of a prefix, but a selection that reaches beyond it may be typed over.
+           Case{"|0x1", type("5"), "|0x1"},
+           Case{"0|x1", type("5"), "0|x1"},
+           Case{"[0]x1", type("5"), "[0]x1"},
+           Case{"0x|1", type("5"), "0x5|1"},
+           Case{"[0x]1", type("a"), "A|1"},
+           Case{"0[x1]", type("x"), "0x|"},
+           // The 0 of a prefix stays while its x stands; the x can go.
+           Case{"0|x1", backspace, "0|x1"},
+           Case{"[0]x1", backspace, "[0]x1"},
+           Case{"0x|1", backspace, "0|1"},
+           Case{"[0x]1", backspace, "|1"},
+           Case{"0|1", backspace, "|1"},
+           Case{"|1", backspace, "|1"},
+           Case{"|0x1", del, "|0x1"},
+           Case{"[0]x1", del, "[0]x1"},
+           Case{"0|x1", del, "0|1"},
+           Case{"[0x]1", del, "|1"},
+           Case{"|01", del, "|1"},
+           Case{"1|", del, "1|"},
+           Case{"[0]x1", cut, "[0]x1"},
+           Case{"[0x]1", cut, "|1"},
+           Case{"[0]1", cut, "|1"},
+       }) {
+    Put(field, c.before);
+    c.key(field);
+    EXPECT_EQ(Shown(field), c.after) << c.before;
+  }
+  Put(field, "1|");
+  field.maxLength = 2;
+  type("23")(field);
+  EXPECT_EQ(Shown(field), "12|");
+}
+
+TEST_F(NumericEdit, Pastes) {
+  struct Case {
+    const char *before, *pasted, *after;
+  };
+  for (const Case& c : {
+           Case{"|", "12aB", "12aB|"},    Case{"|", "0X1f", "0X1f|"},
+           Case{"|", "1G", "|"},          Case{"|", "12\n", "|"},
+           Case{"|", "0x0x1", "|"},       Case{"|", "1x", "|"},
+           Case{"|", "x1", "|"},          Case{"0|", "x1", "0x1|"},
+           Case{"1|", "x1", "1|"},        Case{"0|", "0x1", "0|"},
+           Case{"|12", "0x5", "0x5|12"},  Case{"0|x1", "5", "0|x1"},
+           Case{"[0]x1", "5", "[0]x1"},   Case{"0x|1", "5", "0x5|1"},
+           Case{"0x|1", "0x5", "0x|1"},   Case{"[0x]1", "0x5", "0x5|1"},
+           Case{"[0x1]2", "34", "34|2"},  Case{"0[x1]2", "x7", "0x7|2"},
+           Case{"0[x1]2", "34", "034|2"}, Case{"0[x1]2", "0x7", "0[x1]2"},
+           Case{"[1]0x", "0x", "[1]0x"},  // no field comes to this by keys; it stays as it is
+       }) {
+    Put(field, c.before);
+    clipboard.text = c.pasted;
+    EXPECT_EQ(field.CommandEnabled(Command::Paste), Shown(field) != c.after) << c.before << " " << c.pasted;
+    field.PasteKey();
+    EXPECT_EQ(Shown(field), c.after) << c.before << " " << c.pasted;
+  }
+  Put(field, "1|9");
+  field.maxLength = 4;
+  clipboard.text = "23456";
+  field.PasteKey();
+  EXPECT_EQ(Shown(field), "123|9");
+  clipboard.text.reset();
+  field.PasteKey();
+  EXPECT_EQ(Shown(field), "123|9");
+  EXPECT_TRUE(op.told.empty());
+  clipboard.opens = false;
+  EXPECT_FALSE(field.CommandEnabled(Command::Paste));
+  field.PasteKey();
+  EXPECT_EQ(op.Texts(), std::vector<std::string>{"Cannot open clipboard!"});
+  Put(field, "[12]");
+  field.CutKey();
+  EXPECT_EQ(Shown(field), "[12]");
+}
+
+TEST_F(NumericEdit, MenuGreying) {
+  struct Case {
+    const char* before;
+    bool cut, copy, paste, selectAll, convert;
+  };
+  clipboard.text = "7";
+  for (const Case& c : {Case{"|", false, false, true, false, false}, Case{"0x|", false, false, true, true, false},
+                        Case{"[0]x1", false, true, false, true, true}, Case{"0[x]1", true, true, true, true, true},
+                        Case{"[12]", true, true, true, false, true}}) {
+    Put(field, c.before);
+    for (const bool readOnly : {false, true}) {
+      field.readOnly = readOnly;
+      EXPECT_EQ(field.CommandEnabled(Command::Cut), c.cut && !readOnly) << c.before;
+      EXPECT_EQ(field.CommandEnabled(Command::Delete), c.cut && !readOnly) << c.before;
+      EXPECT_EQ(field.CommandEnabled(Command::Copy), c.copy) << c.before;
+      EXPECT_EQ(field.CommandEnabled(Command::Paste), c.paste && !readOnly) << c.before;
+      EXPECT_EQ(field.CommandEnabled(Command::SelectAll), c.selectAll) << c.before;
+      EXPECT_EQ(field.CommandEnabled(Command::Convert), c.convert) << c.before;
+      EXPECT_FALSE(field.CommandEnabled(Command::Undo)) << c.before;
+    }
+  }
+}
+
+TEST_F(NumericEdit, MenuActions) {
+  Put(field, "|");
+  for (char32_t c : {U'1', U'2'}) field.TypeCharacter(c);
+  clipboard.text = "0Xab";
+  field.OnCommand(Command::Undo);
+  EXPECT_EQ(Shown(field), "|");  // what was typed in one go
+  EXPECT_EQ(clipboard.text, "0xAB");
+  field.OnCommand(Command::Undo);
+  EXPECT_EQ(field.Text(), "12");
+  field.OnCommand(Command::SelectAll);
+  EXPECT_EQ(Shown(field), "[12]");
+  clipboard.text = "0xfe";
+  field.OnCommand(Command::Paste);
+  EXPECT_EQ(Shown(field), "0xFE|");
+  field.Select(2, 4);
+  field.OnCommand(Command::Cut);
+  EXPECT_EQ(Shown(field), "0x|");
+  EXPECT_EQ(clipboard.text, "FE");
+  field.OnCommand(Command::Undo);
+  field.OnCommand(Command::Delete);
+  EXPECT_EQ(Shown(field), "0x|");
+  clipboard.text = "say x";  // no number: normalised all the same
+  field.OnCommand(Command::Undo);
+  EXPECT_EQ(clipboard.text, "SAY x");
+}
+
+TEST_F(NumericEdit, RadixAndValue) {
+  struct Case {
+    const char* text;
+    bool hex;
+    std::uint32_t value;
+    const char* converted;
+  };
+  for (const Case& c :
+       {Case{"16", false, 16, "0x10"}, Case{"0x10", true, 16, "16"}, Case{"1F", true, 31, "31"},
+        Case{"0X1f", true, 31, "31"}, Case{"0xFFFFFFFF", true, 0xFFFFFFFF, "4294967295"},
+        Case{"4294967295", false, 0xFFFFFFFF, "0xFFFFFFFF"}, Case{"", false, 0, "0x0"}, Case{"0x", true, 0, "0"},
+        Case{"0x1z", true, 0, "0"}, Case{"123456789ABCDEF01", true, 0, "123456789ABCDEF01"}}) {
+    field.SetText(c.text);
+    EXPECT_EQ(field.HexMode, c.hex) << c.text;
+    EXPECT_EQ(field.GetValue(), c.value) << c.text;
+    field.ConvertRadix();
+    EXPECT_EQ(field.Text(), c.converted) << c.text;
+  }
+  field.SetValue(0xAB, true);
+  EXPECT_EQ(field.Text(), "0xab");
+  field.SetValue(0xFFFFFFFF, false);
+  EXPECT_EQ(field.Text(), "4294967295");
+
+  int changes = 0;
+  field.TextChanged = [&] { ++changes; };
+  Put(field, "|");
+  for (char32_t c : {U'1', U'f', U'g'}) field.TypeCharacter(c);
+  EXPECT_TRUE(field.HexMode);
+  field.Backspace();
+  EXPECT_FALSE(field.HexMode);
+  EXPECT_EQ(changes, 4);  // emptied, two characters, one back
+}
+
+}  // namespace
+}  // namespace pyxis::test
