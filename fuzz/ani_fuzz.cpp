@@ -1,7 +1,7 @@
 // Any bytes as an animated cursor; what comes out has to hold together.
 #include <cstdlib>
 
-#include "system/ani_file.h"
+#include "view/ani_file.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   using namespace pyxis;

@@ -7,7 +7,7 @@
 #include <algorithm>
 
 #include "platform/files.h"
-#include "system/ani_file.h"
+#include "view/ani_file.h"
 
 namespace pyxis::ui {
 

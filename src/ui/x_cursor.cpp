@@ -5,7 +5,7 @@
 #include <cstdint>
 #include <memory>
 
-#include "system/ani_file.h"
+#include "view/ani_file.h"
 
 namespace pyxis::ui {
 

@@ -1,4 +1,4 @@
-#include "system/ani_file.h"
+#include "view/ani_file.h"
 
 #include <gtest/gtest.h>
 

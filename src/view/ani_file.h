@@ -7,7 +7,7 @@
 #include <span>
 #include <vector>
 
-#include "system/cursor_picture.h"
+#include "view/cursor_picture.h"
 
 namespace pyxis {
 

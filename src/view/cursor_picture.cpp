@@ -1,4 +1,4 @@
-#include "system/cursor_picture.h"
+#include "view/cursor_picture.h"
 
 #include <algorithm>
 
