@@ -7,12 +7,17 @@
 #include "options/option_select.h"
 #include "platform/machine.h"
 #include "pyxisfolder/folder.h"
+#include "serial/sn_record.h"
+#include "serial/sn_run.h"
+#include "serial/sn_set.h"
 #include "shell/app_state.h"
 #include "shell/main_controls.h"
 #include "ui/about_window.h"
 #include "ui/goto_address_window.h"
 #include "ui/ic_select_window.h"
 #include "ui/option_select_window.h"
+#include "ui/sn_program_window.h"
+#include "ui/sn_set_window.h"
 #include "view/goto_address.h"
 #include "view/show_file.h"
 
@@ -54,6 +59,13 @@ void EveryWindow::ForEach(const std::function<void(QWidget&, const std::string&)
   dialog(ui::OptionSelectWindow(optionSelect, window.get()), "option_select");
   CGotoAddressDlg gotoAddress;
   dialog(ui::GotoAddressWindow(gotoAddress, window.get()), "goto_address");
+  TheSnRecord().SnStartText = "0123456789ABCDEF0123456789ABCDEF";
+  CSnSetDlg snSet(false, false, false);
+  snSet.OnInitDialog();
+  dialog(ui::SnSetWindow(snSet, window.get()), "serial_number_set");
+  CSnProgramDlg snProgram(false);
+  snProgram.OnInitDialog();
+  dialog(ui::SnProgramWindow(snProgram, window.get()), "serial_number_program");
   dialog(ui::AboutWindow(window.get()), "about");
 }
 
