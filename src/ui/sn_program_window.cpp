@@ -35,6 +35,9 @@ SnProgramWindow::SnProgramWindow(CSnProgramDlg& dialog, QWidget* parent, std::fu
   auto* all = new QVBoxLayout(this);
   auto* series = new QGridLayout;
   chip_ = new QLineEdit(this);
+  QPalette readable = chip_->palette();  // it only shows, but it has to be seen
+  readable.setColor(QPalette::Disabled, QPalette::Text, readable.color(QPalette::Active, QPalette::Text));
+  chip_->setPalette(readable);
   AddRow(*series, 0, "Chip Type :  ", chip_);
   start_ = AddField(*series, 1, "Start Serial NO[Hex] : ");
   end_ = AddField(*series, 2, "End Serial NO[Hex] : ");

@@ -36,6 +36,7 @@ SnSetWindow::SnSetWindow(CSnSetDlg& dialog, QWidget* parent) : QDialog(parent), 
   layout()->setSizeConstraint(QLayout::SetFixedSize);
   dialog_.Changed = [this] { Sync(); };
   Sync();
+  length_->selectAll();
 }
 
 SnSetWindow::~SnSetWindow() {

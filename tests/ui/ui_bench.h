@@ -33,8 +33,9 @@ class UiBench : public StandinBench {
   std::vector<std::string> seen;                    // texts of the message boxes
 
  private:
+  void PlaySoon();
   void Play();
-  QTimer timer_;
+  QObject player_;
   QWidget* handled_ = nullptr;
   std::filesystem::path before_;
 };

@@ -4,18 +4,27 @@
 #include <QTest>
 
 #include "catalogue/ic_select.h"
+#include "operations/chip_info.h"
+#include "operations/compare_file.h"
 #include "options/option_select.h"
 #include "options/smart_option_dlg.h"
 #include "options/tin_file.h"
 #include "platform/machine.h"
 #include "pyxisfolder/folder.h"
+#include "serial/sn_record.h"
+#include "serial/sn_run.h"
+#include "serial/sn_set.h"
 #include "shell/app_state.h"
 #include "shell/main_controls.h"
 #include "ui/about_window.h"
+#include "ui/chip_info_window.h"
+#include "ui/download_info_window.h"
 #include "ui/goto_address_window.h"
 #include "ui/ic_select_window.h"
 #include "ui/option_select_window.h"
 #include "ui/smart_option_window.h"
+#include "ui/sn_program_window.h"
+#include "ui/sn_set_window.h"
 #include "view/goto_address.h"
 #include "view/show_file.h"
 
@@ -60,6 +69,18 @@ void EveryWindow::ForEach(const std::function<void(QWidget&, const std::string&)
   ReadTinFile(Path("tin/QV8348.tin"));
   CSmartOptionDlg smartOption;
   dialog(ui::SmartOptionWindow(smartOption, window.get()), "smart_option");
+  TheSnRecord().SnStartText = "0123456789ABCDEF0123456789ABCDEF";
+  CSnSetDlg snSet(false, false, false);
+  snSet.OnInitDialog();
+  dialog(ui::SnSetWindow(snSet, window.get()), "serial_number_set");
+  CSnProgramDlg snProgram(false);
+  snProgram.OnInitDialog();
+  dialog(ui::SnProgramWindow(snProgram, window.get()), "serial_number_program");
+  CReadChipInfoDlg chipInfo(true);
+  chipInfo.OnInitDialog();
+  dialog(ui::ChipInfoWindow(chipInfo, window.get()), "read_chip_info");
+  CDownloadInfoDlg downloadInfo("Chip Name : QVL04", "Download File Time :2015/12/31_23:59:59");
+  dialog(ui::DownloadInfoWindow(downloadInfo, window.get()), "compare_file");
   dialog(ui::AboutWindow(window.get()), "about");
 }
 

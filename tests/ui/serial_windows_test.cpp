@@ -1,0 +1,221 @@
+// The number field and the serial number windows by keyboard, down to the serial in the chip.
+#include <QAction>
+#include <QApplication>
+#include <QClipboard>
+#include <QLabel>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QMenu>
+#include <QTest>
+
+#include "platform/machine.h"
+#include "serial/sn_record.h"
+#include "shell/app_state.h"
+#include "ui/numeric_edit_field.h"
+#include "ui/qt_clipboard.h"
+#include "ui/ui_bench.h"
+
+namespace pyxis::test {
+namespace {
+
+using Texts = std::vector<std::string>;
+
+class SerialWindows : public UiBench {
+ protected:
+  SerialWindows() { TheMachine().clipboard = &qtClipboard; }
+  ui::QtClipboard qtClipboard;
+
+  // A field by the label in front of it.
+  static ui::NumericEditField& Field(QWidget& within, const QString& label) {
+    for (const QLabel* candidate : within.findChildren<QLabel*>())
+      if (candidate->text().remove(QLatin1Char('&')) == label)
+        return dynamic_cast<ui::NumericEditField&>(*candidate->buddy());
+    throw std::runtime_error("no field " + label.toStdString());
+  }
+
+  static void Type(QWidget& dialog, const QString& label, const QString& text) {
+    auto& field = Field(dialog, label);
+    QTest::keyClick(&field, Qt::Key_A, Qt::ControlModifier);
+    QTest::keyClicks(&field, text);
+  }
+
+  // Fills Serial Number Set and presses Enter.
+  void ScriptSet(const QString& start, const QString& amount) {
+    script.push_back([=](QWidget& dialog) {
+      EXPECT_EQ(dialog.windowTitle(), "Serial Number Set");
+      Type(dialog, "S/N Length [Hex]:", "2");
+      EXPECT_EQ(Field(dialog, "Start Serial NO (Hex) : ").text(), "0000");
+      Type(dialog, "S/N Start Address (Hex) :", "3fa");
+      Type(dialog, "Start Serial NO (Hex) : ", start + "5");  // a digit too many
+      EXPECT_EQ(Field(dialog, "Start Serial NO (Hex) : ").text(), start);
+      Type(dialog, "S/N Amount (Hex) : ", amount);
+      QTest::keyClick(&Find(dialog, "Hight Byte"), Qt::Key_Space);
+      QTest::keyClick(&dialog, Qt::Key_Return);
+    });
+  }
+
+  // What lies in the chip at word 0x3FA, where the most significant byte went in last.
+  int Burnt() const { return writer.chip.burnt.at(2 * 0x3FB + 1) * 256 + writer.chip.burnt.at(2 * 0x3FA + 1); }
+  void NextChip() { writer.chip = standin::Chip{}; }
+};
+
+TEST_F(SerialWindows, TheNumberField) {
+  ui::NumericEditField field(8, nullptr);
+  std::vector<std::string> edited;
+  field.TextEdited = [&](const std::string& text) { edited.push_back(text); };
+  field.show();
+  const auto colours = [&] { return std::pair(field.palette().text().color(), field.palette().base().color()); };
+  EXPECT_EQ(colours(), std::pair(QColor(192, 97, 10), QColor(251, 244, 170)));
+  QTest::keyClicks(&field, "1g f");
+  EXPECT_EQ(edited, (Texts{"1", "1F"}));
+  EXPECT_EQ(colours(), std::pair(QColor(74, 115, 132), QColor(219, 247, 220)));
+  QTest::keyClick(&field, Qt::Key_Backspace);
+  EXPECT_EQ(colours(), std::pair(QColor(192, 97, 10), QColor(251, 244, 170)));
+  QTest::keyClick(&field, Qt::Key_Home);
+  QTest::keyClick(&field, Qt::Key_End, Qt::ShiftModifier);
+  QTest::keyClicks(&field, "0x12");
+  QTest::keyClick(&field, Qt::Key_Home);
+  for (const auto key : {Qt::Key_Delete, Qt::Key_5, Qt::Key_Backspace}) QTest::keyClick(&field, key);
+  EXPECT_EQ(field.text(), "0x12");
+  QTest::keyClick(&field, Qt::Key_Z, Qt::ControlModifier);
+  EXPECT_EQ(field.text(), "1");
+  QApplication::clipboard()->setText("23 4");
+  QTest::keyClick(&field, Qt::Key_V, Qt::ControlModifier);
+  EXPECT_EQ(field.text(), "1");
+  QApplication::clipboard()->setText("abcdef012345");
+  QTest::keyClick(&field, Qt::Key_A, Qt::ControlModifier);
+  QTest::keyClick(&field, Qt::Key_V, Qt::ControlModifier);
+  EXPECT_EQ(field.text(), "abcdef01");
+  field.setText("not a number");  // past the rules
+  EXPECT_EQ(field.text(), "abcdef01");
+}
+
+TEST_F(SerialWindows, TheMenuOfTheNumberField) {
+  ui::NumericEditField field(8, nullptr);
+  QApplication::clipboard()->setText("0Xab");
+  const auto menu = [&] {
+    std::unique_ptr<QMenu> made(field.MakeMenu());
+    QStringList rows;
+    for (const QAction* action : made->actions())
+      rows << (action->isSeparator() ? QStringLiteral("-") : action->text() + (action->isEnabled() ? "" : " (grey)"));
+    return rows.join(QLatin1Char('|'));
+  };
+  const auto choose = [&](const QString& caption) {
+    std::unique_ptr<QMenu> made(field.MakeMenu());
+    for (QAction* action : made->actions())
+      if (action->text() == caption) action->trigger();
+  };
+  EXPECT_EQ(menu(),
+            "&Undo (grey)|-|Cu&t (grey)|&Copy (grey)|&Paste|&Delete (grey)|-|Select &All (grey)|-|Con&vert (grey)");
+  choose("&Paste");
+  EXPECT_EQ(field.text(), "0xAB");
+  choose("Con&vert");
+  EXPECT_EQ(field.text(), "171");
+  choose("Select &All");
+  EXPECT_EQ(field.selectedText(), "171");
+  EXPECT_EQ(menu(), "&Undo (grey)|-|Cu&t|&Copy|&Paste|&Delete|-|Select &All (grey)|-|Con&vert");
+  choose("Cu&t");
+  EXPECT_EQ(field.text() + QApplication::clipboard()->text(), "171");
+  choose("&Undo");
+  EXPECT_EQ(field.text(), "171");
+}
+
+// Clicks the button while a task runs.
+class ClickingClock : public FakeClock {
+ public:
+  QWidget* button = nullptr;
+  std::uint32_t TickCount() override {
+    if (QWidget* target = std::exchange(button, nullptr))
+      for (const auto kind : {QEvent::MouseButtonPress, QEvent::MouseButtonRelease})
+        QCoreApplication::postEvent(
+            target, new QMouseEvent(kind, QPointF(5, 5), target->mapToGlobal(QPointF(5, 5)), Qt::LeftButton,
+                                    kind == QEvent::MouseButtonPress ? Qt::LeftButton : Qt::NoButton, Qt::NoModifier));
+    return FakeClock::TickCount();
+  }
+};
+
+TEST_F(SerialWindows, TheMenuRoadByKeys) {
+  TheMachine().op = &op;
+  LoadSample("QV8348");
+  TheMachine().op = &qtOp;
+  Open();
+  ClickingClock clicking;
+  TheMachine().clock = &clicking;
+  script.push_back([&](QWidget& dialog) {
+    EXPECT_EQ(dialog.windowTitle(), "Serial Number Program");
+    QWidget& program = Find(dialog, "S/N Program");
+    EXPECT_FALSE(program.isEnabled());
+    QTest::keyClick(&dialog, Qt::Key_Return);  // nothing to press
+    EXPECT_EQ(Field(dialog, "Total (Hex) : ").text(), "0");
+    ScriptSet("12FF", "2");
+    QTest::keyClick(&Find(dialog, "S/N SET"), Qt::Key_Space);
+    ASSERT_TRUE(program.isEnabled());
+    EXPECT_EQ(Field(dialog, "End Serial NO[Hex] : ").text(), "1300");
+    EXPECT_EQ(Field(dialog, "S/N End Address[Hex] : ").text(), "03FB");
+    NextChip();
+    clicking.button = &program;
+    QTest::keyClick(&dialog, Qt::Key_Return);
+    QCoreApplication::processEvents();
+    EXPECT_EQ(Burnt(), 0x12FF);
+    EXPECT_EQ(Field(dialog, "Total (Hex) : ").text(), "1");  // the click meanwhile is no press
+    EXPECT_EQ(Field(dialog, "Start Serial NO[Hex] : ").text(), "1300");
+    NextChip();
+    QTest::keyClick(&dialog, Qt::Key_Return);
+    EXPECT_EQ(Burnt(), 0x1300);
+    EXPECT_FALSE(program.isEnabled());
+    QTest::keyClick(&Find(dialog, "Reset Count"), Qt::Key_Space);
+    EXPECT_EQ(Field(dialog, "OK (Hex) : ").text(), "0");
+    QTest::keyClick(&dialog, Qt::Key_Escape);
+  });
+  EXPECT_TRUE(Choose("Serial Number Program"));
+  EXPECT_EQ(seen, Texts{"Serial Number Program Complete"});
+  EXPECT_EQ(TheSnRecord().SnLength, 16);
+  TheMachine().clock = &clock;
+}
+
+TEST_F(SerialWindows, TheRoadThroughIcSelection) {
+  const std::string sample = PutFolderFor("QV8348");
+  Open();
+  TheAppState().WriterModel = 1;
+  script.push_back([](QWidget& dialog) {
+    const auto lists = dialog.findChildren<QListWidget*>();
+    for (int row = 0; row < lists[0]->count(); ++row) {
+      lists[0]->setCurrentRow(row);
+      const auto found = lists[1]->findItems("QV8348", Qt::MatchExactly);
+      if (found.isEmpty()) continue;
+      lists[1]->setCurrentItem(found[0]);
+      break;
+    }
+    QTest::keyClick(&Find(dialog, "Display Serial Number"), Qt::Key_Space);
+    QTest::keyClick(&dialog, Qt::Key_Return);
+  });
+  ScriptSet("00AB", "1");
+  EXPECT_TRUE(Choose("&Device"));
+  EXPECT_EQ(TheAppState().SnMode, 1U);
+
+  script.push_back([&](QWidget& dialog) {
+    auto* edit = dialog.findChild<QLineEdit*>(QStringLiteral("fileNameEdit"));
+    edit->setText(QString::fromStdString(sample));
+    QTest::keyClick(edit, Qt::Key_Return);
+  });
+  EXPECT_TRUE(Choose("&Load File"));
+  QWidget* shown = nullptr;
+  for (QWidget* widget : QApplication::topLevelWidgets())
+    if (widget->windowTitle() == "Serial Number Program" && widget->isVisible()) shown = widget;
+  ASSERT_NE(shown, nullptr);
+  EXPECT_FALSE(shown->isModal());
+  EXPECT_FALSE(Find(*shown, "S/N SET").isEnabled());
+  EXPECT_FALSE(Find(*window, "Auto").isEnabled());
+  NextChip();
+  QTest::keyClick(shown, Qt::Key_Return);
+  EXPECT_EQ(Burnt(), 0x00AB);
+  EXPECT_EQ(seen.back(), "Serial Number Program Complete");
+  QTest::keyClick(shown, Qt::Key_Escape);
+  EXPECT_FALSE(shown->isVisible());
+  QCoreApplication::processEvents();
+  EXPECT_TRUE(Find(*window, "Auto").isEnabled());
+  EXPECT_EQ(TheAppState().SnMode, 0U);
+}
+
+}  // namespace
+}  // namespace pyxis::test
