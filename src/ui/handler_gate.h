@@ -9,14 +9,9 @@ namespace pyxis::ui {
 class HandlerGate {
  public:
   bool Busy() const { return busy_; }
-  // Runs the handler to its end; does nothing when one is running already.
-  void Run(const std::function<void()>& handler) {
-    if (busy_) return;
-    busy_ = true;
-    handler();
-    busy_ = false;
-    Idle();
-  }
+  // Runs the handler to its end; does nothing when one is running already. What the operator did meanwhile is taken out
+  // of the queue then: a click that was made while one chip was under work is no click for the next one.
+  void Run(const std::function<void()>& handler);
   // Called after each handler.
   std::function<void()> Idle = [] {};
 

@@ -36,6 +36,7 @@ MainWindow::MainWindow() : panel_(new MainPanel(this)), statusBar_(new ProgressS
   resize(kSize.boundedTo(screen()->availableSize() * 9 / 10));
   gate_.Idle = [this] {
     Sync();
+    if (closeAsked_) return CloseSoon();
     if (watch_ != nullptr) watch_->Deliver();
   };
   sinceProgress_.start();
@@ -121,9 +122,15 @@ void MainWindow::PumpPaint() {
   RepaintUncovered();
 }
 
+// Not before the handler that asks for it has ended.
 void MainWindow::CloseMainWindow() {
-  QMetaObject::invokeMethod(
-      this, [this] { close(); }, Qt::QueuedConnection);
+  closeAsked_ = true;
+  if (!gate_.Busy()) CloseSoon();
+}
+
+void MainWindow::CloseSoon() {
+  closeAsked_ = false;
+  QMetaObject::invokeMethod(this, [this] { close(); }, Qt::QueuedConnection);
 }
 
 void MainWindow::EndMainWindow() {

@@ -46,6 +46,7 @@ class MainWindow : public QMainWindow, public MainView {
  private:
   void Sync();
   void SyncSoon();
+  void CloseSoon();
   void RepaintUncovered();
 
   CPyxisLoadDlg dialog_;
@@ -58,6 +59,7 @@ class MainWindow : public QMainWindow, public MainView {
   QElapsedTimer sinceProgress_, sinceRepaint_;
   bool dirty_ = true;
   bool syncPosted_ = false;
+  bool closeAsked_ = false;
   bool ended_ = false;
 };
 

@@ -3,6 +3,7 @@
 
 #include <unistd.h>
 
+#include <QAbstractButton>
 #include <QAction>
 #include <QApplication>
 #include <QCheckBox>
@@ -149,6 +150,25 @@ TEST_F(MainWindowTest, OnlyPaintsPassDuringAnOperation) {
   auto& bar = Find<QProgressBar>(*window, "Progress");
   EXPECT_TRUE(bar.isVisible());
   EXPECT_EQ(bar.value(), 20);
+}
+
+TEST_F(MainWindowTest, AClickMadeDuringAnOperationStartsNothing) {
+  LoadSampleBefore();
+  Open();
+  auto& button = Find<QAbstractButton>(*window, "Auto");
+  const auto postClick = [&button] {
+    const QPointF at(5, 5);
+    for (const auto type : {QEvent::MouseButtonPress, QEvent::MouseButtonRelease})
+      QCoreApplication::postEvent(
+          &button, new QMouseEvent(type, at, button.mapToGlobal(at), Qt::LeftButton,
+                                   type == QEvent::MouseButtonPress ? Qt::LeftButton : Qt::NoButton, {}));
+  };
+  window->Gate().Run(postClick);
+  QCoreApplication::processEvents();
+  EXPECT_TRUE(seen.empty());
+  postClick();
+  QCoreApplication::processEvents();
+  EXPECT_EQ(seen, Texts{"Auto OK"});
 }
 
 TEST_F(MainWindowTest, ClosingAsks) {
