@@ -5,6 +5,8 @@
 #include "catalogue/chip_catalogue.h"
 #include "folder.h"
 #include "platform/files.h"
+#include "pyxisfolder/drawing/cursors.h"
+#include "pyxisfolder/drawing/figure.h"
 #include "shell/app_state.h"
 
 namespace pyxis::folder {
@@ -70,13 +72,40 @@ bool PutSamples(const fs::path& dir) {
   return good;
 }
 
+// A box that stays ticked after a change to another IC asks for the ISP figure of an IC that isn't offered it; so every
+// IC with in-system programming has both.
+bool PutFigures(const fs::path& dir) {
+  bool good = true;
+  std::set<std::string> made;
+  for (int list = 0; list < kListCount; ++list)
+    for (const ChipEntry& row : ChipList(list)) {
+      const std::string label = row.TypeLabel;
+      if (!made.insert(label).second) continue;
+      good = Put(dir / "res" / (label + ".bmp"), MakeBmp(DrawSocketFigure(label))) && good;
+      if (!row.HasIspProgram) continue;
+      good = Put(dir / "res" / (label + "ISP.bmp"), MakeBmp(DrawIspFigure(label, Wiring::ExhvIsp))) && good;
+      good = Put(dir / "res" / (label + "ISP1.bmp"), MakeBmp(DrawIspFigure(label, Wiring::Isp))) && good;
+    }
+  return good;
+}
+
+bool PutCursorsAndIcon(const fs::path& dir) {
+  std::vector<CursorImage> sizes;
+  for (const int size : {16, 32, 48, 256}) sizes.push_back({DrawProgramIcon(size)});
+  const bool cursors =
+      Put(dir / "metronom.ani", MakeAni(DrawMetronome())) && Put(dir / "dinosaur.ani", MakeAni(DrawDinosaur()));
+  return Put(dir / "pyxisload.ico", MakeIcon(sizes)) && Put(dir / "pyxisload.png", MakePng(sizes.back().picture)) &&
+         cursors;
+}
+
 }  // namespace
 
 bool BuildProgramFolder(const std::string& dir) {
   const bool templates = PutTemplates(dir);
   const bool optionLists = PutOptionLists(dir);
   const bool firmware = PutFirmware(dir);
-  return PutSamples(dir) && templates && optionLists && firmware;
+  const bool pictures = PutFigures(dir) && PutCursorsAndIcon(dir);
+  return PutSamples(dir) && templates && optionLists && firmware && pictures;
 }
 
 }  // namespace pyxis::folder

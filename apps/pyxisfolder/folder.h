@@ -1,4 +1,5 @@
-// The makers of a program folder: templates, option lists, firmware images, sample program files. All of it is deterministic.
+// The makers of a program folder: templates, option lists, firmware images, sample program files; drawing/ makes the
+// pictures. All of it is deterministic.
 #pragma once
 
 #include <cstdint>

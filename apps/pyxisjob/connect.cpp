@@ -7,6 +7,7 @@
 #include "link/identification.h"
 #include "link/writer_commands.h"
 #include "link/writer_link.h"
+#include "platform/text.h"
 #include "shell/app_state.h"
 #include "shell/start_up.h"
 
@@ -24,13 +25,23 @@ void Open(const std::string& link) {
   }
 }
 
+// By the label, or, since the KM49 labels carry pin counts, by any row of the IC.
+bool TakeCatalogueRow(const std::string& chipName) {
+  AppState& app = TheAppState();
+  if (FindChip(chipName, app.SeriesIndex, app.TypeIndex) != 0) return true;
+  for (int list = 0; list < kListCount; ++list)
+    for (const ChipEntry& row : ChipList(list))
+      if (row.ChipName == chipName) return FindChip(row.TypeLabel, app.SeriesIndex, app.TypeIndex) != 0;
+  return false;
+}
+
 // The writer's job becomes the selection, as at the start of the window program.
-void TakeOverJob() {
+void TakeOverJob(Job& job) {
   AppState& app = TheAppState();
   app.SelectedChip = ChipNameOf(app.WriterInfoBlock);
   app.ChipNameText = app.SelectedChip;
-  if (FindChip(app.SelectedChip, app.SeriesIndex, app.TypeIndex) != 0)
-    app.HasSmartOption = Row(app.SeriesIndex, app.TypeIndex).HasSmartOption ? 1 : 0;
+  job.icKnown = TakeCatalogueRow(app.SelectedChip);
+  if (job.icKnown) app.HasSmartOption = Row(app.SeriesIndex, app.TypeIndex).HasSmartOption ? 1 : 0;
 }
 
 }  // namespace
@@ -42,14 +53,27 @@ bool Connect(Job& job) {
     return false;
   }
   IdentifyAtStart();
-  TakeOverJob();
+  TakeOverJob(job);
   return true;
 }
 
-void Report(Job& job, const char* command, bool good) {
+void Report(Job& job, const char* command, bool good) { Report(job, command, good, nlohmann::json::object()); }
+
+void Report(Job& job, const char* command, bool good, const nlohmann::json& members) {
   if (!good) job.exitCode = kExitFailed;
-  if (job.options.json)
-    Print({{"command", command}, {"result", good ? 0 : 1}, {"messages", job.op.messages}});
+  if (!job.options.json) return;
+  nlohmann::json object{{"command", command}, {"result", good ? 0 : 1}, {"messages", job.op.messages}};
+  object.update(members);
+  Print(object);
+}
+
+bool Allowed(Job& job, MenuEntry entry, const char* name) {
+  if (MenuEnabled(entry)) return true;
+  const std::string& chip = TheAppState().ChipNameText;
+  job.op.Tell(chip.empty() ? Printf("%s: the writer holds no job", name)
+                           : Printf("%s is not available for the job in the writer (%s)", name, chip.c_str()),
+              kMessageCaption, MessageIcon::Warning);
+  return false;
 }
 
 }  // namespace pyxis::job

@@ -24,6 +24,8 @@ DialogEnd Answer(const std::function<DialogEnd(Dialog&)>& answer, Dialog& dialog
 }  // namespace
 
 DialogEnd HeadlessOperator::RunDialog(COptionSelectDlg& dialog) { return Answer(optionSelect, dialog); }
+DialogEnd HeadlessOperator::RunDialog(CDownloadInfoDlg& dialog) { return Answer(downloadInfo, dialog); }
+DialogEnd HeadlessOperator::RunDialog(CReadChipInfoDlg& dialog) { return Answer(chipInfo, dialog); }
 DialogEnd HeadlessOperator::RunDialog(CIcSelectDlg& dialog) { return Answer(icSelect, dialog); }
 DialogEnd HeadlessOperator::RunDialog(CSnSetDlg& dialog) { return Answer(snSet, dialog); }
 DialogEnd HeadlessOperator::RunDialog(CSnProgramDlg& dialog) { return Answer(snProgram, dialog); }

@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "platform/operator.h"
+#include "shell/menu_rules.h"
 
 namespace CLI {
 class App;
@@ -27,6 +28,8 @@ class HeadlessOperator : public Operator {
   std::vector<std::string> messages;
   std::optional<std::string> file;  // what the file dialog gives
   std::function<DialogEnd(COptionSelectDlg&)> optionSelect;
+  std::function<DialogEnd(CDownloadInfoDlg&)> downloadInfo;
+  std::function<DialogEnd(CReadChipInfoDlg&)> chipInfo;
   std::function<DialogEnd(CIcSelectDlg&)> icSelect;
   std::function<DialogEnd(CSnSetDlg&)> snSet;
   std::function<DialogEnd(CSnProgramDlg&)> snProgram;
@@ -36,6 +39,8 @@ class HeadlessOperator : public Operator {
   std::optional<std::string> ChooseFile(const std::string&) override { return file; }
   using Operator::RunDialog;
   DialogEnd RunDialog(COptionSelectDlg& dialog) override;
+  DialogEnd RunDialog(CDownloadInfoDlg& dialog) override;
+  DialogEnd RunDialog(CReadChipInfoDlg& dialog) override;
   DialogEnd RunDialog(CIcSelectDlg& dialog) override;
   DialogEnd RunDialog(CSnSetDlg& dialog) override;
   DialogEnd RunDialog(CSnProgramDlg& dialog) override;
@@ -61,6 +66,7 @@ struct Job {
   Options options;
   HeadlessOperator op;
   int exitCode = kExitGood;
+  bool icKnown = false;  // the writer's job is of an IC of the catalogue
 };
 
 void AddChipOptions(CLI::App& command, ChipOptions& chip);
@@ -77,6 +83,11 @@ bool Connect(Job& job);
 
 // The messages since the start as the result of a command: one JSON object, or nothing when they have been shown.
 void Report(Job& job, const char* command, bool good);
+// The same with more members, an object.
+void Report(Job& job, const char* command, bool good, const nlohmann::json& members);
+
+// Whether the menu entry would be enabled; the operator is told when it wouldn't.
+bool Allowed(Job& job, MenuEntry entry, const char* name);
 
 // Each adds its command; the callbacks run after the options have been taken over.
 void AddConvert(CLI::App& app, Job& job);
@@ -84,6 +95,8 @@ void AddIcs(CLI::App& app, Job& job);
 void AddWriter(CLI::App& app, Job& job);
 void AddLoad(CLI::App& app, Job& job);
 void AddTasks(CLI::App& app, Job& job);
+void AddInspections(CLI::App& app, Job& job);
+void AddProtect(CLI::App& app, Job& job);
 void AddSerial(CLI::App& app, Job& job);
 
 }  // namespace pyxis::job

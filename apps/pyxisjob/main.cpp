@@ -73,6 +73,8 @@ int main(int argc, char** argv) {
   AddWriter(app, job);
   AddLoad(app, job);
   AddTasks(app, job);
+  AddInspections(app, job);
+  AddProtect(app, job);
   AddSerial(app, job);
   try {
     app.parse(argc, argv);

@@ -1,28 +1,41 @@
 // The window program. It runs in the program folder, its current directory, and has no command line.
 #include <QApplication>
+#include <QIcon>
 
+#include "platform/files.h"
 #include "platform/machine.h"
 #include "shell/application.h"
+#include "standin/socket_path.h"
+#include "system/joined_events.h"
 #include "system/libusb_host.h"
+#include "system/local_writer_events.h"
 #include "system/system_clock.h"
 #include "system/system_language.h"
+#include "system/udev_events.h"
 #include "system/update_library.h"
 #include "system/vendor_library.h"
 #include "system/windows_pipes.h"
 #include "ui/main_window.h"
 #include "ui/qt_clipboard.h"
 #include "ui/qt_operator.h"
+#include "ui/qt_text.h"
+#include "ui/settings_profile.h"
 
 int main(int argc, char** argv) {
   using namespace pyxis;
   QApplication application(argc, argv);
   QApplication::setApplicationName(QStringLiteral("PyxisLoad"));
+  QApplication::setWindowIcon(QIcon(ui::FromText(ResolvePath(CurrentDirectory() + "/pyxisload.ico"))));
   SystemClock clock;
   SystemLanguage language;
   LibusbHost usb;
   VendorLibrary vendor;
   UpdateLibrary update;
   ui::QtOperator op;
+  ui::SettingsProfile profile;
+  UdevEvents usbEvents;
+  LocalWriterEvents standinEvents(standin::SocketPath());
+  JoinedEvents events({&usbEvents, &standinEvents});
   ui::QtClipboard clipboard;
   Machine& machine = TheMachine();
 #ifdef _WIN32
@@ -35,6 +48,7 @@ int main(int argc, char** argv) {
   machine.usb = &usb;
   machine.vendor = &vendor;
   machine.update = &update;
+  machine.profile = &profile;
   machine.clipboard = &clipboard;
 
   CPyxisLoadApp app;
@@ -46,6 +60,7 @@ int main(int argc, char** argv) {
     op.SetMainWindow(&window);
     update.SetMainWindow(reinterpret_cast<void*>(window.winId()));
     window.Start();
+    window.Watch(events);
     window.show();
     result = QApplication::exec();
   }

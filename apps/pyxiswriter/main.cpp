@@ -5,6 +5,8 @@
 #include <map>
 #include <optional>
 #include <string>
+#include <tuple>
+#include <vector>
 
 #include "shell/app_state.h"
 #include "standin/local_server.h"
@@ -36,13 +38,14 @@ int main(int argc, char** argv) {
   int failTask = 0;
   long damageByte = -1;
   bool noVerdict = false;
+  std::vector<std::tuple<int, int, int>> measures;
 
   CLI::App app{"A stand-in for the writer, for work without the hardware"};
   app.add_option("--socket", socket, "local socket that programs reach it by")->capture_default_str();
   app.add_option("--usbredir", port, "TCP port of this machine for a virtual machine's USB redirection");
   app.add_option("--state", state, "file that keeps the job over a restart");
-  app.add_option("--model", model)->transform(
-      CLI::CheckedTransformer(std::map<std::string, int>{{"KM48", kModelKm48}, {"KM49", kModelKm49}}));
+  app.add_option("--model", model)
+      ->transform(CLI::CheckedTransformer(std::map<std::string, int>{{"KM48", kModelKm48}, {"KM49", kModelKm49}}));
   app.add_option("--hw", hw, "hardware revision")->check(CLI::IsMember({"1.0", "1.1", "2.0"}));
   app.add_option("--identity", identity, "identity text, in the place of the revision's");
   app.add_option("--chip", chip, "what the socket holds")
@@ -56,6 +59,7 @@ int main(int argc, char** argv) {
   app.add_option("--fail-task", failTask, "let the nth task fail");
   app.add_option("--damage-byte", damageByte, "damage this byte of each package read-back");
   app.add_flag("--no-verdict", noVerdict, "never give a verdict");
+  app.add_option("--measure", measures, "a self-test value: the step, the place (0 to 5) and the value, three numbers");
   CLI11_PARSE(app, argc, argv);
 
   WriterModel writer(model, identity.empty() ? "PYX STANDALONE LOADER_V" + hw : identity);
@@ -64,6 +68,14 @@ int main(int argc, char** argv) {
   if (damageByte >= 0) writer.faults.damageAreaByte = static_cast<std::size_t>(damageByte);
   writer.freshChips = freshChips;
   writer.faults.noVerdict = noVerdict;
+  for (const auto& [step, place, value] : measures) {
+    if (step >= 0 && step <= 0xFF && place >= 0 && value >= 0 && value <= 0xFF &&
+        writer.SetMeasure(static_cast<std::uint8_t>(step), static_cast<std::size_t>(place),
+                          static_cast<std::uint8_t>(value)))
+      continue;
+    std::fprintf(stderr, "no such self-test value: %d %d %d\n", step, place, value);
+    return 1;
+  }
   if (!state.empty()) writer.Restore(state);  // a first start has none
 
   LocalServer server(writer, socket);

@@ -16,6 +16,7 @@
 #include "serial/sn_run.h"
 #include "shell/app_state.h"
 #include "shell/main_controls.h"
+#include "view/buffer_area.h"
 #include "view/show_file.h"
 
 namespace pyxis {
@@ -41,28 +42,9 @@ constexpr std::uint32_t kDefaultOptionValue = 0x60;
 
 void PaintNow() { PumpPaint(); }
 
-void FrontBufferArea() {
-  EnableControl(ControlId::BufferArea, true);
-  ShowControl(ControlId::BufferArea, true);
-  ShowControl(ControlId::HexView, false);
-  PaintNow();
-}
-
-void FrontHexView() {
-  EnableControl(ControlId::BufferArea, false);
-  ShowControl(ControlId::HexView, true);
-  PaintNow();
-}
-
 void EmptyLoadedFile() {
   TheAppState().LoadedFilePath.clear();
   ShowFile("");
-}
-
-void SetReadyText(const std::string& text) {
-  TheAppState().ReadyText = text;
-  SetControlText(ControlId::BufferArea, text);
-  PaintNow();
 }
 
 int Convert(const ChipEntry& row, const std::string& path) {

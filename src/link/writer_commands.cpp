@@ -52,6 +52,10 @@ int ReadCommand(Opcode opcode, std::span<std::uint8_t> buffer) {
   return 1;
 }
 
+void SetFrameProgress(int progressMode) {
+  if (!Vendor()) TheAppState().ProgressMode = progressMode;
+}
+
 void SetWriterMode(std::uint8_t mode) { WriteByte(OP_SET_MODE, mode); }
 void StartTask(std::uint8_t task) { WriteByte(OP_START_TASK, task); }
 void SendControl(std::uint8_t control) { WriteByte(OP_CONTROL, control); }
@@ -74,7 +78,7 @@ std::uint8_t PeekByte(std::uint16_t address) {
 }
 
 int ReadInfoBlock(std::span<std::uint8_t, kInfoBlockSize> target) {
-  if (!Vendor()) TheAppState().ProgressMode = 0;
+  SetFrameProgress(0);
   SetWriterMode(mode::kArea);
   SelectArea(area::kOption);
   ReadCommand(OP_READ_AREA, target);

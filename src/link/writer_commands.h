@@ -75,6 +75,9 @@ inline constexpr std::uint8_t kRegisterKm49 = 0x99;
 int WriteCommand(Opcode opcode, std::span<const std::uint8_t> data);
 int ReadCommand(Opcode opcode, std::span<std::uint8_t> buffer);
 
+// ProgressMode of the next transfers, on the frame link alone: velmarapi reports no progress.
+void SetFrameProgress(int progressMode);
+
 void SetWriterMode(std::uint8_t mode);
 void StartTask(std::uint8_t task);
 void SendControl(std::uint8_t control);

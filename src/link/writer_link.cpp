@@ -8,8 +8,6 @@ namespace pyxis {
 
 namespace {
 
-constexpr std::uint16_t kVendor = 0x7A31;
-constexpr std::uint16_t kProduct = 0x1602;
 constexpr int kConfiguration = 1;
 constexpr int kInterface = 0;
 constexpr int kEndpointOut = 0x02;
@@ -33,7 +31,7 @@ void CloseLibusb() {
 bool OpenFirstWriter() {
   for (const UsbBus& bus : Usb().FindDevices())
     for (const UsbDeviceEntry& entry : bus) {
-      if (entry.vendor != kVendor || entry.product != kProduct) continue;
+      if (entry.vendor != kWriterVendor || entry.product != kWriterProduct) continue;
       theWriterLink.LibusbHandle = Usb().Open(entry);  // a failure shows at the next call
       TheAppState().UseLibusb = 1;
       return true;

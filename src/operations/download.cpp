@@ -33,10 +33,6 @@ void ShowVendorStep(int position) {
   if (TheAppState().UseVendorApi != 0) SetProgressPosition(position);
 }
 
-void SetFrameProgress(int progressMode) {
-  if (TheAppState().UseVendorApi == 0) TheAppState().ProgressMode = progressMode;
-}
-
 }  // namespace
 
 bool DownloadPackageFile(const std::string& path, std::uint8_t areaSelector) {

@@ -54,12 +54,6 @@ bool PackageIsFlash() {
          FieldByte(*package, Field::ChipClass) == kChipClassFlash;
 }
 
-void CleanUp() {
-  EndBusyCursor();
-  SetProgressPosition(0);
-  PumpPaint();
-}
-
 void Run(const Operation& operation) {
   AppState& app = TheAppState();
   Operator& op = *TheMachine().op;
@@ -67,21 +61,17 @@ void Run(const Operation& operation) {
     op.Tell(refusal, kMessageCaption, MessageIcon::Warning);
     return;
   }
-  SetProgressRange(0, kBarTop);
-  SetProgressPosition(1);
-  ClearStatusText();
-  app.ProgressMode = operation.progressMode;
-  BeginBusyCursor("metronom.ani");
+  BeginOperation(operation.progressMode);
   if (operation.asksBeforeErase && PackageIsFlash() &&
       !op.Ask(" MTP/Flash series IC will clear all data ", kBlankCaption, MessageIcon::Question)) {
     app.ProgressMode = 0;
-    CleanUp();
+    EndOperation();
     return;
   }
   const bool good = RunTask(operation.task, app.*operation.divisor);
   app.ProgressMode = 0;
   op.Tell(good ? operation.okText : operation.failText, kMessageCaption);
-  CleanUp();
+  EndOperation();
 }
 
 // Polls until one value has held; failure when the link is gone or the bound is over.
@@ -110,6 +100,20 @@ std::uint8_t PollVerdict(std::uint32_t divisor) {
 }
 
 }  // namespace
+
+void BeginOperation(int progressMode) {
+  SetProgressRange(0, kBarTop);
+  SetProgressPosition(1);
+  ClearStatusText();
+  TheAppState().ProgressMode = progressMode;
+  BeginBusyCursor("metronom.ani");
+}
+
+void EndOperation() {
+  EndBusyCursor();
+  SetProgressPosition(0);
+  PumpPaint();
+}
 
 bool RunTask(std::uint8_t task, std::uint32_t divisor) {
   DisableOperations();

@@ -15,4 +15,9 @@ void OnVerify();
 // the bar's range of 50.
 bool RunTask(std::uint8_t task, std::uint32_t divisor);
 
+// Around an operation with a message at its end: the bar at 1 of 50, ProgressMode (2 to 6: transfers leave the bar alone),
+// the busy cursor; and the cursor back, the bar gone. ProgressMode goes back to 0 before the message.
+void BeginOperation(int progressMode);
+void EndOperation();
+
 }  // namespace pyxis

@@ -20,8 +20,8 @@ namespace {
 
 constexpr std::size_t kLineLimit = 255;
 static_assert(kLineLimit < sizeof SmartOptionRow::Items);
-constexpr std::size_t kShortestLine = 3;    // line end included
-constexpr long kLargestFile = 1024 * 1024;  // no option list comes near it
+constexpr std::size_t kShortestLine = 3;  // line end included
+constexpr long kLargestFile = 1 << 20;    // no option list comes near it
 constexpr char kBlanks[] = " \t";
 
 struct Line {

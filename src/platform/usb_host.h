@@ -8,6 +8,10 @@
 
 namespace pyxis {
 
+// The writer's numbers.
+inline constexpr std::uint16_t kWriterVendor = 0x7A31;
+inline constexpr std::uint16_t kWriterProduct = 0x1602;
+
 struct UsbDeviceEntry {
   std::uint16_t vendor = 0;
   std::uint16_t product = 0;

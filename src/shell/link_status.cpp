@@ -17,7 +17,7 @@ constexpr std::size_t kShownIdentity = 21;
 
 void ShowLinkStatus() {
   CProgStatusBar& bar = TheMainControls().statusBar;
-  bar.pane1 = " ";
+  bar.pane1.assign(1, ' ');
   std::array<char, kIdentitySize + 1> identity;
   ReadIdentityText(identity);
   bar.connectedIcon = TheAppState().WriterConnected != 0;

@@ -2,7 +2,11 @@
 
 #include "intake/load_file.h"
 #include "link/writer_commands.h"
+#include "operations/chip_info.h"
+#include "operations/compare_file.h"
 #include "operations/firmware.h"
+#include "operations/read_chip.h"
+#include "operations/self_test.h"
 #include "operations/tasks.h"
 #include "options/fuse_panel.h"
 #include "options/set_protect.h"
@@ -123,7 +127,9 @@ void CPyxisLoadDlg::RunCommand(MenuEntry entry) {
     case MenuEntry::CheckNewVersion:
       return CheckNewVersion();
     case MenuEntry::CompareFile:
+      return OnDownloadInfo();
     case MenuEntry::ReadChipInfo:
+      return OnReadChipInfo();
     case MenuEntry::SaveAs:
       return;
   }
@@ -141,6 +147,10 @@ void CPyxisLoadDlg::RunButton(ControlId button) {
       return OnVerify();
     case ControlId::SmartOption:
       return OnSmartOption();
+    case ControlId::Read:
+      return OnRead();
+    case ControlId::WriterTest:
+      return WriterTest();
     default:
       return;
   }

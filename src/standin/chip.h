@@ -12,6 +12,7 @@ struct Chip {
   ChipState state = ChipState::Blank;
   std::vector<std::uint8_t> burnt;  // DataPackage as it was burnt; empty on a blank chip
   std::uint16_t config = 0xFFFF;
+  std::uint16_t checksum = 0, upperChecksum = 0;  // that the writer took when it burnt the chip; 0 on any other chip
 
   bool Present() const { return state != ChipState::Missing; }
   // Flash is erased first; a one-time programmable chip can't be.

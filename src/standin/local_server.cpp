@@ -1,9 +1,11 @@
 #include "standin/local_server.h"
 
 #include <sys/socket.h>
+#include <sys/stat.h>
 #include <sys/un.h>
 #include <unistd.h>
 
+#include <cstdio>
 #include <cstring>
 
 #include "platform/byte_order.h"
@@ -31,26 +33,35 @@ bool SendAll(int socket, const std::uint8_t* data, std::size_t count) {
 }  // namespace
 
 LocalServer::LocalServer(WriterModel& model, std::string path) : model_(model), path_(std::move(path)) {
+  const std::size_t slash = path_.rfind('/');
+  const std::string making = path_.substr(0, slash + 1) + ".w" + std::to_string(getpid());
   sockaddr_un address{};
   address.sun_family = AF_UNIX;
-  if (path_.size() >= sizeof address.sun_path) return;
-  std::memcpy(address.sun_path, path_.data(), path_.size());
-  unlink(path_.c_str());
+  if (path_.size() >= sizeof address.sun_path || making.size() >= sizeof address.sun_path) return;
+  std::memcpy(address.sun_path, making.data(), making.size());
+  unlink(making.c_str());
   const int listener = socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0);
   if (listener < 0) return;
+  struct stat made {};
   if (bind(listener, reinterpret_cast<const sockaddr*>(&address), sizeof address) != 0 ||
-      listen(listener, kBacklog) != 0) {
+      listen(listener, kBacklog) != 0 || stat(making.c_str(), &made) != 0 ||
+      std::rename(making.c_str(), path_.c_str()) != 0) {
     close(listener);
+    unlink(making.c_str());
     return;
   }
   listener_ = listener;
+  inode_ = made.st_ino;
 }
 
+// The door closes first: who sees its connection end finds no writer any more.
 LocalServer::~LocalServer() {
+  if (listener_ >= 0) {
+    close(listener_);
+    struct stat found {};
+    if (stat(path_.c_str(), &found) == 0 && found.st_ino == inode_) unlink(path_.c_str());
+  }
   for (const auto& [client, pending] : clients_) close(client);
-  if (listener_ < 0) return;
-  close(listener_);
-  unlink(path_.c_str());
 }
 
 void LocalServer::AddWaits(std::vector<pollfd>& waits) const {
@@ -103,7 +114,8 @@ bool LocalServer::Answer(int client, std::vector<std::uint8_t>& pending) {
   std::size_t used = kRequestSize;
   std::vector<std::uint8_t> answer{0};
   switch (kind) {
-    case RequestKind::Open: break;
+    case RequestKind::Open:
+      break;
     case RequestKind::Write:
       if (pending.size() < kRequestSize + length) return true;
       used += length;
@@ -114,7 +126,8 @@ bool LocalServer::Answer(int client, std::vector<std::uint8_t>& pending) {
       answer.insert(answer.end(), data.begin(), data.end());
       break;
     }
-    default: return false;
+    default:
+      return false;
   }
   pending.erase(pending.begin(), pending.begin() + static_cast<std::ptrdiff_t>(used));
   return SendAll(client, answer.data(), answer.size());

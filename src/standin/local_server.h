@@ -2,6 +2,7 @@
 #pragma once
 
 #include <poll.h>
+#include <sys/types.h>
 
 #include <map>
 #include <string>
@@ -13,8 +14,9 @@ namespace pyxis::standin {
 
 class LocalServer {
  public:
+  // The socket takes its name when it accepts, and takes the place of one that an ended process has left.
   LocalServer(WriterModel& model, std::string path);
-  ~LocalServer();  // removes the socket
+  ~LocalServer();  // removes the socket, unless another server has taken its name
   LocalServer(const LocalServer&) = delete;
   LocalServer& operator=(const LocalServer&) = delete;
 
@@ -32,6 +34,7 @@ class LocalServer {
   WriterModel& model_;
   std::string path_;
   int listener_ = -1;
+  ino_t inode_ = 0;                                   // of our socket
   std::map<int, std::vector<std::uint8_t>> clients_;  // what each has sent so far
 };
 

@@ -45,6 +45,7 @@ void WriterModel::Write(std::uint8_t opcode, std::span<const std::uint8_t> data,
       if (data[0] != mode::kMemory && data[0] != mode::kIdle && data[0] != mode::kArea && data[0] != mode::kArrival)
         Violate(Printf("unknown mode %d", data[0]));
       mode_ = data[0];
+      if (mode_ != mode::kArea) testSets_ = 0;  // ends a self-test
       return;
     case OP_SET_ADDRESS:
       return SetAddress(data, door);
@@ -62,12 +63,10 @@ void WriterModel::Write(std::uint8_t opcode, std::span<const std::uint8_t> data,
       if (LengthIs(opcode, data.size(), 1)) Control(data[0]);
       return;
     case OP_TEST_SELECT:
-      LengthIs(opcode, data.size(), 1);
-      if (mode_ != mode::kArea) Violate("self-test step outside mode 71");
+      if (LengthIs(opcode, data.size(), 1)) TestSelect(data[0]);
       return;
     case OP_TEST_SET:
-      LengthIs(opcode, data.size(), 2);
-      if (mode_ != mode::kArea) Violate("self-test set-up outside mode 71");
+      if (LengthIs(opcode, data.size(), 2)) TestSet(data, door);
       return;
     default:
       Violate(Printf("opcode %d is not written", opcode));
@@ -85,7 +84,7 @@ std::vector<std::uint8_t> WriterModel::Read(std::uint8_t opcode, std::size_t len
         give(std::span(reinterpret_cast<const std::uint8_t*>(identity.data()), identity.size()));
       return answer;
     case OP_TEST_MEASURE:
-      if (LengthIs(opcode, length, measures.size())) give(measures);
+      if (LengthIs(opcode, length, Measurement{}.size())) give(Measured());
       return answer;
     case OP_READ_MEMORY:
       return ReadMemory(length);
@@ -95,10 +94,8 @@ std::vector<std::uint8_t> WriterModel::Read(std::uint8_t opcode, std::size_t len
       if (LengthIs(opcode, length, 1)) answer[0] = TaskStatus();
       return answer;
     case OP_READ_CHIP:
-      if (!chipReadAsked_) Violate("chip data read without a chip read");
-      chipReadAsked_ = false;
       std::fill(answer.begin(), answer.end(), kErased);
-      give(chip.burnt);
+      give(ChipData());
       return answer;
     default:
       Violate(Printf("opcode %d is not read", opcode));

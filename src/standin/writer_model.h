@@ -4,6 +4,7 @@
 
 #include <array>
 #include <cstdint>
+#include <map>
 #include <optional>
 #include <span>
 #include <string>
@@ -11,6 +12,7 @@
 
 #include "operations/firmware.h"
 #include "standin/chip.h"
+#include "standin/measures.h"
 #include "standin/serial_series.h"
 
 namespace pyxis::standin {
@@ -47,7 +49,9 @@ class WriterModel {
   Chip chip;
   bool freshChips = false;  // a handler puts a blank chip in before each Auto and Program
   Faults faults;
-  std::array<std::uint8_t, 6> measures{};
+  std::map<std::uint8_t, Measurement> measures;  // of the self-test, by step; a step without one measures sound values
+  // One value of a step, the others sound. False for an unknown step or place.
+  bool SetMeasure(std::uint8_t step, std::size_t place, std::uint8_t value);
   int zeroReads = 3;  // status reads of 0 before a verdict
 
   const std::vector<std::uint8_t>& Memory() const { return memory_; }
@@ -75,6 +79,13 @@ class WriterModel {
   bool RunAuto();
   bool RunProgram();
   bool RunVerify();
+  void KeepChecksums();
+  std::uint16_t WholeChecksum() const;
+  void ShowChipInfo();
+  void TestSet(std::span<const std::uint8_t> data, Door door);
+  void TestSelect(std::uint8_t step);
+  Measurement Measured();
+  std::vector<std::uint8_t> ChipData();
   // What the next chip gets: DataPackage, with the serial to come in its place. Nothing when the series is used up, or
   // is none that fits this job.
   std::optional<std::vector<std::uint8_t>> DataForNextChip() const;
@@ -98,8 +109,11 @@ class WriterModel {
   std::uint8_t selectedArea_ = 0;
   Load load_ = Load::None;
   bool optionWritten_ = false;
+  static constexpr int kChipReadStarts = 2;
+  int chipReadStarts_ = 0;
+  std::size_t testSets_ = 0;  // good values of the self-test's set-up
+  std::optional<std::uint8_t> testStep_;
   bool dataWritten_ = false;
-  bool chipReadAsked_ = false;
   bool taskStarted_ = false;
   std::uint8_t verdict_ = 0;
   int statusReads_ = 0;

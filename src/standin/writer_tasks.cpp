@@ -1,6 +1,7 @@
 // The tasks of the stand-in writer: what it does with the chip in its socket.
 #include <algorithm>
 
+#include "intake/file_readers.h"
 #include "intake/package_files.h"
 #include "link/writer_commands.h"
 #include "platform/byte_order.h"
@@ -15,6 +16,10 @@ constexpr std::uint8_t kVerdictGood = 1;
 constexpr std::uint8_t kVerdictFailed = 3;
 constexpr std::uint8_t kNoise = 0xFC;  // the bits of a status byte that mean nothing
 constexpr std::uint8_t kLimitUsedUp = 0x10;
+constexpr std::uint8_t kNoAnswer = 0xFF;         // of an empty socket
+constexpr std::uint8_t kLastDualClass = 15;      // ChipClass of the ICs with a dual mode: up to this
+constexpr std::uint16_t kNotDualBit = 0x1000;    // of the configuration word
+constexpr std::uint16_t kChecksumBits = 0x3FFF;  // of those ICs
 
 // The count of a packed decimal field.
 std::uint32_t FromPackedDecimal(std::uint32_t packed) {
@@ -75,6 +80,7 @@ bool WriterModel::ChipIsGood() const {
 
 void WriterModel::StartTask(std::uint8_t task) {
   if (load_ == Load::Package || load_ == Load::Firmware) Violate(Printf("task %d during a load", task));
+  if (task != task::kReadChip) chipReadStarts_ = 0;
   switch (task) {
     case task::kAuto:
     case task::kBlankCheck:
@@ -96,7 +102,7 @@ void WriterModel::StartTask(std::uint8_t task) {
       load_ = Load::Firmware;
       return;
     case task::kReadChip:
-      chipReadAsked_ = true;
+      ++chipReadStarts_;
       return;
     default:
       Violate(Printf("unknown task %d", task));
@@ -110,7 +116,11 @@ std::uint8_t WriterModel::TaskStatus() {
 }
 
 bool WriterModel::RunTask(std::uint8_t task) {
-  if (!HoldsJob() || !chip.Present()) return false;
+  if (!HoldsJob()) return false;
+  if (!chip.Present()) {
+    std::fill_n(optionArea_.begin() + Field::ChipInfo.offset, Field::ChipInfo.width, kNoAnswer);
+    return false;
+  }
   switch (task) {
     case task::kAuto:
       return RunAuto();
@@ -134,19 +144,40 @@ bool WriterModel::RunAuto() {
 
 bool WriterModel::RunProgram() {
   const auto data = DataForNextChip();
-  return data && chip.Burn(*data, FieldWord(jobHeader_, Field::ConfigWord));
+  if (!data || !chip.Burn(*data, FieldWord(jobHeader_, Field::ConfigWord))) return false;
+  KeepChecksums();
+  return true;
 }
 
-// Also fills ChipInfo: configuration, checksum of the upper half, ID, checksum.
+// By the rules of the job that the chip is burnt with. In dual mode the job's checksum is that of the upper half.
+void WriterModel::KeepChecksums() {
+  const bool dual = FieldByte(jobHeader_, Field::ChipClass) <= kLastDualClass &&
+                    FieldByte(jobHeader_, Field::EepromImage) == 0 &&
+                    FieldWord(jobHeader_, Field::DualStart) != 0 && (chip.config & kNotDualBit) == 0;
+  chip.upperChecksum = FieldWord(jobHeader_, Field::ImageChecksum);
+  chip.checksum = dual ? WholeChecksum() : chip.upperChecksum;
+}
+
+// All words, which stand high byte first, and the configuration word.
+std::uint16_t WriterModel::WholeChecksum() const {
+  const std::size_t words = std::min<std::size_t>(FieldWord(jobHeader_, Field::ImageLength), dataArea_.size() / 2);
+  std::uint16_t sum = 0xFFFF;
+  for (std::size_t i = 0; i < words; ++i) sum = ChecksumAfter(sum, LoadBe16(&dataArea_[2 * i]));
+  return ChecksumAfter(sum, chip.config) & kChecksumBits;
+}
+
 bool WriterModel::RunVerify() {
-  const bool same = ChipIsGood();
+  ShowChipInfo();
+  return ChipIsGood();
+}
+
+// Configuration, checksum of the upper half, ID, checksum: of the chip, whether or not it holds the job.
+void WriterModel::ShowChipInfo() {
   std::uint8_t* info = &optionArea_[Field::ChipInfo.offset];
-  const std::uint16_t checksum = same ? FieldWord(jobHeader_, Field::ImageChecksum) : 0;
   StoreBe16(info, chip.config);
-  StoreBe16(info + 2, checksum);
+  StoreBe16(info + 2, chip.upperChecksum);
   StoreBe16(info + 4, LoadBe16(&memory_[address::kFirmwareCode]));
-  StoreBe16(info + 6, checksum);
-  return same;
+  StoreBe16(info + 6, chip.checksum);
 }
 
 }  // namespace pyxis::standin

@@ -8,8 +8,10 @@
 namespace pyxis::ui {
 
 FigureView::FigureView(QWidget* parent) : QWidget(parent) {
-  setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
-  setMinimumSize(180, 120);
+  QSizePolicy policy(QSizePolicy::Preferred, QSizePolicy::Fixed);
+  policy.setHeightForWidth(true);
+  setSizePolicy(policy);
+  setMinimumWidth(kWidth);
 }
 
 void FigureView::ShowFigure(const std::string& path) {
@@ -25,8 +27,7 @@ void FigureView::paintEvent(QPaintEvent*) {
   painter.drawRect(rect().adjusted(0, 0, -1, -1));
   if (figure_.isNull()) return;
   painter.setRenderHint(QPainter::SmoothPixmapTransform);
-  const QSize size = figure_.size().scaled(this->size() - QSize(2, 2), Qt::KeepAspectRatio);
-  painter.drawPixmap(QRect(QPoint((width() - size.width()) / 2, (height() - size.height()) / 2), size), figure_);
+  painter.drawPixmap(rect().adjusted(1, 1, -1, -1), figure_);
 }
 
 }  // namespace pyxis::ui

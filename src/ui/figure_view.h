@@ -12,12 +12,16 @@ class FigureView : public QWidget {
   explicit FigureView(QWidget* parent = nullptr);
   // Path of a bitmap, empty for none. One that can't be read leaves the picture empty.
   void ShowFigure(const std::string& path);
-  QSize sizeHint() const override { return {300, 200}; }
+  // The control keeps the proportions of the figures, so that stretching distorts none.
+  QSize sizeHint() const override { return {kWidth, heightForWidth(kWidth)}; }
+  bool hasHeightForWidth() const override { return true; }
+  int heightForWidth(int width) const override { return width * 300 / 460; }
 
  protected:
   void paintEvent(QPaintEvent* event) override;
 
  private:
+  static constexpr int kWidth = 320;
   std::string path_;
   QPixmap figure_;
 };

@@ -134,7 +134,8 @@ QLayout* MainPanel::MakeFigure() {
   box->addWidget(new QLabel(QStringLiteral("Program Pin Placement:"), this));
   figure_ = new FigureView(this);
   figure_->setAccessibleName(QStringLiteral("Program Pin Placement"));
-  box->addWidget(figure_, 1);
+  box->addWidget(figure_);
+  box->addStretch(1);
   return box;
 }
 

@@ -7,6 +7,8 @@
 #include <QMessageBox>
 
 #include "ui/about_window.h"
+#include "ui/chip_info_window.h"
+#include "ui/download_info_window.h"
 #include "ui/goto_address_window.h"
 #include "ui/ic_select_window.h"
 #include "ui/option_select_window.h"
@@ -35,27 +37,11 @@ QMessageBox::Icon IconOf(MessageIcon icon) {
   return QMessageBox::NoIcon;
 }
 
-// The busy cursor gives way while a window of its own asks something of the operator.
-class ArrowCursor {
- public:
-  ArrowCursor() { QApplication::setOverrideCursor(Qt::ArrowCursor); }
-  ~ArrowCursor() { QApplication::restoreOverrideCursor(); }
-  ArrowCursor(const ArrowCursor&) = delete;
-  ArrowCursor& operator=(const ArrowCursor&) = delete;
-};
-
 // Wide enough for its caption; the text goes out as it is.
 void Dress(QMessageBox& box) {
   box.setTextFormat(Qt::PlainText);
   if (auto* label = box.findChild<QLabel*>(QStringLiteral("qt_msgbox_label")))
     label->setMinimumWidth(kMessageWidth * box.fontMetrics().averageCharWidth());
-}
-
-template <typename Window, typename Dialog>
-DialogEnd Run(Dialog& dialog, QWidget* parent) {
-  const ArrowCursor arrow;
-  Window window(dialog, parent);
-  return window.exec() == QDialog::Accepted ? DialogEnd::Ok : DialogEnd::Cancel;
 }
 
 }  // namespace
@@ -72,15 +58,22 @@ QWidget* QtOperator::Parent() const {
   return modal != nullptr ? modal : main_;
 }
 
+template <typename Window, typename Dialog>
+DialogEnd QtOperator::Run(Dialog& dialog, QWidget* parent) {
+  const BusyCursors::Pause arrow(cursors_);
+  Window window(dialog, parent);
+  return window.exec() == QDialog::Accepted ? DialogEnd::Ok : DialogEnd::Cancel;
+}
+
 void QtOperator::Tell(const std::string& text, const std::string& caption, MessageIcon icon) {
-  const ArrowCursor arrow;
+  const BusyCursors::Pause arrow(cursors_);
   QMessageBox box(IconOf(icon), FromText(caption), FromText(text), QMessageBox::Ok, Parent());
   Dress(box);
   box.exec();
 }
 
 bool QtOperator::Ask(const std::string& text, const std::string& caption, MessageIcon icon) {
-  const ArrowCursor arrow;
+  const BusyCursors::Pause arrow(cursors_);
   QMessageBox box(IconOf(icon), FromText(caption), FromText(text), QMessageBox::Yes | QMessageBox::No, Parent());
   Dress(box);
   box.setDefaultButton(QMessageBox::Yes);
@@ -90,7 +83,7 @@ bool QtOperator::Ask(const std::string& text, const std::string& caption, Messag
 
 // Qt's own dialog: its filters don't look at letter case, whatever the desktop.
 std::optional<std::string> QtOperator::ChooseFile(const std::string& filter) {
-  const ArrowCursor arrow;
+  const BusyCursors::Pause arrow(cursors_);
   QFileDialog dialog(Parent(), QStringLiteral("Open"), lastFolder_);
   dialog.setOption(QFileDialog::DontUseNativeDialog);
   dialog.setFileMode(QFileDialog::ExistingFile);
@@ -103,13 +96,15 @@ std::optional<std::string> QtOperator::ChooseFile(const std::string& filter) {
 
 DialogEnd QtOperator::RunDialog(CIcSelectDlg& dialog) { return Run<IcSelectWindow>(dialog, Parent()); }
 DialogEnd QtOperator::RunDialog(COptionSelectDlg& dialog) { return Run<OptionSelectWindow>(dialog, Parent()); }
+DialogEnd QtOperator::RunDialog(CReadChipInfoDlg& dialog) { return Run<ChipInfoWindow>(dialog, Parent()); }
+DialogEnd QtOperator::RunDialog(CDownloadInfoDlg& dialog) { return Run<DownloadInfoWindow>(dialog, Parent()); }
 DialogEnd QtOperator::RunDialog(CGotoAddressDlg& dialog) { return Run<GotoAddressWindow>(dialog, Parent()); }
 DialogEnd QtOperator::RunDialog(CSnSetDlg& dialog) { return Run<SnSetWindow>(dialog, Parent()); }
 DialogEnd QtOperator::RunDialog(CSnProgramDlg& dialog) { return Run<SnProgramWindow>(dialog, Parent()); }
 DialogEnd QtOperator::RunDialog(CSmartOptionDlg& dialog) { return Run<SmartOptionWindow>(dialog, Parent()); }
 
 void QtOperator::RunAbout() {
-  const ArrowCursor arrow;
+  const BusyCursors::Pause arrow(cursors_);
   AboutWindow(Parent()).exec();
 }
 

@@ -4,6 +4,7 @@
 #include <QString>
 
 #include "platform/operator.h"
+#include "ui/animated_cursor.h"
 
 class QDialog;
 class QWidget;
@@ -21,15 +22,23 @@ class QtOperator : public Operator {
   DialogEnd RunDialog(CIcSelectDlg& dialog) override;
   DialogEnd RunDialog(COptionSelectDlg& dialog) override;
   DialogEnd RunDialog(CSmartOptionDlg& dialog) override;
+  DialogEnd RunDialog(CReadChipInfoDlg& dialog) override;
+  DialogEnd RunDialog(CDownloadInfoDlg& dialog) override;
   DialogEnd RunDialog(CGotoAddressDlg& dialog) override;
   DialogEnd RunDialog(CSnSetDlg& dialog) override;
   DialogEnd RunDialog(CSnProgramDlg& dialog) override;
   void RunAbout() override;
 
+  CursorHandle LoadCursorFromFile(const std::string& path) override { return cursors_.Load(path); }
+  CursorHandle SetCursor(CursorHandle cursor) override { return cursors_.Set(cursor); }
+
  private:
   QWidget* Parent() const;  // the window in front
+  template <typename Window, typename Dialog>
+  DialogEnd Run(Dialog& dialog, QWidget* parent);
 
   QWidget* main_ = nullptr;
+  BusyCursors cursors_;
   QString lastFolder_;  // for the length of the run
 };
 

@@ -15,6 +15,8 @@ CMiniHexEditView theHexView;
 constexpr char kProfileSection[] = "Application state\\Dockbar\\-SCBar-0";
 constexpr char kProfileValue[] = "m_lpr";
 
+constexpr int kLongestLine = 4096;  // bytes; wider than any screen
+
 constexpr int kWheelUnit = 60;  // of a wheel's delta, one line
 
 }  // namespace
@@ -38,7 +40,7 @@ std::span<std::uint8_t> CMiniHexEditView::SetSize(std::size_t size) {
   Data.assign(size, 0);
   Blanked = false;
   m_lpr = static_cast<std::uint32_t>(
-      std::max(TheMachine().profile->GetProfileInt(kProfileSection, kProfileValue, LineBytes()), 1));
+      std::clamp(TheMachine().profile->GetProfileInt(kProfileSection, kProfileValue, LineBytes()), 1, kLongestLine));
   Recalc = true;
   KeepInside();
   return Data;

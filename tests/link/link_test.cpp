@@ -155,7 +155,7 @@ TEST_F(Link, InfoBlockAndSelfTestOnBothTransports) {
 class BarLog : public MainView {
  public:
   std::vector<int> positions;
-  void ControlsChanged() override {
+  void ProgressChanged() override {
     const int position = TheMainControls().statusBar.position;
     if (positions.empty() || positions.back() != position) positions.push_back(position);
   }

@@ -16,6 +16,22 @@ using Bytes = std::vector<std::uint8_t>;
 
 void Write(WriterModel& writer, std::uint8_t opcode, Bytes data) { writer.Write(opcode, data, Door::Frames); }
 
+void Name(WriterModel& writer) { std::copy_n("QV8348", 6, writer.OptionArea().begin()); }
+
+void ReadTwice(WriterModel& writer) {
+  Write(writer, OP_START_TASK, {52});
+  Write(writer, OP_START_TASK, {52});
+  writer.Read(OP_READ_CHIP, 10, Door::Frames);
+}
+
+const std::vector<int> kSetUp{0x8D01, 0x4403, 0x3905, 0x2207};
+
+void TestSets(WriterModel& writer, const std::vector<int>& values) {
+  Write(writer, OP_SET_MODE, {71});
+  for (const int value : values)
+    Write(writer, OP_TEST_SET, {static_cast<std::uint8_t>(value), static_cast<std::uint8_t>(value >> 8)});
+}
+
 TEST(Standin, LogsBreachesOfTheProtocol) {
   struct Case {
     const char* why;
@@ -49,6 +65,28 @@ TEST(Standin, LogsBreachesOfTheProtocol) {
            Case{"status without a task", [](WriterModel& w) { w.Read(OP_TASK_STATUS, 1, Door::Frames); }},
            Case{"short identity", [](WriterModel& w) { w.Read(OP_IDENTITY, 25, Door::Frames); }},
            Case{"chip data without a read", [](WriterModel& w) { w.Read(OP_READ_CHIP, 10, Door::Frames); }},
+           Case{"chip read started once",
+                [](WriterModel& w) { Name(w), Write(w, OP_START_TASK, {52}), w.Read(OP_READ_CHIP, 10, Door::Frames); }},
+           Case{"chip read of nobody knows what", [](WriterModel& w) { ReadTwice(w); }},
+           Case{"chip data read twice",
+                [](WriterModel& w) { Name(w), ReadTwice(w), w.Read(OP_READ_CHIP, 10, Door::Frames); }},
+           Case{"self-test out of order",
+                [](WriterModel& w) {
+                  TestSets(w, {0x8D01, 0x3905});
+                }},
+           Case{"self-test value with its bytes exchanged", [](WriterModel& w) { TestSets(w, {0x018D}); }},
+           Case{"self-test step after half a set-up",
+                [](WriterModel& w) {
+                  TestSets(w, {0x8D01, 0x4403}), Write(w, OP_TEST_SELECT, {0});
+                }},
+           Case{"unknown self-test step", [](WriterModel& w) { TestSets(w, kSetUp), Write(w, OP_TEST_SELECT, {1}); }},
+           Case{"measurement without a step",
+                [](WriterModel& w) { TestSets(w, kSetUp), w.Read(OP_TEST_MEASURE, 6, Door::Frames); }},
+           Case{"self-test step after another mode",
+                [](WriterModel& w) {
+                  TestSets(w, kSetUp), Write(w, OP_SET_MODE, {7}), Write(w, OP_SET_MODE, {71}),
+                      Write(w, OP_TEST_SELECT, {0});
+                }},
        }) {
     SCOPED_TRACE(c.why);
     WriterModel writer;
@@ -132,6 +170,32 @@ TEST(Standin, ProductionLimitIsUsedUp) {
   EXPECT_EQ(Verdict(writer, 16), 1);
   EXPECT_EQ(writer.OptionArea()[244] >> 4, 1);
   EXPECT_EQ(Verdict(writer, 16), 3);
+}
+
+// In dual mode the job's checksum is that of the upper half; the whole one is the published CRC over all words, each
+// fed as one, and the configuration word.
+TEST(Standin, AChipTellsBothChecksums) {
+  struct Case {
+    std::uint8_t chipClass;
+    std::uint8_t configHigh;
+    int upper, whole;
+  };
+  // The words 61, 62 and the configuration word 0063 (abc, fed one letter a word) give 1742.
+  for (const Case& c : {Case{1, 0x00, 0x1234, 0x1742}, Case{17, 0x00, 0x1234, 0x1234}, Case{1, 0x10, 0x1234, 0x1234}}) {
+    WriterModel writer;
+    Bytes option = Option(c.chipClass);
+    option[17] = 0x34;
+    option[25] = 2;  // ImageLength
+    option[36] = c.configHigh;
+    option[37] = 0x63;
+    option[39] = 0x02;  // DualStart
+    LoadJob(writer, option, {0x00, 0x61, 0x00, 0x62});
+    EXPECT_EQ(Verdict(writer, 16), 1);
+    const auto& block = writer.OptionArea();
+    EXPECT_EQ(block[248] * 256 + block[249], c.configHigh * 256 + 0x63);
+    EXPECT_EQ(block[250] * 256 + block[251], c.upper);
+    EXPECT_EQ(block[254] * 256 + block[255], c.whole);
+  }
 }
 
 // A series of one-byte serials at offset 1: 0x41 and on.

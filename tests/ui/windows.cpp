@@ -5,6 +5,8 @@
 
 #include "catalogue/ic_select.h"
 #include "options/option_select.h"
+#include "options/smart_option_dlg.h"
+#include "options/tin_file.h"
 #include "platform/machine.h"
 #include "pyxisfolder/folder.h"
 #include "serial/sn_record.h"
@@ -16,6 +18,7 @@
 #include "ui/goto_address_window.h"
 #include "ui/ic_select_window.h"
 #include "ui/option_select_window.h"
+#include "ui/smart_option_window.h"
 #include "ui/sn_program_window.h"
 #include "ui/sn_set_window.h"
 #include "view/goto_address.h"
@@ -66,6 +69,9 @@ void EveryWindow::ForEach(const std::function<void(QWidget&, const std::string&)
   CSnProgramDlg snProgram(false);
   snProgram.OnInitDialog();
   dialog(ui::SnProgramWindow(snProgram, window.get()), "serial_number_program");
+  ReadTinFile(Path("tin/QV8348.tin"));
+  CSmartOptionDlg smartOption;
+  dialog(ui::SmartOptionWindow(smartOption, window.get()), "smart_option");
   dialog(ui::AboutWindow(window.get()), "about");
 }
 

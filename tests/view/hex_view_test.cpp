@@ -84,9 +84,11 @@ TEST_F(HexView, WidthGivesTheLineLengthAndTheProfileKeepsIt) {
   profile.values[kProfile] = 12;
   view.SetSize(100);
   EXPECT_EQ(view.m_lpr, 12U);
-  profile.values[kProfile] = -7;
-  view.SetSize(100);
-  EXPECT_EQ(view.m_lpr, 1U);
+  for (const int odd : {-7, 0x7FFFFFFF}) {
+    profile.values[kProfile] = odd;
+    Open(100);
+    EXPECT_EQ(view.m_lpr, odd < 0 ? 1U : 4096U);
+  }
 }
 
 TEST_F(HexView, Scrolling) {

@@ -1,0 +1,105 @@
+#include "operations/chip_info.h"
+
+#include <algorithm>
+
+#include "intake/package_files.h"
+#include "link/writer_commands.h"
+#include "operations/tasks.h"
+#include "platform/byte_order.h"
+#include "platform/clock.h"
+#include "platform/machine.h"
+#include "platform/operator.h"
+#include "platform/text.h"
+#include "shell/app_state.h"
+#include "shell/main_controls.h"
+
+namespace pyxis {
+
+namespace {
+
+enum Line { kName, kConfig, kChecksum, kId };
+constexpr std::array<const char*, 4> kCaptions{"Chip Name : ", "System Config : ", "Checksum : ", "ID : "};
+constexpr char kNoSupport[] = "NO Support";
+
+constexpr std::uint32_t kSettleMs = 1000;
+constexpr std::uint8_t kLowNibble = 0x0F;
+constexpr std::uint8_t kHiddenConfig = 18;        // LengthUnit of chips whose configuration can't be shown
+constexpr std::uint8_t kLastDualClass = 15;       // ChipClass of the chips with a dual mode: up to this
+constexpr std::uint8_t kNotDualBit = 0x10;        // of the configuration's high byte
+constexpr std::size_t kConfigAt = 0;              // places in ChipInfo; words, high byte first
+constexpr std::size_t kUpperChecksumAt = 2;
+constexpr std::size_t kIdAt = 4;
+constexpr std::size_t kChecksumAt = 6;
+
+std::uint8_t* ChipInfo() { return &TheAppState().WriterInfoBlock[Field::ChipInfo.offset]; }
+
+std::uint8_t NibbleOf(FieldPlace field) { return FieldByte(TheAppState().WriterInfoBlock, field) & kLowNibble; }
+
+// Chips with one configuration byte have no checksum and no ID.
+bool HasChecksumAndId() { return NibbleOf(Field::LengthUnit) != 0; }
+bool IsSupported() { return NibbleOf(Field::ConfigKind) == 0; }
+
+std::string LineOf(Line line, const std::string& value) { return kCaptions[line] + value; }
+std::string LineOf(Line line, unsigned value) { return LineOf(line, Printf("%x", value)); }
+
+unsigned WordAt(std::size_t at) { return LoadBe16(ChipInfo() + at); }
+
+// In dual mode only the upper half of the memory counts.
+bool UpperHalfCounts() {
+  const AppState& app = TheAppState();
+  return FieldByte(app.WriterInfoBlock, Field::ChipClass) <= kLastDualClass && (*ChipInfo() & kNotDualBit) == 0 &&
+         app.DualSkip != 0;
+}
+
+void ShowChip(std::array<std::string, 4>& lines) {
+  if (!HasChecksumAndId()) {
+    lines[kConfig] = LineOf(kConfig, *ChipInfo());
+    return;
+  }
+  const bool hidden = FieldByte(TheAppState().WriterInfoBlock, Field::LengthUnit) == kHiddenConfig;
+  lines[kConfig] = hidden ? LineOf(kConfig, kNoSupport) : LineOf(kConfig, WordAt(kConfigAt));
+  lines[kChecksum] = LineOf(kChecksum, WordAt(UpperHalfCounts() ? kUpperChecksumAt : kChecksumAt));
+  lines[kId] = LineOf(kId, WordAt(kIdAt));
+}
+
+}  // namespace
+
+void CReadChipInfoDlg::Show() {
+  Changed();
+  PumpPaint();
+}
+
+void CReadChipInfoDlg::OnInitDialog() {
+  readEnabled = supported_;
+  std::copy(kCaptions.begin(), kCaptions.end(), lines.begin());
+  if (!supported_) lines = {kNoSupport};
+  if (!HasChecksumAndId()) lines[kChecksum] = lines[kId] = "";
+  Changed();
+}
+
+void CReadChipInfoDlg::OnRead() {
+  AppState& app = TheAppState();
+  readEnabled = cancelEnabled = false;
+  const std::size_t shown = HasChecksumAndId() ? lines.size() : std::size_t{kChecksum};
+  std::copy_n(kCaptions.begin(), shown, lines.begin());
+  Show();
+
+  RunTask(task::kVerify, app.VerifyTicks);
+  SetProgressPosition(0);
+  WaitMs(kSettleMs);
+  // A block that can't be read must not show the chip that was in the socket before.
+  std::fill_n(ChipInfo(), Field::ChipInfo.width, std::uint8_t{0});
+  ReadInfoBlock(app.WriterInfoBlock);
+  lines[kName] = LineOf(kName, ChipNameOf(app.WriterInfoBlock));
+  if (IsSupported()) ShowChip(lines);
+  readEnabled = cancelEnabled = true;
+  Show();
+}
+
+void OnReadChipInfo() {
+  CReadChipInfoDlg dialog(IsSupported());
+  dialog.OnInitDialog();
+  TheMachine().op->RunDialog(dialog);
+}
+
+}  // namespace pyxis

@@ -1,0 +1,121 @@
+#include "operations/compare_file.h"
+
+#include <algorithm>
+#include <cstdint>
+#include <vector>
+
+#include "intake/package_files.h"
+#include "link/writer_commands.h"
+#include "operations/compare_target.h"
+#include "operations/download.h"
+#include "platform/byte_order.h"
+#include "platform/files.h"
+#include "platform/machine.h"
+#include "platform/operator.h"
+#include "platform/text.h"
+#include "shell/app_state.h"
+#include "shell/main_controls.h"
+
+namespace pyxis {
+
+namespace {
+
+constexpr char kResultFormat[] = "Compare Result : %s";
+constexpr std::uint8_t kLowNibble = 0x0F;
+constexpr std::uint8_t kCountsWords = 1;   // low nibble of LengthUnit
+constexpr std::uint8_t kOrderOfData = 2;   // low nibble of ReadBackOrder: words stand as in the program file
+
+// No job is longer than 65,535 words, so that what lies behind them never counts.
+constexpr std::size_t kMostBytes = kTransferBufferSize;
+
+// How the job's data and a file are laid side by side.
+struct Comparison {
+  std::size_t length = 0;  // bytes
+  bool exchanged = false;  // the two bytes of each word
+
+  std::size_t WriterAt(std::size_t fileAt) const { return exchanged ? fileAt ^ 1 : fileAt; }
+};
+
+// Nothing when the file can't be compared over the whole length.
+std::optional<Comparison> ComparisonOf(std::size_t fileLength) {
+  const auto& block = TheAppState().WriterInfoBlock;
+  const std::size_t units = FieldWord(block, Field::ImageLength);
+  if ((FieldByte(block, Field::LengthUnit) & kLowNibble) != kCountsWords)
+    return Comparison{std::min(units, fileLength), false};
+  if (fileLength < 2 * units) return std::nullopt;
+  return Comparison{2 * units, (FieldByte(block, Field::ReadBackOrder) & kLowNibble) != kOrderOfData};
+}
+
+// The first bytes of the file, as many as can count; nothing when they can't be read.
+std::optional<std::vector<std::uint8_t>> ReadFirstBytes(std::FILE* file) {
+  std::vector<std::uint8_t> bytes(
+      std::min(static_cast<std::size_t>(std::max(FileLength(file), 0L)), kMostBytes));
+  if (!bytes.empty() && std::fread(bytes.data(), 1, bytes.size(), file) != bytes.size()) return std::nullopt;
+  return bytes;
+}
+
+bool DataAreaEquals(const std::vector<std::uint8_t>& expected) {
+  const auto comparison = ComparisonOf(expected.size());
+  // Filled with what differs, so that bytes that a failed transfer doesn't bring can't pass. One spare byte: a transfer
+  // of length 0 needs a buffer to point to.
+  std::vector<std::uint8_t> received(expected.size() + 1);
+  if (comparison)
+    for (std::size_t at = 0; at < comparison->length; ++at)
+      received[comparison->WriterAt(at)] = static_cast<std::uint8_t>(~expected[at]);
+  SelectArea(area::kData);
+  SetFrameProgress(1);
+  ReadCommand(OP_READ_AREA, std::span(received).first(expected.size()));
+  SetFrameProgress(0);
+  CloseArea();
+  SetWriterMode(mode::kIdle);
+  if (!comparison) return false;
+  for (std::size_t at = 0; at < comparison->length; ++at)
+    if (expected[at] != received[comparison->WriterAt(at)]) return false;
+  return true;
+}
+
+// Year, month, day, hour, minute, second. Only the year is taken as a whole.
+std::string TimeLine() {
+  const std::uint8_t* time = &TheAppState().WriterInfoBlock[Field::DownloadTime.offset];
+  return Printf("Download File Time :%d/%d/%d_%d:%d:%d", LoadLe16(time), time[2], time[6], time[8], time[10], time[12]);
+}
+
+}  // namespace
+
+bool CompareWithWriter(const std::string& path) {
+  SetFrameProgress(0);
+  SetWriterMode(mode::kArea);
+  const File file = OpenFile(path, "rb");
+  const auto expected = file ? ReadFirstBytes(file.get()) : std::nullopt;
+  if (!expected) {
+    TheMachine().op->Tell(Printf("Open Fail ! (%s)", path.c_str()), kPlainCaption);
+    return false;
+  }
+  return DataAreaEquals(*expected);
+}
+
+void CDownloadInfoDlg::Enable(bool enabled) {
+  compareEnabled = cancelEnabled = enabled;
+  Changed();
+  PumpPaint();
+}
+
+void CDownloadInfoDlg::OnCompareFile() {
+  lines[2] = Printf(kResultFormat, "");
+  Enable(false);
+  const CompareKind& kind = CompareKindOf(ChipNameOf(TheAppState().WriterInfoBlock));
+  const auto chosen = TheMachine().op->ChooseFile(kind.filter);
+  if (chosen && MakeCompareTarget(kind, *chosen))
+    lines[2] = Printf(kResultFormat, CompareWithWriter(CompareTargetPath(*chosen)) ? "OK" : "Fail");
+  SetProgressPosition(0);
+  Enable(true);
+}
+
+void OnDownloadInfo() {
+  AppState& app = TheAppState();
+  ReadInfoBlock(app.WriterInfoBlock);
+  CDownloadInfoDlg dialog("Chip Name : " + ChipNameOf(app.WriterInfoBlock), TimeLine());
+  TheMachine().op->RunDialog(dialog);
+}
+
+}  // namespace pyxis

@@ -1,0 +1,36 @@
+// Compare File: which file the writer holds, and whether a file of the operator's is the same.
+#pragma once
+
+#include <array>
+#include <functional>
+#include <string>
+
+namespace pyxis {
+
+// The dialog "Download File Information".
+class CDownloadInfoDlg {
+ public:
+  CDownloadInfoDlg(std::string chipLine, std::string timeLine)
+      : lines{std::move(chipLine), std::move(timeLine), std::string()} {}
+
+  std::array<std::string, 3> lines;  // chip, time of the conversion, result of the last comparison
+  bool compareEnabled = true;
+  bool cancelEnabled = true;
+  std::function<void()> Changed = [] {};
+
+  // Asks for a file, makes <stem>.bin of it as the writer's data area would hold it, and compares the two. A file that
+  // can't be read or made leaves the third line without a result; the operator has been told why.
+  void OnCompareFile();
+
+ private:
+  void Enable(bool enabled);
+};
+
+// Whether the file equals the writer's data area: ImageLength bytes or words of WriterInfoBlock, in the byte form no
+// more than the file has. In the word form a file shorter than that differs.
+bool CompareWithWriter(const std::string& path);
+
+// The menu command.
+void OnDownloadInfo();
+
+}  // namespace pyxis

@@ -1,0 +1,115 @@
+#include "operations/self_test.h"
+
+#include <array>
+#include <cstdint>
+#include <span>
+
+#include "link/writer_commands.h"
+#include "platform/clock.h"
+#include "platform/machine.h"
+#include "platform/main_view.h"
+#include "platform/operator.h"
+#include "shell/app_state.h"
+#include "view/buffer_area.h"
+#include "view/hex_view.h"
+
+namespace pyxis {
+
+namespace {
+
+// Places of the six values in a measurement.
+enum Measure : std::uint8_t { kPVdd, kPVpp, kDacVpp, kDacWvdd, kDacRvdd, kDacLevelShift, kMeasureCount };
+
+struct TestRow {
+  const char* heading;  // in front of the line
+  std::uint8_t step;    // in which the value is measured
+  Measure measure;
+  std::uint8_t lowest, highest;  // of a good value
+  const char* goodText;
+  const char* badText;
+};
+
+constexpr char kDacBoardFolder[] = "hwversion1.1";
+// clang-format off
+constexpr TestRow kWithDacBoard[] = {
+    {"DAC Board Voltage Test \r\n",
+          0,  kDacVpp,        203, 214, "DAC_VPP Voltage            Ok \r\n", "DAC_VPP Voltage            Fail \r\n"},
+    {"",  0,  kDacWvdd,       95,  105, "DAC_WVDD Voltage           Ok \r\n", "DAC_WVDD Voltage           Fail \r\n"},
+    {"",  0,  kDacRvdd,       79,  89,  "DAC_RVDD Voltage           Ok \r\n", "DAC_RVDD Voltage           Fail \r\n"},
+    {"",  0,  kDacLevelShift, 45,  55,  "DAC_Level Shift Voltage    Ok \r\n", "DAC_Level shift Voltage    Fail \r\n"},
+    {"\r\nProgram Voltage Board Test\r\n",
+          0,  kPVpp,          0,   5,   "P_VPP=0V Test              Ok \r\n", "P_VPP=0V Test              Fail \r\n"},
+    {"",  0,  kPVdd,          0,   5,   "P_VDD=0V Test              Ok \r\n", "P_VDD=0V Test              Fail \r\n"},
+    {"",  10, kPVpp,          78,  88,  "P_VPP=5V Test              Ok \r\n", "P_VPP=5V Test              Fail \r\n"},
+    {"",  10, kPVdd,          78,  88,  "P_VDD=5V Test              Ok \r\n", "P_VDD=5V Test              Fail \r\n"},
+    {"",  5,  kPVpp,          197, 213, "P_VPP=12.5V Test           Ok \r\n", "P_VPP=12.5V Test           Fail \r\n"},
+    {"",  5,  kPVdd,          94,  104, "P_VDD=6V Test              Ok \r\n", "P_VDD=6V Test              Fail \r\n"},
+};
+constexpr TestRow kWithoutDacBoard[] = {
+    {"Program Voltage Board Test\r\n",
+          48, kPVpp,          0,   5,   "P_VPP=0V Test\t\t\t\tOk \r\n",       "P_VPP=0V Test\t\t\t\tFail \r\n"},
+    {"",  48, kPVdd,          0,   5,   "P_VDD=0V Test\t\t\t\tOk \r\n",       "P_VDD=0V Test\t\t\t\tFail \r\n"},
+    {"",  10, kPVpp,          71,  83,  "P_VPP=5V Test\t\t\t\tOk \r\n",       "P_VPP=5V Test\t\t\t\tFail \r\n"},
+    {"",  10, kPVdd,          71,  83,  "P_VDD=5V Test\t\t\t\tOk \r\n",       "P_VDD=5V Test\t\t\t\tFail \r\n"},
+    {"",  5,  kPVpp,          186, 200, "P_VPP=12.5V Test\t\t    Ok \r\n",    "P_VPP=12.5V Test\t\t\tFail \r\n"},
+    {"",  5,  kPVdd,          86,  98,  "P_VDD=6V Test\t\t\t\tOk \r\n",       "P_VDD=6V Test\t\t\t\tFail \r\n"},
+};
+// clang-format on
+
+constexpr std::uint16_t kSetUp[] = {0x8D01, 0x4403, 0x3905, 0x2207};
+constexpr std::uint8_t kFirstStep = 0;  // measured on every revision
+constexpr std::uint32_t kSettleMs = 100;
+// What stands in for a first measurement that doesn't come: bad in every test.
+constexpr std::uint8_t kNoMeasure = 0xFF;
+
+// One measurement; a failed transfer leaves the values of the one before.
+class Meter {
+ public:
+  Meter() { values_.fill(kNoMeasure); }
+  void Run(std::uint8_t step) {
+    SendTestSelect(step);
+    WaitMs(kSettleMs);
+    ReadTestMeasure(values_);
+    step_ = step;
+  }
+  std::uint8_t Value(std::uint8_t step, Measure measure) {
+    if (step != step_) Run(step);
+    return values_[measure];
+  }
+
+ private:
+  std::array<std::uint8_t, kMeasureCount> values_{};
+  std::uint8_t step_ = kFirstStep;
+};
+
+std::string MeasureAll() {
+  for (const std::uint16_t value : kSetUp) SendTestSet(value);
+  Meter meter;
+  meter.Run(kFirstStep);
+  const std::span<const TestRow> rows = TheAppState().HwFolder == kDacBoardFolder
+                                            ? std::span<const TestRow>(kWithDacBoard)
+                                            : std::span<const TestRow>(kWithoutDacBoard);
+  std::string report;
+  for (const TestRow& row : rows) {
+    const std::uint8_t value = meter.Value(row.step, row.measure);
+    report += row.heading;
+    report += value >= row.lowest && value <= row.highest ? row.goodText : row.badText;
+  }
+  return report;
+}
+
+}  // namespace
+
+void WriterTest() {
+  Operator& op = *TheMachine().op;
+  if (!op.Ask(" Are Disconnect Program Port Cable ? ", kBlankCaption, MessageIcon::Warning)) return;
+  FrontBufferArea();
+  ConfigureHexView();
+  SetReadyText("");
+  SetReadyText(MeasureAll());
+  op.Tell("Test Complete");
+  FrontHexView();
+  TheMachine().view->HexViewChanged();
+}
+
+}  // namespace pyxis

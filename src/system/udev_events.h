@@ -1,0 +1,38 @@
+// Coming and going of USB devices by udev.
+#pragma once
+
+#include <map>
+#include <memory>
+#include <optional>
+#include <string>
+
+#include "platform/device_events.h"
+
+struct udev;
+struct udev_monitor;
+
+namespace pyxis {
+
+// A udev event of subsystem usb as ours; nothing for what is neither a whole device nor its coming or going. The name
+// is the device's path, with the interface class in braces behind it for a device with the writer's numbers. They are
+// read from ID_VENDOR_ID and ID_MODEL_ID, else from PRODUCT ("7a31/1602/100"), which the kernel sends with removals
+// too.
+std::optional<DeviceEvent> EventOfUdev(const std::map<std::string, std::string>& properties);
+
+class UdevEvents : public DeviceEvents {
+ public:
+  // Listens to udev, or to the kernel on a machine where no udev runs. Without either there are no events.
+  UdevEvents();
+  std::vector<int> Descriptors() override;
+  std::vector<DeviceEvent> Take() override;
+
+ private:
+  struct Release {
+    void operator()(udev* handle) const;
+    void operator()(udev_monitor* monitor) const;
+  };
+  std::unique_ptr<udev, Release> udev_;
+  std::unique_ptr<udev_monitor, Release> monitor_;
+};
+
+}  // namespace pyxis

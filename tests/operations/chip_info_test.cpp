@@ -1,0 +1,163 @@
+#include "operations/chip_info.h"
+
+#include "intake/load_file.h"
+#include "intake/package_files.h"
+#include "link/identification.h"
+#include "operations/tasks.h"
+#include "platform/byte_order.h"
+#include "platform/machine.h"
+#include "platform/text.h"
+#include "shell/app_state.h"
+#include "support/standin_bench.h"
+#include "support/wire_log.h"
+
+namespace pyxis::test {
+namespace {
+
+using Texts = std::vector<std::string>;
+using Bytes = std::vector<std::uint8_t>;
+using Lines = std::array<std::string, 4>;
+
+class ChipInfo : public Bench {
+ protected:
+  ChipInfo() {
+    TheMachine().vendor = &vendor;
+    OpenTransport();
+    vendor.calls.clear();
+  }
+  static Bytes Block(std::uint8_t lengthUnit, std::uint8_t configKind, std::uint8_t chipClass, Bytes info) {
+    Bytes block(512, 0);
+    const std::string name = "QV8348";
+    std::copy(name.begin(), name.end(), block.begin());
+    block[30] = lengthUnit;
+    block[38] = configKind;
+    block[71] = chipClass;
+    std::copy(info.begin(), info.end(), block.begin() + 248);
+    return block;
+  }
+  void Hold(const Bytes& block) { std::copy(block.begin(), block.end(), TheAppState().WriterInfoBlock.begin()); }
+  VendorLog vendor;
+};
+
+TEST_F(ChipInfo, Opening) {
+  struct Case {
+    std::uint8_t lengthUnit, configKind;
+    Lines lines;
+    bool readEnabled;
+  };
+  for (const Case& c : {
+           Case{1, 0x10, {"Chip Name : ", "System Config : ", "Checksum : ", "ID : "}, true},
+           Case{0x10, 0, {"Chip Name : ", "System Config : ", "", ""}, true},
+           Case{1, 1, {"NO Support", "", "", ""}, false},
+           Case{0, 0x2F, {"NO Support", "", "", ""}, false},
+       }) {
+    Hold(Block(c.lengthUnit, c.configKind, 1, {}));
+    int runs = 0;
+    op.chipInfo = [&](CReadChipInfoDlg& dialog) {
+      ++runs;
+      EXPECT_EQ(dialog.lines, c.lines);
+      EXPECT_EQ(dialog.readEnabled, c.readEnabled);
+      EXPECT_TRUE(dialog.cancelEnabled);
+      return DialogEnd::Cancel;
+    };
+    OnReadChipInfo();
+    EXPECT_EQ(runs, 1);
+  }
+  EXPECT_TRUE(vendor.calls.empty());
+}
+
+TEST_F(ChipInfo, Lines) {
+  const Bytes info{0x0A, 0x5F, 0x01, 0x02, 0x00, 0xBC, 0xFF, 0x0E};
+  const Bytes notDual{0x1A, 0x5F, 0x01, 0x02, 0x00, 0xBC, 0xFF, 0x0E};
+  struct Case {
+    const char* why;
+    std::uint8_t lengthUnit, configKind, chipClass;
+    std::uint32_t dualSkip;
+    Bytes info;
+    Texts values;  // behind the captions
+  };
+  for (const Case& c : {
+           Case{"words", 1, 0, 1, 0, info, {"QV8348", "a5f", "ff0e", "bc"}},
+           Case{"one byte", 0x20, 0, 1, 0, info, {"QV8348", "a"}},
+           Case{"hidden configuration", 18, 0, 1, 0, info, {"QV8348", "NO Support", "ff0e", "bc"}},
+           Case{"bytes with checksum", 2, 0, 1, 0, info, {"QV8348", "a5f", "ff0e", "bc"}},
+           Case{"dual mode", 1, 0, 15, 0x200, info, {"QV8348", "a5f", "102", "bc"}},
+           Case{"flash has no dual mode", 1, 0, 16, 0x200, info, {"QV8348", "a5f", "ff0e", "bc"}},
+           Case{"chip not in dual mode", 1, 0, 15, 0x200, notDual, {"QV8348", "1a5f", "ff0e", "bc"}},
+           Case{"says nothing", 1, 1, 1, 0, info, {"QV8348", "", "", ""}},
+       }) {
+    SCOPED_TRACE(c.why);
+    Hold(Block(c.lengthUnit, c.configKind, c.chipClass, {}));
+    TheAppState().DualSkip = c.dualSkip;
+    vendor.calls.clear();
+    vendor.reads.assign(6, Bytes{3});  // the verdict doesn't matter
+    vendor.reads.push_back(Block(c.lengthUnit, c.configKind, c.chipClass, c.info));
+    CReadChipInfoDlg dialog(true);
+    dialog.OnInitDialog();
+    bool disabled = false;
+    dialog.Changed = [&] { disabled = disabled || (!dialog.readEnabled && !dialog.cancelEnabled); };
+    const std::uint32_t before = clock.tick;
+    dialog.OnRead();
+    EXPECT_GE(clock.tick - before, 1000U);
+    Lines wanted{"Chip Name : ", "System Config : ", "Checksum : ", "ID : "};
+    for (std::size_t i = 0; i < wanted.size(); ++i) wanted[i] = i < c.values.size() ? wanted[i] + c.values[i] : "";
+    EXPECT_EQ(dialog.lines, wanted);
+    EXPECT_TRUE(disabled && dialog.readEnabled && dialog.cancelEnabled);
+    EXPECT_EQ(vendor.calls.front(), "write 21: 16");
+    EXPECT_TRUE(op.told.empty());
+  }
+}
+
+class ChipInfoOnWriter : public StandinBench, public ::testing::WithParamInterface<Transport> {
+ protected:
+  ChipInfoOnWriter() : StandinBench(GetParam()) {
+    op.chipInfo = [this](CReadChipInfoDlg& dialog) {
+      dialog.OnRead();
+      lines = dialog.lines;
+      return DialogEnd::Cancel;
+    };
+  }
+  Lines lines;
+};
+
+TEST_P(ChipInfoOnWriter, ABurntChipTellsItsJob) {
+  // Chips with a configuration word, in dual mode too, and one with a configuration byte.
+  for (const std::string sample : {"QV8348", "QV8348_dual", "QV8121", "QVL09", "QVL04"}) {
+    SCOPED_TRACE(sample);
+    const std::string chip = sample.substr(0, sample.find('_'));
+    writer.chip = standin::Chip{};
+    LoadSample(chip);
+    if (sample != chip) {
+      op.files = {Path("samples/" + sample + ".hex")};
+      OnLoadFile();
+      ASSERT_EQ(TheAppState().DualSkip, 0x200U);
+    }
+    const Bytes package = Contents(kOptionPackageName);
+    OnAuto();
+    OnReadChipInfo();
+    const bool byteOnly = chip == "QVL04";
+    EXPECT_EQ(lines[0], "Chip Name : " + chip);
+    EXPECT_EQ(lines[1], Printf("System Config : %x", byteOnly ? package[36] : package[36] * 256 + package[37]));
+    EXPECT_EQ(lines[2], byteOnly ? "" : Printf("Checksum : %x", TheAppState().ImageChecksum));
+    TheAppState().DualSkip = 0;
+  }
+}
+
+TEST_P(ChipInfoOnWriter, AnotherChipIsNotTheLastOne) {
+  LoadSample("QV8348");
+  OnAuto();
+  OnReadChipInfo();
+  const Lines burnt = lines;
+  writer.chip.state = standin::ChipState::Missing;
+  OnReadChipInfo();
+  EXPECT_EQ(lines[1], "System Config : ffff");
+  EXPECT_NE(lines[2], burnt[2]);
+  usb.pluggedIn = vendor.pluggedIn = false;
+  OnReadChipInfo();
+  EXPECT_EQ(lines[1], "System Config : 0");
+}
+
+INSTANTIATE_TEST_SUITE_P(BothTransports, ChipInfoOnWriter, ::testing::Values(Transport::Usb, Transport::Vendor));
+
+}  // namespace
+}  // namespace pyxis::test

@@ -1,0 +1,176 @@
+#include "platform/device_events.h"
+
+#include <poll.h>
+#include <signal.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <memory>
+
+#include "standin/local_server.h"
+#include "support/bench.h"
+#include "system/local_writer_events.h"
+#include "system/udev_events.h"
+
+namespace pyxis::test {
+namespace {
+
+TEST(UdevEvents, CarryTheClassForTheWritersNumbersOnly) {
+  const char *const arrival = "arrival", *const removal = "removal";
+  const std::string named = "/devices/usb1/1-2#{6580898b-0493-40b6-87aa-d307188d4e24}", bare = "/devices/usb1/1-2";
+  struct Case {
+    const char* what;
+    std::map<std::string, std::string> properties;
+    const char* kind;
+    std::string name;
+  };
+  for (const Case& c : {
+           Case{"the writer, by udev",
+                {{"ACTION", "add"}, {"DEVTYPE", "usb_device"}, {"ID_VENDOR_ID", "7a31"}, {"ID_MODEL_ID", "1602"}},
+                arrival,
+                named},
+           Case{"the writer, by the kernel",
+                {{"ACTION", "add"}, {"DEVTYPE", "usb_device"}, {"PRODUCT", "7a31/1602/100"}},
+                arrival,
+                named},
+           Case{"its going",
+                {{"ACTION", "remove"}, {"DEVTYPE", "usb_device"}, {"PRODUCT", "7A31/1602/0"}},
+                removal,
+                named},
+           Case{"another product",
+                {{"ACTION", "add"}, {"DEVTYPE", "usb_device"}, {"PRODUCT", "7a31/1603/100"}},
+                arrival,
+                bare},
+           Case{"longer numbers",
+                {{"ACTION", "add"}, {"DEVTYPE", "usb_device"}, {"PRODUCT", "17a31/1602/100"}},
+                arrival,
+                bare},
+           Case{"numbers and more",
+                {{"ACTION", "add"}, {"DEVTYPE", "usb_device"}, {"PRODUCT", "7a31/1602x"}},
+                arrival,
+                bare},
+           Case{"half of the numbers",
+                {{"ACTION", "remove"}, {"DEVTYPE", "usb_device"}, {"PRODUCT", "7a31"}},
+                removal,
+                bare},
+           Case{"no numbers", {{"ACTION", "remove"}, {"DEVTYPE", "usb_device"}}, removal, bare},
+           Case{"an interface of the writer",
+                {{"ACTION", "add"}, {"DEVTYPE", "usb_interface"}, {"PRODUCT", "7a31/1602/100"}},
+                "",
+                ""},
+           Case{
+               "a driver found", {{"ACTION", "bind"}, {"DEVTYPE", "usb_device"}, {"PRODUCT", "7a31/1602/100"}}, "", ""},
+           Case{"nothing", {}, "", ""},
+       }) {
+    SCOPED_TRACE(c.what);
+    auto properties = c.properties;
+    properties["DEVPATH"] = bare;
+    const auto event = EventOfUdev(properties);
+    ASSERT_EQ(event.has_value(), *c.kind != '\0');
+    if (!event) continue;
+    EXPECT_EQ(event->kind == DeviceEvent::Kind::Arrival ? arrival : removal, std::string(c.kind));
+    EXPECT_EQ(event->deviceName, c.name);
+  }
+}
+
+TEST(UdevEvents, AreNoneAtRest) { EXPECT_TRUE(UdevEvents().Take().empty()); }
+
+class LocalWriter : public Bench {
+ protected:
+  // "+" for an arrival and "-" for a removal; each carries the interface class.
+  std::string News(LocalWriterEvents& events) {
+    std::string news;
+    const bool waits = IsReady(events);
+    for (const DeviceEvent& event : events.Take()) {
+      EXPECT_NE(event.deviceName.find("{6580898b-0493-40b6-87aa-d307188d4e24}"), std::string::npos);
+      news += event.kind == DeviceEvent::Kind::Arrival ? "+" : "-";
+    }
+    EXPECT_TRUE(waits || news.empty()) << "the main loop would not have woken";
+    EXPECT_FALSE(IsReady(events)) << "the main loop would spin";
+    return news;
+  }
+  static bool IsReady(LocalWriterEvents& events) {
+    pollfd wait{events.Descriptors().at(0), POLLIN, 0};
+    return poll(&wait, 1, 0) > 0;
+  }
+  std::unique_ptr<standin::LocalServer> Start() {
+    return std::make_unique<standin::LocalServer>(writer, Path("w.sock"));
+  }
+
+  standin::WriterModel writer;
+};
+
+TEST_F(LocalWriter, ComesAndGoes) {
+  LocalWriterEvents events(Path("w.sock"));
+  Write("another.sock", {});
+  EXPECT_EQ(News(events), "");
+  auto server = Start();
+  ASSERT_TRUE(server->Listening());
+  EXPECT_EQ(News(events), "+");
+  server->Serve(0);
+  EXPECT_EQ(News(events), "");
+  server.reset();
+  EXPECT_FALSE(std::filesystem::exists(Path("w.sock")));
+  EXPECT_EQ(News(events), "-");
+  server = Start();
+  server.reset();
+  server = Start();
+  EXPECT_EQ(News(events), "+");
+  server.reset();
+  server = Start();
+  EXPECT_EQ(News(events), "-+");
+}
+
+TEST_F(LocalWriter, ThatIsThereAlreadyOnlyGoes) {
+  auto server = Start();
+  LocalWriterEvents events(Path("w.sock"));
+  EXPECT_EQ(News(events), "");
+  server.reset();
+  EXPECT_EQ(News(events), "-");
+}
+
+TEST_F(LocalWriter, ThatIsKilledGoesAndItsSocketIsReplaced) {
+  LocalWriterEvents events(Path("w.sock"));
+  int ready[2];
+  ASSERT_EQ(pipe(ready), 0);
+  const pid_t child = fork();
+  if (child == 0) {
+    auto server = Start();
+    if (write(ready[1], "x", 1) != 1) _exit(1);
+    for (;;) server->Serve(1000);
+  }
+  char byte = 0;
+  ASSERT_EQ(read(ready[0], &byte, 1), 1);
+  EXPECT_EQ(News(events), "+");
+  kill(child, SIGKILL);
+  waitpid(child, nullptr, 0);
+  EXPECT_TRUE(std::filesystem::exists(Path("w.sock")));
+  EXPECT_EQ(News(events), "-");
+  LocalWriterEvents late(Path("w.sock"));
+  EXPECT_EQ(News(late), "");
+  auto server = Start();
+  ASSERT_TRUE(server->Listening());
+  EXPECT_EQ(News(events), "+");
+  EXPECT_EQ(News(late), "+");
+  close(ready[0]);
+  close(ready[1]);
+}
+
+TEST_F(LocalWriter, ThatTookTheNameKeepsIt) {
+  auto first = Start();
+  auto second = Start();
+  LocalWriterEvents events(Path("w.sock"));
+  first.reset();
+  EXPECT_TRUE(std::filesystem::exists(Path("w.sock")));
+  EXPECT_EQ(News(events), "");
+}
+
+TEST_F(LocalWriter, WithoutADirectoryHasNoEvents) {
+  EXPECT_TRUE(LocalWriterEvents(Path("none/w.sock")).Descriptors().empty());
+  EXPECT_TRUE(LocalWriterEvents(Path("none/w.sock")).Take().empty());
+  EXPECT_FALSE(standin::LocalServer(writer, Path("none/w.sock")).Listening());
+  EXPECT_FALSE(standin::LocalServer(writer, Path(std::string(100, 'x'))).Listening());
+}
+
+}  // namespace
+}  // namespace pyxis::test
