@@ -4,6 +4,8 @@
 #include <QTest>
 
 #include "catalogue/ic_select.h"
+#include "operations/chip_info.h"
+#include "operations/compare_file.h"
 #include "options/option_select.h"
 #include "options/smart_option_dlg.h"
 #include "options/tin_file.h"
@@ -15,6 +17,8 @@
 #include "shell/app_state.h"
 #include "shell/main_controls.h"
 #include "ui/about_window.h"
+#include "ui/chip_info_window.h"
+#include "ui/download_info_window.h"
 #include "ui/goto_address_window.h"
 #include "ui/ic_select_window.h"
 #include "ui/option_select_window.h"
@@ -62,6 +66,9 @@ void EveryWindow::ForEach(const std::function<void(QWidget&, const std::string&)
   dialog(ui::OptionSelectWindow(optionSelect, window.get()), "option_select");
   CGotoAddressDlg gotoAddress;
   dialog(ui::GotoAddressWindow(gotoAddress, window.get()), "goto_address");
+  ReadTinFile(Path("tin/QV8348.tin"));
+  CSmartOptionDlg smartOption;
+  dialog(ui::SmartOptionWindow(smartOption, window.get()), "smart_option");
   TheSnRecord().SnStartText = "0123456789ABCDEF0123456789ABCDEF";
   CSnSetDlg snSet(false, false, false);
   snSet.OnInitDialog();
@@ -69,9 +76,11 @@ void EveryWindow::ForEach(const std::function<void(QWidget&, const std::string&)
   CSnProgramDlg snProgram(false);
   snProgram.OnInitDialog();
   dialog(ui::SnProgramWindow(snProgram, window.get()), "serial_number_program");
-  ReadTinFile(Path("tin/QV8348.tin"));
-  CSmartOptionDlg smartOption;
-  dialog(ui::SmartOptionWindow(smartOption, window.get()), "smart_option");
+  CReadChipInfoDlg chipInfo(true);
+  chipInfo.OnInitDialog();
+  dialog(ui::ChipInfoWindow(chipInfo, window.get()), "read_chip_info");
+  CDownloadInfoDlg downloadInfo("Chip Name : QVL04", "Download File Time :2015/12/31_23:59:59");
+  dialog(ui::DownloadInfoWindow(downloadInfo, window.get()), "compare_file");
   dialog(ui::AboutWindow(window.get()), "about");
 }
 

@@ -86,7 +86,7 @@ TEST_F(HexView, WidthGivesTheLineLengthAndTheProfileKeepsIt) {
   EXPECT_EQ(view.m_lpr, 12U);
   for (const int odd : {-7, 0x7FFFFFFF}) {
     profile.values[kProfile] = odd;
-    Open(100);
+    view.SetSize(100);
     EXPECT_EQ(view.m_lpr, odd < 0 ? 1U : 4096U);
   }
 }
