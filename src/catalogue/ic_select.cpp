@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <charconv>
+#include <limits>
 #include <optional>
 #include <string_view>
 
@@ -38,12 +39,13 @@ bool Holds(const List& list, const Value& value) {
 
 void ClearAndDisable(CIcSelectDlg::CheckBox& box) { box = {.enabled = false, .checked = false}; }
 
-// A whole number and nothing else; nothing for any other text.
+// A whole number and nothing else; nothing for any other text. One that is too large is the largest.
 std::optional<std::int32_t> ParseLimit(std::string_view text) {
   std::int32_t value = 0;
   const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), value);
-  if (error != std::errc() || end != text.data() + text.size()) return std::nullopt;
-  return value;
+  if (end != text.data() + text.size()) return std::nullopt;
+  if (error == std::errc::result_out_of_range) return std::numeric_limits<std::int32_t>::max();
+  return error == std::errc() ? std::optional(value) : std::nullopt;
 }
 
 }  // namespace

@@ -138,6 +138,7 @@ void OnLoadFile() {
   if (!path) {
     FrontHexView();
     EmptyLoadedFile();
+    SetControlText(ControlId::FileField, "");
     TheMachine().view->HexViewChanged();
     return;
   }

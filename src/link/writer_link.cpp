@@ -39,7 +39,9 @@ bool OpenFirstWriter() {
   return false;
 }
 
+// The device is claimed by one handle at a time, so one that is still open goes first.
 bool OpenLibusb() {
+  CloseLibusb();
   if (!OpenFirstWriter()) return false;
   if (Usb().SetConfiguration(theWriterLink.LibusbHandle, kConfiguration) < 0) {
     Diagnose("error setting config #%d: %s\n", kConfiguration, Usb().Error().c_str());

@@ -30,7 +30,7 @@ constexpr int kDone = 101;
 }  // namespace bar
 
 void ShowVendorStep(int position) {
-  if (TheAppState().UseVendorApi != 0) SetProgressPosition(position);
+  if (TheAppState().UseVendorApi != 0) ShowTransferStep(position);
 }
 
 }  // namespace
@@ -74,6 +74,7 @@ bool RewriteOptionArea(const std::string& path) {
 
 void DownloadPackages() {
   Operator& op = *TheMachine().op;
+  if (TheAppState().UseVendorApi != 0) SetProgressRange(0, kTransferSteps);
   ShowVendorStep(bar::kStart);
   StartTask(task::kOpenPackageLoad);
   SendControl(control::kBeginLoad);

@@ -62,19 +62,20 @@ bool LoadOverFrames(const std::string& path, bool sendStartByte, const std::vect
 }
 
 bool LoadOverVendor(const std::string& path, bool sendStartByte, const std::vector<std::uint8_t>& image) {
-  SetProgressPosition(bar::kStart);
+  SetProgressRange(0, kTransferSteps);
+  ShowTransferStep(bar::kStart);
   if (sendStartByte) StartTask(task::kOpenFirmwareLoad);
   SetWriterMode(mode::kMemory);
   SetAddressZero();
-  SetProgressPosition(bar::kAddressed);
+  ShowTransferStep(bar::kAddressed);
   WriteCommand(OP_WRITE_MEMORY, image);
-  SetProgressPosition(bar::kSent);
+  ShowTransferStep(bar::kSent);
   SetAddressZero();
   std::vector<std::uint8_t> received(kFirmwareImageSize);
   ReadCommand(OP_READ_MEMORY, received);
   const bool good = ReadImage(path) == received;
   CloseLoad();
-  if (good) SetProgressPosition(bar::kDone);
+  if (good) ShowTransferStep(bar::kDone);
   return good;
 }
 

@@ -102,6 +102,11 @@ void OnSetProtect() {
   AppState& app = TheAppState();
   ReadInfoBlock(app.WriterInfoBlock);
   const ChipEntry& row = Row(app.SeriesIndex, app.TypeIndex);
+  // After a start on a job whose IC isn't found by its bare name the row is another IC's, and so would be the bit.
+  if (!EqualsNoCase(row.ChipName, app.SelectedChip)) {
+    TheMachine().op->Tell("HW and SW Chip Name is discordant", kMessageCaption, MessageIcon::Warning);
+    return;
+  }
   COptionSelectDlg dialog;
   dialog.choice[COptionSelectDlg::Mode] = dialog.choice[COptionSelectDlg::Clock] = -1;
   dialog.OnInitDialog();

@@ -28,7 +28,8 @@ struct FileCloser {
 };
 using File = std::unique_ptr<std::FILE, FileCloser>;
 
-// fopen on the resolved path; a null File when it fails or when the path is a directory.
+// fopen on the resolved path; a null File when it fails, when the path is no plain file (a directory, a pipe, a device)
+// or when the file is larger than 256 MiB.
 File OpenFile(const std::string& name, const char* mode);
 
 // The whole file, or nothing when it can't be opened or read.

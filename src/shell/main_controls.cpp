@@ -69,6 +69,11 @@ void ClearStatusText() {
   Changed();
 }
 
+void ShowTransferStep(int position) {
+  SetProgressPosition(position);
+  PumpPaint();
+}
+
 void DisableOperations() {
   for (ControlId id : {ControlId::Auto, ControlId::BlankCheck, ControlId::Program, ControlId::Verify, ControlId::Read,
                        ControlId::SmartOption})

@@ -75,6 +75,10 @@ void SetProgressRange(int low, int high);
 void SetProgressPosition(int position);
 void ClearStatusText();  // pane 0
 
+// With velmarapi a transfer drives the bar by fixed positions, on a range that ends here; each shows at once.
+inline constexpr int kTransferSteps = 100;
+void ShowTransferStep(int position);
+
 // Around a run: grey Auto, Blank check, Program, Verify, Read and Smart Option, and bring back those that the modes
 // allow.
 void DisableOperations();

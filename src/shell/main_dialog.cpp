@@ -161,6 +161,11 @@ void CPyxisLoadDlg::OnMouseMove(int x, int y) {
   TheMachine().view->ControlsChanged();
 }
 
+void CPyxisLoadDlg::OnMenuPrompt(const std::string& prompt) {
+  TheMainControls().statusBar.pane0 = prompt;
+  TheMachine().view->ControlsChanged();
+}
+
 bool CPyxisLoadDlg::DropsMousePress() const { return TheAppState().TransferBusy != 0; }
 
 bool CPyxisLoadDlg::OnSysClose() { return AskExit(); }

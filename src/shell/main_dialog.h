@@ -23,6 +23,8 @@ class CPyxisLoadDlg {
 
   // The mouse over the dialog itself, in client pixels.
   void OnMouseMove(int x, int y);
+  // The prompt of the menu entry under the mouse; empty when there is none.
+  void OnMenuPrompt(const std::string& prompt);
   // Whether a press of a mouse button on the dialog itself is dropped.
   bool DropsMousePress() const;
 

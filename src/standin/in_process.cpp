@@ -32,7 +32,9 @@ int StandinUsbHost::SetConfiguration(Handle handle, int configuration) {
 }
 
 int StandinUsbHost::ClaimInterface(Handle handle, int interface) {
-  return pluggedIn && handle == this && interface == 0 ? 0 : kError;
+  if (!pluggedIn || handle != this || interface != 0 || claimed_) return kError;
+  claimed_ = true;
+  return 0;
 }
 
 int StandinUsbHost::BulkWrite(Handle handle, int endpoint, const std::uint8_t* data, int count, int) {

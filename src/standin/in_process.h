@@ -19,10 +19,11 @@ class StandinUsbHost : public UsbHost {
   int ClaimInterface(Handle handle, int interface) override;
   int BulkWrite(Handle handle, int endpoint, const std::uint8_t* data, int count, int timeout) override;
   int BulkRead(Handle handle, int endpoint, std::uint8_t* data, int count, int timeout) override;
-  void Close(Handle) override {}
+  void Close(Handle) override { claimed_ = false; }
   std::string Error() override { return "stand-in writer: transfer error"; }
 
  private:
+  bool claimed_ = false;  // by one handle at a time, as a kernel has it
   FrameDoor door_;
 };
 

@@ -16,6 +16,15 @@ namespace pyxis {
 
 namespace {
 
+// No program file, package or image comes near it.
+constexpr off_t kLargestFile = off_t{256} << 20;
+
+// What is there and no file: a directory, or a pipe that would block.
+bool IsNoFile(const std::string& path) {
+  struct stat info {};
+  return ::stat(path.c_str(), &info) == 0 && !S_ISREG(info.st_mode);
+}
+
 bool Exists(const std::string& path) {
   struct stat info {};
   return ::stat(path.c_str(), &info) == 0;
@@ -61,10 +70,10 @@ std::string ResolvePath(const std::string& name) {
 
 File OpenFile(const std::string& name, const char* mode) {
   const std::string path = ResolvePath(name);
+  if (IsNoFile(path)) return nullptr;
   File file(std::fopen(path.c_str(), mode));
-  if (!file) return nullptr;
   struct stat info {};
-  if (::fstat(fileno(file.get()), &info) != 0 || S_ISDIR(info.st_mode)) return nullptr;
+  if (!file || ::fstat(fileno(file.get()), &info) != 0 || info.st_size > kLargestFile) return nullptr;
   return file;
 }
 
@@ -103,6 +112,9 @@ bool CloseFile(File file) {
 
 ReplacedFile::ReplacedFile(const std::string& name) {
   descriptor_ = ::open(ResolvePath(name).c_str(), O_RDWR | O_CREAT | O_CLOEXEC, 0666);
+  struct stat info {};
+  // A pipe that nobody reads would take some bytes and then block.
+  if (descriptor_ >= 0 && ::fstat(descriptor_, &info) == 0 && S_ISFIFO(info.st_mode)) Close(true);
 }
 
 ReplacedFile::~ReplacedFile() { Close(false); }

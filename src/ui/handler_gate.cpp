@@ -7,6 +7,7 @@ namespace pyxis::ui {
 void HandlerGate::Run(const std::function<void()>& handler) {
   if (busy_) return;
   busy_ = true;
+  Starting();
   handler();
   QCoreApplication::processEvents();
   busy_ = false;

@@ -12,7 +12,8 @@ class HandlerGate {
   // Runs the handler to its end; does nothing when one is running already. What the operator did meanwhile is taken out
   // of the queue then: a click that was made while one chip was under work is no click for the next one.
   void Run(const std::function<void()>& handler);
-  // Called after each handler.
+  // Called before and after each handler.
+  std::function<void()> Starting = [] {};
   std::function<void()> Idle = [] {};
 
  private:

@@ -205,7 +205,7 @@ void HexViewWidget::keyPressEvent(QKeyEvent* event) {
     view_.OnKeyDown(*key, modifiers);
   } else if (modifiers.control && event->key() == Qt::Key_G) {
     GotoAsked();
-  } else {
+  } else if (event->key() != Qt::Key_Delete && event->key() != Qt::Key_Escape) {  // keys, though Qt gives them texts
     for (const char32_t character : event->text().toUcs4()) view_.OnChar(character, modifiers);
   }
   event->accept();

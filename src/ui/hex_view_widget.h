@@ -49,7 +49,6 @@ class HexViewWidget : public QAbstractScrollArea {
   std::unique_ptr<HexGlyphs> glyphs_;
   QPoint pressedAt_;
   int wheelRest_ = 0;
-  bool syncing_ = false;
 };
 
 }  // namespace pyxis::ui

@@ -110,16 +110,16 @@ QLayout* IcSelectWindow::MakeChosen() {
 }
 
 QLayout* IcSelectWindow::MakeChoices() {
-  const auto check = [this](const char* caption, void (CIcSelectDlg::*changed)(bool)) {
+  const auto check = [this](const char* caption, auto changed) {
     auto* box = new QCheckBox(QString::fromLatin1(caption), this);
-    connect(box, &QCheckBox::clicked, this, [this, changed](bool checked) { (dialog_.*changed)(checked); });
+    connect(box, &QCheckBox::clicked, this, changed);
     return box;
   };
-  displaySerial_ = check("&Display Serial Number", &CIcSelectDlg::OnDisplaySerial);
-  exhvIsp_ = check("&EXHV ISP program", &CIcSelectDlg::OnExhvIsp);
-  isp_ = check("&ISP program", &CIcSelectDlg::OnIsp);
-  massProduction_ = check("&Mass Production Mode", &CIcSelectDlg::OnMassProduction);
-  productionLimit_ = check("Production &Limit :", &CIcSelectDlg::OnProductionLimit);
+  displaySerial_ = check("&Display Serial Number", [this](bool checked) { dialog_.OnDisplaySerial(checked); });
+  exhvIsp_ = check("&EXHV ISP program", [this](bool checked) { dialog_.OnExhvIsp(checked); });
+  isp_ = check("&ISP program", [this](bool checked) { dialog_.OnIsp(checked); });
+  massProduction_ = check("&Mass Production Mode", [this](bool checked) { dialog_.OnMassProduction(checked); });
+  productionLimit_ = check("Production &Limit :", [this](bool checked) { dialog_.OnProductionLimit(checked); });
   limit_ = new QLineEdit(this);
   limit_->setAccessibleName(QStringLiteral("Production Limit"));
   limit_->setFixedWidth(kLimitWidth * limit_->fontMetrics().horizontalAdvance(QLatin1Char('0')));

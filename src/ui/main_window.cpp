@@ -4,6 +4,7 @@
 #include <QCloseEvent>
 #include <QMenuBar>
 #include <QScreen>
+#include <QStatusTipEvent>
 
 #include "serial/sn_run.h"
 #include "ui/device_watch.h"
@@ -34,8 +35,11 @@ MainWindow::MainWindow() : panel_(new MainPanel(this)), statusBar_(new ProgressS
   panel_->DropsMousePress = [this] { return dialog_.DropsMousePress(); };
   panel_->Hex().GotoAsked = [this] { gate_.Run([] { OnGotoAddress(TheHexView()); }); };
   resize(kSize.boundedTo(screen()->availableSize() * 9 / 10));
+  gate_.Starting = [this] { worked_ = focusWidget(); };
   gate_.Idle = [this] {
     Sync();
+    // A button that was greyed for a while has lost the focus; Enter shall find it for the next chip.
+    if (worked_ != nullptr && worked_->isEnabled()) worked_->setFocus();
     if (closeAsked_) return CloseSoon();
     if (watch_ != nullptr) watch_->Deliver();
   };
@@ -80,7 +84,7 @@ void MainWindow::SnProgressChanged() {
 
 void MainWindow::ProgressChanged() {
   const bool hides = statusBar_->ShowsProgress() != TheMainControls().statusBar.progressVisible;
-  if (!hides && sinceProgress_.elapsed() < kProgressMs) return SyncSoon();
+  if (!hides && sinceProgress_.elapsed() < kProgressMs) return ControlsChanged();
   sinceProgress_.restart();
   statusBar_->Sync();
   statusBar_->repaint();
@@ -143,6 +147,13 @@ void MainWindow::EnableMainWindow(bool enabled) {
   if (!enabled) focused_ = focusWidget();
   setEnabled(enabled);
   if (enabled && focused_ != nullptr) focused_->setFocus();
+}
+
+// A menu entry's prompt shows in pane 0, like the other texts of the status bar.
+bool MainWindow::event(QEvent* event) {
+  if (event->type() != QEvent::StatusTip) return QMainWindow::event(event);
+  dialog_.OnMenuPrompt(ToText(static_cast<QStatusTipEvent*>(event)->tip()));
+  return true;
 }
 
 void MainWindow::closeEvent(QCloseEvent* event) {

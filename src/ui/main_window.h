@@ -42,6 +42,7 @@ class MainWindow : public QMainWindow, public MainView {
 
  protected:
   void closeEvent(QCloseEvent* event) override;
+  bool event(QEvent* event) override;
 
  private:
   void Sync();
@@ -56,6 +57,7 @@ class MainWindow : public QMainWindow, public MainView {
   DeviceWatch* watch_ = nullptr;
   SnProgramWindow* snProgress_ = nullptr;
   QPointer<QWidget> focused_;  // before the window was disabled
+  QPointer<QWidget> worked_;   // had the focus when a handler started
   QElapsedTimer sinceProgress_, sinceRepaint_;
   bool dirty_ = true;
   bool syncPosted_ = false;

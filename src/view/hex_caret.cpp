@@ -68,8 +68,8 @@ bool CMiniHexEditView::HitTest(int x, int y) {
   const int column = (x + CharWidth) / CharWidth;
   if (y < 0 || row > LinesPerPage || row * LineBytes() > DataLength()) return false;
   if (!HitAddress(row, column) && !HitHex(row, column) && !HitAscii(row, column)) return false;
-  if (CurrentOffset >= DataLength()) {
-    CurrentOffset = DataLength() - 1;
+  if (CurrentOffset < 0 || CurrentOffset >= DataLength()) {
+    CurrentOffset = std::clamp(CurrentOffset, 0, DataLength() - 1);
     PlaceCaret();
   }
   return true;

@@ -58,6 +58,7 @@ void CMiniHexEditView::KeepInside() {
 
 void CMiniHexEditView::Measure(int charWidth, int lineHeight) {
   if (LineHeight == 0) LineHeight = lineHeight;
+  if (CharWidth != charWidth) Recalc = true;
   CharWidth = charWidth;
 }
 

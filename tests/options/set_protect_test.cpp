@@ -80,6 +80,17 @@ TEST_F(SetProtect, CancelSendsNothing) {
   EXPECT_EQ(writer.OptionArea(), before);
 }
 
+// A job whose IC isn't found by its bare name leaves another IC's row selected.
+TEST_F(SetProtect, AnotherIcsRowChangesNothing) {
+  LoadSample("QV8348");
+  const Bytes before = writer.OptionArea();
+  TheAppState().SelectedChip = "QV8305";
+  op.told.clear();
+  OnSetProtect();
+  EXPECT_EQ(op.Texts(), std::vector<std::string>{"HW and SW Chip Name is discordant"});
+  EXPECT_EQ(writer.OptionArea(), before);
+}
+
 class Selection : public StandinBench {};
 
 TEST_F(Selection, OkTakesEverythingOver) {

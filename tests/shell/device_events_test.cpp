@@ -92,6 +92,8 @@ TEST_F(UsbEvents, PulledOutAndPutBack) {
   OnDeviceEvent(kWriterCame);
   EXPECT_EQ(TheAppState().WriterConnected, 1U);
   EXPECT_EQ(TheMainControls().statusBar.pane1, "PYX STANDALONE LOADER");
+  OnDeviceEvent(kWriterCame);  // told twice: the device can be claimed once
+  EXPECT_EQ(TheAppState().WriterConnected, 1U);
   EXPECT_TRUE(TheMainControls()[ControlId::Auto].enabled);
   EXPECT_EQ(TheMainControls().title, "PyxisLoad  QV8348  ");
   EXPECT_TRUE(MenuEnabled(MenuEntry::LoadFile));

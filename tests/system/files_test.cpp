@@ -1,3 +1,5 @@
+#include <sys/stat.h>
+
 #include "platform/files.h"
 
 #include "platform/language.h"
@@ -31,6 +33,15 @@ TEST_F(Files, DirectoriesAndMissingFilesDontOpen) {
   EXPECT_FALSE(WriteWholeFile(Path("none/x"), {}));
   EXPECT_TRUE(WriteWholeFile(Path("empty"), {}));
   EXPECT_TRUE(ReadWholeFile(Path("empty"))->empty());
+}
+
+TEST_F(Files, PipesAndHugeFilesDontOpen) {
+  ASSERT_EQ(mkfifo(Path("pipe").c_str(), 0600), 0);
+  for (const char* mode : {"rb", "r+b", "wb"}) EXPECT_FALSE(OpenFile(Path("pipe"), mode)) << mode;
+  EXPECT_FALSE(WriteWholeFile(Path("pipe"), std::vector<std::uint8_t>(100000)));
+  Write("huge", {});
+  std::filesystem::resize_file(folder / "huge", std::uintmax_t{1} << 40);
+  EXPECT_FALSE(ReadWholeFile(Path("huge")));
 }
 
 TEST_F(Files, AFullDiskShows) {

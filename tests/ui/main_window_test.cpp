@@ -104,6 +104,7 @@ TEST_F(MainWindowTest, FromDeviceToAutoOk) {
 
   Press(*window, "Auto");
   EXPECT_EQ(seen.back(), "Auto OK");
+  EXPECT_TRUE(Find(*window, "Auto").hasFocus());  // Enter does the next chip
   EXPECT_FALSE(Find(*window, "Progress").isVisible());
 }
 
@@ -136,7 +137,7 @@ TEST_F(MainWindowTest, OnlyPaintsPassDuringAnOperation) {
   LoadSampleBefore();
   Open();
   int timers = 0, posted = 0;
-  QTimer::singleShot(0, [&] { ++timers; });
+  QTimer::singleShot(0, window.get(), [&] { ++timers; });
   QMetaObject::invokeMethod(
       window.get(), [&] { ++posted; }, Qt::QueuedConnection);
   QCoreApplication::postEvent(&Find(*window, "Auto"), new QKeyEvent(QEvent::KeyPress, Qt::Key_Space, Qt::NoModifier));

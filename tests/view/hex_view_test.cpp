@@ -187,6 +187,13 @@ TEST_F(HexView, HitTest) {
     Click(cell, row);
     EXPECT_EQ(view.CurrentOffset, 0) << cell << " " << row;
   }
+  view.Measure(2 * kWidth, kHeight);  // another screen: the columns stand where they stood until the next paint
+  view.ShowAddress = false;
+  for (int cell = 0; cell < 80; ++cell) {
+    Click(cell, 0);
+    EXPECT_GE(view.CurrentOffset, 0);
+  }
+  ConfigureHexView();
   Open(5);
   Click(9 + 3 * 9, 0);  // behind the data: the last byte
   EXPECT_EQ(view.CurrentOffset, 4);
