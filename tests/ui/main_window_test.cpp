@@ -104,7 +104,7 @@ TEST_F(MainWindowTest, FromDeviceToAutoOk) {
 
   Press(*window, "Auto");
   EXPECT_EQ(seen.back(), "Auto OK");
-  EXPECT_TRUE(Find(*window, "Auto").hasFocus());  // Enter does the next chip
+  EXPECT_EQ(window->focusWidget(), &Find(*window, "Auto"));  // Enter does the next chip
   EXPECT_FALSE(Find(*window, "Progress").isVisible());
 }
 
