@@ -5,6 +5,7 @@
 #include <nlohmann/json.hpp>
 #include <sstream>
 
+#include "intake/package_files.h"
 #include "job.h"
 #include "link/identification.h"
 #include "operations/chip_info.h"
@@ -71,7 +72,10 @@ void Read(Job& job, const ChipOptions& chip) {
     Report(job, "read", false);
   } else {
     OnRead();
-    Report(job, "read", job.op.messages.back() == "Read OK", {{"loaded_file", TheAppState().LoadedFilePath}});
+    // A writer that couldn't be told the IC has read something else.
+    const AppState& app = TheAppState();
+    const bool good = job.op.messages == Lines{"Read OK"} && ChipNameOf(app.WriterInfoBlock) == app.SelectedChip;
+    Report(job, "read", good, {{"loaded_file", app.LoadedFilePath}});
   }
   CloseTransport();
 }

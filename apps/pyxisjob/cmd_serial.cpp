@@ -47,8 +47,10 @@ constexpr FieldRow kFields[] = {{"--length", &SerialArguments::length, CSnSetDlg
 
 void Refuse(Job& job, const std::string& text) { job.op.Tell(text, kMessageCaption, MessageIcon::Warning); }
 
-// Whether the dialog's field lets the text in as it stands.
+// Whether the dialog's field lets the text in as it stands. An empty one is no number: a script's unset variable must
+// not begin a series at 0.
 bool FieldTakes(const FieldRow& field, const std::string& text) {
+  if (WithoutPrefix(text).empty()) return false;
   CNumericEdit edit;
   edit.maxLength = field.limit;
   for (const char c : text) edit.TypeCharacter(static_cast<unsigned char>(c));
@@ -80,16 +82,19 @@ void PrintChip(const Job& job, std::uint32_t chip, const std::string& serial, bo
   }
 }
 
-// How many chips to put through: as many as there are serials, unless told otherwise.
+// How many chips to put through, unless told otherwise: as many as there are serials when each chip is waited for, else
+// the one in the socket.
 std::uint32_t ChipsOf(const SerialArguments& given) {
   if (given.chips != 0) return given.chips;
+  if (!given.wait) return 1;
   const std::string& amount = TheSnRecord().SnAmountText;
   return amount.size() > 8 ? kMostChips : static_cast<std::uint32_t>(std::strtoul(amount.c_str(), nullptr, 16));
 }
 
 unsigned long Count(const std::string& hex) { return std::strtoul(hex.c_str(), nullptr, 16); }
 
-// One press a chip, to the end of the run or of the chips. True when every chip is good.
+// One press a chip, to the end of the run or of the chips. True when every chip is good, and there were as many as asked
+// for or as there are serials.
 bool PressThrough(const Job& job, const SerialArguments& given, CSnProgramDlg& dialog) {
   const std::uint32_t chips = ChipsOf(given);
   std::string line;
@@ -102,7 +107,8 @@ bool PressThrough(const Job& job, const SerialArguments& given, CSnProgramDlg& d
     PrintChip(job, chip, serial, dialog.okText != okBefore);
     if (chip == kMostChips) break;
   }
-  return dialog.ngText == "0" && dialog.okText != "0";
+  const bool enough = given.chips == 0 || !dialog.snProgramEnabled || chip > chips || chip == kMostChips;
+  return dialog.ngText == "0" && dialog.okText != "0" && enough;
 }
 
 // The counters, before the dialog's end clears them.
@@ -118,7 +124,7 @@ void ReportRun(Job& job, const CSnProgramDlg& dialog, bool good) {
            {"total", total},
            {"next", TheSnRecord().SnStartText}});
   } else {
-    std::printf("OK %lu, NG %lu, Total %lu\n", ok, ng, total);
+    std::printf("OK %lu, NG %lu, Total %lu, next %s\n", ok, ng, total, dialog.startText.c_str());
   }
 }
 
@@ -165,6 +171,7 @@ DialogEnd AnswerSelection(Job& job, const SerialArguments& given, CIcSelectDlg& 
     }
   }
   Refuse(job, given.ic + " is no IC of this writer; pyxisjob ics lists them");
+  job.exitCode = kExitUsage;
   return DialogEnd::Cancel;
 }
 
@@ -191,7 +198,11 @@ bool SelectionRoad(Job& job, const SerialArguments& given) {
 void Run(Job& job, const SerialArguments& given) {
   if (!Connect(job)) return Report(job, "serial", false);
   SettleModelAtSelection();
-  if (!(given.ic.empty() ? MenuRoad(job, given) : SelectionRoad(job, given))) Report(job, "serial", false);
+  const bool ran = given.ic.empty() ? MenuRoad(job, given) : SelectionRoad(job, given);
+  if (const int code = job.exitCode; !ran) {
+    Report(job, "serial", false);
+    if (code == kExitUsage) job.exitCode = code;
+  }
   CloseTransport();
 }
 
@@ -217,7 +228,7 @@ void AddSerial(CLI::App& app, Job& job) {
   command->add_option("--amount", given->amount, "how many serials, hexadecimal")->required();
   command->add_option("--direction", given->direction, "where the most significant byte goes in: low or high")
       ->check(CLI::IsMember({"low", "high"}));
-  command->add_option("--chips", given->chips, "chips to put through, decimal; default: as many as serials")
+  command->add_option("--chips", given->chips, "chips to put through, decimal; default: 1, with --wait as many as serials")
       ->check(CLI::Range(1U, kMostChips));
   command->add_flag("--wait", given->wait, "each chip waits for a line on standard input");
   command->add_option("--ic", given->ic, "take the road through IC selection, with this IC and FILE");

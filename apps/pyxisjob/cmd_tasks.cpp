@@ -6,6 +6,7 @@
 #include "link/identification.h"
 #include "operations/tasks.h"
 #include "shell/app_state.h"
+#include "shell/main_controls.h"
 
 namespace pyxis::job {
 
@@ -26,7 +27,13 @@ constexpr TaskCommand kCommands[] = {
 
 void Run(Job& job, const TaskCommand& command) {
   if (!Connect(job)) return Report(job, command.name, false);
-  command.run();
+  // The window greys these buttons.
+  if (command.run != OnAuto && !TheMainControls()[ControlId::Program].enabled) {
+    job.op.Tell("Only auto works in Mass Production Mode and with a Production Limit", kMessageCaption,
+                MessageIcon::Warning);
+  } else {
+    command.run();
+  }
   const auto& told = job.op.messages;
   Report(job, command.name, !told.empty() && told.back() == command.okText);
   CloseTransport();

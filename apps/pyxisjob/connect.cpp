@@ -9,6 +9,7 @@
 #include "link/writer_link.h"
 #include "platform/text.h"
 #include "shell/app_state.h"
+#include "shell/refresh_from_writer.h"
 #include "shell/start_up.h"
 
 namespace pyxis::job {
@@ -26,7 +27,7 @@ void Open(const std::string& link) {
 }
 
 // By the label, or, since the KM49 labels carry pin counts, by any row of the IC.
-bool TakeCatalogueRow(const std::string& chipName) {
+bool TakeIcByName(const std::string& chipName) {
   AppState& app = TheAppState();
   if (FindChip(chipName, app.SeriesIndex, app.TypeIndex) != 0) return true;
   for (int list = 0; list < kListCount; ++list)
@@ -38,9 +39,8 @@ bool TakeCatalogueRow(const std::string& chipName) {
 // The writer's job becomes the selection, as at the start of the window program.
 void TakeOverJob(Job& job) {
   AppState& app = TheAppState();
-  app.SelectedChip = ChipNameOf(app.WriterInfoBlock);
-  app.ChipNameText = app.SelectedChip;
-  job.icKnown = TakeCatalogueRow(app.SelectedChip);
+  RefreshFromWriter();
+  job.icKnown = TakeIcByName(app.SelectedChip);
   if (job.icKnown) app.HasSmartOption = Row(app.SeriesIndex, app.TypeIndex).HasSmartOption ? 1 : 0;
 }
 

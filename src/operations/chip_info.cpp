@@ -84,6 +84,7 @@ void CReadChipInfoDlg::OnRead() {
   std::copy_n(kCaptions.begin(), shown, lines.begin());
   Show();
 
+  SetProgressRange(0, kTaskProgressTop);
   RunTask(task::kVerify, app.VerifyTicks);
   SetProgressPosition(0);
   WaitMs(kSettleMs);

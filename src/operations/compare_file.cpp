@@ -36,10 +36,11 @@ struct Comparison {
   std::size_t WriterAt(std::size_t fileAt) const { return exchanged ? fileAt ^ 1 : fileAt; }
 };
 
-// Nothing when the file can't be compared over the whole length.
+// Nothing when the file can't be compared over the whole length, or when that leaves nothing to compare.
 std::optional<Comparison> ComparisonOf(std::size_t fileLength) {
   const auto& block = TheAppState().WriterInfoBlock;
   const std::size_t units = FieldWord(block, Field::ImageLength);
+  if (units == 0 || fileLength == 0) return std::nullopt;
   if ((FieldByte(block, Field::LengthUnit) & kLowNibble) != kCountsWords)
     return Comparison{std::min(units, fileLength), false};
   if (fileLength < 2 * units) return std::nullopt;

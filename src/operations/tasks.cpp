@@ -30,7 +30,6 @@ constexpr Operation kBlankCheck{task::kBlankCheck,     3,    &AppState::BlankTic
 constexpr Operation kProgram{task::kProgram, 4, &AppState::ProgramTicks, false, false, "Program OK", "Program FAIL"};
 constexpr Operation kVerify{task::kVerify, 5, &AppState::VerifyTicks, false, false, "Verify OK", "Verify FAIL"};
 
-constexpr int kBarTop = 50;
 constexpr std::uint8_t kStatusBits = 3;
 constexpr std::uint8_t kStatusFailed = 3;
 constexpr int kEqualReadsWanted = 5;
@@ -109,7 +108,7 @@ std::uint8_t PollVerdict(std::uint32_t divisor) {
 }  // namespace
 
 void BeginOperation(int progressMode) {
-  SetProgressRange(0, kBarTop);
+  SetProgressRange(0, kTaskProgressTop);
   SetProgressPosition(1);
   ClearStatusText();
   TheAppState().ProgressMode = progressMode;
@@ -129,7 +128,7 @@ bool RunTask(std::uint8_t task, std::uint32_t divisor) {
   const std::uint8_t verdict = PollVerdict(divisor);
   EnableOperations();
   if (verdict == kStatusFailed) return false;
-  SetProgressPosition(kBarTop);
+  SetProgressPosition(kTaskProgressTop);
   return true;
 }
 

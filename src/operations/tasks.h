@@ -10,6 +10,8 @@ void OnBlankCheck();
 void OnProgram();
 void OnVerify();
 
+inline constexpr int kTaskProgressTop = 50;  // a task's progress runs from 0 to here
+
 // Runs a task to its end without guards: six equal non-zero readings of the status in a row. False when the verdict is
 // failure, when the link is gone, or when no verdict came within the poll bound. `divisor` scales the count of reads to
 // the bar's range of 50.

@@ -1,7 +1,9 @@
 #include "serial/sn_run.h"
 
+#include <algorithm>
 #include <new>
 
+#include "intake/package_files.h"
 #include "link/writer_commands.h"
 #include "operations/tasks.h"
 #include "platform/machine.h"
@@ -19,6 +21,8 @@ namespace pyxis {
 namespace {
 
 constexpr std::size_t kLongestChipText = 10;
+constexpr int kSelectionRoad = 2;                                       // high half of SerialHead's first byte
+constexpr std::size_t kFirstSerialAt = Field::SerialBlock.offset + 16;  // second half of SerialBlock
 
 std::unique_ptr<CSnProgramDlg> snProgressDlg;
 
@@ -71,7 +75,9 @@ void CSnProgramDlg::OnSnProgram() {
   SnRecord& record = TheSnRecord();
   totalCount_.Increment();
   ShowCounters();
+  SetProgressRange(0, kTaskProgressTop);
   const bool good = SnFromIcSelection ? RunTask(task::kAuto, app.AutoTicks) : RunTask(task::kProgram, app.ProgramTicks);
+  SetProgressPosition(0);
   if (!good) {
     ngCount_.Increment();
     ShowCounters();
@@ -132,18 +138,43 @@ bool MakeSnProgressDlg() {
 
 }  // namespace
 
+// What Load File has brought into the writer.
+bool WriterCountsSerials() {
+  return FieldByte(TheAppState().WriterInfoBlock, Field::SerialHead) >> 4 == kSelectionRoad;
+}
+
+// A load begins the writer's count at the first serial again, and the shown serial follows that count.
+void FollowTheWriter() {
+  SnRecord& record = TheSnRecord();
+  const std::uint8_t* first = &TheAppState().WriterInfoBlock[kFirstSerialAt];
+  if (!WriterCountsSerials() || !std::equal(record.SnStartBytes.begin(), record.SnStartBytes.end(), first)) return;
+  std::string text;
+  for (const std::uint8_t byte : record.SnStartBytes) text += Printf("%02X", byte);
+  BigNumber start;
+  start.TakeHex(text);
+  record.SnStartText = start.Hex();
+}
+
 void BringSnProgressUpToDate() {
   const AppState& app = TheAppState();
   SwitchTaskButtonsBySnMode();
+  if (app.SnMode != 0) FollowTheWriter();
   if (!snProgressDlg && !MakeSnProgressDlg()) return;
   CSnProgramDlg& dialog = *snProgressDlg;
   dialog.SnFromIcSelection = app.SnMode != 0;
   dialog.ended = false;
   dialog.snSetEnabled = false;
-  dialog.snProgramEnabled = true;
+  // A load that failed leaves a job without serials: a press would burn it.
+  dialog.snProgramEnabled = app.SnMode == 0 || WriterCountsSerials();
   dialog.visible = app.SnMode != 0;
   dialog.RefreshFields();
   TheMachine().view->SnProgressChanged();
+}
+
+void StopSnProgress() {
+  if (!snProgressDlg) return;
+  snProgressDlg->snProgramEnabled = false;
+  snProgressDlg->Changed();
 }
 
 void OnSerialNumberProgram() {

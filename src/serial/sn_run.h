@@ -41,6 +41,9 @@ std::unique_ptr<CSnProgramDlg>& SnProgressDlg();
 // Load File's last step: creates or refreshes the instance, shows or hides it by SnMode, and switches the four buttons.
 void BringSnProgressUpToDate();
 
+// Another selection: the series that the instance shows is no longer the writer's. Load File enables it again.
+void StopSnProgress();
+
 // The menu command Serial Number Program.
 void OnSerialNumberProgram();
 

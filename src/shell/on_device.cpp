@@ -5,6 +5,7 @@
 #include "options/fuse_panel.h"
 #include "platform/machine.h"
 #include "platform/operator.h"
+#include "serial/sn_run.h"
 #include "serial/sn_set.h"
 #include "shell/app_state.h"
 #include "shell/chip_selection.h"
@@ -37,6 +38,7 @@ void TakeSelection(const CIcSelectDlg& dialog) {
   app.ChecksumText.clear();
   SetControlText(ControlId::ChecksumField, "");
   app.SnMode = static_cast<std::uint32_t>(dialog.displaySerialValue);
+  StopSnProgress();
   if (app.SnMode == 1) {
     CSnSetDlg serial(true, app.ExhvIsp != 0, app.IspProgram != 0);
     serial.OnInitDialog();

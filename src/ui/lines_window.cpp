@@ -31,7 +31,7 @@ LinesWindow::LinesWindow(const QString& title, std::size_t lineCount, const QStr
   action_ = buttons->addButton(action, QDialogButtonBox::ActionRole);
   cancel_ = buttons->addButton(QDialogButtonBox::Cancel);
   action_->setDefault(true);
-  connect(action_, &QPushButton::clicked, this, [this] { Action(); });
+  connect(action_, &QPushButton::clicked, this, [this] { presses_.Run(Action); });
   connect(buttons, &QDialogButtonBox::rejected, this, &LinesWindow::reject);
   all->addWidget(buttons);
   layout()->setSizeConstraint(QLayout::SetFixedSize);
@@ -44,7 +44,7 @@ void LinesWindow::Show(std::span<const std::string> lines, bool actionEnabled, b
 }
 
 void LinesWindow::reject() {
-  if (cancel_->isEnabled()) QDialog::reject();
+  if (cancel_->isEnabled() && !presses_.Busy()) QDialog::reject();
 }
 
 }  // namespace pyxis::ui

@@ -7,6 +7,8 @@
 #include <string>
 #include <vector>
 
+#include "ui/handler_gate.h"
+
 class QLabel;
 class QPushButton;
 
@@ -26,6 +28,7 @@ class LinesWindow : public QDialog {
   std::vector<QLabel*> lines_;
   QPushButton* action_ = nullptr;
   QPushButton* cancel_ = nullptr;
+  HandlerGate presses_;
 };
 
 }  // namespace pyxis::ui

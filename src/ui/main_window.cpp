@@ -43,6 +43,7 @@ MainWindow::MainWindow() : panel_(new MainPanel(this)), statusBar_(new ProgressS
     if (closeAsked_) return CloseSoon();
     if (watch_ != nullptr) watch_->Deliver();
   };
+  qApp->installEventFilter(&repeats_);
   sinceProgress_.start();
   sinceRepaint_.start();
 }

@@ -9,6 +9,7 @@
 #include "platform/main_view.h"
 #include "shell/main_dialog.h"
 #include "ui/handler_gate.h"
+#include "ui/key_repeat_filter.h"
 
 namespace pyxis::ui {
 
@@ -52,6 +53,7 @@ class MainWindow : public QMainWindow, public MainView {
 
   CPyxisLoadDlg dialog_;
   HandlerGate gate_;
+  KeyRepeatFilter repeats_;
   MainPanel* panel_;
   ProgressStatusBar* statusBar_;
   DeviceWatch* watch_ = nullptr;

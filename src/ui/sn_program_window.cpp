@@ -1,6 +1,5 @@
 #include "ui/sn_program_window.h"
 
-#include <QCoreApplication>
 #include <QGridLayout>
 #include <QGroupBox>
 #include <QHBoxLayout>
@@ -51,10 +50,10 @@ SnProgramWindow::SnProgramWindow(CSnProgramDlg& dialog, QWidget* parent, std::fu
   total_ = AddField(*counters, 2, "Total (Hex) : ");
   all->addWidget(counter);
   auto* buttons = new QHBoxLayout;
-  program_ = AddButton(*buttons, "S/N &Program", &CSnProgramDlg::OnSnProgram);
+  program_ = AddButton(*buttons, "S/N &Program", [this] { dialog_.OnSnProgram(); });
   program_->setDefault(true);
-  set_ = AddButton(*buttons, "S/N &SET", &CSnProgramDlg::OnSnSet);
-  AddButton(*buttons, "&Reset Count", &CSnProgramDlg::OnResetCount);
+  set_ = AddButton(*buttons, "S/N &SET", [this] { dialog_.OnSnSet(); });
+  AddButton(*buttons, "&Reset Count", [this] { dialog_.OnResetCount(); });
   auto* close = new QPushButton(QStringLiteral("&Close"), this);
   close->setAutoDefault(false);
   connect(close, &QPushButton::clicked, this, &SnProgramWindow::reject);
@@ -76,29 +75,22 @@ NumericEditField* SnProgramWindow::AddField(QGridLayout& grid, int row, const ch
 }
 
 // Only the default button answers Enter.
-QPushButton* SnProgramWindow::AddButton(QLayout& row, const char* caption, void (CSnProgramDlg::*pressed)()) {
+QPushButton* SnProgramWindow::AddButton(QLayout& row, const char* caption, const Handler& pressed) {
   auto* button = new QPushButton(QString::fromLatin1(caption), this);
   button->setAutoDefault(false);
-  connect(button, &QPushButton::clicked, this, [this, pressed] { Press([this, pressed] { (dialog_.*pressed)(); }); });
+  connect(button, &QPushButton::clicked, this, [this, pressed] { Press(pressed); });
   row.addWidget(button);
   return button;
 }
 
-// A press that was made while a chip was under work is no press for the next chip: what the operator did meanwhile is
-// taken out of the queue and dropped.
 void SnProgramWindow::Press(const Handler& handler) {
-  if (busy_) return;
-  run_([this, &handler] {
-    busy_ = true;
-    handler();
-    QCoreApplication::processEvents();
-    busy_ = false;
-  });
+  if (presses_.Busy()) return;
+  run_([this, &handler] { presses_.Run(handler); });
 }
 
 void SnProgramWindow::reject() {
   Press([this] { dialog_.OnClose(); });
-  if (dialog_.ended && !busy_) QDialog::reject();
+  if (dialog_.ended && !presses_.Busy()) QDialog::reject();
 }
 
 void SnProgramWindow::Sync() {
@@ -110,7 +102,9 @@ void SnProgramWindow::Sync() {
   ok_->Show(dialog_.okText);
   ng_->Show(dialog_.ngText);
   total_->Show(dialog_.totalText);
+  const bool runEnds = program_->hasFocus() && !dialog_.snProgramEnabled;
   program_->setEnabled(dialog_.snProgramEnabled);
+  if (runEnds) setFocus();  // not to a neighbour, which the next Space would press
   set_->setEnabled(dialog_.snSetEnabled);
 }
 

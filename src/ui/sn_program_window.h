@@ -5,6 +5,8 @@
 #include <QDialog>
 #include <functional>
 
+#include "ui/handler_gate.h"
+
 class QGridLayout;
 class QLineEdit;
 class QPushButton;
@@ -29,13 +31,13 @@ class SnProgramWindow : public QDialog {
  private:
   static void Call(const Handler& handler) { handler(); }
   NumericEditField* AddField(QGridLayout& grid, int row, const char* caption);
-  QPushButton* AddButton(QLayout& row, const char* caption, void (CSnProgramDlg::*pressed)());
+  QPushButton* AddButton(QLayout& row, const char* caption, const Handler& pressed);
   void Press(const Handler& handler);
   void Sync();
 
   CSnProgramDlg& dialog_;
   std::function<void(const Handler&)> run_;
-  bool busy_ = false;
+  HandlerGate presses_;
   QLineEdit* chip_;
   NumericEditField *start_, *end_, *startAddress_, *endAddress_, *ok_, *ng_, *total_;
   QPushButton *program_, *set_;

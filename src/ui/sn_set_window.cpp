@@ -16,22 +16,25 @@ SnSetWindow::SnSetWindow(CSnSetDlg& dialog, QWidget* parent) : QDialog(parent), 
   setWindowTitle(QStringLiteral("Serial Number Set"));
   auto* all = new QVBoxLayout(this);
   auto* grid = new QGridLayout;
-  length_ = AddField(*grid, "S/N &Length [Hex]:", CSnSetDlg::kLengthLimit, &CSnSetDlg::OnLengthChange);
-  address_ = AddField(*grid, "S/N Start &Address (Hex) :", CSnSetDlg::kAddressLimit, &CSnSetDlg::OnAddressChange);
-  start_ = AddField(*grid, "&Start Serial NO (Hex) : ", CSnSetDlg::kNumberLimit, &CSnSetDlg::OnStartChange);
-  amount_ = AddField(*grid, "S/N A&mount (Hex) : ", CSnSetDlg::kNumberLimit, &CSnSetDlg::OnAmountChange);
+  length_ = AddField(*grid, "S/N &Length [Hex]:", CSnSetDlg::kLengthLimit,
+                     [this](const std::string& text) { dialog_.OnLengthChange(text); });
+  address_ = AddField(*grid, "S/N Start &Address (Hex) :", CSnSetDlg::kAddressLimit,
+                      [this](const std::string& text) { dialog_.OnAddressChange(text); });
+  start_ = AddField(*grid, "&Start Serial NO (Hex) : ", CSnSetDlg::kNumberLimit,
+                    [this](const std::string& text) { dialog_.OnStartChange(text); });
+  amount_ = AddField(*grid, "S/N A&mount (Hex) : ", CSnSetDlg::kNumberLimit,
+                     [this](const std::string& text) { dialog_.OnAmountChange(text); });
   AddDirection(*grid);
   all->addLayout(grid);
   auto* buttons = new QDialogButtonBox(this);
   auto* load = buttons->addButton(QStringLiteral("L&oad"), QDialogButtonBox::AcceptRole);
   load->setDefault(true);
   auto* cancel = buttons->addButton(QStringLiteral("&Cancel"), QDialogButtonBox::RejectRole);
-  cancel->setAutoDefault(false);
   connect(load, &QPushButton::clicked, this, [this] {
-    dialog_.OnLoad();
+    presses_.Run([this] { dialog_.OnLoad(); });
     if (dialog_.ended) accept();
   });
-  connect(cancel, &QPushButton::clicked, this, &QDialog::reject);
+  connect(cancel, &QPushButton::clicked, this, &SnSetWindow::reject);
   all->addWidget(buttons);
   layout()->setSizeConstraint(QLayout::SetFixedSize);
   dialog_.Changed = [this] { Sync(); };
@@ -44,9 +47,9 @@ SnSetWindow::~SnSetWindow() {
 }
 
 NumericEditField* SnSetWindow::AddField(QGridLayout& grid, const char* caption, std::size_t limit,
-                                        void (CSnSetDlg::*changed)(const std::string&)) {
+                                        std::function<void(const std::string&)> changed) {
   auto* field = new NumericEditField(limit, this);
-  field->TextEdited = [this, changed](const std::string& text) { (dialog_.*changed)(text); };
+  field->TextEdited = std::move(changed);
   auto* label = new QLabel(QString::fromLatin1(caption), this);
   label->setBuddy(field);
   const int row = grid.rowCount();
@@ -68,6 +71,10 @@ void SnSetWindow::AddDirection(QGridLayout& grid) {
   const int row = grid.rowCount();
   grid.addWidget(new QLabel(QStringLiteral("Direction (MSB in) : "), this), row, 0);
   grid.addLayout(buttons, row, 1);
+}
+
+void SnSetWindow::reject() {
+  if (!presses_.Busy()) QDialog::reject();
 }
 
 void SnSetWindow::Sync() {

@@ -3,6 +3,10 @@
 
 #include <QDialog>
 #include <array>
+#include <functional>
+#include <string>
+
+#include "ui/handler_gate.h"
 
 class QGridLayout;
 class QRadioButton;
@@ -20,13 +24,16 @@ class SnSetWindow : public QDialog {
   SnSetWindow(CSnSetDlg& dialog, QWidget* parent);
   ~SnSetWindow() override;
 
+  void reject() override;  // not while the series is on its way
+
  private:
   NumericEditField* AddField(QGridLayout& grid, const char* caption, std::size_t limit,
-                             void (CSnSetDlg::*changed)(const std::string&));
+                             std::function<void(const std::string&)> changed);
   void AddDirection(QGridLayout& grid);
   void Sync();
 
   CSnSetDlg& dialog_;
+  HandlerGate presses_;
   NumericEditField *length_, *address_, *start_, *amount_;
   std::array<QRadioButton*, 2> directions_{};
 };

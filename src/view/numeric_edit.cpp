@@ -172,6 +172,8 @@ void CNumericEdit::UndoKey() { Undo(); }
 bool CNumericEdit::PasteFits(const std::string& pasted) const {
   const bool coversPrefix = start_ == 0 && end_ >= kPrefixLength;
   if (HasPrefix() && end_ < kPrefixLength) return false;
+  // Cut off, it would be another number.
+  if (text_.size() - (end_ - start_) + pasted.size() > maxLength) return false;
   std::string_view rest = pasted;
   if (BeginsWithPrefix(rest)) {
     if (start_ != 0 || (HasPrefix() && !coversPrefix)) return false;

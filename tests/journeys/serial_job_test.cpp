@@ -65,10 +65,10 @@ TEST_F(SerialJob, PrintsALineAChip) {
   const std::string first = "QV8348 " + Path("work/samples/QV8348.hex");
   for (const Case& c : {
            Case{place + "--start 0E --amount 2 2>&1 >/dev/null", "", "The writer holds no job\n", 1},
-           Case{place + "--start 0E --amount 3 --ic " + first + " 2>/dev/null", "",
-                "000E OK\n000F NG\n000F OK\nOK 2, NG 1, Total 3\n", 1},
+           Case{place + "--start 0E --amount 3 --chips 3 --ic " + first + " 2>/dev/null", "",
+                "000E OK\n000F NG\n000F OK\nOK 2, NG 1, Total 3, next 0010\n", 1},
            Case{place + "--start ff --amount 10 --wait 2>/dev/null", "\\n\\n\\n",
-                "00FF OK\n0100 OK\n0101 OK\nOK 3, NG 0, Total 3\n", 0},
+                "00FF OK\n0100 OK\n0101 OK\nOK 3, NG 0, Total 3, next 0102\n", 0},
            Case{"--json " + place + "--start 1 --amount 1 --direction high", "",
                 "{\"chip\":1,\"command\":\"serial\",\"result\":0,\"serial\":\"0001\"}\n"
                 "{\"command\":\"serial\",\"messages\":[\"Serial Number Program "
@@ -81,6 +81,9 @@ TEST_F(SerialJob, PrintsALineAChip) {
                 "Start serial 00001 is longer than the length\n", 1},
            Case{"serial --length 2 --address 0 --start 1 --amount 0 2>&1", "", "Please Keyin 'S/N Amount'. ( >= 1 )\n",
                 1},
+           Case{place + "--start '' --amount 1 2>/dev/null", "", "", 2},
+           Case{place + "--start 1 --amount 9 --wait --chips 2 2>/dev/null", "\\n",
+                "0001 OK\nOK 1, NG 0, Total 1, next 0002\n", 1},
            Case{place + "--start 1G --amount 1 2>/dev/null", "", "", 2},
            Case{place + "--start 1 --amount 1 --ic QV8348 2>/dev/null", "", "", 2},
        }) {

@@ -146,7 +146,7 @@ TEST_F(Compare, TargetsByChip) {
     dialog.OnCompareFile();
     EXPECT_EQ(op.filters, Texts{c.filter});
     EXPECT_EQ(Contents("a.b.bin"), c.target);
-    EXPECT_EQ(dialog.lines[2], "Compare Result : OK");
+    EXPECT_EQ(dialog.lines[2], c.target.empty() ? "Compare Result : Fail" : "Compare Result : OK");
     EXPECT_EQ(vendor.calls[2], "read 19: " + std::to_string(c.target.size()));
     EXPECT_TRUE(op.told.empty() && dialog.compareEnabled && dialog.cancelEnabled);
   }

@@ -171,11 +171,13 @@ void Press(CSnProgramDlg& dialog, standin::WriterModel& writer, bool good) {
 }
 
 TEST_P(Serial, ARunToItsEnd) {
-  LoadSample("QV8348");
-  PutTemplate("QV8348");
+  PutFolderFor("QV8348");
+  Select("QV8348");
   TheAppState().SnMode = 1;
   ASSERT_TRUE(Set(true, "1", "0", "0E", "3"));
-  BringSnProgressUpToDate();
+  BringSnProgressUpToDate();  // as after a load that failed: the writer holds no series
+  EXPECT_FALSE(SnProgressDlg()->snProgramEnabled);
+  LoadSample("QV8348");
   CSnProgramDlg& dialog = *SnProgressDlg();
   EXPECT_TRUE(dialog.visible && dialog.snProgramEnabled && !dialog.snSetEnabled);
   EXPECT_FALSE(TheMainControls()[ControlId::Auto].enabled);
@@ -193,6 +195,13 @@ TEST_P(Serial, ARunToItsEnd) {
   EXPECT_FALSE(dialog.snProgramEnabled);
   EXPECT_EQ(dialog.startText, "11");
   EXPECT_EQ(dialog.okText + dialog.ngText + dialog.totalText, "202");
+
+  LoadSample("QV8348");  // the writer begins anew, and so does the window
+  EXPECT_EQ(dialog.startText, "0E");
+  Press(dialog, writer, true);
+  EXPECT_EQ(writer.chip.burnt.at(1), 0x0E);
+  StopSnProgress();
+  EXPECT_FALSE(dialog.snProgramEnabled);
 
   dialog.OnClose();
   EXPECT_EQ(TheSnRecord().SnLength, 16);

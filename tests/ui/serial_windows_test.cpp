@@ -6,6 +6,7 @@
 #include <QLineEdit>
 #include <QListWidget>
 #include <QMenu>
+#include <QPushButton>
 #include <QTest>
 
 #include "platform/machine.h"
@@ -82,12 +83,27 @@ TEST_F(SerialWindows, TheNumberField) {
   QApplication::clipboard()->setText("23 4");
   QTest::keyClick(&field, Qt::Key_V, Qt::ControlModifier);
   EXPECT_EQ(field.text(), "1");
-  QApplication::clipboard()->setText("abcdef012345");
+  QApplication::clipboard()->setText("abcdef01");
   QTest::keyClick(&field, Qt::Key_A, Qt::ControlModifier);
   QTest::keyClick(&field, Qt::Key_V, Qt::ControlModifier);
   EXPECT_EQ(field.text(), "abcdef01");
   field.setText("not a number");  // past the rules
   EXPECT_EQ(field.text(), "abcdef01");
+}
+
+TEST_F(SerialWindows, AHeldKeyPressesOnce) {
+  Open();  // the main window drops the repeats of every window
+  int presses = 0;
+  QPushButton button;
+  QObject::connect(&button, &QPushButton::pressed, &button, [&] { ++presses; });
+  button.show();
+  for (const bool repeat : {false, true, true}) {
+    QKeyEvent down(QEvent::KeyPress, Qt::Key_Space, {}, " ", repeat),
+        up(QEvent::KeyRelease, Qt::Key_Space, {}, " ", repeat);
+    QApplication::sendEvent(&button, &down);
+    QApplication::sendEvent(&button, &up);
+  }
+  EXPECT_EQ(presses, 1);
 }
 
 TEST_F(SerialWindows, TheMenuOfTheNumberField) {

@@ -115,7 +115,10 @@ TEST_F(NumericEdit, Pastes) {
   }
   Put(field, "1|9");
   field.maxLength = 4;
-  clipboard.text = "23456";
+  clipboard.text = "234";  // not whole: a number cut off is another one
+  field.PasteKey();
+  EXPECT_EQ(Shown(field), "1|9");
+  clipboard.text = "23";
   field.PasteKey();
   EXPECT_EQ(Shown(field), "123|9");
   clipboard.text.reset();
