@@ -1,4 +1,5 @@
-// A key that is held down presses a button once: a repeated Enter or Space would do the next chip, or the same one again.
+// Enter that is held down presses a button once, as Space does by itself: repeated, it would do the next chip, or the
+// same one again.
 #pragma once
 
 #include <QObject>
@@ -7,7 +8,7 @@ namespace pyxis::ui {
 
 class KeyRepeatFilter : public QObject {
  public:
-  bool eventFilter(QObject* watched, QEvent* event) override;
+  bool eventFilter(QObject*, QEvent* event) override;
 };
 
 }  // namespace pyxis::ui
