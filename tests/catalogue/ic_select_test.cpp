@@ -35,22 +35,22 @@ class IcSelect : public Bench {
 };
 
 TEST_F(IcSelect, WhatTheBoxesOffer) {
-  struct Case {
-    const char* offered;  // serial, mass production, limit, EXHV ISP, ISP
-    std::vector<const char*> chips;
-  };
-  for (const Case& c : {
-           Case{"--y--", {"QV4101", "QV4103", "QV4107", "QV4206", "QV4203", "QV4205", "QV4207"}},
-           Case{"y-y--", {"QV4201", "QV4204"}},
-           Case{"-yyyy", {"QV8101", "QV8102"}},
-           Case{"yyyyy", {"QV8103", "QV8104", "QV8105", "QV8106", "QV8108", "QV8111", "QV8113", "QV8115", "QV8117",
-                          "QV8119", "QV8120", "QVL09"}},
-           Case{"yyyy-", {"QV8121", "QV8122", "QV8202", "QV8303", "QV8304", "QV8306", "QV8312", "QV8317", "QV8322",
-                          "QVL10", "QVL11"}},
-           Case{"yyy--", {"QV8323", "QV8301", "QV8315", "QV8501", "QVL01", "QVL03", "QVL04", "QVL06"}},
-           Case{"---y-", {"QVL07"}},
-       })
-    for (const char* chip : c.chips) EXPECT_EQ(Enabled(Clicked(chip)), c.offered) << chip;
+  // serial, mass production, limit, EXHV ISP, ISP
+  // clang-format off
+  for (const auto& [offered, chips] : Table<const char*, std::vector<const char*>>{
+           {"--y--", {"QV4101", "QV4103", "QV4107", "QV4206", "QV4203", "QV4205", "QV4207"}},
+           {"y-y--", {"QV4201", "QV4204"}},
+           {"-yyyy", {"QV8101", "QV8102"}},
+           {"yyyyy",
+            {"QV8103", "QV8104", "QV8105", "QV8106", "QV8108", "QV8111", "QV8113", "QV8115", "QV8117", "QV8119",
+             "QV8120", "QVL09"}},
+           {"yyyy-",
+            {"QV8121", "QV8122", "QV8202", "QV8303", "QV8304", "QV8306", "QV8312", "QV8317", "QV8322", "QVL10",
+             "QVL11"}},
+           {"yyy--", {"QV8323", "QV8301", "QV8315", "QV8501", "QVL01", "QVL03", "QVL04", "QVL06"}},
+           {"---y-", {"QVL07"}}})
+    // clang-format on
+    for (const char* chip : chips) EXPECT_EQ(Enabled(Clicked(chip)), offered) << chip;
 }
 
 TEST_F(IcSelect, BoxesThatAStepDoesNotNameStay) {
@@ -96,18 +96,18 @@ TEST_F(IcSelect, TheLimitIsChecked) {
   EXPECT_FALSE(dialog.limitEditEnabled);
   dialog.OnProductionLimit(true);
   EXPECT_TRUE(dialog.limitEditEnabled);
-  struct Case {
-    const char* text;
-    std::int32_t count;  // 0: refused
-  };
-  for (const Case& c : {Case{"1", 1}, Case{"99999999", 99999999}, Case{"100000000", 0}, Case{"0", 0}, Case{"-5", 0},
-                        Case{"", 0}, Case{"12x", 0}, Case{"99999999999999", 0}}) {
+  // 0: refused
+  // clang-format off
+  for (const auto& [text, count] : Table<const char*, std::int32_t>{
+           {"1", 1}, {"99999999", 99999999}, {"100000000", 0}, {"0", 0}, {"-5", 0}, {"", 0}, {"12x", 0},
+           {"99999999999999", 0}}) {
+    // clang-format on
     op.told.clear();
-    EXPECT_EQ(dialog.OnLimitText(c.text), c.count != 0) << c.text;
-    EXPECT_EQ(dialog.OnOk(), c.count != 0);
-    EXPECT_EQ(op.told.size(), c.count != 0 ? 0U : 2U);
-    if (c.count != 0) {
-      EXPECT_EQ(dialog.productionLimitCount, c.count);
+    EXPECT_EQ(dialog.OnLimitText(text), count != 0) << text;
+    EXPECT_EQ(dialog.OnOk(), count != 0);
+    EXPECT_EQ(op.told.size(), count != 0 ? 0U : 2U);
+    if (count != 0) {
+      EXPECT_EQ(dialog.productionLimitCount, count);
     }
   }
 }
@@ -122,7 +122,7 @@ TEST_F(IcSelect, NeedsAKnownWriter) {
   ASSERT_TRUE(km49.OnInitDialog());
   km49.OnSeriesChange(4);
   EXPECT_EQ(km49.seriesIndex, 12);
-  EXPECT_EQ(km49.typeList, std::vector<std::string>{"QVL09_48"});
+  EXPECT_EQ(km49.typeList, Texts{"QVL09_48"});
 }
 
 }  // namespace

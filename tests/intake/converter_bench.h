@@ -12,8 +12,6 @@
 
 namespace pyxis::test {
 
-using Bytes = std::vector<std::uint8_t>;
-
 class ConverterBench : public Bench {
  protected:
   ConvertRequest request;
@@ -41,6 +39,10 @@ class ConverterBench : public Bench {
     return Convert(chipCode, file);
   }
   unsigned Word(std::size_t offset) const { return LoadBe16(&option.at(offset)); }
+  // Words of the option package by their offset.
+  void ExpectWords(std::initializer_list<std::pair<std::size_t, unsigned>> words) const {
+    for (const auto& [offset, value] : words) EXPECT_EQ(Word(offset), value) << "at " << offset;
+  }
 };
 
 // Blank 14-bit words, with single words set.

@@ -1,21 +1,24 @@
 // The 4-bit, .velmar and USB families at their edges.
 #include "converter_bench.h"
-
-
 #include "intake/file_readers.h"
 
 namespace pyxis::test {
 namespace {
-
-using Texts = std::vector<std::string>;
 
 class Otp4 : public ConverterBench {};
 class Epm4 : public ConverterBench {};
 class Velmar : public ConverterBench {};
 class Usb : public ConverterBench {};
 
-std::uint16_t Sum(std::uint16_t sum, std::initializer_list<unsigned> words) {
-  for (const unsigned word : words) sum = ChecksumAfter(sum, static_cast<std::uint16_t>(word));
+// The checksum over words, each so many times.
+struct Word16 {
+  unsigned value;
+  int times = 1;
+};
+std::uint16_t Sum(std::initializer_list<Word16> words) {
+  std::uint16_t sum = 0xFFFF;
+  for (const Word16& word : words)
+    for (int i = 0; i < word.times; ++i) sum = ChecksumAfter(sum, static_cast<std::uint16_t>(word.value));
   return sum;
 }
 
@@ -24,14 +27,13 @@ TEST_F(Otp4, ByteIc) {
   Bytes file(8224, 0);
   file[8223] = 0xF3;
   Write("a.otp", file);
-  struct Case {
-    std::uint32_t optionValue;
-    int byte36;
-  };
-  for (const Case& c : {Case{1, 0xF1}, Case{0x60, 0xF1}, Case{0, 0xF0}}) {
-    optionValue = c.optionValue;
+  // clang-format off
+  for (const auto& [value, byte36] : Table<std::uint32_t, int>{
+           {1, 0xF1}, {0x60, 0xF1}, {0, 0xF0}}) {
+    // clang-format on
+    optionValue = value;
     ASSERT_EQ(Convert(0x1395, "a.otp"), 0);
-    EXPECT_EQ(option[36], c.byte36);
+    EXPECT_EQ(option[36], byte36);
     EXPECT_EQ(option[37], 0);
     EXPECT_EQ(data.size(), 8192U);
     EXPECT_EQ(data[0], 0xF3);
@@ -39,7 +41,7 @@ TEST_F(Otp4, ByteIc) {
   Write("a.otp", Bytes{1, 2, 3});  // no check of any length
   ASSERT_EQ(Convert(0x1395, "a.otp"), 0);
   EXPECT_EQ(data, Bytes{0xFF});
-  EXPECT_EQ(Word(16), Sum(0xFFFF, {0xFF}));
+  EXPECT_EQ(Word(16), Sum({{0xFF}}));
   EXPECT_EQ(Convert(0x1395, "none.otp"), 1);
   EXPECT_EQ(op.Texts(), Texts{Path("none.otp") + " open file error\n"});
 }
@@ -59,9 +61,7 @@ TEST_F(Otp4, WordIc) {
   EXPECT_EQ(LoadBe16(&data[2]), 0x1234);
   EXPECT_EQ(Word(36), 0x8004U);
   EXPECT_EQ(option[78], 16);
-  std::uint16_t sum = Sum(0xFFFF, {0x1234});
-  for (int i = 1; i < 6512; ++i) sum = Sum(sum, {0});
-  EXPECT_EQ(Word(16), Sum(sum, {0x8007}));
+  EXPECT_EQ(Word(16), Sum({{0x1234}, {0, 6511}, {0x8007}}));
 }
 
 TEST_F(Epm4, PackagesStartAnewBehindTheTemplate) {
@@ -99,9 +99,7 @@ TEST_F(Epm4, IcsThatDiffer) {
   ASSERT_EQ(Convert(0x1357, "a.epm"), 0);  // QV4104: 1 is not protected, and byte 44 stays
   EXPECT_EQ(TheAppState().ImageUnprotected, 1U);
   EXPECT_EQ(Word(43), 0x01AAU);
-  std::uint16_t sum = 0xFFFF;
-  for (int i = 0; i < 4096; ++i) sum = Sum(sum, {0});
-  EXPECT_EQ(Word(16), sum);
+  EXPECT_EQ(Word(16), Sum({{0, 4096}}));
   ASSERT_EQ(Convert(0x1390, "a.epm"), 0);
   EXPECT_EQ(option.size(), 208U);
   ASSERT_EQ(Convert(0x1382, "a.epm"), 0);
@@ -162,13 +160,8 @@ TEST_F(Velmar, ProtectedTails) {
     SCOPED_TRACE(c.chip);
     PutTemplate(c.chip);
     ASSERT_EQ(ConvertHex(c.code, VelmarImage(c.idOffset, c.second, c.third, c.size), "a.velmar"), 0);
-    std::uint16_t sum = 0xFFFF;
-    for (int i = 0; i < c.summedWords; ++i) sum = Sum(sum, {0});
-    EXPECT_EQ(Word(16), Sum(sum, {c.summedConfig}));
-    EXPECT_EQ(Word(20), c.sumLength);
-    EXPECT_EQ(Word(22), c.used);
-    EXPECT_EQ(Word(24), c.sumLength);
-    EXPECT_EQ(Word(36), c.config);
+    ExpectWords({{16, Sum({{0, c.summedWords}, {c.summedConfig}})}, {20, c.sumLength}, {22, c.used},
+                 {24, c.sumLength}, {36, c.config}});
     EXPECT_EQ(data.size(), c.idOffset);
   }
 }
@@ -197,13 +190,10 @@ TEST_F(Velmar, OptionBlock) {
   StoreLe16(&image[16384 + 22], 0x00A1);
   request.IspProgram = true;
   ASSERT_EQ(ConvertHex(0x3702, image, "a.velmar"), 0);
-  EXPECT_EQ(Word(22), 16384U);
-  EXPECT_EQ(Word(26), 0x200AU);
+  ExpectWords({{22, 16384}, {26, 0x200A}});
   EXPECT_EQ(Bytes(option.begin() + 31, option.begin() + 35), (Bytes{0x03, 0xE0, 0x02, 0x00}));
   EXPECT_EQ(Bytes(option.begin() + 48, option.begin() + 52), (Bytes{0x04, 0x80, 0xBF, 0x00}));
-  EXPECT_EQ(Word(36), 0x8000U + (((4 * 64) | (0x80 >> 2)) & 0x3F20) + 0x81U);
-  EXPECT_EQ(Word(39), 4096U);
-  EXPECT_EQ(Word(72), 64U);
+  ExpectWords({{36, 0x8000U + (((4 * 64) | (0x80 >> 2)) & 0x3F20) + 0x81U}, {39, 4096}, {72, 64}});
   EXPECT_EQ(option[76], 2);
   EXPECT_EQ(data.size(), 16480U);
   image[16385] = 0x00;
@@ -216,13 +206,8 @@ TEST_F(Usb, HexIcs) {
   ASSERT_EQ(ConvertHex(0x1622, Bytes{0x12, 0x34, 0x56}), 0);
   EXPECT_EQ(data.size(), 32768U);
   EXPECT_EQ(Bytes(data.begin(), data.begin() + 4), (Bytes{0x12, 0x34, 0x56, 0xFF}));
-  EXPECT_EQ(Word(22), 3U);
-  EXPECT_EQ(Word(24), 32768U);
-  EXPECT_EQ(Word(36), 0x61AAU);
-  EXPECT_EQ(Word(39), 0U);
-  std::uint16_t sum = Sum(0xFFFF, {0x1234, 0x56FF});
-  for (int i = 2; i < 16384; ++i) sum = Sum(sum, {0xFFFF});
-  EXPECT_EQ(Word(16), Sum(sum, {0x0061}));
+  ExpectWords({{22, 3}, {24, 32768}, {36, 0x61AA}, {39, 0}});
+  EXPECT_EQ(Word(16), Sum({{0x1234}, {0x56FF}, {0xFFFF, 16382}, {0x0061}}));
   const Bytes otp = Contents("job.otp");
   ASSERT_EQ(otp.size(), 32U + 32768 + 1);
   EXPECT_EQ(std::string(otp.begin(), otp.begin() + 7), "qvl04xx");
@@ -232,45 +217,34 @@ TEST_F(Usb, HexIcs) {
 }
 
 TEST_F(Usb, ObjIcs) {
-  struct Case {
-    const char* chip;
-    std::uint32_t code;
-    std::size_t length, words;
-    unsigned used, imageLength, config;
-  };
-  for (const Case& c : {
-           Case{"QVL01", 0x1603, 32 + 20, 10, 10, 10, 0xAAAA},
-           Case{"QVL08", 0x1633, 32 + 21, 10, 10, 11, 0x6F6F},
-           Case{"QVX02", 0x1629, 32 + 4000, 1998, 1998, 1997, 0x006F},
-           Case{"QVX02", 0x1629, 32 + 4001, 1998, 1998, 1998, 0x006F},
-           Case{"QV8369", 0x1742, 32 + 8193, 4096, 4096, 4096, 0x0065},
-           Case{"QVL03", 0x1615, 10, 0, 0xFFF5, 0xFFF5, 0xAAAA},
-       }) {
-    SCOPED_TRACE(c.chip);
-    PutTemplate(c.chip);
-    Bytes file(c.length, 0xFF);
-    if (c.length == 32 + 8193) file.back() = 0x75;
+  // clang-format off
+  for (const auto& [chip, code, length, words, used, imageLength, config] :
+       Table<const char*, std::uint32_t, std::size_t, std::size_t, unsigned, unsigned, unsigned>{
+           {"QVL01", 0x1603, 32 + 20, 10, 10, 10, 0xAAAA}, {"QVL08", 0x1633, 32 + 21, 10, 10, 11, 0x6F6F},
+           {"QVX02", 0x1629, 32 + 4000, 1998, 1998, 1997, 0x006F},
+           {"QVX02", 0x1629, 32 + 4001, 1998, 1998, 1998, 0x006F},
+           {"QV8369", 0x1742, 32 + 8193, 4096, 4096, 4096, 0x0065},
+           {"QVL03", 0x1615, 10, 0, 0xFFF5, 0xFFF5, 0xAAAA}}) {
+    // clang-format on
+    SCOPED_TRACE(chip);
+    PutTemplate(chip);
+    Bytes file(length, 0xFF);
+    if (length == 32 + 8193) file.back() = 0x75;
     Write("a.obj", file);
-    ASSERT_EQ(Convert(c.code, "a.obj"), 0);
-    EXPECT_EQ(data.size(), 2 * c.words);
-    EXPECT_EQ(Word(22), c.used);
-    EXPECT_EQ(Word(24), c.imageLength);
-    EXPECT_EQ(Word(36), c.config);
+    ASSERT_EQ(Convert(code, "a.obj"), 0);
+    EXPECT_EQ(data.size(), 2 * words);
+    ExpectWords({{22, used}, {24, imageLength}, {36, config}});
   }
   // QVX02 sums 1021 words only, then the option byte with bit 0 set.
   Bytes file(32 + 4000, 0);
   file[16] = 0x40;
   Write("a.obj", file);
   ASSERT_EQ(Convert(0x1629, "a.obj"), 0);
-  std::uint16_t sum = 0xFFFF;
-  for (int i = 0; i < 1021; ++i) sum = Sum(sum, {0});
-  EXPECT_EQ(Word(16), Sum(sum, {0x41}) & 0x3FFF);
+  EXPECT_EQ(Word(16), Sum({{0, 1021}, {0x41}}) & 0x3FFF);
   // QVL01 sums its header, and keeps the value behind it.
   PutTemplate("QVL01");
   ASSERT_EQ(Convert(0x1603, "a.obj"), 0);
-  sum = 0xFFFF;
-  for (int i = 0; i < 16; ++i) sum = Sum(sum, {i == 8 ? 0x40U : 0U});
-  EXPECT_EQ(Word(59), sum);
+  EXPECT_EQ(Word(59), Sum({{0, 8}, {0x40}, {0, 7}}));
 }
 
 TEST_F(Usb, EepromImages) {
@@ -283,8 +257,7 @@ TEST_F(Usb, EepromImages) {
   EXPECT_EQ(Bytes(data.begin(), data.begin() + 10),
             (Bytes{0x07, 0x82, 0x18, 0xB0, 0x18, 0xB1, 0x18, 0xB2, 0x18, 0x00}));
   EXPECT_EQ(option[77], 16);
-  EXPECT_EQ(Word(39), 0x0F00U);
-  EXPECT_EQ(Word(36), 0x1260U);
+  ExpectWords({{39, 0x0F00}, {36, 0x1260}});
   EXPECT_LE(TheAppState().ImageChecksum, 0x3FFF);
   EXPECT_EQ(TheAppState().LoadedFilePath, ToLower(Path("e_new.bin")));
   EXPECT_EQ(Convert(0x1645, "e.bin"), 4);
@@ -299,9 +272,7 @@ TEST_F(Usb, PlainIc) {
   EXPECT_EQ(Contents("job.bin").size(), 0x6020U);
   EXPECT_EQ(data[0], 0x12);
   EXPECT_EQ(data[2], 0x00);
-  EXPECT_EQ(Word(36), 0x61AAU);
-  EXPECT_EQ(Word(24), 0xAAAAU);
-  EXPECT_EQ(Word(84), 0xAAAAU);
+  ExpectWords({{36, 0x61AA}, {24, 0xAAAA}, {84, 0xAAAA}});
 }
 
 }  // namespace

@@ -11,8 +11,6 @@
 namespace pyxis::test {
 namespace {
 
-using Bytes = std::vector<std::uint8_t>;
-
 struct Place {
   Transport transport;
   int model;

@@ -27,7 +27,7 @@ TEST_P(EveryIc, IsBurntByteForByte) {
     EXPECT_EQ(TheAppState().FirmwareCode, FirmwareFor(row.ChipCode, TheAppState().WriterModel)->FirmwareCode);
     op.told.clear();
     OnAuto();
-    EXPECT_EQ(op.Texts(), std::vector<std::string>{"Auto OK"});
+    EXPECT_EQ(op.Texts(), Texts{"Auto OK"});
     EXPECT_EQ(writer.chip.burnt, Contents(kDataPackageName));
     EXPECT_EQ(ChipNameOf(writer.OptionArea()), row.ChipName);
   }

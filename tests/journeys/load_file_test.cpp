@@ -13,8 +13,6 @@
 namespace pyxis::test {
 namespace {
 
-using Texts = std::vector<std::string>;
-
 class LoadFile : public StandinBench {
  protected:
   void Load(const std::string& file) {
@@ -63,7 +61,7 @@ TEST_F(LoadFile, AGoodRunLeavesEverythingInPlace) {
 TEST_F(LoadFile, AFailedConversionSendsNothingButReadsTheBlock) {
   PutFolderFor("QV8348");
   Select("QV8348");
-  Write("bad.hex", std::vector<std::uint8_t>{'x'});
+  Write("bad.hex", Bytes{'x'});
   Load("bad.hex");
   EXPECT_EQ(op.Texts(), Texts{Path("bad.hex") + " open file error\n"});
   EXPECT_EQ(writer.FirmwareLoads(), 0);
@@ -76,8 +74,8 @@ TEST_F(LoadFile, NewerFirmwareIsAskedAbout) {
   Select("QV8348");
   TheAppState().FirmwareLevel = 5;
   Load("samples/QV8348.hex");
-  EXPECT_EQ(op.told, (std::vector<Told>{
-                         {"Software Version is Old, Still continue to use ?", " ", MessageIcon::Warning}}));
+  EXPECT_EQ(op.told,
+            (std::vector<Told>{{"Software Version is Old, Still continue to use ?", " ", MessageIcon::Warning}}));
   EXPECT_EQ(writer.FirmwareLoads(), 0);
   TheAppState().FirmwareCode = 0x2710;
   op.answers = {true};
@@ -96,34 +94,30 @@ TEST_F(LoadFile, AnEmptyPathEndsTheRun) {
 
 TEST_F(LoadFile, OptionsReachTheJob) {
   using Dialog = COptionSelectDlg;
-  struct Case {
-    const char* chip;
-    int protect;  // button clicked, -1 none
-    bool ok;
-    std::uint32_t value;
-    bool modeVisible, unprotect;
-  };
-  for (const Case& c : {
-           Case{"QVL04", -1, true, 0x67, true, true}, Case{"QVL05", 1, true, 0x66, true, false},
-           Case{"QVL06", 1, false, 0x60, true, false}, Case{"QVL07", -1, true, 0x61, false, true},
-           Case{"QVL13", 1, true, 0x60, false, false}, Case{"QV4105", -1, true, 1, false, true},
-           Case{"QV4106", 1, true, 0, false, false}, Case{"QV4105", -1, false, 0x60, false, true},
-       }) {
-    SCOPED_TRACE(c.chip);
+  // button clicked, -1 none
+  // clang-format off
+  for (const auto& [chip, protect, ok, value, modeVisible, unprotect] :
+       Table<const char*, int, bool, std::uint32_t, bool, bool>{
+           {"QVL04", -1, true, 0x67, true, true}, {"QVL05", 1, true, 0x66, true, false},
+           {"QVL06", 1, false, 0x60, true, false}, {"QVL07", -1, true, 0x61, false, true},
+           {"QVL13", 1, true, 0x60, false, false}, {"QV4105", -1, true, 1, false, true},
+           {"QV4106", 1, true, 0, false, false}, {"QV4105", -1, false, 0x60, false, true}}) {
+    // clang-format on
+    SCOPED_TRACE(chip);
     op.optionSelect = [&](Dialog& dialog) {
       EXPECT_EQ(dialog.Shown(Dialog::Protection), 0);
-      EXPECT_EQ(dialog.Shown(Dialog::Mode), c.modeVisible ? 0 : -1);
-      if (c.protect >= 0) dialog.Click(Dialog::Protection, c.protect);
-      if (c.ok) dialog.OnOk();
-      return c.ok ? DialogEnd::Ok : DialogEnd::Cancel;
+      EXPECT_EQ(dialog.Shown(Dialog::Mode), modeVisible ? 0 : -1);
+      if (protect >= 0) dialog.Click(Dialog::Protection, protect);
+      if (ok) dialog.OnOk();
+      return ok ? DialogEnd::Ok : DialogEnd::Cancel;
     };
-    LoadSample(c.chip);
-    EXPECT_EQ(TheAppState().OptionValue, c.value);
+    LoadSample(chip);
+    EXPECT_EQ(TheAppState().OptionValue, value);
     const MainControls& controls = TheMainControls();
-    EXPECT_EQ(controls[ControlId::FastMode].visible, c.modeVisible);
+    EXPECT_EQ(controls[ControlId::FastMode].visible, modeVisible);
     EXPECT_TRUE(controls[ControlId::Protect].visible);
-    EXPECT_EQ(controls[ControlId::Unprotect].checked, c.unprotect);
-    EXPECT_EQ(controls[ControlId::Protect].checked, !c.unprotect);
+    EXPECT_EQ(controls[ControlId::Unprotect].checked, unprotect);
+    EXPECT_EQ(controls[ControlId::Protect].checked, !unprotect);
   }
 }
 
@@ -139,7 +133,7 @@ TEST_F(LoadFile, ReadyTexts) {
 
 TEST_F(LoadFile, SerialNumberModeSwitchesTheButtons) {
   TheAppState().SnMode = 1;
-  Write("serial.txt", std::vector<std::uint8_t>(256, 0));
+  Write("serial.txt", Bytes(256, 0));
   LoadSample("QV8348");
   EXPECT_FALSE(TheMainControls()[ControlId::Auto].enabled);
   TheAppState().SnMode = 0;

@@ -58,35 +58,28 @@ class SerialJob : public Bench {
 
 TEST_F(SerialJob, PrintsALineAChip) {
   const std::string place = "serial --length 2 --address 3FA ";
-  struct Case {
-    std::string arguments, input, out;
-    int exitCode;
-  };
   const std::string first = "QV8348 " + Path("work/samples/QV8348.hex");
-  for (const Case& c : {
-           Case{place + "--start 0E --amount 2 2>&1 >/dev/null", "", "The writer holds no job\n", 1},
-           Case{place + "--start 0E --amount 3 --ic " + first + " 2>/dev/null", "",
-                "000E OK\n000F NG\n000F OK\nOK 2, NG 1, Total 3\n", 1},
-           Case{place + "--start ff --amount 10 --wait 2>/dev/null", "\\n\\n\\n",
-                "00FF OK\n0100 OK\n0101 OK\nOK 3, NG 0, Total 3\n", 0},
-           Case{"--json " + place + "--start 1 --amount 1 --direction high", "",
-                "{\"chip\":1,\"command\":\"serial\",\"result\":0,\"serial\":\"0001\"}\n"
-                "{\"command\":\"serial\",\"messages\":[\"Serial Number Program "
-                "Complete\"],\"next\":\"2\",\"ng\":0,\"ok\":1,"
-                "\"result\":0,\"total\":1}\n",
-                0},
-           Case{"--json serial --length 2 --address 3FB --start 1 --amount 1", "",
-                "{\"command\":\"serial\",\"messages\":[\"S/N End Address > 0x3FC\"],\"result\":1}\n", 1},
-           Case{"serial --length 2 --address 0 --start 00001 --amount 1 2>&1", "",
-                "Start serial 00001 is longer than the length\n", 1},
-           Case{"serial --length 2 --address 0 --start 1 --amount 0 2>&1", "", "Please Keyin 'S/N Amount'. ( >= 1 )\n",
-                1},
-           Case{place + "--start 1G --amount 1 2>/dev/null", "", "", 2},
-           Case{place + "--start 1 --amount 1 --ic QV8348 2>/dev/null", "", "", 2},
-       }) {
-    const Outcome outcome = Job(c.arguments, c.input);
-    EXPECT_EQ(outcome.out, c.out) << c.arguments;
-    EXPECT_EQ(outcome.exitCode, c.exitCode) << c.arguments;
+  // clang-format off
+  for (const auto& [arguments, input, out, exitCode] : Table<std::string, std::string, std::string, int>{
+           {place + "--start 0E --amount 2 2>&1 >/dev/null", "", "The writer holds no job\n", 1},
+           {place + "--start 0E --amount 3 --ic " + first + " 2>/dev/null", "",
+            "000E OK\n000F NG\n000F OK\nOK 2, NG 1, Total 3\n", 1},
+           {place + "--start ff --amount 10 --wait 2>/dev/null", "\\n\\n\\n",
+            "00FF OK\n0100 OK\n0101 OK\nOK 3, NG 0, Total 3\n", 0},
+           {"--json " + place + "--start 1 --amount 1 --direction high", "",
+            "{\"chip\":1,\"command\":\"serial\",\"result\":0,\"serial\":\"0001\"}\n" "{\"command\":\"serial\",\"messages\":[\"Serial Number Program " "Complete\"],\"next\":\"2\",\"ng\":0,\"ok\":1," "\"result\":0,\"total\":1}\n",
+            0},
+           {"--json serial --length 2 --address 3FB --start 1 --amount 1", "",
+            "{\"command\":\"serial\",\"messages\":[\"S/N End Address > 0x3FC\"],\"result\":1}\n", 1},
+           {"serial --length 2 --address 0 --start 00001 --amount 1 2>&1", "",
+            "Start serial 00001 is longer than the length\n", 1},
+           {"serial --length 2 --address 0 --start 1 --amount 0 2>&1", "", "Please Keyin 'S/N Amount'. ( >= 1 )\n", 1},
+           {place + "--start 1G --amount 1 2>/dev/null", "", "", 2},
+           {place + "--start 1 --amount 1 --ic QV8348 2>/dev/null", "", "", 2}}) {
+    // clang-format on
+    const Outcome outcome = Job(arguments, input);
+    EXPECT_EQ(outcome.out, out) << arguments;
+    EXPECT_EQ(outcome.exitCode, exitCode) << arguments;
   }
 }
 

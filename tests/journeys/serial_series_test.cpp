@@ -12,7 +12,6 @@
 namespace pyxis::test {
 namespace {
 
-using Bytes = std::vector<std::uint8_t>;
 using standin::ChipState;
 
 Bytes Plus(Bytes number, unsigned carry) {
@@ -96,7 +95,7 @@ class TwentyChips : public SerialSeriesJourney, public ::testing::WithParamInter
       dialog.OnSnProgram();
       ASSERT_EQ(writer.chip.burnt, WithSerial(data, Unit::HighFirstWord, address, Plus(first, good), direction));
     }
-    EXPECT_EQ(op.Texts(), std::vector<std::string>{"Serial Number Program Complete"});
+    EXPECT_EQ(op.Texts(), Texts{"Serial Number Program Complete"});
     EXPECT_FALSE(dialog.snProgramEnabled);
     EXPECT_EQ(dialog.okText + " " + dialog.ngText + " " + dialog.totalText,
               Printf("%X %X %X", kChips, failures, kChips + failures));
@@ -187,7 +186,7 @@ TEST_F(SerialSeriesJourney, EachKindOfIcTakesASerialAtItsEnd) {
       TheAppState().SnMode = 1;
       op.files.push_back(sample);
       OnLoadFile();
-      ASSERT_EQ(op.Texts(), std::vector<std::string>{"Loading Data Ok"});
+      ASSERT_EQ(op.Texts(), Texts{"Loading Data Ok"});
       writer.chip = standin::Chip{};
       SnProgressDlg()->OnSnProgram();
       EXPECT_EQ(op.told.back().text, "Serial Number Program Complete");

@@ -9,8 +9,6 @@
 namespace pyxis::test {
 namespace {
 
-using Texts = std::vector<std::string>;
-
 class WireFaults : public StandinBench, public ::testing::WithParamInterface<Transport> {
  protected:
   WireFaults() : StandinBench(GetParam()) {}
@@ -60,7 +58,7 @@ TEST_P(WireFaults, MissingOrShortFirmwareCountsAsFailed) {
   std::filesystem::remove(folder / "firmware48/QV8348.nce");
   LoadAgain();
   EXPECT_EQ(op.Texts(), Texts{"Update Firmware Fail"});
-  Write("firmware48/QV8348.nce", std::vector<std::uint8_t>(kFirmwareImageSize - 1));
+  Write("firmware48/QV8348.nce", Bytes(kFirmwareImageSize - 1));
   LoadAgain();
   EXPECT_EQ(op.Texts(), Texts{"Update Firmware Fail"});
   EXPECT_EQ(writer.FirmwareLoads(), 0);

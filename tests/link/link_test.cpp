@@ -11,7 +11,6 @@
 namespace pyxis::test {
 namespace {
 
-using Lines = std::vector<std::string>;
 
 class Link : public Bench {
  protected:
@@ -45,10 +44,10 @@ class Link : public Bench {
 TEST_F(Link, TakesTheFirstWriterInBusOrder) {
   EXPECT_EQ(OpenWriterLink(), 1);
   EXPECT_EQ(TheAppState().UseLibusb, 1U);
-  EXPECT_EQ(usb.calls, (Lines{"find", "open 1"}));
+  EXPECT_EQ(usb.calls, (Texts{"find", "open 1"}));
   CloseWriterLink();
   CloseWriterLink();
-  EXPECT_EQ(usb.calls, (Lines{"find", "open 1", "close"}));
+  EXPECT_EQ(usb.calls, (Texts{"find", "open 1", "close"}));
   EXPECT_EQ(TheAppState().UseLibusb, 0U);
   EXPECT_EQ(Printed(), "success: set configuration #1\nsuccess: claim_interface #0\n");
 }
@@ -60,7 +59,7 @@ TEST_F(Link, ADeviceThatRefusesIsGivenUp) {
   usb.claimResult = -1;
   EXPECT_EQ(OpenWriterLink(), 0);
   EXPECT_EQ(TheAppState().UseLibusb, 0U);
-  EXPECT_EQ(usb.calls, (Lines{"find", "open 1", "close", "find", "open 1", "close"}));
+  EXPECT_EQ(usb.calls, (Texts{"find", "open 1", "close", "find", "open 1", "close"}));
   const std::string noPipes = "Failed to GetUsbDeviceFileName\nFailed to GetUsbDeviceFileName\n";
   EXPECT_EQ(Printed(), "error setting config #1: broken\n" + noPipes +
                            "success: set configuration #1\nerror claiming interface #0:\nbroken\n" + noPipes);
@@ -69,9 +68,9 @@ TEST_F(Link, ADeviceThatRefusesIsGivenUp) {
 // Two interfaces, the first of which can't be opened; remembers what was opened.
 class TwoPipes : public DevicePipes {
  public:
-  Lines opened;
+  Texts opened;
   bool writePipe = true;
-  std::vector<std::string> InterfacePaths() override { return {"busy", "dev"}; }
+  Texts InterfacePaths() override { return {"busy", "dev"}; }
   Handle Open(const std::string& path, int& error) override {
     opened.push_back(path);
     error = 5;
@@ -94,8 +93,7 @@ TEST_F(Link, PipesAreTheLastResort) {
   pipes.writePipe = true;
   pipes.opened.clear();
   EXPECT_EQ(OpenWriterLink(), 1);
-  EXPECT_EQ(pipes.opened,
-            (Lines{"busy", "dev", "close", "dev\\PIPE00", "busy", "dev", "close", "dev\\PIPE01"}));
+  EXPECT_EQ(pipes.opened, (Texts{"busy", "dev", "close", "dev\\PIPE00", "busy", "dev", "close", "dev\\PIPE01"}));
   usb.calls.clear();
   EXPECT_EQ(OpenWriterLink(), 1);
   EXPECT_TRUE(usb.calls.empty());
@@ -105,7 +103,7 @@ TEST_F(Link, PipesAreTheLastResort) {
 TEST_F(Link, VelmarapiComesFirst) {
   vendor.openResult = 0;
   OpenTransport();
-  EXPECT_EQ(vendor.calls, (Lines{"open 9899 0 0", "timeout 5"}));
+  EXPECT_EQ(vendor.calls, (Texts{"open 9899 0 0", "timeout 5"}));
   EXPECT_TRUE(usb.calls.empty());
   EXPECT_EQ(TheAppState().WriterConnected, 1U);
 }
@@ -115,7 +113,7 @@ TEST_F(Link, PeekOnBothTransports) {
   usb.reads = {{0x98}};
   TheAppState().ProgressMode = 1;
   EXPECT_EQ(PeekByte(address::kModel), 0x98);
-  EXPECT_EQ(usb.wire, (Lines{"> 55 53 42 43 00 00 00 00 01 00 00 00 00", "> 00", "< 13",
+  EXPECT_EQ(usb.wire, (Texts{"> 55 53 42 43 00 00 00 00 01 00 00 00 00", "> 00", "< 13",
                              "> 55 53 42 43 00 00 00 00 02 00 00 00 0F", "> FA 8F", "< 13",
                              "> 55 53 42 43 00 00 00 00 01 00 00 00 11", "< 1", "< 13"}));
   EXPECT_EQ(TheAppState().ProgressMode, 0);
@@ -129,7 +127,7 @@ TEST_F(Link, PeekOnBothTransports) {
   OpenVendor();
   vendor.reads = {{0x99}};
   EXPECT_EQ(PeekByte(address::kModel), 0x99);
-  EXPECT_EQ(vendor.calls, (Lines{"write 0: 00", "write 15: 00 00 FA 8F", "read 17: 1"}));
+  EXPECT_EQ(vendor.calls, (Texts{"write 0: 00", "write 15: 00 00 FA 8F", "read 17: 1"}));
 }
 
 TEST_F(Link, InfoBlockAndSelfTestOnBothTransports) {
@@ -147,7 +145,7 @@ TEST_F(Link, InfoBlockAndSelfTestOnBothTransports) {
   OpenVendor();
   ReadInfoBlock(TheAppState().WriterInfoBlock);
   SendTestSet(0x8D01);
-  EXPECT_EQ(vendor.calls, (Lines{"write 0: 47", "write 20: 04 17", "read 19: 512", "write 20: 0C 07", "write 0: 07",
+  EXPECT_EQ(vendor.calls, (Texts{"write 0: 47", "write 20: 04 17", "read 19: 512", "write 20: 0C 07", "write 0: 07",
                                  "write 0: 47", "write 3: 8D 01"}));
 }
 
@@ -162,46 +160,42 @@ class BarLog : public MainView {
 };
 
 TEST_F(Link, ChunksAndProgress) {
-  struct Case {
-    std::uint32_t length;
-    int range;
-    std::vector<int> chunks;
-  };
   OpenFrames();
   TheAppState().ProgressMode = 1;
-  for (const Case& c : {Case{0, 2, {}}, Case{1, 2, {1}}, Case{512, 1, {512}}, Case{513, 1, {512, 1}},
-                        Case{2048, 4, {512, 512, 512, 512}}}) {
-    SCOPED_TRACE(c.length);
+  // clang-format off
+  for (const auto& [length, range, chunks] : Table<std::uint32_t, int, std::vector<int>>{
+           {0, 2, {}}, {1, 2, {1}}, {512, 1, {512}}, {513, 1, {512, 1}}, {2048, 4, {512, 512, 512, 512}}}) {
+    // clang-format on
+    SCOPED_TRACE(length);
     usb.wire.clear();
-    const std::vector<std::uint8_t> data(c.length + 1, 7);
-    EXPECT_NE(SendBlock(data.data(), c.length, OP_WRITE_AREA), 0);
-    EXPECT_EQ(TheMainControls().statusBar.high, c.range);
-    ASSERT_EQ(usb.wire.size(), c.chunks.size() + 2);
-    for (std::size_t i = 0; i < c.chunks.size(); ++i)
-      EXPECT_EQ(usb.wire[i + 1], c.chunks[i] == 1 ? "> 07" : "> " + std::to_string(c.chunks[i]) + " bytes");
+    const Bytes data(length + 1, 7);
+    EXPECT_NE(SendBlock(data.data(), length, OP_WRITE_AREA), 0);
+    EXPECT_EQ(TheMainControls().statusBar.high, range);
+    ASSERT_EQ(usb.wire.size(), chunks.size() + 2);
+    for (std::size_t i = 0; i < chunks.size(); ++i)
+      EXPECT_EQ(usb.wire[i + 1], chunks[i] == 1 ? "> 07" : "> " + std::to_string(chunks[i]) + " bytes");
     EXPECT_EQ(usb.wire.back(), "< 13");
   }
   BarLog bar;
   TheMachine().view = &bar;
-  const std::vector<std::uint8_t> data(2048);
+  const Bytes data(2048);
   SendBlock(data.data(), 2048, OP_WRITE_AREA);
   EXPECT_EQ(bar.positions, (std::vector<int>{0, 1, 0, 1, 2, 3, 4}));
   EXPECT_EQ(MakeCommandBlock(0x10800, OP_WRITE_MEMORY)[9], 0x08);
 }
 
 TEST_F(Link, OnlyTheCommandAndTheStatusDecide) {
-  struct Case {
-    int failWrite, failRead, result;
-    std::size_t transfers;
-  };
-  const std::vector<std::uint8_t> data(600);
-  for (const Case& c : {Case{0, -1, 0, 1}, Case{1, -1, 1, 4}, Case{-1, 0, 0, 4}}) {
+  const Bytes data(600);
+  // clang-format off
+  for (const auto& [failWrite, failRead, result, transfers] : Table<int, int, int, std::size_t>{
+           {0, -1, 0, 1}, {1, -1, 1, 4}, {-1, 0, 0, 4}}) {
+    // clang-format on
     usb = WireLog();
     OpenFrames();
-    usb.failWriteAt = c.failWrite;
-    usb.failReadAt = c.failRead;
-    EXPECT_EQ(SendBlock(data.data(), 600, OP_WRITE_AREA), c.result);
-    EXPECT_EQ(usb.wire.size(), c.transfers);
+    usb.failWriteAt = failWrite;
+    usb.failReadAt = failRead;
+    EXPECT_EQ(SendBlock(data.data(), 600, OP_WRITE_AREA), result);
+    EXPECT_EQ(usb.wire.size(), transfers);
     CloseWriterLink();
   }
   usb = WireLog();
@@ -213,22 +207,19 @@ TEST_F(Link, OnlyTheCommandAndTheStatusDecide) {
 }
 
 TEST_F(Link, IdentityTellsTheHardware) {
-  struct Case {
-    std::string identity;
-    const char* folder;
-    std::uint32_t known;
-  };
   OpenFrames();
-  for (const Case& c : {Case{"PYX STANDALONE LOADER_V1.1", "hwversion1.1", 1},
-                        Case{"PYX STANDALONE LOADER_V1.0", "hwversion1.0", 1},
-                        Case{"PYX STANDALONE LOADER_V2.0", "hwversion1.1", 1},
-                        Case{"PYX STANDALONE LOADER_V2.1", "hwversion1.0", 0}, Case{"", "hwversion1.0", 0}}) {
-    usb.reads = {std::vector<std::uint8_t>(c.identity.begin(), c.identity.end())};
+  // clang-format off
+  for (const auto& [identity, folder, known] : Table<std::string, const char*, std::uint32_t>{
+           {"PYX STANDALONE LOADER_V1.1", "hwversion1.1", 1}, {"PYX STANDALONE LOADER_V1.0", "hwversion1.0", 1},
+           {"PYX STANDALONE LOADER_V2.0", "hwversion1.1", 1}, {"PYX STANDALONE LOADER_V2.1", "hwversion1.0", 0},
+           {"", "hwversion1.0", 0}}) {
+    // clang-format on
+    usb.reads = {Bytes(identity.begin(), identity.end())};
     usb.wire.clear();
     ReadWriterIdentity();
-    EXPECT_EQ(TheAppState().HwFolder, c.folder);
-    EXPECT_EQ(TheAppState().HwKnown, c.known);
-    EXPECT_EQ(usb.wire, (Lines{"> 55 53 42 43 00 00 00 00 1A 00 00 00 04", "< 26", "< 13"}));
+    EXPECT_EQ(TheAppState().HwFolder, folder);
+    EXPECT_EQ(TheAppState().HwKnown, known);
+    EXPECT_EQ(usb.wire, (Texts{"> 55 53 42 43 00 00 00 00 1A 00 00 00 04", "< 26", "< 13"}));
   }
 }
 

@@ -14,8 +14,6 @@
 namespace pyxis::test {
 namespace {
 
-using Texts = std::vector<std::string>;
-using Bytes = std::vector<std::uint8_t>;
 using Lines = std::array<std::string, 4>;
 
 class ChipInfo : public Bench {
@@ -40,23 +38,19 @@ class ChipInfo : public Bench {
 };
 
 TEST_F(ChipInfo, Opening) {
-  struct Case {
-    std::uint8_t lengthUnit, configKind;
-    Lines lines;
-    bool readEnabled;
-  };
-  for (const Case& c : {
-           Case{1, 0x10, {"Chip Name : ", "System Config : ", "Checksum : ", "ID : "}, true},
-           Case{0x10, 0, {"Chip Name : ", "System Config : ", "", ""}, true},
-           Case{1, 1, {"NO Support", "", "", ""}, false},
-           Case{0, 0x2F, {"NO Support", "", "", ""}, false},
-       }) {
-    Hold(Block(c.lengthUnit, c.configKind, 1, {}));
+  // clang-format off
+  for (const auto& [lengthUnit, configKind, lines, readEnabled] : Table<std::uint8_t, std::uint8_t, Lines, bool>{
+           {1, 0x10, {"Chip Name : ", "System Config : ", "Checksum : ", "ID : "}, true},
+           {0x10, 0, {"Chip Name : ", "System Config : ", "", ""}, true},
+           {1, 1, {"NO Support", "", "", ""}, false},
+           {0, 0x2F, {"NO Support", "", "", ""}, false}}) {
+    // clang-format on
+    Hold(Block(lengthUnit, configKind, 1, {}));
     int runs = 0;
     op.chipInfo = [&](CReadChipInfoDlg& dialog) {
       ++runs;
-      EXPECT_EQ(dialog.lines, c.lines);
-      EXPECT_EQ(dialog.readEnabled, c.readEnabled);
+      EXPECT_EQ(dialog.lines, lines);
+      EXPECT_EQ(dialog.readEnabled, readEnabled);
       EXPECT_TRUE(dialog.cancelEnabled);
       return DialogEnd::Cancel;
     };
@@ -69,29 +63,25 @@ TEST_F(ChipInfo, Opening) {
 TEST_F(ChipInfo, Lines) {
   const Bytes info{0x0A, 0x5F, 0x01, 0x02, 0x00, 0xBC, 0xFF, 0x0E};
   const Bytes notDual{0x1A, 0x5F, 0x01, 0x02, 0x00, 0xBC, 0xFF, 0x0E};
-  struct Case {
-    const char* why;
-    std::uint8_t lengthUnit, configKind, chipClass;
-    std::uint32_t dualSkip;
-    Bytes info;
-    Texts values;  // behind the captions
-  };
-  for (const Case& c : {
-           Case{"words", 1, 0, 1, 0, info, {"QV8348", "a5f", "ff0e", "bc"}},
-           Case{"one byte", 0x20, 0, 1, 0, info, {"QV8348", "a"}},
-           Case{"hidden configuration", 18, 0, 1, 0, info, {"QV8348", "NO Support", "ff0e", "bc"}},
-           Case{"bytes with checksum", 2, 0, 1, 0, info, {"QV8348", "a5f", "ff0e", "bc"}},
-           Case{"dual mode", 1, 0, 15, 0x200, info, {"QV8348", "a5f", "102", "bc"}},
-           Case{"flash has no dual mode", 1, 0, 16, 0x200, info, {"QV8348", "a5f", "ff0e", "bc"}},
-           Case{"chip not in dual mode", 1, 0, 15, 0x200, notDual, {"QV8348", "1a5f", "ff0e", "bc"}},
-           Case{"says nothing", 1, 1, 1, 0, info, {"QV8348", "", "", ""}},
-       }) {
-    SCOPED_TRACE(c.why);
-    Hold(Block(c.lengthUnit, c.configKind, c.chipClass, {}));
-    TheAppState().DualSkip = c.dualSkip;
+  // behind the captions
+  // clang-format off
+  for (const auto& [why, lengthUnit, configKind, chipClass, dualSkip, info, values] :
+       Table<const char*, std::uint8_t, std::uint8_t, std::uint8_t, std::uint32_t, Bytes, Texts>{
+           {"words", 1, 0, 1, 0, info, {"QV8348", "a5f", "ff0e", "bc"}},
+           {"one byte", 0x20, 0, 1, 0, info, {"QV8348", "a"}},
+           {"hidden configuration", 18, 0, 1, 0, info, {"QV8348", "NO Support", "ff0e", "bc"}},
+           {"bytes with checksum", 2, 0, 1, 0, info, {"QV8348", "a5f", "ff0e", "bc"}},
+           {"dual mode", 1, 0, 15, 0x200, info, {"QV8348", "a5f", "102", "bc"}},
+           {"flash has no dual mode", 1, 0, 16, 0x200, info, {"QV8348", "a5f", "ff0e", "bc"}},
+           {"chip not in dual mode", 1, 0, 15, 0x200, notDual, {"QV8348", "1a5f", "ff0e", "bc"}},
+           {"says nothing", 1, 1, 1, 0, info, {"QV8348", "", "", ""}}}) {
+    // clang-format on
+    SCOPED_TRACE(why);
+    Hold(Block(lengthUnit, configKind, chipClass, {}));
+    TheAppState().DualSkip = dualSkip;
     vendor.calls.clear();
     vendor.reads.assign(6, Bytes{3});  // the verdict doesn't matter
-    vendor.reads.push_back(Block(c.lengthUnit, c.configKind, c.chipClass, c.info));
+    vendor.reads.push_back(Block(lengthUnit, configKind, chipClass, info));
     CReadChipInfoDlg dialog(true);
     dialog.OnInitDialog();
     bool disabled = false;
@@ -100,7 +90,7 @@ TEST_F(ChipInfo, Lines) {
     dialog.OnRead();
     EXPECT_GE(clock.tick - before, 1000U);
     Lines wanted{"Chip Name : ", "System Config : ", "Checksum : ", "ID : "};
-    for (std::size_t i = 0; i < wanted.size(); ++i) wanted[i] = i < c.values.size() ? wanted[i] + c.values[i] : "";
+    for (std::size_t i = 0; i < wanted.size(); ++i) wanted[i] = i < values.size() ? wanted[i] + values[i] : "";
     EXPECT_EQ(dialog.lines, wanted);
     EXPECT_TRUE(disabled && dialog.readEnabled && dialog.cancelEnabled);
     EXPECT_EQ(vendor.calls.front(), "write 21: 16");

@@ -16,9 +16,6 @@
 namespace pyxis::test {
 namespace {
 
-using Texts = std::vector<std::string>;
-using Bytes = std::vector<std::uint8_t>;
-
 // A writer that answers what the test scripts.
 class ReadScripted : public Bench {
  protected:
@@ -41,32 +38,27 @@ class ReadScripted : public Bench {
 };
 
 TEST_F(ReadScripted, WordsAndLengths) {
-  struct Case {
-    const char* why;
-    std::uint32_t size;
-    unsigned dualStart;
-    bool swap;
-    Bytes chip, file;
-  };
-  for (const Case& c : {
-           Case{"as they come", 4, 0, false, {0x12, 0x34, 0x56, 0x78}, {0x12, 0x34, 0x56, 0x78}},
-           Case{"exchanged", 4, 0, true, {0x12, 0x34, 0x56, 0x78}, {0x34, 0x12, 0x78, 0x56}},
-           Case{"less the words in front", 8, 3, true, {0x12, 0x34}, {0x34, 0x12}},
-           Case{"odd", 3, 0, true, {1, 2, 3}, {2, 1, 0, 3}},
-           Case{"dual mode", 8192, 0x200, false, Bytes(7168, 5), Bytes(7168, 5)},
-       }) {
-    SCOPED_TRACE(c.why);
-    TheAppState().ReadSizeBytes = c.size;
-    TheAppState().ReadSwapBytes = c.swap;
+  // clang-format off
+  for (const auto& [why, size, dualStart, swap, chip, file] :
+       Table<const char*, std::uint32_t, unsigned, bool, Bytes, Bytes>{
+           {"as they come", 4, 0, false, {0x12, 0x34, 0x56, 0x78}, {0x12, 0x34, 0x56, 0x78}},
+           {"exchanged", 4, 0, true, {0x12, 0x34, 0x56, 0x78}, {0x34, 0x12, 0x78, 0x56}},
+           {"less the words in front", 8, 3, true, {0x12, 0x34}, {0x34, 0x12}},
+           {"odd", 3, 0, true, {1, 2, 3}, {2, 1, 0, 3}},
+           {"dual mode", 8192, 0x200, false, Bytes(7168, 5), Bytes(7168, 5)}}) {
+    // clang-format on
+    SCOPED_TRACE(why);
+    TheAppState().ReadSizeBytes = size;
+    TheAppState().ReadSwapBytes = swap;
     vendor.calls.clear();
-    vendor.reads = {Block(c.dualStart), c.chip};
+    vendor.reads = {Block(dualStart), chip};
     const std::uint32_t before = clock.tick;
     OnRead();
     EXPECT_GE(clock.tick - before, 1100U);
     EXPECT_LT(clock.tick - before, 2000U);  // no template was loaded
-    EXPECT_EQ(Contents("readdata.txt"), c.file);
+    EXPECT_EQ(Contents("readdata.txt"), file);
     Texts wanted = blockRead;
-    wanted.insert(wanted.end(), {"write 21: 34", "write 21: 34", "read 24: " + std::to_string(c.chip.size())});
+    wanted.insert(wanted.end(), {"write 21: 34", "write 21: 34", "read 24: " + std::to_string(chip.size())});
     EXPECT_EQ(vendor.calls, wanted);
   }
   EXPECT_EQ(op.told.back(), (Told{"Read OK", "Message", MessageIcon::None}));
@@ -99,27 +91,23 @@ class ReadOnWriter : public StandinBench, public ::testing::WithParamInterface<T
 
 // What Read writes is the program image as it stands in the program file, as far as the read goes.
 TEST_P(ReadOnWriter, ABurntChipReadsAsItsImage) {
-  struct Case {
-    const char* sample;
-    const char* image;       // that a comparison would look at
-    std::size_t from, size;  // of the image in that file, and how much of it the chip holds
-    std::size_t read;        // the length of the read
-  };
-  for (const Case& c : {
-           Case{"QV8348.hex", "QV8348.bin", 0, 2 * 1020, 0x800},
-           Case{"QV8348_dual.hex", "QV8348_dual.bin", 2 * 0x200, 2 * (1020 - 0x200), 0x800 - 2 * 0x200},
-           Case{"QV8309.hex", "QV8309.bin", 0, 4096, 0x1020},
-           Case{"QV8121.velmar", "qv8121.bin", 0, 4096, 0x1010},
-           Case{"QVL04.hex", "QVL04.bin", 0, 32768, 0x8002},
-           Case{"QVL01.obj", "QVL01.obj", 32, 8192, 0x4000},
-           Case{"QVL07.hex", "qvl07.bin", 0, 24576, 0x6020},
+  // that a comparison would look at; of the image in that file, and how much of it the chip holds; the length of the
+  // read
+  for (const auto& [sample, image, from, size, read] :
+       Table<const char*, const char*, std::size_t, std::size_t, std::size_t>{
+           {"QV8348.hex", "QV8348.bin", 0, 2 * 1020, 0x800},
+           {"QV8348_dual.hex", "QV8348_dual.bin", 2 * 0x200, 2 * (1020 - 0x200), 0x800 - 2 * 0x200},
+           {"QV8309.hex", "QV8309.bin", 0, 4096, 0x1020},
+           {"QV8121.velmar", "qv8121.bin", 0, 4096, 0x1010},
+           {"QVL04.hex", "QVL04.bin", 0, 32768, 0x8002},
+           {"QVL01.obj", "QVL01.obj", 32, 8192, 0x4000},
+           {"QVL07.hex", "qvl07.bin", 0, 24576, 0x6020},
            // 8191 bytes: in the half word at the end the exchange takes the last one a place further.
-           Case{"QV4105.otp", "QV4105.otp", 32, 8190, 0x2000},
-           Case{"QV4103.otp", "QV4103.otp", 32, 13024, 0x32E0},
-           Case{"QV4204.epm", "QV4204.epm", 0, 32768, 0x801A},
-       }) {
-    SCOPED_TRACE(c.sample);
-    const std::string sample = c.sample;
+           {"QV4105.otp", "QV4105.otp", 32, 8190, 0x2000},
+           {"QV4103.otp", "QV4103.otp", 32, 13024, 0x32E0},
+           {"QV4204.epm", "QV4204.epm", 0, 32768, 0x801A}}) {
+    SCOPED_TRACE(sample);
+    const std::string sample = sample;
     const std::string chip = sample.substr(0, sample.find_first_of("._"));
     writer.chip = standin::Chip{};
     LoadSample(chip);
@@ -130,10 +118,10 @@ TEST_P(ReadOnWriter, ABurntChipReadsAsItsImage) {
     op.told.clear();
     OnRead();
     EXPECT_EQ(op.Texts(), Texts{"Read OK"});
-    const Bytes image = Contents("samples/" + std::string(c.image)), data = Contents("readdata.txt");
-    ASSERT_EQ(data.size(), c.read);
-    EXPECT_TRUE(std::equal(data.begin(), data.begin() + static_cast<std::ptrdiff_t>(c.size),
-                           image.begin() + static_cast<std::ptrdiff_t>(c.from)));
+    const Bytes image = Contents("samples/" + std::string(image)), data = Contents("readdata.txt");
+    ASSERT_EQ(data.size(), read);
+    EXPECT_TRUE(std::equal(data.begin(), data.begin() + static_cast<std::ptrdiff_t>(size),
+                           image.begin() + static_cast<std::ptrdiff_t>(from)));
     EXPECT_EQ(writer.OptionArea(), job);
     EXPECT_EQ(TheAppState().LoadedFilePath, Path("readdata.txt"));
     EXPECT_EQ(TheHexView().Data, data);

@@ -13,8 +13,6 @@
 namespace pyxis::test {
 namespace {
 
-using Bytes = std::vector<std::uint8_t>;
-
 class SetProtect : public StandinBench {
  protected:
   void Protect(bool protect) {
@@ -30,32 +28,30 @@ class SetProtect : public StandinBench {
 };
 
 TEST_F(SetProtect, ChangesOneBitOfTheJob) {
-  struct Case {
-    const char* chip;
-    std::size_t byte;
-    int mask;
-    bool setWithProtect, inConfig, panel;
-  };
-  for (const Case& c : {Case{"QVL13", 36, 1, false, false, true}, Case{"QV4105", 36, 1, false, false, true},
-                        Case{"QV4103", 37, 1, false, false, true}, Case{"QVL04", 36, 1, false, false, true},
-                        Case{"QV4101", 43, 1, true, false, true}, Case{"QV4207", 43, 1, true, false, true},
-                        Case{"QV8121", 36, 0x80, true, true, false}, Case{"QV8202", 36, 0x20, false, true, false},
-                        Case{"QVL12", 36, 0x20, false, true, false}, Case{"QV8348", 36, 0x20, true, true, false},
-                        Case{"QV8501", 36, 0x20, true, true, false}, Case{"QVL01", 36, 0x20, true, true, false}}) {
-    SCOPED_TRACE(c.chip);
+  // clang-format off
+  for (const auto& [chip, byte, mask, setWithProtect, inConfig, panel] :
+       Table<const char*, std::size_t, int, bool, bool, bool>{
+           {"QVL13", 36, 1, false, false, true}, {"QV4105", 36, 1, false, false, true},
+           {"QV4103", 37, 1, false, false, true}, {"QVL04", 36, 1, false, false, true},
+           {"QV4101", 43, 1, true, false, true}, {"QV4207", 43, 1, true, false, true},
+           {"QV8121", 36, 0x80, true, true, false}, {"QV8202", 36, 0x20, false, true, false},
+           {"QVL12", 36, 0x20, false, true, false}, {"QV8348", 36, 0x20, true, true, false},
+           {"QV8501", 36, 0x20, true, true, false}, {"QVL01", 36, 0x20, true, true, false}}) {
+    // clang-format on
+    SCOPED_TRACE(chip);
     op.optionSelect = nullptr;
-    LoadSample(c.chip);
+    LoadSample(chip);
     const Bytes data = Contents(kDataPackageName);
     for (const bool protect : {true, false, true}) {
       TheAppState().SystemConfigWord = 0xFFFF;
       Protect(protect);
-      const bool set = protect == c.setWithProtect;
-      EXPECT_EQ((writer.OptionArea()[c.byte] & c.mask) != 0, set);
+      const bool set = protect == setWithProtect;
+      EXPECT_EQ((writer.OptionArea()[byte] & mask) != 0, set);
       EXPECT_EQ(Contents(kOptionPackageName), writer.OptionArea());
       EXPECT_EQ(Contents(kOptionPackageName).size(), 512U);
-      EXPECT_EQ(TheAppState().SystemConfigWord, c.inConfig && !set ? 0xFFFF & ~(c.mask << 8) : 0xFFFF);
-      EXPECT_EQ(TheMainControls()[ControlId::Protect].visible, c.panel);
-      if (c.panel) {
+      EXPECT_EQ(TheAppState().SystemConfigWord, inConfig && !set ? 0xFFFF & ~(mask << 8) : 0xFFFF);
+      EXPECT_EQ(TheMainControls()[ControlId::Protect].visible, panel);
+      if (panel) {
         EXPECT_EQ(TheMainControls()[ControlId::Protect].checked, protect);
       }
     }
@@ -87,7 +83,7 @@ TEST_F(SetProtect, AnotherIcsRowChangesNothing) {
   TheAppState().SelectedChip = "QV8305";
   op.told.clear();
   OnSetProtect();
-  EXPECT_EQ(op.Texts(), std::vector<std::string>{"HW and SW Chip Name is discordant"});
+  EXPECT_EQ(op.Texts(), Texts{"HW and SW Chip Name is discordant"});
   EXPECT_EQ(writer.OptionArea(), before);
 }
 
@@ -130,18 +126,16 @@ TEST_F(Selection, OkTakesEverythingOver) {
 }
 
 TEST_F(Selection, EitherWitnessIsEnough) {
-  struct Case {
-    std::uint8_t inRegister, inBlock;
-    int model;
-  };
-  for (const Case& c : {Case{0x98, 0, 1}, Case{0, 0x98, 1}, Case{0x99, 0x98, 1}, Case{0x98, 0x99, 1}, Case{0x99, 0, 2},
-                        Case{0, 0x99, 2}, Case{0, 0, 0}}) {
-    writer.Memory()[0xFA8F] = c.inRegister;
-    writer.OptionArea()[207] = c.inBlock;
+  // clang-format off
+  for (const auto& [inRegister, inBlock, model] : Table<std::uint8_t, std::uint8_t, int>{
+           {0x98, 0, 1}, {0, 0x98, 1}, {0x99, 0x98, 1}, {0x98, 0x99, 1}, {0x99, 0, 2}, {0, 0x99, 2}, {0, 0, 0}}) {
+    // clang-format on
+    writer.Memory()[0xFA8F] = inRegister;
+    writer.OptionArea()[207] = inBlock;
     op.told.clear();
     OnDevice();
-    EXPECT_EQ(TheAppState().WriterModel, c.model);
-    EXPECT_EQ(op.told.size(), c.model == 0 ? 1U : 0U);
+    EXPECT_EQ(TheAppState().WriterModel, model);
+    EXPECT_EQ(op.told.size(), model == 0 ? 1U : 0U);
   }
 }
 

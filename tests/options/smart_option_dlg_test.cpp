@@ -14,7 +14,7 @@ class RecordingWindow : public OptionWindow {
   int unit = 17, scrollX = 0, scrollY = 0, clientHeight = 200;
   OptionRect placement{50, 60, 300, 250};
   std::string title;
-  std::vector<std::string> calls;
+  Texts calls;
   std::vector<OptionRect> lists;
 
   int VerticalBaseUnit() override { return unit; }
@@ -27,7 +27,7 @@ class RecordingWindow : public OptionWindow {
     lists.push_back(rect);
     return static_cast<int>(lists.size());
   }
-  void FillList(OptionListHandle list, const std::vector<std::string>& alternatives, int selection) override {
+  void FillList(OptionListHandle list, const Texts& alternatives, int selection) override {
     calls.push_back(Printf("list %d: %zu from %s, %d", list, alternatives.size(),
                            alternatives.empty() ? "" : alternatives[0].c_str(), selection));
   }
@@ -55,7 +55,7 @@ class SmartOptionDialog : public Bench {
   }
   void Put(const std::string& chip, const std::string& text) {
     TheAppState().SelectedChip = chip;
-    Write("tin/" + chip + ".tin", std::vector<std::uint8_t>(text.begin(), text.end()));
+    Write("tin/" + chip + ".tin", Bytes(text.begin(), text.end()));
   }
   RecordingWindow window;
   std::vector<CSmartOptionDlg::Cells> rows;
@@ -82,7 +82,7 @@ TEST_F(SmartOptionDialog, LaysTheRowsOut) {
   EXPECT_EQ(rows[1].list, (OptionRect{174, 28, 192, 127}));
   EXPECT_EQ(rows[2].list, (OptionRect{104, 54, 42, 127}));
   EXPECT_EQ(window.lists, (std::vector<OptionRect>{rows[0].list, rows[1].list, rows[2].list}));
-  EXPECT_EQ(window.calls, (std::vector<std::string>{
+  EXPECT_EQ(window.calls, (Texts{
                               "x 0-476, 101 at 0",  // 174 + 192 + 2, and 8, and 100
                               "y 0-188, 101 at 0",  // 2 + 3 * 26, and 8, and 100
                               "list 1: 2 from on, 0", "list 2: 4 from long alternative, 3",
@@ -105,7 +105,7 @@ TEST_F(SmartOptionDialog, WithoutAWordTheDefaultsHold) {
   EXPECT_EQ(window.title, "Smart Option [ System config : FFFFFFFF ]");
   EXPECT_EQ(
       std::vector(window.calls.begin() + 2, window.calls.end()),
-      (std::vector<std::string>{"list 1: 2 from on, 0", "list 2: 4 from long alternative, 1", "list 3: 3 from 1, 7"}));
+      (Texts{"list 1: 2 from on, 0", "list 2: 4 from long alternative, 1", "list 3: 3 from 1, 7"}));
 }
 
 TEST_F(SmartOptionDialog, PaintsWhatIsInView) {
@@ -113,13 +113,13 @@ TEST_F(SmartOptionDialog, PaintsWhatIsInView) {
   paint = true;
   const std::string first = " 01. Wdt : black", second = " 02. Oscillator : blue", third = " 03. Lvr : blue";
   OnSmartOption();
-  EXPECT_EQ(window.calls, (std::vector<std::string>{"2,6" + first, "2,32" + second, "2,58" + third}));
+  EXPECT_EQ(window.calls, (Texts{"2,6" + first, "2,32" + second, "2,58" + third}));
   window.scrollX = 5, window.scrollY = 22, window.clientHeight = 20;  // a pixel of the first is left
   OnSmartOption();
-  EXPECT_EQ(window.calls, (std::vector<std::string>{"-3,-16" + first, "-3,10" + second}));
+  EXPECT_EQ(window.calls, (Texts{"-3,-16" + first, "-3,10" + second}));
   window.scrollY = 24, window.clientHeight = 33;
   OnSmartOption();
-  EXPECT_EQ(window.calls, (std::vector<std::string>{"-3,8" + second}));
+  EXPECT_EQ(window.calls, (Texts{"-3,8" + second}));
 }
 
 TEST_F(SmartOptionDialog, AMissingFileShowsNoRows) {
@@ -132,7 +132,7 @@ TEST_F(SmartOptionDialog, AMissingFileShowsNoRows) {
   EXPECT_EQ(runs, 2);
   EXPECT_TRUE(rows.empty());
   EXPECT_EQ(window.title, "Smart Option [ System config : 0012 ]");
-  EXPECT_EQ(window.calls, (std::vector<std::string>{"x 0-108, 101 at 0", "y 0-110, 101 at 0"}));
+  EXPECT_EQ(window.calls, (Texts{"x 0-108, 101 at 0", "y 0-110, 101 at 0"}));
   EXPECT_TRUE(op.told.empty());
 }
 

@@ -11,14 +11,12 @@
 namespace pyxis::test {
 namespace {
 
-using Texts = std::vector<std::string>;
-
 class SmartOption : public Bench {
  protected:
   SmartOption() { AllocateSmartOptionBuffer(); }
 
   int Read(const std::string& text) {
-    Write("a.tin", std::vector<std::uint8_t>(text.begin(), text.end()));
+    Write("a.tin", Bytes(text.begin(), text.end()));
     return ReadTinFile(Path("a.tin"));
   }
   static Texts Labels() {
@@ -39,33 +37,28 @@ class SmartOption : public Bench {
 };
 
 TEST_F(SmartOption, WhatIsACaption) {
-  struct Case {
-    const char* name;
-    std::string text;
-    Texts labels;
-  };
   const std::string longLine(300, 'a');
-  for (const Case& c : {
-           Case{"one row is bare", "[MENU]\nWatchdog\n", {"Watchdog"}},
-           Case{"more are numbered", "[MENU]\r\nA1\r\nB2\r\n", {"01. A1", "02. B2"}},
-           Case{"comments and short lines", "[MENU]\n;no\n*no\nA\n\r\nAB\nCD", {"AB"}},
-           Case{"the end of the file counts for nothing", "[MENU]\nABC", {"ABC"}},
-           Case{"a header ends it", "[MENU]\nABC\n[x] y\nDEF\n", {"ABC"}},
-           Case{"an open bracket doesn't", "[MENU]\n[ABC\nDEF\n", {"01. [ABC", "02. DEF"}},
-           Case{"a point ends it", "[MENU]\nABC\n.end\nDEF\n", {"ABC"}},
-           Case{"a point alone too", "[MENU]\nABC\n.\nDEF\n", {"ABC"}},
-           Case{"a header anywhere in its line", "; x [MENU] y\nABC\n[MENU]\nDEF\n", {"ABC"}},
-           Case{"behind another section", "[ITEM]\nx\x01y\n[MENU]\nABC\n", {"ABC"}},
-           Case{"a long line is cut and keeps its row",
-                "[MENU]\n" + longLine + "\nDEF\n",
-                {"01. " + std::string(60, 'a'), "02. DEF"}},
-           Case{"64 bytes fit", "[MENU]\n" + std::string(64, 'b') + "\n", {std::string(64, 'b')}},
-           Case{"a zero byte ends its line", std::string("[MENU]\nAB\0CD\n\0EF\nGHI\n", 22), {"01. AB", "02. GHI"}},
-           Case{"no line at all", "[MENU]\n", {}},
-       }) {
-    SCOPED_TRACE(c.name);
-    EXPECT_EQ(Read(c.text), static_cast<int>(c.labels.size()));
-    EXPECT_EQ(Labels(), c.labels);
+  // clang-format off
+  for (const auto& [name, text, labels] : Table<const char*, std::string, Texts>{
+           {"one row is bare", "[MENU]\nWatchdog\n", {"Watchdog"}},
+           {"more are numbered", "[MENU]\r\nA1\r\nB2\r\n", {"01. A1", "02. B2"}},
+           {"comments and short lines", "[MENU]\n;no\n*no\nA\n\r\nAB\nCD", {"AB"}},
+           {"the end of the file counts for nothing", "[MENU]\nABC", {"ABC"}},
+           {"a header ends it", "[MENU]\nABC\n[x] y\nDEF\n", {"ABC"}},
+           {"an open bracket doesn't", "[MENU]\n[ABC\nDEF\n", {"01. [ABC", "02. DEF"}},
+           {"a point ends it", "[MENU]\nABC\n.end\nDEF\n", {"ABC"}},
+           {"a point alone too", "[MENU]\nABC\n.\nDEF\n", {"ABC"}},
+           {"a header anywhere in its line", "; x [MENU] y\nABC\n[MENU]\nDEF\n", {"ABC"}},
+           {"behind another section", "[ITEM]\nx\x01y\n[MENU]\nABC\n", {"ABC"}},
+           {"a long line is cut and keeps its row", "[MENU]\n" + longLine + "\nDEF\n",
+            {"01. " + std::string(60, 'a'), "02. DEF"}},
+           {"64 bytes fit", "[MENU]\n" + std::string(64, 'b') + "\n", {std::string(64, 'b')}},
+           {"a zero byte ends its line", std::string("[MENU]\nAB\0CD\n\0EF\nGHI\n", 22), {"01. AB", "02. GHI"}},
+           {"no line at all", "[MENU]\n", {}}}) {
+    // clang-format on
+    SCOPED_TRACE(name);
+    EXPECT_EQ(Read(text), static_cast<int>(labels.size()));
+    EXPECT_EQ(Labels(), labels);
   }
 }
 
@@ -110,18 +103,17 @@ TEST_F(SmartOption, TheTableOutlivesAReading) {
 }
 
 TEST_F(SmartOption, Defaults) {
-  struct Case {
-    const char* line;
-    std::array<std::int32_t, 9> choices;
-  };
   const std::string menu = "[MENU]\nAAA\nBBB\nCCC\nDDD\n[FIRST]\n";
-  for (const Case& c : {Case{"23\n", {7, 2, 3, 7, 7, 7, 7, 7, 7}}, Case{"azAZ9\n", {7, 10, 35, 10, 35, 7, 7, 7, 7}},
-                        Case{"0-1\r\n2\n", {7, 7, 7, 1, 7, 7, 7, 7, 7}}, Case{"\n5\n", {7, 7, 7, 7, 7, 7, 7, 7, 7}},
-                        Case{";1*2", {7, 7, 1, 7, 2, 7, 7, 7, 7}}, Case{"", {7, 7, 7, 7, 7, 7, 7, 7, 7}}}) {
-    SCOPED_TRACE(c.line);
+  // clang-format off
+  for (const auto& [line, choices] : Table<const char*, std::array<std::int32_t, 9>>{
+           {"23\n", {7, 2, 3, 7, 7, 7, 7, 7, 7}}, {"azAZ9\n", {7, 10, 35, 10, 35, 7, 7, 7, 7}},
+           {"0-1\r\n2\n", {7, 7, 7, 1, 7, 7, 7, 7, 7}}, {"\n5\n", {7, 7, 7, 7, 7, 7, 7, 7, 7}},
+           {";1*2", {7, 7, 1, 7, 2, 7, 7, 7, 7}}, {"", {7, 7, 7, 7, 7, 7, 7, 7, 7}}}) {
+    // clang-format on
+    SCOPED_TRACE(line);
     OptionChoices().fill(7);
-    EXPECT_EQ(Read(menu + c.line), 4);
-    EXPECT_EQ(OptionChoices(), c.choices);
+    EXPECT_EQ(Read(menu + line), 4);
+    EXPECT_EQ(OptionChoices(), choices);
   }
 }
 
@@ -210,23 +202,22 @@ TEST_F(SmartOption, TheProgramFoldersFilesFitTheMasks) {
 
 // What Set Protect does to the word shows in words.
 TEST_F(SmartOption, ProtectionReadsRight) {
-  struct Case {
-    const char* chip;
-    std::int32_t isProtected, isNot;
-  };
-  for (const Case& c : {Case{"QV8348", 0x3FFF, 0x1FFF}, Case{"QV8309", 0x1FFF, 0x3FFF}, Case{"QV8103", 0xFFFF, 0x7FFF},
-                        Case{"QVL11", 0x1FFF, 0x3FFF}}) {
-    SCOPED_TRACE(c.chip);
-    const auto bytes = pyxis::folder::MakeTin(c.chip);
+  // clang-format off
+  for (const auto& [chip, isProtected, isNot] : Table<const char*, std::int32_t, std::int32_t>{
+           {"QV8348", 0x3FFF, 0x1FFF}, {"QV8309", 0x1FFF, 0x3FFF}, {"QV8103", 0xFFFF, 0x7FFF},
+           {"QVL11", 0x1FFF, 0x3FFF}}) {
+    // clang-format on
+    SCOPED_TRACE(chip);
+    const auto bytes = pyxis::folder::MakeTin(chip);
     int series = 0, type = 0;
-    ASSERT_TRUE(FindChip(c.chip, series, type));
+    ASSERT_TRUE(FindChip(chip, series, type));
     ASSERT_GT(Read({bytes.begin(), bytes.end()}), 0);
     const auto shown = [&](std::int32_t word) {
       UnpackSystemConfig(word);
       return Alternatives()[0][static_cast<std::size_t>(OptionChoices()[0])];
     };
-    EXPECT_EQ(shown(c.isProtected), "Protected");
-    EXPECT_EQ(shown(c.isNot), "Not protected");
+    EXPECT_EQ(shown(isProtected), "Protected");
+    EXPECT_EQ(shown(isNot), "Not protected");
   }
 }
 

@@ -11,8 +11,6 @@
 namespace pyxis::test {
 namespace {
 
-using Bytes = std::vector<std::uint8_t>;
-
 struct Group {
   unsigned limit;
   const char* chips;
@@ -133,7 +131,7 @@ TEST_F(SerialFile, EveryIcOfTheLimits) {
       Check(entry);
       entry.address = static_cast<unsigned>(group.limit - entry.length + 1);
       EXPECT_FALSE(Enter(entry)) << entry.chip;
-      EXPECT_EQ(op.Texts(), std::vector<std::string>{Printf("S/N End Address > 0x%X", group.limit)}) << entry.chip;
+      EXPECT_EQ(op.Texts(), Texts{Printf("S/N End Address > 0x%X", group.limit)}) << entry.chip;
     }
   }
   EXPECT_EQ(n, 123U);

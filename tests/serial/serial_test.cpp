@@ -11,9 +11,6 @@
 namespace pyxis::test {
 namespace {
 
-using Bytes = std::vector<std::uint8_t>;
-using Texts = std::vector<std::string>;
-
 class Serial : public StandinBench, public ::testing::WithParamInterface<Transport> {
  protected:
   Serial() : StandinBench(GetParam()) {}
@@ -65,28 +62,21 @@ TEST_P(Serial, TheFileByteForByte) {
 }
 
 TEST_P(Serial, WhatTheDialogRefuses) {
-  struct Case {
-    const char *chip, *length, *address, *start, *amount;
-    Texts told;
-    bool closes;
-  };
-  for (const Case& c : {
-           Case{"QV8329", "2", "3FA", "0", "1", {}, true},
-           Case{"QV8329", "2", "3FB", "0", "1", {"S/N End Address > 0x3FC"}, false},
-           Case{"QV8329", "1", "0", "FF", "1", {}, true},
-           Case{"QV8329", "1", "0", "FF", "2", {"End Serial Number > SN Length"}, false},
-           Case{"QV8329", "1", "0", "FF", "0000", {"Please Keyin 'S/N Amount'. ( >= 1 )"}, false},
-           Case{"QV8329", "1", "0", "FF", "", {"Please Keyin 'S/N Amount'. ( >= 1 )"}, false},
-           Case{"QV4204", "2", "10", "0", "1", {"S/N Length Enter 4", "S/N Start Address Error"}, true},
-           Case{"QV4201", "4", "1FFD", "0", "1", {}, true},
-           Case{"QV8329", "10", "0", "FFFFFFFFFFFFFFFFFFFFFFFFFFFFFFFF", "1", {}, true},
-           Case{"QV8329", "2", "0", "0x00FE", "0x2", {}, true},
-           Case{"QV8329", "2", "FFFF", "0", "1", {"S/N End Address > 0x3FC"}, false},
-           Case{"QV4203", "1", "0", "0", "1", {"S/N End Address > 0x0"}, false},  // takes no serial
-       }) {
-    PutTemplate(c.chip);
-    EXPECT_EQ(Set(true, c.length, c.address, c.start, c.amount), c.closes) << c.start << " " << c.amount;
-    EXPECT_EQ(op.Texts(), c.told);
+  for (const auto& [chip, length, address, start, amount, told, closes] : Table<const char*, const char*, const char*, const char*, const char*, Texts, bool>{
+    {"QV8329", "2", "3FA", "0", "1", {}, true}, {"QV8329", "2", "3FB", "0", "1", {"S/N End Address > 0x3FC"}, false},
+        {"QV8329", "1", "0", "FF", "1", {}, true},
+        {"QV8329", "1", "0", "FF", "2", {"End Serial Number > SN Length"}, false},
+        {"QV8329", "1", "0", "FF", "0000", {"Please Keyin 'S/N Amount'. ( >= 1 )"}, false},
+        {"QV8329", "1", "0", "FF", "", {"Please Keyin 'S/N Amount'. ( >= 1 )"}, false},
+        {"QV4204", "2", "10", "0", "1", {"S/N Length Enter 4", "S/N Start Address Error"}, true},
+        {"QV4201", "4", "1FFD", "0", "1", {}, true},
+        {"QV8329", "10", "0", "FFFFFFFFFFFFFFFFFFFFFFFFFFFFFFFF", "1", {}, true},
+        {"QV8329", "2", "0", "0x00FE", "0x2", {}, true},
+        {"QV8329", "2", "FFFF", "0", "1", {"S/N End Address > 0x3FC"}, false},
+        {"QV4203", "1", "0", "0", "1", {"S/N End Address > 0x0"}, false},  // takes no serial}) {
+        PutTemplate(chip);
+    EXPECT_EQ(Set(true, length, address, start, amount), closes) << start << " " << amount;
+    EXPECT_EQ(op.Texts(), told);
   }
 }
 

@@ -16,8 +16,6 @@
 namespace pyxis::test {
 namespace {
 
-using Texts = std::vector<std::string>;
-
 const DeviceEvent kWriterCame{DeviceEvent::Kind::Arrival, "dev#{6580898b-0493-40b6-87aa-d307188d4e24}"};
 const DeviceEvent kOtherCame{DeviceEvent::Kind::Arrival, "dev#{6580898B-0493-40B6-87AA-D307188D4E24}"};
 const DeviceEvent kWriterWent{DeviceEvent::Kind::Removal, "dev#{6580898b-0493-40b6-87aa-d307188d4e24}"};
@@ -31,18 +29,17 @@ class VendorEvents : public StandinBench {
 };
 
 TEST_F(UsbEvents, WitnessesOfTheModel) {
-  struct Case {
-    std::uint8_t inRegister, inBlock;
-    int atStart, atArrival;
-  };
-  for (const Case& c : {Case{0x98, 0x98, 1, 1}, Case{0x99, 0x99, 2, 2}, Case{0x98, 0x99, 0, 1}, Case{0x99, 0x98, 0, 2},
-                        Case{0x98, 0, 0, 1}, Case{0, 0, 0, 0}}) {
-    writer.Memory()[address::kModel] = c.inRegister;
-    writer.OptionArea()[207] = c.inBlock;
+  // clang-format off
+  for (const auto& [inRegister, inBlock, atStart, atArrival] : Table<std::uint8_t, std::uint8_t, int, int>{
+           {0x98, 0x98, 1, 1}, {0x99, 0x99, 2, 2}, {0x98, 0x99, 0, 1}, {0x99, 0x98, 0, 2}, {0x98, 0, 0, 1},
+           {0, 0, 0, 0}}) {
+    // clang-format on
+    writer.Memory()[address::kModel] = inRegister;
+    writer.OptionArea()[207] = inBlock;
     IdentifyAtStart();
-    EXPECT_EQ(TheAppState().WriterModel, c.atStart);
+    EXPECT_EQ(TheAppState().WriterModel, atStart);
     OnDeviceEvent(kWriterCame);
-    EXPECT_EQ(TheAppState().WriterModel, c.atArrival);
+    EXPECT_EQ(TheAppState().WriterModel, atArrival);
   }
 }
 
@@ -51,11 +48,10 @@ TEST_F(UsbEvents, AWriterWithoutFirmwareGetsItsTestImage) {
   writer.Memory()[address::kModel] = 0;
   writer.OptionArea()[207] = 0x98;
   OnDeviceEvent(kWriterCame);
-  EXPECT_EQ(op.told,
-            (std::vector<Told>{
-                {"Hardware/Firmware Error", "Message", MessageIcon::Stop},
-                {"KM48 Error About To Enter The Test Mode.\nPlease Wait", "Message", MessageIcon::Warning},
-                {"Test Ok.\nPlease Re-select The IC", "Message", MessageIcon::None}}));
+  EXPECT_EQ(op.told, (std::vector<Told>{
+                         {"Hardware/Firmware Error", "Message", MessageIcon::Stop},
+                         {"KM48 Error About To Enter The Test Mode.\nPlease Wait", "Message", MessageIcon::Warning},
+                         {"Test Ok.\nPlease Re-select The IC", "Message", MessageIcon::None}}));
   EXPECT_EQ(writer.Memory()[address::kModel], 0x98);
 
   writer.Memory()[address::kModel] = 0;
@@ -79,7 +75,8 @@ TEST_F(UsbEvents, PulledOutAndPutBack) {
   OnDeviceEvent(kWriterWent);
   EXPECT_EQ(TheAppState().WriterConnected, 0U);
   EXPECT_EQ(TheMainControls().statusBar.pane1, "USB was not connected");
-  for (ControlId id : {ControlId::Auto, ControlId::Verify, ControlId::Read, ControlId::SmartOption, ControlId::WriterTest})
+  for (ControlId id :
+       {ControlId::Auto, ControlId::Verify, ControlId::Read, ControlId::SmartOption, ControlId::WriterTest})
     EXPECT_FALSE(TheMainControls()[id].enabled);
   EXPECT_EQ(TheAppState().SelectedChip, "QV8348");
   EXPECT_FALSE(MenuEnabled(MenuEntry::LoadFile));
@@ -116,7 +113,7 @@ TEST_F(VendorEvents, AnotherDeviceWentAway) {
 TEST_F(UsbEvents, RefreshShowsTheJob) {
   AppState& app = TheAppState();
   auto& block = app.WriterInfoBlock;
-  Write("res/QVL04isp.bmp", std::vector<std::uint8_t>{1});
+  Write("res/QVL04isp.bmp", Bytes{1});
   const auto put = [&](const std::string& name) {
     block.fill(0);
     std::copy(name.begin(), name.end(), block.begin());
@@ -138,20 +135,18 @@ TEST_F(UsbEvents, RefreshShowsTheJob) {
   EXPECT_TRUE(TheMainControls()[ControlId::Clock32kDisable].checked);
   EXPECT_TRUE(MenuEnabled(MenuEntry::ReadChipInfo));
 
-  struct Case {
-    int flags;
-    std::uint32_t mass, limit;
-    bool programEnabled;
-  };
-  for (const Case& c : {Case{0x10, 1, 0, false}, Case{0x11, 0x11, 1, false}, Case{0x01, 0, 0, true}, Case{0, 0, 0, true}}) {
+  // clang-format off
+  for (const auto& [flags, mass, limit, programEnabled] : Table<int, std::uint32_t, std::uint32_t, bool>{
+           {0x10, 1, 0, false}, {0x11, 0x11, 1, false}, {0x01, 0, 0, true}, {0, 0, 0, true}}) {
+    // clang-format on
     app.MassProduction = app.ProductionLimitOn = 0;
-    block[78] = static_cast<std::uint8_t>(c.flags);
+    block[78] = static_cast<std::uint8_t>(flags);
     EnableControl(ControlId::Program, true);
     RefreshFromWriter();
-    EXPECT_EQ(app.MassProduction, c.mass);
-    EXPECT_EQ(app.ProductionLimitOn, c.limit);
-    EXPECT_EQ(TheMainControls()[ControlId::Program].enabled, c.programEnabled);
-    EXPECT_EQ(MenuEnabled(MenuEntry::ReadChipInfo), c.flags == 0);
+    EXPECT_EQ(app.MassProduction, mass);
+    EXPECT_EQ(app.ProductionLimitOn, limit);
+    EXPECT_EQ(TheMainControls()[ControlId::Program].enabled, programEnabled);
+    EXPECT_EQ(MenuEnabled(MenuEntry::ReadChipInfo), flags == 0);
   }
   put("QV8348");
   StoreBe16(&block[36], 0x3ABC);

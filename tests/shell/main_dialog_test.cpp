@@ -71,7 +71,7 @@ TEST_P(MainDialog, StartsWithTheJobOfTheWriter) {
   EXPECT_FALSE(Visible(ControlId::Read));
   EXPECT_FALSE(Visible(ControlId::WriterTest));
   dialog.OnButton(ControlId::Auto);
-  EXPECT_EQ(op.Texts(), std::vector<std::string>{"Auto OK"});
+  EXPECT_EQ(op.Texts(), Texts{"Auto OK"});
 
   writer.OptionArea()[78] = 0x11;
   Restart();

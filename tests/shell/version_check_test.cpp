@@ -9,7 +9,6 @@
 namespace pyxis::test {
 namespace {
 
-using Calls = std::vector<std::string>;
 
 // Notes what is in force while the client runs.
 class WatchedAgent : public UpdateAgent {
@@ -41,25 +40,22 @@ class VersionCheck : public Bench {
 TEST_F(VersionCheck, WhatEachResultMeans) {
   const Told question{"Do you want to exit old version of PyxisLoad ?", "Select Exit ? ", MessageIcon::None};
   const Told current{"This is newer version .", "PyxisLoad", MessageIcon::None};
-  struct Case {
-    std::int32_t result;
-    bool answer;
-    std::vector<Told> told;
-    Calls calls;
-  };
-  for (const Case& c :
-       {Case{0, true, {question}, {"disable", "call", "enable", "end"}},
-        Case{0, false, {question}, {"disable", "call", "enable"}},
-        Case{4, true, {current}, {"disable", "call", "enable"}}, Case{1, true, {}, {"disable", "call", "enable"}},
-        Case{kUpdateAgentMissing, true, {}, {"disable", "call", "enable"}}}) {
-    SCOPED_TRACE(c.result);
+  // clang-format off
+  for (const auto& [result, answer, told, calls] : Table<std::int32_t, bool, std::vector<Told>, Texts>{
+           {0, true, {question}, {"disable", "call", "enable", "end"}},
+           {0, false, {question}, {"disable", "call", "enable"}},
+           {4, true, {current}, {"disable", "call", "enable"}},
+           {1, true, {}, {"disable", "call", "enable"}},
+           {kUpdateAgentMissing, true, {}, {"disable", "call", "enable"}}}) {
+    // clang-format on
+    SCOPED_TRACE(result);
     op.told.clear();
     view.calls.clear();
-    op.answers = {c.answer};
-    agent.result = c.result;
+    op.answers = {answer};
+    agent.result = result;
     CheckNewVersion();
-    EXPECT_EQ(op.told, c.told);
-    EXPECT_EQ(view.calls, c.calls);
+    EXPECT_EQ(op.told, told);
+    EXPECT_EQ(view.calls, calls);
   }
 }
 
@@ -69,7 +65,7 @@ TEST_F(VersionCheck, TheCursorLiesInTheCurrentFolder) {
     op.cursorsLoad = loads;
     op.cursors.clear();
     CheckNewVersion();
-    EXPECT_EQ(op.cursors, (Calls{CurrentDirectory() + "/dinosaur.ani"}));
+    EXPECT_EQ(op.cursors, (Texts{CurrentDirectory() + "/dinosaur.ani"}));
     EXPECT_EQ(agent.cursor != 1, loads);
     EXPECT_EQ(op.cursor, 1);
   }

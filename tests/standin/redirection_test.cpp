@@ -13,8 +13,6 @@
 namespace pyxis::test {
 namespace {
 
-using Bytes = std::vector<std::uint8_t>;
-
 // The virtual machine's side: keeps what it hears.
 class Guest {
  public:

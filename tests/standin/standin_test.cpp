@@ -12,7 +12,6 @@ namespace {
 using standin::ChipState;
 using standin::Door;
 using standin::WriterModel;
-using Bytes = std::vector<std::uint8_t>;
 
 void Write(WriterModel& writer, std::uint8_t opcode, Bytes data) { writer.Write(opcode, data, Door::Frames); }
 
@@ -33,64 +32,45 @@ void TestSets(WriterModel& writer, const std::vector<int>& values) {
 }
 
 TEST(Standin, LogsBreachesOfTheProtocol) {
-  struct Case {
-    const char* why;
-    std::function<void(WriterModel&)> act;
-  };
-  for (const Case& c : {
-           Case{"unknown opcode", [](WriterModel& w) { Write(w, 9, {1}); }},
-           Case{"unknown mode", [](WriterModel& w) { Write(w, OP_SET_MODE, {3}); }},
-           Case{"long mode",
-                [](WriterModel& w) {
-                  Write(w, OP_SET_MODE, {7, 7});
-                }},
-           Case{"vendor address on frames",
-                [](WriterModel& w) {
-                  Write(w, OP_SET_MODE, {0}), Write(w, OP_SET_ADDRESS, {0, 0, 1, 2});
-                }},
-           Case{"address without mode 0",
-                [](WriterModel& w) {
-                  Write(w, OP_SET_ADDRESS, {1, 2});
-                }},
-           Case{"area without selection",
-                [](WriterModel& w) { Write(w, OP_SET_MODE, {71}), w.Read(OP_READ_AREA, 5, Door::Frames); }},
-           Case{"area write without a load",
-                [](WriterModel& w) {
-                  Write(w, OP_SET_MODE, {71}), Write(w, OP_SELECT_AREA, {4, 23}), Write(w, OP_WRITE_AREA, {1});
-                }},
-           Case{"memory write without a load",
-                [](WriterModel& w) { Write(w, OP_SET_MODE, {0}), Write(w, OP_WRITE_MEMORY, {1}); }},
-           Case{"begin without its task", [](WriterModel& w) { Write(w, OP_CONTROL, {16}); }},
-           Case{"unknown task", [](WriterModel& w) { Write(w, OP_START_TASK, {17}); }},
-           Case{"status without a task", [](WriterModel& w) { w.Read(OP_TASK_STATUS, 1, Door::Frames); }},
-           Case{"short identity", [](WriterModel& w) { w.Read(OP_IDENTITY, 25, Door::Frames); }},
-           Case{"chip data without a read", [](WriterModel& w) { w.Read(OP_READ_CHIP, 10, Door::Frames); }},
-           Case{"chip read started once",
-                [](WriterModel& w) { Name(w), Write(w, OP_START_TASK, {52}), w.Read(OP_READ_CHIP, 10, Door::Frames); }},
-           Case{"chip read of nobody knows what", [](WriterModel& w) { ReadTwice(w); }},
-           Case{"chip data read twice",
-                [](WriterModel& w) { Name(w), ReadTwice(w), w.Read(OP_READ_CHIP, 10, Door::Frames); }},
-           Case{"self-test out of order",
-                [](WriterModel& w) {
-                  TestSets(w, {0x8D01, 0x3905});
-                }},
-           Case{"self-test value with its bytes exchanged", [](WriterModel& w) { TestSets(w, {0x018D}); }},
-           Case{"self-test step after half a set-up",
-                [](WriterModel& w) {
-                  TestSets(w, {0x8D01, 0x4403}), Write(w, OP_TEST_SELECT, {0});
-                }},
-           Case{"unknown self-test step", [](WriterModel& w) { TestSets(w, kSetUp), Write(w, OP_TEST_SELECT, {1}); }},
-           Case{"measurement without a step",
-                [](WriterModel& w) { TestSets(w, kSetUp), w.Read(OP_TEST_MEASURE, 6, Door::Frames); }},
-           Case{"self-test step after another mode",
-                [](WriterModel& w) {
-                  TestSets(w, kSetUp), Write(w, OP_SET_MODE, {7}), Write(w, OP_SET_MODE, {71}),
-                      Write(w, OP_TEST_SELECT, {0});
-                }},
-       }) {
-    SCOPED_TRACE(c.why);
+  // clang-format off
+  for (const auto& [why, act] : Table<const char*, std::function<void(WriterModel&)>>{
+           {"unknown opcode", [](WriterModel& w) {Write(w, 9, {1}); }},
+           {"unknown mode", [](WriterModel& w) {Write(w, OP_SET_MODE, {3}); }},
+           {"long mode", [](WriterModel& w) {Write(w, OP_SET_MODE, {7, 7}); }},
+           {"vendor address on frames",
+            [](WriterModel& w) {Write(w, OP_SET_MODE, {0}), Write(w, OP_SET_ADDRESS, {0, 0, 1, 2}); }},
+           {"address without mode 0", [](WriterModel& w) {Write(w, OP_SET_ADDRESS, {1, 2}); }},
+           {"area without selection",
+            [](WriterModel& w) {Write(w, OP_SET_MODE, {71}), w.Read(OP_READ_AREA, 5, Door::Frames); }},
+           {"area write without a load",
+            [](WriterModel& w) {Write(w, OP_SET_MODE, {71}), Write(w, OP_SELECT_AREA, {4, 23}), Write(w,
+             OP_WRITE_AREA, {1}); }},
+           {"memory write without a load",
+            [](WriterModel& w) {Write(w, OP_SET_MODE, {0}), Write(w, OP_WRITE_MEMORY, {1}); }},
+           {"begin without its task", [](WriterModel& w) {Write(w, OP_CONTROL, {16}); }},
+           {"unknown task", [](WriterModel& w) {Write(w, OP_START_TASK, {17}); }},
+           {"status without a task", [](WriterModel& w) {w.Read(OP_TASK_STATUS, 1, Door::Frames); }},
+           {"short identity", [](WriterModel& w) {w.Read(OP_IDENTITY, 25, Door::Frames); }},
+           {"chip data without a read", [](WriterModel& w) {w.Read(OP_READ_CHIP, 10, Door::Frames); }},
+           {"chip read started once",
+            [](WriterModel& w) {Name(w), Write(w, OP_START_TASK, {52}), w.Read(OP_READ_CHIP, 10, Door::Frames); }},
+           {"chip read of nobody knows what", [](WriterModel& w) {ReadTwice(w); }},
+           {"chip data read twice",
+            [](WriterModel& w) {Name(w), ReadTwice(w), w.Read(OP_READ_CHIP, 10, Door::Frames); }},
+           {"self-test out of order", [](WriterModel& w) {TestSets(w, {0x8D01, 0x3905}); }},
+           {"self-test value with its bytes exchanged", [](WriterModel& w) {TestSets(w, {0x018D}); }},
+           {"self-test step after half a set-up",
+            [](WriterModel& w) {TestSets(w, {0x8D01, 0x4403}), Write(w, OP_TEST_SELECT, {0}); }},
+           {"unknown self-test step", [](WriterModel& w) {TestSets(w, kSetUp), Write(w, OP_TEST_SELECT, {1}); }},
+           {"measurement without a step",
+            [](WriterModel& w) {TestSets(w, kSetUp), w.Read(OP_TEST_MEASURE, 6, Door::Frames); }},
+           {"self-test step after another mode",
+            [](WriterModel& w) {TestSets(w, kSetUp), Write(w, OP_SET_MODE, {7}), Write(w, OP_SET_MODE, {71}),
+             Write(w, OP_TEST_SELECT, {0}); }}}) {
+    // clang-format on
+    SCOPED_TRACE(why);
     WriterModel writer;
-    c.act(writer);
+    act(writer);
     EXPECT_EQ(writer.Violations().size(), 1U);
   }
 }
@@ -141,21 +121,18 @@ Bytes Option(std::uint8_t chipClass, std::uint8_t productionFlags = 0, std::uint
 }
 
 TEST(Standin, ChipsTakeWhatTheyCan) {
-  struct Case {
-    ChipState chip;
-    std::uint8_t chipClass, task;
-    int verdict;
-  };
-  for (const Case& c :
-       {Case{ChipState::Blank, 1, 16, 1}, Case{ChipState::Programmed, 1, 16, 3}, Case{ChipState::Programmed, 17, 16, 1},
-        Case{ChipState::Worn, 17, 16, 3}, Case{ChipState::Missing, 17, 16, 3}, Case{ChipState::Protected, 1, 20, 3},
-        Case{ChipState::Blank, 1, 18, 1}, Case{ChipState::Programmed, 1, 18, 3}, Case{ChipState::Blank, 1, 22, 3},
-        Case{ChipState::Worn, 1, 20, 3}}) {
+  // clang-format off
+  for (const auto& [chip, chipClass, task, verdict] : Table<ChipState, std::uint8_t, std::uint8_t, int>{
+           {ChipState::Blank, 1, 16, 1}, {ChipState::Programmed, 1, 16, 3}, {ChipState::Programmed, 17, 16, 1},
+           {ChipState::Worn, 17, 16, 3}, {ChipState::Missing, 17, 16, 3}, {ChipState::Protected, 1, 20, 3},
+           {ChipState::Blank, 1, 18, 1}, {ChipState::Programmed, 1, 18, 3}, {ChipState::Blank, 1, 22, 3},
+           {ChipState::Worn, 1, 20, 3}}) {
+    // clang-format on
     WriterModel writer;
-    LoadJob(writer, Option(c.chipClass), {1, 2, 3});
-    writer.chip.state = c.chip;
-    EXPECT_EQ(Verdict(writer, c.task), c.verdict);
-    if (c.task == 16 && c.verdict == 1) {
+    LoadJob(writer, Option(chipClass), {1, 2, 3});
+    writer.chip.state = chip;
+    EXPECT_EQ(Verdict(writer, task), verdict);
+    if (task == 16 && verdict == 1) {
       EXPECT_EQ(writer.chip.burnt, (Bytes{1, 2, 3}));
     }
     EXPECT_TRUE(writer.Violations().empty());
@@ -175,26 +152,24 @@ TEST(Standin, ProductionLimitIsUsedUp) {
 // In dual mode the job's checksum is that of the upper half; the whole one is the published CRC over all words, each
 // fed as one, and the configuration word.
 TEST(Standin, AChipTellsBothChecksums) {
-  struct Case {
-    std::uint8_t chipClass;
-    std::uint8_t configHigh;
-    int upper, whole;
-  };
   // The words 61, 62 and the configuration word 0063 (abc, fed one letter a word) give 1742.
-  for (const Case& c : {Case{1, 0x00, 0x1234, 0x1742}, Case{17, 0x00, 0x1234, 0x1234}, Case{1, 0x10, 0x1234, 0x1234}}) {
+  // clang-format off
+  for (const auto& [chipClass, configHigh, upper, whole] : Table<std::uint8_t, std::uint8_t, int, int>{
+           {1, 0x00, 0x1234, 0x1742}, {17, 0x00, 0x1234, 0x1234}, {1, 0x10, 0x1234, 0x1234}}) {
+    // clang-format on
     WriterModel writer;
-    Bytes option = Option(c.chipClass);
+    Bytes option = Option(chipClass);
     option[17] = 0x34;
     option[25] = 2;  // ImageLength
-    option[36] = c.configHigh;
+    option[36] = configHigh;
     option[37] = 0x63;
     option[39] = 0x02;  // DualStart
     LoadJob(writer, option, {0x00, 0x61, 0x00, 0x62});
     EXPECT_EQ(Verdict(writer, 16), 1);
     const auto& block = writer.OptionArea();
-    EXPECT_EQ(block[248] * 256 + block[249], c.configHigh * 256 + 0x63);
-    EXPECT_EQ(block[250] * 256 + block[251], c.upper);
-    EXPECT_EQ(block[254] * 256 + block[255], c.whole);
+    EXPECT_EQ(block[248] * 256 + block[249], configHigh * 256 + 0x63);
+    EXPECT_EQ(block[250] * 256 + block[251], upper);
+    EXPECT_EQ(block[254] * 256 + block[255], whole);
   }
 }
 
@@ -239,22 +214,20 @@ TEST(Standin, WhereASeriesStartsAnew) {
 }
 
 TEST(Standin, SeriesThatAreRefused) {
-  struct Case {
-    const char* why;
-    std::size_t offset;
-    std::uint8_t value;
-  };
-  for (const Case& c : {Case{"unknown road", 53, 0xF0}, Case{"no length", 54, 0}, Case{"17 bytes", 54, 17},
-                        Case{"behind the data", 56, 3}, Case{"end mark", 58, 4}, Case{"another IC", 0, 'Q'}}) {
+  // clang-format off
+  for (const auto& [why, offset, value] : Table<const char*, std::size_t, std::uint8_t>{
+           {"unknown road", 53, 0xF0}, {"no length", 54, 0}, {"17 bytes", 54, 17}, {"behind the data", 56, 3},
+           {"end mark", 58, 4}, {"another IC", 0, 'Q'}}) {
+    // clang-format on
     WriterModel writer;
     LoadJob(writer, Option(17), {1, 2, 3});
     Bytes menu = SeriesOption(0x10, 9);
     LoadJob(writer, menu);
     EXPECT_EQ(NextSerial(writer), 0x41);
-    menu[c.offset] = c.value;
+    menu[offset] = value;
     LoadJob(writer, menu);
-    EXPECT_EQ(NextSerial(writer), 0) << c.why;
-    EXPECT_TRUE(writer.chip.IsBlank()) << c.why;
+    EXPECT_EQ(NextSerial(writer), 0) << why;
+    EXPECT_TRUE(writer.chip.IsBlank()) << why;
   }
 }
 

@@ -54,7 +54,7 @@ void Bench::Write(const std::string& name, std::span<const std::uint8_t> bytes) 
       .write(reinterpret_cast<const char*>(bytes.data()), static_cast<std::streamsize>(bytes.size()));
 }
 
-std::vector<std::uint8_t> Bench::Contents(const std::string& name) const {
+Bytes Bench::Contents(const std::string& name) const {
   if (std::filesystem::is_directory(folder / name)) return {};
   std::ifstream in(folder / name, std::ios::binary);
   return {std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>()};

@@ -8,11 +8,18 @@
 #include <filesystem>
 #include <span>
 #include <string>
+#include <tuple>
 #include <vector>
 
 #include "support/scripted.h"
 
 namespace pyxis::test {
+
+using Bytes = std::vector<std::uint8_t>;
+using Texts = std::vector<std::string>;
+// The rows of a test.
+template <typename... Columns>
+using Table = std::vector<std::tuple<Columns...>>;
 
 // Puts every process-wide record back to its start values.
 void ResetEverything();
@@ -24,7 +31,7 @@ class Bench : public ::testing::Test {
 
   std::string Path(const std::string& name) const { return (folder / name).string(); }
   void Write(const std::string& name, std::span<const std::uint8_t> bytes) const;
-  std::vector<std::uint8_t> Contents(const std::string& name) const;
+  Bytes Contents(const std::string& name) const;
 
   std::filesystem::path folder;
   ScriptedOperator op;

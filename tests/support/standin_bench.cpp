@@ -27,7 +27,7 @@ StandinBench::StandinBench(Transport transport, int model) : writer(model) {
 }
 
 StandinBench::~StandinBench() {
-  EXPECT_EQ(writer.Violations(), std::vector<std::string>{});
+  EXPECT_EQ(writer.Violations(), Texts{});
   CloseTransport();
   DiagnosticsStream() = stdout;
 }
@@ -55,12 +55,17 @@ void StandinBench::Select(const std::string& label) {
   app.ChipNameText = app.SelectedChip;
 }
 
-void StandinBench::LoadSample(const std::string& label) {
-  op.files.push_back(PutFolderFor(label));
-  Select(label);
+void StandinBench::Load(const std::string& file) {
+  op.files = {Path(file)};
   op.told.clear();
   OnLoadFile();
-  ASSERT_EQ(op.Texts(), std::vector<std::string>{"Loading Data Ok"}) << label;
+}
+
+void StandinBench::LoadSample(const std::string& label) {
+  const std::string sample = PutFolderFor(label);
+  Select(label);
+  Load(std::filesystem::relative(sample, folder).string());
+  ASSERT_EQ(op.Texts(), Texts{"Loading Data Ok"}) << label;
 }
 
 }  // namespace pyxis::test

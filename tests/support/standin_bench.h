@@ -19,6 +19,8 @@ class StandinBench : public Bench {
   std::string PutFolderFor(const std::string& label);
   // Selects the IC as IC selection does.
   void Select(const std::string& label);
+  // Load File with this file of the bench's folder chosen; forgets what the operator was told before.
+  void Load(const std::string& file);
   // Selects, loads the sample and expects the writer to hold the job.
   void LoadSample(const std::string& label);
 
@@ -26,5 +28,12 @@ class StandinBench : public Bench {
   standin::StandinUsbHost usb{writer};
   standin::StandinVendorApi vendor{writer};
 };
+
+// A bench for tests that run over each transport: INSTANTIATE_TEST_SUITE_P(BothTransports, Suite, kBothTransports).
+class BothTransports : public StandinBench, public ::testing::WithParamInterface<Transport> {
+ protected:
+  BothTransports() : StandinBench(GetParam()) {}
+};
+inline const auto kBothTransports = ::testing::Values(Transport::Usb, Transport::Vendor);
 
 }  // namespace pyxis::test

@@ -7,6 +7,7 @@
 
 #include "platform/usb_host.h"
 #include "platform/vendor_api.h"
+#include "support/bench.h"
 
 namespace pyxis::test {
 
@@ -46,6 +47,13 @@ class VendorLog : public VendorApi {
   void VMClose() override { calls.push_back("close"); }
   int VMWrite(std::uint8_t opcode, const std::uint8_t* data, std::uint32_t length) override;
   int VMRead(std::uint8_t opcode, std::uint8_t* buffer, std::uint32_t length) override;
+};
+
+// A bench whose writer, behind velmarapi, answers what the test scripts.
+class ScriptedWriter : public Bench {
+ protected:
+  ScriptedWriter();
+  VendorLog vendor;
 };
 
 }  // namespace pyxis::test

@@ -18,58 +18,37 @@ namespace {
 TEST(UdevEvents, CarryTheClassForTheWritersNumbersOnly) {
   const char *const arrival = "arrival", *const removal = "removal";
   const std::string named = "/devices/usb1/1-2#{6580898b-0493-40b6-87aa-d307188d4e24}", bare = "/devices/usb1/1-2";
-  struct Case {
-    const char* what;
-    std::map<std::string, std::string> properties;
-    const char* kind;
-    std::string name;
-  };
-  for (const Case& c : {
-           Case{"the writer, by udev",
-                {{"ACTION", "add"}, {"DEVTYPE", "usb_device"}, {"ID_VENDOR_ID", "7a31"}, {"ID_MODEL_ID", "1602"}},
-                arrival,
-                named},
-           Case{"the writer, by the kernel",
-                {{"ACTION", "add"}, {"DEVTYPE", "usb_device"}, {"PRODUCT", "7a31/1602/100"}},
-                arrival,
-                named},
-           Case{"its going",
-                {{"ACTION", "remove"}, {"DEVTYPE", "usb_device"}, {"PRODUCT", "7A31/1602/0"}},
-                removal,
-                named},
-           Case{"another product",
-                {{"ACTION", "add"}, {"DEVTYPE", "usb_device"}, {"PRODUCT", "7a31/1603/100"}},
-                arrival,
-                bare},
-           Case{"longer numbers",
-                {{"ACTION", "add"}, {"DEVTYPE", "usb_device"}, {"PRODUCT", "17a31/1602/100"}},
-                arrival,
-                bare},
-           Case{"numbers and more",
-                {{"ACTION", "add"}, {"DEVTYPE", "usb_device"}, {"PRODUCT", "7a31/1602x"}},
-                arrival,
-                bare},
-           Case{"half of the numbers",
-                {{"ACTION", "remove"}, {"DEVTYPE", "usb_device"}, {"PRODUCT", "7a31"}},
-                removal,
-                bare},
-           Case{"no numbers", {{"ACTION", "remove"}, {"DEVTYPE", "usb_device"}}, removal, bare},
-           Case{"an interface of the writer",
-                {{"ACTION", "add"}, {"DEVTYPE", "usb_interface"}, {"PRODUCT", "7a31/1602/100"}},
-                "",
-                ""},
-           Case{
-               "a driver found", {{"ACTION", "bind"}, {"DEVTYPE", "usb_device"}, {"PRODUCT", "7a31/1602/100"}}, "", ""},
-           Case{"nothing", {}, "", ""},
-       }) {
-    SCOPED_TRACE(c.what);
-    auto properties = c.properties;
+  // clang-format off
+  for (const auto& [what, properties, kind, name] :
+       Table<const char*, std::map<std::string, std::string>, const char*, std::string>{
+           {"the writer, by udev",
+            {{"ACTION", "add"}, {"DEVTYPE", "usb_device"}, {"ID_VENDOR_ID", "7a31"}, {"ID_MODEL_ID", "1602"}}, arrival,
+            named},
+           {"the writer, by the kernel", {{"ACTION", "add"}, {"DEVTYPE", "usb_device"}, {"PRODUCT", "7a31/1602/100"}},
+            arrival, named},
+           {"its going", {{"ACTION", "remove"}, {"DEVTYPE", "usb_device"}, {"PRODUCT", "7A31/1602/0"}}, removal, named},
+           {"another product", {{"ACTION", "add"}, {"DEVTYPE", "usb_device"}, {"PRODUCT", "7a31/1603/100"}}, arrival,
+            bare},
+           {"longer numbers", {{"ACTION", "add"}, {"DEVTYPE", "usb_device"}, {"PRODUCT", "17a31/1602/100"}}, arrival,
+            bare},
+           {"numbers and more", {{"ACTION", "add"}, {"DEVTYPE", "usb_device"}, {"PRODUCT", "7a31/1602x"}}, arrival,
+            bare},
+           {"half of the numbers", {{"ACTION", "remove"}, {"DEVTYPE", "usb_device"}, {"PRODUCT", "7a31"}}, removal,
+            bare},
+           {"no numbers", {{"ACTION", "remove"}, {"DEVTYPE", "usb_device"}}, removal, bare},
+           {"an interface of the writer",
+            {{"ACTION", "add"}, {"DEVTYPE", "usb_interface"}, {"PRODUCT", "7a31/1602/100"}}, "", ""},
+           {"a driver found", {{"ACTION", "bind"}, {"DEVTYPE", "usb_device"}, {"PRODUCT", "7a31/1602/100"}}, "", ""},
+           {"nothing", {}, "", ""}}) {
+    // clang-format on
+    SCOPED_TRACE(what);
+    auto properties = properties;
     properties["DEVPATH"] = bare;
     const auto event = EventOfUdev(properties);
-    ASSERT_EQ(event.has_value(), *c.kind != '\0');
+    ASSERT_EQ(event.has_value(), *kind != '\0');
     if (!event) continue;
-    EXPECT_EQ(event->kind == DeviceEvent::Kind::Arrival ? arrival : removal, std::string(c.kind));
-    EXPECT_EQ(event->deviceName, c.name);
+    EXPECT_EQ(event->kind == DeviceEvent::Kind::Arrival ? arrival : removal, std::string(kind));
+    EXPECT_EQ(event->deviceName, name);
   }
 }
 

@@ -37,20 +37,18 @@ TEST_F(UpdateLibraryTest, EveryResultThroughTheLoader) {
   void* (*lastInstance)() = nullptr;
   ASSERT_TRUE(same.Find("SetAnswer", setAnswer) && same.Find("LastRequest", lastRequest) &&
               same.Find("LastWindow", lastWindow) && same.Find("LastInstance", lastInstance));
-  struct Case {
-    std::int32_t answer;
-    std::size_t boxes;
-    std::string lastCall;
-  };
-  for (const Case& c : {Case{0, 1, "end"}, Case{4, 1, "enable"}, Case{1, 0, "enable"}, Case{3, 0, "enable"},
-                        Case{-7, 0, "enable"}, Case{0x40000000, 0, "enable"}}) {
-    SCOPED_TRACE(c.answer);
-    setAnswer(c.answer);
+  // clang-format off
+  for (const auto& [answer, boxes, lastCall] : Table<std::int32_t, std::size_t, std::string>{
+           {0, 1, "end"}, {4, 1, "enable"}, {1, 0, "enable"}, {3, 0, "enable"}, {-7, 0, "enable"},
+           {0x40000000, 0, "enable"}}) {
+    // clang-format on
+    SCOPED_TRACE(answer);
+    setAnswer(answer);
     op.told.clear();
     op.answers = {true};
     CheckNewVersion();
-    EXPECT_EQ(op.told.size(), c.boxes);
-    EXPECT_EQ(view.calls.back(), c.lastCall);
+    EXPECT_EQ(op.told.size(), boxes);
+    EXPECT_EQ(view.calls.back(), lastCall);
     EXPECT_STREQ(lastRequest(), UpdateRequest);
     EXPECT_EQ(lastWindow(), &window);
     EXPECT_EQ(lastInstance(), dlopen(nullptr, RTLD_NOW));
@@ -60,7 +58,7 @@ TEST_F(UpdateLibraryTest, EveryResultThroughTheLoader) {
 TEST_F(UpdateLibraryTest, WhatIsNoUpdateLibraryIsMissing) {
   UpdateLibrary library(folder.string());
   EXPECT_EQ(library.CallUpdateAgent(""), kUpdateAgentMissing);
-  Write("libUpdateAgent.so", std::vector<std::uint8_t>{'t', 'e', 'x', 't'});
+  Write("libUpdateAgent.so", Bytes{'t', 'e', 'x', 't'});
   EXPECT_EQ(library.CallUpdateAgent(""), kUpdateAgentMissing);
   Copy(PYXIS_TEST_LIBRARY_DIR "/libUpdateAgent.so", "");
   EXPECT_EQ(library.CallUpdateAgent(""), 0);

@@ -43,7 +43,7 @@ TEST_F(Cursors, GiveWayAndComeBack) {
 
 TEST_F(Cursors, AreNoneWithoutAGoodFile) {
   ui::BusyCursors cursors;
-  Write("bad.ani", std::vector<std::uint8_t>{'R', 'I', 'F', 'F'});
+  Write("bad.ani", Bytes{'R', 'I', 'F', 'F'});
   EXPECT_EQ(cursors.Load(Path("none.ani")), 0);
   EXPECT_EQ(cursors.Load(Path("bad.ani")), 0);
 }
@@ -68,7 +68,7 @@ TEST_F(Settings, OutliveTheProfile) {
 
 TEST_F(Settings, ThatCantBeReadGiveTheDefault) {
   const std::string text = "[a]\nb\\text=abc\nb\\empty=\nb\\large=99999999999\n\x01\xFF[[[";
-  Write("bad.conf", std::vector<std::uint8_t>(text.begin(), text.end()));
+  Write("bad.conf", Bytes(text.begin(), text.end()));
   ui::SettingsProfile broken(QString::fromStdString(Path("bad.conf")));
   for (const char* name : {"text", "empty", "large", "none"})
     EXPECT_EQ(broken.GetProfileInt("a\\b", name, 16), 16) << name;

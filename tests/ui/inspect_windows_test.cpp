@@ -14,8 +14,6 @@
 namespace pyxis::test {
 namespace {
 
-using Texts = std::vector<std::string>;
-
 class InspectWindows : public UiBench {
  protected:
   // A burnt chip of the writer's job, before the program starts.

@@ -25,8 +25,6 @@
 namespace pyxis::test {
 namespace {
 
-using Texts = std::vector<std::string>;
-
 // Events through a pipe, as from the system.
 class PipeEvents : public DeviceEvents {
  public:
@@ -187,7 +185,7 @@ TEST_F(MainWindowTest, ClosingAsks) {
 
 TEST_F(MainWindowTest, HexViewByMouseAndKeys) {
   Write("counting", [] {
-    std::vector<std::uint8_t> bytes(1000);
+    Bytes bytes(1000);
     for (std::size_t i = 0; i < bytes.size(); ++i) bytes[i] = static_cast<std::uint8_t>(i);
     return bytes;
   }());

@@ -18,8 +18,6 @@
 namespace pyxis::test {
 namespace {
 
-using Texts = std::vector<std::string>;
-
 class SerialWindows : public UiBench {
  protected:
   SerialWindows() { TheMachine().clipboard = &qtClipboard; }
@@ -61,7 +59,7 @@ class SerialWindows : public UiBench {
 
 TEST_F(SerialWindows, TheNumberField) {
   ui::NumericEditField field(8, nullptr);
-  std::vector<std::string> edited;
+  Texts edited;
   field.TextEdited = [&](const std::string& text) { edited.push_back(text); };
   field.show();
   const auto colours = [&] { return std::pair(field.palette().text().color(), field.palette().base().color()); };

@@ -30,7 +30,7 @@ class UiBench : public StandinBench {
   ui::QtOperator qtOp;
   std::deque<std::function<void(QWidget&)>> script;
   std::deque<QMessageBox::StandardButton> answers;  // to Yes/No boxes; No when empty
-  std::vector<std::string> seen;                    // texts of the message boxes
+  Texts seen;                    // texts of the message boxes
 
  private:
   void PlaySoon();

@@ -34,7 +34,7 @@ TEST_F(VersionCheckWindow, OnlyYesEndsTheProgram) {
   answers = {QMessageBox::Yes};
   EXPECT_TRUE(Choose("Check new version"));
   EXPECT_FALSE(window->isVisible());
-  EXPECT_EQ(seen, std::vector<std::string>(2, "Do you want to exit old version of PyxisLoad ?"));
+  EXPECT_EQ(seen, Texts(2, "Do you want to exit old version of PyxisLoad ?"));
 }
 
 }  // namespace

@@ -9,8 +9,6 @@
 namespace pyxis::test {
 namespace {
 
-using Bytes = std::vector<std::uint8_t>;
-
 constexpr int kWidth = 8, kHeight = 16;  // of a character
 constexpr char kProfile[] = "Application state\\Dockbar\\-SCBar-0/m_lpr";
 
@@ -68,16 +66,14 @@ TEST_F(HexView, LinesAsText) {
 }
 
 TEST_F(HexView, WidthGivesTheLineLengthAndTheProfileKeepsIt) {
-  struct Case {
-    int width;
-    std::uint32_t lineBytes;
-  };
   view.Measure(kWidth, kHeight);
-  for (const Case& c : {Case{(9 + 64) * kWidth, 16}, Case{(9 + 64) * kWidth - 1, 15}, Case{(9 + 67) * kWidth, 16},
-                        Case{20, 1}, Case{0, 1}}) {
-    view.OnSize(c.width, 160, true);
-    EXPECT_EQ(view.m_lpr, c.lineBytes) << c.width;
-    EXPECT_EQ(profile.values[kProfile], static_cast<int>(c.lineBytes));
+  // clang-format off
+  for (const auto& [width, lineBytes] : Table<int, std::uint32_t>{
+           {(9 + 64) * kWidth, 16}, {(9 + 64) * kWidth - 1, 15}, {(9 + 67) * kWidth, 16}, {20, 1}, {0, 1}}) {
+    // clang-format on
+    view.OnSize(width, 160, true);
+    EXPECT_EQ(view.m_lpr, lineBytes) << width;
+    EXPECT_EQ(profile.values[kProfile], static_cast<int>(lineBytes));
   }
   view.OnSize(1000, 160, false);
   EXPECT_EQ(view.m_lpr, 1U);
@@ -156,31 +152,27 @@ TEST_F(HexView, GoTo) {
 // Cells from 0: 0 to 7 address, 9 to 56 hexadecimal, 57 to 72 ASCII.
 TEST_F(HexView, HitTest) {
   Open(0x100);
-  struct Case {
-    int cell, row, area, offset, nibble, caretCell;
-  };
-  for (const Case& c : {
-           Case{0, 1, kAddressArea, 0x10, 0, 0},
-           Case{7, 2, kAddressArea, 0x20, 0, 0},
-           Case{8, 0, kHexArea, 0, 2, 9},  // the blank behind the address
-           Case{9, 0, kHexArea, 0, 2, 9},
-           Case{10, 0, kHexArea, 0, 1, 10},
-           Case{11, 3, kHexArea, 0x31, 2, 12},  // the blank behind a byte
-           Case{54, 0, kHexArea, 15, 2, 54},
-           Case{55, 0, kHexArea, 15, 1, 55},
-           Case{57, 1, kAsciiArea, 0x10, 0, 57},
-           Case{72, 9, kAsciiArea, 0x9F, 0, 72},
-           Case{56, 1, kAsciiArea, 0x0F, 0, 57},  // the last blank counts to the ASCII column
-           Case{56, 0, kAsciiArea, 0, 0, 57},
-       }) {
+  for (const auto& [cell, row, area, offset, nibble, caretCell] : Table<int, int, int, int, int, int>{
+           {0, 1, kAddressArea, 0x10, 0, 0},
+           {7, 2, kAddressArea, 0x20, 0, 0},
+           {8, 0, kHexArea, 0, 2, 9},  // the blank behind the address
+           {9, 0, kHexArea, 0, 2, 9},
+           {10, 0, kHexArea, 0, 1, 10},
+           {11, 3, kHexArea, 0x31, 2, 12},  // the blank behind a byte
+           {54, 0, kHexArea, 15, 2, 54},
+           {55, 0, kHexArea, 15, 1, 55},
+           {57, 1, kAsciiArea, 0x10, 0, 57},
+           {72, 9, kAsciiArea, 0x9F, 0, 72},
+           {56, 1, kAsciiArea, 0x0F, 0, 57},  // the last blank counts to the ASCII column
+           {56, 0, kAsciiArea, 0, 0, 57}}) {
     view.CurrentArea = -1;
-    Click(c.cell, c.row);
-    EXPECT_EQ(view.CurrentArea, c.area) << c.cell;
-    EXPECT_EQ(view.CurrentOffset, c.offset) << c.cell;
-    EXPECT_EQ(c.area == kHexArea ? view.Nibble : 0, c.nibble) << c.cell;
-    EXPECT_EQ(view.CaretX, c.caretCell * kWidth) << c.cell;
-    EXPECT_EQ(view.CaretY, c.row * kHeight);
-    EXPECT_EQ(view.CaretWidth(), (c.area == kAddressArea ? 8 : 1) * kWidth);
+    Click(cell, row);
+    EXPECT_EQ(view.CurrentArea, area) << cell;
+    EXPECT_EQ(view.CurrentOffset, offset) << cell;
+    EXPECT_EQ(area == kHexArea ? view.Nibble : 0, nibble) << cell;
+    EXPECT_EQ(view.CaretX, caretCell * kWidth) << cell;
+    EXPECT_EQ(view.CaretY, row * kHeight);
+    EXPECT_EQ(view.CaretWidth(), (area == kAddressArea ? 8 : 1) * kWidth);
   }
   Click(9, 0);
   for (const auto& [cell, row] : {std::pair{73, 0}, {9, 11}, {90, 2}}) {
