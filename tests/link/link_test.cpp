@@ -11,7 +11,6 @@
 namespace pyxis::test {
 namespace {
 
-
 class Link : public Bench {
  protected:
   Link() {
@@ -209,7 +208,7 @@ TEST_F(Link, OnlyTheCommandAndTheStatusDecide) {
 TEST_F(Link, IdentityTellsTheHardware) {
   OpenFrames();
   // clang-format off
-  for (const auto& [identity, folder, known] : Table<std::string, const char*, std::uint32_t>{
+  for (const auto& [identity, hwFolder, known] : Table<std::string, const char*, std::uint32_t>{
            {"PYX STANDALONE LOADER_V1.1", "hwversion1.1", 1}, {"PYX STANDALONE LOADER_V1.0", "hwversion1.0", 1},
            {"PYX STANDALONE LOADER_V2.0", "hwversion1.1", 1}, {"PYX STANDALONE LOADER_V2.1", "hwversion1.0", 0},
            {"", "hwversion1.0", 0}}) {
@@ -217,7 +216,7 @@ TEST_F(Link, IdentityTellsTheHardware) {
     usb.reads = {Bytes(identity.begin(), identity.end())};
     usb.wire.clear();
     ReadWriterIdentity();
-    EXPECT_EQ(TheAppState().HwFolder, folder);
+    EXPECT_EQ(TheAppState().HwFolder, hwFolder);
     EXPECT_EQ(TheAppState().HwKnown, known);
     EXPECT_EQ(usb.wire, (Texts{"> 55 53 42 43 00 00 00 00 1A 00 00 00 04", "< 26", "< 13"}));
   }

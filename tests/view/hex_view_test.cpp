@@ -35,6 +35,7 @@ class HexView : public Bench {
     FormatHexLine(view, number, line);
     return line;
   }
+  std::pair<int, int> Selected() const { return {view.SelStart, view.SelEnd}; }
   CMiniHexEditView& view = TheHexView();
 };
 
@@ -89,24 +90,20 @@ TEST_F(HexView, WidthGivesTheLineLengthAndTheProfileKeepsIt) {
 
 TEST_F(HexView, Scrolling) {
   Open(0x200);
-  struct Step {
-    HexScroll code;
-    int position, top, current;
-  };
   // The last page begins at 0x160.
-  for (const Step& s : {Step{HexScroll::LineUp, 0, 0, 0}, Step{HexScroll::LineDown, 0, 0x10, 0x10},
-                        Step{HexScroll::PageDown, 0, 0xB0, 0xB0}, Step{HexScroll::PageDown, 0, 0x150, 0x150},
-                        Step{HexScroll::PageDown, 0, 0x160, 0x160}, Step{HexScroll::LineDown, 0, 0x160, 0x160},
-                        Step{HexScroll::PageUp, 0, 0xC0, 0xC0}, Step{HexScroll::ThumbTrack, 3, 0x30, 0x30},
-                        Step{HexScroll::PageUp, 0, 0, 0}, Step{HexScroll::ThumbTrack, 999, 0x1F0, 0x1F0}}) {
-    view.Scroll(s.code, s.position);
-    EXPECT_EQ(view.TopOffset, s.top);
-    EXPECT_EQ(view.CurrentOffset, s.current);
+  // clang-format off
+  for (const auto& [code, position, top] : Table<HexScroll, int, int>{
+           {HexScroll::LineUp, 0, 0}, {HexScroll::LineDown, 0, 0x10}, {HexScroll::PageDown, 0, 0xB0},
+           {HexScroll::PageDown, 0, 0x150}, {HexScroll::PageDown, 0, 0x160}, {HexScroll::LineDown, 0, 0x160},
+           {HexScroll::PageUp, 0, 0xC0}, {HexScroll::ThumbTrack, 3, 0x30}, {HexScroll::PageUp, 0, 0},
+           {HexScroll::ThumbTrack, 999, 0x1F0}}) {
+    // clang-format on
+    view.Scroll(code, position);
+    EXPECT_EQ(view.TopOffset, top);
+    EXPECT_EQ(view.CurrentOffset, top);
   }
   const HexScrollBar bar = view.ScrollBar();
-  EXPECT_EQ(bar.range, 0x20);
-  EXPECT_EQ(bar.page, 10);
-  EXPECT_EQ(bar.position, 0x1F);
+  EXPECT_EQ((std::vector{bar.range, bar.page, bar.position}), (std::vector{0x20, 10, 0x1F}));
   EXPECT_TRUE(bar.enabled);
   Open(0xA0);
   EXPECT_FALSE(view.ScrollBar().enabled);
@@ -152,19 +149,14 @@ TEST_F(HexView, GoTo) {
 // Cells from 0: 0 to 7 address, 9 to 56 hexadecimal, 57 to 72 ASCII.
 TEST_F(HexView, HitTest) {
   Open(0x100);
+  // Among them the blanks behind the address and behind a byte; the last one of a line counts to the ASCII column.
+  // clang-format off
   for (const auto& [cell, row, area, offset, nibble, caretCell] : Table<int, int, int, int, int, int>{
-           {0, 1, kAddressArea, 0x10, 0, 0},
-           {7, 2, kAddressArea, 0x20, 0, 0},
-           {8, 0, kHexArea, 0, 2, 9},  // the blank behind the address
-           {9, 0, kHexArea, 0, 2, 9},
-           {10, 0, kHexArea, 0, 1, 10},
-           {11, 3, kHexArea, 0x31, 2, 12},  // the blank behind a byte
-           {54, 0, kHexArea, 15, 2, 54},
-           {55, 0, kHexArea, 15, 1, 55},
-           {57, 1, kAsciiArea, 0x10, 0, 57},
-           {72, 9, kAsciiArea, 0x9F, 0, 72},
-           {56, 1, kAsciiArea, 0x0F, 0, 57},  // the last blank counts to the ASCII column
-           {56, 0, kAsciiArea, 0, 0, 57}}) {
+           {0, 1, kAddressArea, 0x10, 0, 0}, {7, 2, kAddressArea, 0x20, 0, 0}, {8, 0, kHexArea, 0, 2, 9},
+           {9, 0, kHexArea, 0, 2, 9}, {10, 0, kHexArea, 0, 1, 10}, {11, 3, kHexArea, 0x31, 2, 12},
+           {54, 0, kHexArea, 15, 2, 54}, {55, 0, kHexArea, 15, 1, 55}, {57, 1, kAsciiArea, 0x10, 0, 57},
+           {72, 9, kAsciiArea, 0x9F, 0, 72}, {56, 1, kAsciiArea, 0x0F, 0, 57}, {56, 0, kAsciiArea, 0, 0, 57}}) {
+    // clang-format on
     view.CurrentArea = -1;
     Click(cell, row);
     EXPECT_EQ(view.CurrentArea, area) << cell;
@@ -196,22 +188,19 @@ TEST_F(HexView, HitTest) {
 TEST_F(HexView, CaretByKeys) {
   Open(0x100);
   const auto key = [&](HexKey k, bool control = false) { view.OnKeyDown(k, {false, control}); };
-  struct Step {
-    HexKey key;
-    bool control;
-    int offset, nibble;
-  };
   Click(9, 0);
-  for (const Step& s :
-       {Step{HexKey::Left, false, 0, 2}, Step{HexKey::Right, false, 0, 1}, Step{HexKey::Right, false, 1, 2},
-        Step{HexKey::Left, false, 0, 1}, Step{HexKey::Down, false, 0x10, 1}, Step{HexKey::Up, false, 0, 1},
-        Step{HexKey::Up, false, 0, 2}, Step{HexKey::End, false, 15, 2}, Step{HexKey::Right, false, 15, 1},
-        Step{HexKey::Right, false, 16, 2}, Step{HexKey::Home, false, 16, 2}, Step{HexKey::End, true, 0xFF, 2},
-        Step{HexKey::Down, false, 0xFF, 1}, Step{HexKey::Right, false, 0xFF, 1}, Step{HexKey::Home, false, 0xF0, 2},
-        Step{HexKey::Home, true, 0, 2}}) {
-    key(s.key, s.control);
-    EXPECT_EQ(view.CurrentOffset, s.offset);
-    EXPECT_EQ(view.Nibble, s.nibble);
+  // clang-format off
+  for (const auto& [pressed, control, offset, nibble] : Table<HexKey, bool, int, int>{
+           {HexKey::Left, false, 0, 2}, {HexKey::Right, false, 0, 1}, {HexKey::Right, false, 1, 2},
+           {HexKey::Left, false, 0, 1}, {HexKey::Down, false, 0x10, 1}, {HexKey::Up, false, 0, 1},
+           {HexKey::Up, false, 0, 2}, {HexKey::End, false, 15, 2}, {HexKey::Right, false, 15, 1},
+           {HexKey::Right, false, 16, 2}, {HexKey::Home, false, 16, 2}, {HexKey::End, true, 0xFF, 2},
+           {HexKey::Down, false, 0xFF, 1}, {HexKey::Right, false, 0xFF, 1}, {HexKey::Home, false, 0xF0, 2},
+           {HexKey::Home, true, 0, 2}}) {
+    // clang-format on
+    key(pressed, control);
+    EXPECT_EQ(view.CurrentOffset, offset);
+    EXPECT_EQ(view.Nibble, nibble);
   }
   key(HexKey::End, true);
   EXPECT_EQ(view.TopOffset, 0x60);
@@ -262,10 +251,8 @@ TEST_F(HexView, Selection) {
   Click(12, 0);
   view.OnDragStart();
   view.OnMouseMove((12 + 3 * 2) * kWidth, 5);  // two bytes on
-  EXPECT_EQ(view.SelStart, 1);
-  EXPECT_EQ(view.SelEnd, 4);
-  EXPECT_EQ(Line(0).selectedFrom, 1);
-  EXPECT_EQ(Line(0).selectedTo, 4);
+  EXPECT_EQ(Selected(), std::pair(1, 4));
+  EXPECT_EQ(std::pair(Line(0).selectedFrom, Line(0).selectedTo), std::pair(1, 4));
   EXPECT_EQ(Line(1).selectedTo, 0);
   view.OnMouseMove(12 * kWidth, 16 * kHeight);  // below: a line down when there is one
   EXPECT_EQ(view.SelEnd, 4);
@@ -281,16 +268,14 @@ TEST_F(HexView, Selection) {
   Click(9, 0);
   view.OnKeyDown(HexKey::Right, {true, false});
   view.OnKeyDown(HexKey::Right, {true, false});
-  EXPECT_EQ(view.SelStart, 0);
-  EXPECT_EQ(view.SelEnd, 2);
+  EXPECT_EQ(Selected(), std::pair(0, 2));
   view.OnKeyDown(HexKey::Down, {true, false});
   EXPECT_EQ(view.SelEnd, 0x12);
   view.OnKeyDown(HexKey::Left, {});
   EXPECT_FALSE(view.HasSelection());
   Click(9, 0);
   Click(9 + 3 * 4, 1, true);
-  EXPECT_EQ(view.SelStart, 0);
-  EXPECT_EQ(view.SelEnd, 0x15);
+  EXPECT_EQ(Selected(), std::pair(0, 0x15));
   Type("1");
   EXPECT_FALSE(view.HasSelection());
 

@@ -43,37 +43,19 @@ TEST_F(NumericEdit, Keys) {
   const Key backspace = [](CNumericEdit& f) { f.Backspace(); };
   const Key del = [](CNumericEdit& f) { f.DeleteKey(); };
   const Key cut = [](CNumericEdit& f) { f.CutKey(); };
+  // Nothing goes in front of a prefix, but a selection that reaches beyond it may be typed over. The 0 of a prefix stays
+  // while its x stands; the x can go.
+  // clang-format off
   for (const auto& [before, key, after] : Table<const char*, Key, const char*>{
-           {"|", type("g -.\xE4"), "|"},
-           {"|", type("b9F"), "B9F|"},
-           {"|", type("0X1f"), "0x1F|"},
-           {"1|", type("x"), "1|"},
-           {"|", type("x"), "|"},
-           {"00|", type("x"), "00|"},
-           {"0|12", type("x"), "0x|12"},
-           // Nothing goes in front of a prefix, but a selection that reaches beyond it may be typed over.
-           {"|0x1", type("5"), "|0x1"},
-           {"0|x1", type("5"), "0|x1"},
-           {"[0]x1", type("5"), "[0]x1"},
-           {"0x|1", type("5"), "0x5|1"},
-           {"[0x]1", type("a"), "A|1"},
-           {"0[x1]", type("x"), "0x|"},
-           // The 0 of a prefix stays while its x stands; the x can go.
-           {"0|x1", backspace, "0|x1"},
-           {"[0]x1", backspace, "[0]x1"},
-           {"0x|1", backspace, "0|1"},
-           {"[0x]1", backspace, "|1"},
-           {"0|1", backspace, "|1"},
-           {"|1", backspace, "|1"},
-           {"|0x1", del, "|0x1"},
-           {"[0]x1", del, "[0]x1"},
-           {"0|x1", del, "0|1"},
-           {"[0x]1", del, "|1"},
-           {"|01", del, "|1"},
-           {"1|", del, "1|"},
-           {"[0]x1", cut, "[0]x1"},
-           {"[0x]1", cut, "|1"},
-           {"[0]1", cut, "|1"}}) {
+           {"|", type("g -.\xE4"), "|"}, {"|", type("b9F"), "B9F|"}, {"|", type("0X1f"), "0x1F|"},
+           {"1|", type("x"), "1|"}, {"|", type("x"), "|"}, {"00|", type("x"), "00|"}, {"0|12", type("x"), "0x|12"},
+           {"|0x1", type("5"), "|0x1"}, {"0|x1", type("5"), "0|x1"}, {"[0]x1", type("5"), "[0]x1"},
+           {"0x|1", type("5"), "0x5|1"}, {"[0x]1", type("a"), "A|1"}, {"0[x1]", type("x"), "0x|"},
+           {"0|x1", backspace, "0|x1"}, {"[0]x1", backspace, "[0]x1"}, {"0x|1", backspace, "0|1"},
+           {"[0x]1", backspace, "|1"}, {"0|1", backspace, "|1"}, {"|1", backspace, "|1"}, {"|0x1", del, "|0x1"},
+           {"[0]x1", del, "[0]x1"}, {"0|x1", del, "0|1"}, {"[0x]1", del, "|1"}, {"|01", del, "|1"}, {"1|", del, "1|"},
+           {"[0]x1", cut, "[0]x1"}, {"[0x]1", cut, "|1"}, {"[0]1", cut, "|1"}}) {
+    // clang-format on
     Put(field, before);
     key(field);
     EXPECT_EQ(Shown(field), after) << before;
@@ -85,14 +67,16 @@ TEST_F(NumericEdit, Keys) {
 }
 
 TEST_F(NumericEdit, Pastes) {
+  // No field comes to the last one by keys; it stays as it is.
+  // clang-format off
   for (const auto& [before, pasted, after] : Table<const char*, const char*, const char*>{
-    {"|", "12aB", "12aB|"}, {"|", "0X1f", "0X1f|"}, {"|", "1G", "|"}, {"|", "12\n", "|"}, {"|", "0x0x1", "|"},
-        {"|", "1x", "|"}, {"|", "x1", "|"}, {"0|", "x1", "0x1|"}, {"1|", "x1", "1|"}, {"0|", "0x1", "0|"},
-        {"|12", "0x5", "0x5|12"}, {"0|x1", "5", "0|x1"}, {"[0]x1", "5", "[0]x1"}, {"0x|1", "5", "0x5|1"},
-        {"0x|1", "0x5", "0x|1"}, {"[0x]1", "0x5", "0x5|1"}, {"[0x1]2", "34", "34|2"}, {"0[x1]2", "x7", "0x7|2"},
-        {"0[x1]2", "34", "034|2"}, {"0[x1]2", "0x7", "0[x1]2"},
-        {"[1]0x", "0x", "[1]0x"},  // no field comes to this by keys; it stays as it is}) {
-        Put(field, before);
+           {"|", "12aB", "12aB|"}, {"|", "0X1f", "0X1f|"}, {"|", "1G", "|"}, {"|", "12\n", "|"}, {"|", "0x0x1", "|"},
+           {"|", "1x", "|"}, {"|", "x1", "|"}, {"0|", "x1", "0x1|"}, {"1|", "x1", "1|"}, {"0|", "0x1", "0|"},
+           {"|12", "0x5", "0x5|12"}, {"0|x1", "5", "0|x1"}, {"[0]x1", "5", "[0]x1"}, {"0x|1", "5", "0x5|1"},
+           {"0x|1", "0x5", "0x|1"}, {"[0x]1", "0x5", "0x5|1"}, {"[0x1]2", "34", "34|2"}, {"0[x1]2", "x7", "0x7|2"},
+           {"0[x1]2", "34", "034|2"}, {"0[x1]2", "0x7", "0[x1]2"}, {"[1]0x", "0x", "[1]0x"}}) {
+    // clang-format on
+    Put(field, before);
     clipboard.text = pasted;
     EXPECT_EQ(field.CommandEnabled(Command::Paste), Shown(field) != after) << before << " " << pasted;
     field.PasteKey();
