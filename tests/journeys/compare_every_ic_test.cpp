@@ -4,6 +4,7 @@
 #include "catalogue/chip_catalogue.h"
 #include "intake/package_files.h"
 #include "operations/compare_file.h"
+#include "platform/text.h"
 #include "pyxisfolder/intel_hex_writer.h"
 #include "shell/app_state.h"
 #include "support/standin_bench.h"
@@ -40,18 +41,15 @@ class CompareEveryIc : public StandinBench, public ::testing::WithParamInterface
     const std::string extension = sample.substr(sample.rfind('.'));
     const std::string stem = sample.substr(0, sample.rfind('.'));
     const bool text = extension == ".hex" || extension == ".velmar";
-    Bytes bytes = Contents(text ? std::filesystem::exists(Path(stem + ".bin")) ? stem + ".bin" : Lower(stem) + ".bin"
-                                : sample);
-    std::size_t offset = at;
-    if (extension == ".obj") offset = 32 + at;
+    Bytes bytes =
+        Contents(text ? std::filesystem::exists(Path(stem + ".bin")) ? stem + ".bin" : ToLower(stem) + ".bin" : sample);
+    std::size_t offset = extension == ".obj" ? 32 + at : at;
     if (extension == ".otp") {
       const bool wide = TheAppState().SelectedChip != "QV4105";
       const std::size_t config = wide ? 2 : 1;
       offset = at < config ? (wide ? 16414 : 8223) + at : 32 + at - config;
     }
-    EXPECT_LT(offset, bytes.size());
-    if (offset >= bytes.size()) return "no such byte";
-    bytes[offset] ^= 0x10;
+    bytes.at(offset) ^= 0x10;
     // A .velmar file isn't read again: what is compared is the image that Load File left.
     const bool readsLeftImage = op.filters.back().starts_with("Kestrel Velmar");
     if (readsLeftImage) Write("samples/changed.bin", bytes);
@@ -60,12 +58,6 @@ class CompareEveryIc : public StandinBench, public ::testing::WithParamInterface
   }
 
   std::string result;
-
- private:
-  static std::string Lower(std::string text) {
-    for (char& c : text) c = static_cast<char>(std::tolower(static_cast<unsigned char>(c)));
-    return text;
-  }
 };
 
 TEST_P(CompareEveryIc, FindsEveryDifferenceThatCounts) {

@@ -5,6 +5,7 @@
 #include "intake/package_files.h"
 #include "intake/ready_text.h"
 #include "options/option_select.h"
+#include "platform/text.h"
 #include "shell/app_state.h"
 #include "shell/main_controls.h"
 #include "support/standin_bench.h"
@@ -13,14 +14,7 @@
 namespace pyxis::test {
 namespace {
 
-class LoadFile : public StandinBench {
- protected:
-  void Load(const std::string& file) {
-    op.files = {Path(file)};
-    op.told.clear();
-    OnLoadFile();
-  }
-};
+class LoadFile : public StandinBench {};
 
 TEST_F(LoadFile, Filters) {
   EXPECT_STREQ(FileFilter(".HEXBIN"), "Kestrel Hex Files (*.hex)|*.hex|Kestrel Bin Files (*.bin)|*.bin||");
@@ -46,16 +40,17 @@ TEST_F(LoadFile, AGoodRunLeavesEverythingInPlace) {
   const AppState& app = TheAppState();
   EXPECT_EQ(app.LoadedFilePath, Path("samples/QV8348.bin"));
   EXPECT_EQ(TheHexView().Data, Contents("samples/QV8348.bin"));
-  char checksum[5];
-  std::snprintf(checksum, sizeof checksum, "%04X", FieldWord(app.WriterInfoBlock, Field::ImageChecksum));
-  EXPECT_EQ(TheMainControls()[ControlId::ChecksumField].text, checksum);
+  EXPECT_EQ(TheMainControls()[ControlId::ChecksumField].text,
+            Printf("%04X", FieldWord(app.WriterInfoBlock, Field::ImageChecksum)));
   EXPECT_EQ(op.cursor, 1);
   EXPECT_EQ(app.ProgressMode, 0);
   EXPECT_TRUE(app.ReadyText.empty());
   EXPECT_FALSE(TheMainControls()[ControlId::BufferArea].enabled);
   const int loads = writer.FirmwareLoads();
+  TheAppState().MassProduction = 1;
   Load("samples/QV8348.hex");
   EXPECT_EQ(writer.FirmwareLoads(), loads);
+  EXPECT_TRUE(TheMainControls()[ControlId::Verify].enabled);
 }
 
 TEST_F(LoadFile, AFailedConversionSendsNothingButReadsTheBlock) {
@@ -129,17 +124,6 @@ TEST_F(LoadFile, ReadyTexts) {
   EXPECT_EQ(ComposeReadyText(0x0404), lines + std::string(40, ' ') + "下載資料中 , 請勿關閉電源或拔除USB接線\r\n\r\n" +
                                           std::string(40, ' ') + english);
   EXPECT_EQ(ComposeReadyText(0x0804).substr(22, 13), std::string(13, ' '));
-}
-
-TEST_F(LoadFile, SerialNumberModeSwitchesTheButtons) {
-  TheAppState().SnMode = 1;
-  Write("serial.txt", Bytes(256, 0));
-  LoadSample("QV8348");
-  EXPECT_FALSE(TheMainControls()[ControlId::Auto].enabled);
-  TheAppState().SnMode = 0;
-  TheAppState().MassProduction = 1;
-  Load("samples/QV8348.hex");
-  EXPECT_TRUE(TheMainControls()[ControlId::Verify].enabled);
 }
 
 }  // namespace

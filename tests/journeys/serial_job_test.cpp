@@ -13,11 +13,6 @@
 namespace pyxis::test {
 namespace {
 
-struct Outcome {
-  std::string out;
-  int exitCode;
-};
-
 class SerialJob : public Bench {
  protected:
   void SetUp() override {
@@ -42,14 +37,13 @@ class SerialJob : public Bench {
   }
 
   // Standard output alone, where `arguments` don't say otherwise.
-  Outcome Job(const std::string& arguments, const std::string& input = "") const {
+  std::pair<std::string, int> Job(const std::string& arguments, const std::string& input = "") const {
     const std::string command =
         "printf '" + input + "' | " PYXIS_BIN_DIR "/pyxisjob --folder " + Path("work") + " --link vendor " + arguments;
     std::FILE* pipe = popen(command.c_str(), "r");
-    Outcome outcome{"", 0};
-    for (int c = std::fgetc(pipe); c != EOF; c = std::fgetc(pipe)) outcome.out += static_cast<char>(c);
-    outcome.exitCode = WEXITSTATUS(pclose(pipe));
-    return outcome;
+    std::string out;
+    for (int c = std::fgetc(pipe); c != EOF; c = std::fgetc(pipe)) out += static_cast<char>(c);
+    return {out, WEXITSTATUS(pclose(pipe))};
   }
 
  private:
@@ -67,7 +61,8 @@ TEST_F(SerialJob, PrintsALineAChip) {
            {place + "--start ff --amount 10 --wait 2>/dev/null", "\\n\\n\\n",
             "00FF OK\n0100 OK\n0101 OK\nOK 3, NG 0, Total 3\n", 0},
            {"--json " + place + "--start 1 --amount 1 --direction high", "",
-            "{\"chip\":1,\"command\":\"serial\",\"result\":0,\"serial\":\"0001\"}\n" "{\"command\":\"serial\",\"messages\":[\"Serial Number Program " "Complete\"],\"next\":\"2\",\"ng\":0,\"ok\":1," "\"result\":0,\"total\":1}\n",
+            "{\"chip\":1,\"command\":\"serial\",\"result\":0,\"serial\":\"0001\"}\n{\"command\":\"serial\",\"messages\":"
+            "[\"Serial Number Program Complete\"],\"next\":\"2\",\"ng\":0,\"ok\":1,\"result\":0,\"total\":1}\n",
             0},
            {"--json serial --length 2 --address 3FB --start 1 --amount 1", "",
             "{\"command\":\"serial\",\"messages\":[\"S/N End Address > 0x3FC\"],\"result\":1}\n", 1},
@@ -77,9 +72,7 @@ TEST_F(SerialJob, PrintsALineAChip) {
            {place + "--start 1G --amount 1 2>/dev/null", "", "", 2},
            {place + "--start 1 --amount 1 --ic QV8348 2>/dev/null", "", "", 2}}) {
     // clang-format on
-    const Outcome outcome = Job(arguments, input);
-    EXPECT_EQ(outcome.out, out) << arguments;
-    EXPECT_EQ(outcome.exitCode, exitCode) << arguments;
+    EXPECT_EQ(Job(arguments, input), std::pair(out, exitCode)) << arguments;
   }
 }
 

@@ -26,11 +26,11 @@ struct Told {
 
 class ScriptedOperator : public Operator {
  public:
-  std::vector<Told> told;                          // message boxes and questions in order
-  std::deque<bool> answers;                        // to questions; No when empty
-  std::deque<std::optional<std::string>> files;    // of the file dialog; Cancel when empty
-  std::vector<std::string> filters;                // what the file dialog was asked with
-  std::vector<std::string> cursors;                // files that were loaded as a cursor
+  std::vector<Told> told;                        // message boxes and questions in order
+  std::deque<bool> answers;                      // to questions; No when empty
+  std::deque<std::optional<std::string>> files;  // of the file dialog; Cancel when empty
+  std::vector<std::string> filters;              // what the file dialog was asked with
+  std::vector<std::string> cursors;              // files that were loaded as a cursor
   bool cursorsLoad = false;
   CursorHandle cursor = 1;
   std::function<DialogEnd(CIcSelectDlg&)> icSelect;

@@ -3,11 +3,11 @@
 #include <cstdio>
 
 #include "catalogue/chip_catalogue.h"
-#include "pyxisfolder/folder.h"
 #include "intake/load_file.h"
 #include "link/identification.h"
 #include "platform/diagnostics.h"
 #include "platform/machine.h"
+#include "pyxisfolder/folder.h"
 #include "shell/app_state.h"
 #include "shell/start_up.h"
 
@@ -45,7 +45,7 @@ std::string StandinBench::PutFolderFor(const std::string& label) {
   const auto samples = pyxis::folder::MakeSamples(row.ChipName);
   EXPECT_FALSE(samples.empty()) << label;
   for (const auto& sample : samples) Write("samples/" + sample.fileName, sample.contents);
-  return Path("samples/" + samples.front().fileName);
+  return "samples/" + samples.front().fileName;
 }
 
 void StandinBench::Select(const std::string& label) {
@@ -64,7 +64,7 @@ void StandinBench::Load(const std::string& file) {
 void StandinBench::LoadSample(const std::string& label) {
   const std::string sample = PutFolderFor(label);
   Select(label);
-  Load(std::filesystem::relative(sample, folder).string());
+  Load(sample);
   ASSERT_EQ(op.Texts(), Texts{"Loading Data Ok"}) << label;
 }
 

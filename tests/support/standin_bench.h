@@ -15,7 +15,7 @@ class StandinBench : public Bench {
   explicit StandinBench(Transport transport = Transport::Usb, int model = 1);
   ~StandinBench() override;
 
-  // The program folder's files that this IC needs, by the folder's own makers; the path of its sample program file.
+  // The program folder's files that this IC needs, by the folder's own makers; its sample program file there.
   std::string PutFolderFor(const std::string& label);
   // Selects the IC as IC selection does.
   void Select(const std::string& label);

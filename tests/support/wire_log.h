@@ -17,10 +17,10 @@ class WireLog : public UsbHost {
  public:
   std::vector<UsbBus> buses{{{0x1D6B, 2, nullptr}}, {{0x7A31, 0x1602, &first_}, {0x7A31, 0x1602, &second_}}};
   int configurationResult = 0, claimResult = 0;
-  std::vector<std::string> calls;                  // "open 1", "close"
-  std::vector<std::string> wire;                   // "> 55 53 …", "< 13"
-  std::deque<std::vector<std::uint8_t>> reads;     // data of the next reads; zeros when empty
-  int failWriteAt = -1, failReadAt = -1;           // this write or read, from 0, fails
+  std::vector<std::string> calls;               // "open 1", "close"
+  std::vector<std::string> wire;                // "> 55 53 …", "< 13"
+  std::deque<std::vector<std::uint8_t>> reads;  // data of the next reads; zeros when empty
+  int failWriteAt = -1, failReadAt = -1;        // this write or read, from 0, fails
 
   std::vector<UsbBus> FindDevices() override;
   Handle Open(const UsbDeviceEntry& device) override;

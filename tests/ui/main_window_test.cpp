@@ -73,7 +73,7 @@ class MainWindowTest : public UiBench {
 };
 
 TEST_F(MainWindowTest, FromDeviceToAutoOk) {
-  const std::string sample = PutFolderFor("QVL04");
+  const std::string sample = Path(PutFolderFor("QVL04"));
   Open();
   EXPECT_FALSE(Choose("&Load File"));
   EXPECT_FALSE(Choose("&Save As..."));

@@ -172,7 +172,7 @@ TEST_F(SerialWindows, TheMenuRoadByKeys) {
 }
 
 TEST_F(SerialWindows, TheRoadThroughIcSelection) {
-  const std::string sample = PutFolderFor("QV8348");
+  const std::string sample = Path(PutFolderFor("QV8348"));
   Open();
   TheAppState().WriterModel = 1;
   script.push_back([](QWidget& dialog) {
