@@ -24,16 +24,7 @@ void SetJob(const std::string& chip, unsigned imageLength, std::uint8_t lengthUn
   block[31] = order;
 }
 
-// A writer that answers what the test scripts.
-class Compare : public Bench {
- protected:
-  Compare() {
-    TheMachine().vendor = &vendor;
-    OpenTransport();
-    vendor.calls.clear();
-  }
-  VendorLog vendor;
-};
+class Compare : public ScriptedWriter {};
 
 TEST_F(Compare, ReadsAsManyBytesAsTheFileHas) {
   Write("a.bin", Bytes{1, 2, 3});
@@ -41,12 +32,6 @@ TEST_F(Compare, ReadsAsManyBytesAsTheFileHas) {
   vendor.reads = {{1, 2, 3}};
   EXPECT_TRUE(CompareWithWriter(Path("a.bin")));
   EXPECT_EQ(vendor.calls, (Texts{"write 0: 47", "write 20: 08 17", "read 19: 3", "write 20: 0C 07", "write 0: 07"}));
-}
-
-TEST_F(Compare, AMissingFileIsTold) {
-  EXPECT_FALSE(CompareWithWriter(Path("a.bin")));
-  EXPECT_EQ(op.told, (std::vector<Told>{{"Open Fail ! (" + Path("a.bin") + ")", "PyxisLoad", MessageIcon::None}}));
-  EXPECT_EQ(vendor.calls, Texts{"write 0: 47"});
 }
 
 TEST_F(Compare, WhatCounts) {
@@ -115,7 +100,6 @@ TEST_F(Compare, TargetsByChip) {
            {"QVL13", hex, records, {0xAA, 0xFF, 0xFF, 0xFF, 0xFF, 0xBB}},
            {"QV8201", hex, records, {0xAA, 0, 0, 0, 0, 0xBB}},
            {"QV8348", hex, records, {0xAA, 0x3F, 0xFF, 0x3F, 0xFF, 0xBB}},
-           {"QV8202", hex, records, {0xAA, 0x3F, 0xFF, 0x3F, 0xFF, 0xBB}},
            {"", hex, records, {0xAA, 0x3F, 0xFF, 0x3F, 0xFF, 0xBB}},
            {"QV8101", hex, records, {0xAA, 0x3F, 0xFF, 0x3F, 0xFF, 0xBB}},
            {"QV8401", velmar, records, Text("left by Load File")},
@@ -143,11 +127,10 @@ TEST_F(Compare, TargetsByChip) {
 TEST_F(Compare, WhatCantBeReadOrMadeIsNeverCompared) {
   const Bytes content = Ramp(100);
   Write("a.obj", content);
-  Write("text.hex", Text("hello"));
-  Write("good.hex", Text(":01000000AA55\n"));
+  WriteText("text.hex", "hello");
   Write("own.BIN", content);
   for (const char* name : {"blocked.bin", "taken.bin"}) std::filesystem::create_directory(Path(name));
-  Write("blocked.hex", Text(":01000000AA55\n"));
+  WriteText("blocked.hex", ":01000000AA55\n");
   Write("taken.epm", content);
   // clang-format off
   for (const auto& [why, chip, file, told] : Table<const char*, const char*, const char*, std::string>{
@@ -183,35 +166,11 @@ TEST_F(Compare, WhatCantBeReadOrMadeIsNeverCompared) {
   op.told.clear();
   CDownloadInfoDlg dialog("", "");
   dialog.OnCompareFile();
-  EXPECT_EQ(op.Texts(), Texts{"Open Fail ! (" + Path("a.bin") + ")"});
+  EXPECT_EQ(op.told, (std::vector<Told>{{"Open Fail ! (" + Path("a.bin") + ")", "PyxisLoad", MessageIcon::None}}));
   EXPECT_EQ(dialog.lines[2], "Compare Result : Fail");
 }
 
-class CompareOnWriter : public StandinBench, public ::testing::WithParamInterface<Transport> {
- protected:
-  CompareOnWriter() : StandinBench(GetParam()) {}
-};
-
-TEST_P(CompareOnWriter, TheDialogTellsTheJob) {
-  LoadSample("QV8348");
-  TheAppState().WriterInfoBlock.fill(0);  // the command reads it anew
-  Texts lines;
-  op.downloadInfo = [&](CDownloadInfoDlg& dialog) {
-    lines.assign(dialog.lines.begin(), dialog.lines.end());
-    Write("other.hex", Text(":01000000AA55\n"));
-    op.files = {Path("samples/QV8348.hex"), Path("other.hex")};
-    dialog.OnCompareFile();
-    lines.push_back(dialog.lines[2]);
-    dialog.OnCompareFile();
-    lines.push_back(dialog.lines[2]);
-    return DialogEnd::Cancel;
-  };
-  OnDownloadInfo();
-  EXPECT_EQ(lines, (Texts{"Chip Name : QV8348", "Download File Time :2015/3/5_9:7:3", "", "Compare Result : OK",
-                          "Compare Result : Fail"}));
-  EXPECT_EQ(TheAppState().ProgressMode, 0);
-  EXPECT_FALSE(TheMainControls().statusBar.progressVisible);
-}
+class CompareOnWriter : public BothTransports {};
 
 TEST_P(CompareOnWriter, AFailedTransferIsNoMatch) {
   for (const int filler : {0x00, 0xFF}) {
@@ -234,7 +193,7 @@ TEST_P(CompareOnWriter, AFailedTransferIsNoMatch) {
   EXPECT_EQ(op.Texts(), (Texts{"Loading Data Ok", "Loading Data Ok"}));
 }
 
-INSTANTIATE_TEST_SUITE_P(BothTransports, CompareOnWriter, ::testing::Values(Transport::Usb, Transport::Vendor));
+INSTANTIATE_TEST_SUITE_P(BothTransports, CompareOnWriter, kBothTransports);
 
 }  // namespace
 }  // namespace pyxis::test

@@ -16,13 +16,9 @@
 namespace pyxis::test {
 namespace {
 
-// A writer that answers what the test scripts.
-class ReadScripted : public Bench {
+class ReadScripted : public ScriptedWriter {
  protected:
   ReadScripted() {
-    TheMachine().vendor = &vendor;
-    OpenTransport();
-    vendor.calls.clear();
     AppState& app = TheAppState();
     app.SelectedChip = "QV8348";
     app.ReadSizeBytes = 8;
@@ -34,7 +30,6 @@ class ReadScripted : public Bench {
     return block;
   }
   const Texts blockRead{"write 0: 47", "write 20: 04 17", "read 19: 512", "write 20: 0C 07", "write 0: 07"};
-  VendorLog vendor;
 };
 
 TEST_F(ReadScripted, WordsAndLengths) {
@@ -84,41 +79,33 @@ TEST_F(ReadScripted, AStartBehindTheChipLeavesNothingToRead) {
   }
 }
 
-class ReadOnWriter : public StandinBench, public ::testing::WithParamInterface<Transport> {
- protected:
-  ReadOnWriter() : StandinBench(GetParam()) {}
-};
+class ReadOnWriter : public BothTransports {};
 
 // What Read writes is the program image as it stands in the program file, as far as the read goes.
 TEST_P(ReadOnWriter, ABurntChipReadsAsItsImage) {
-  // that a comparison would look at; of the image in that file, and how much of it the chip holds; the length of the
-  // read
-  for (const auto& [sample, image, from, size, read] :
-       Table<const char*, const char*, std::size_t, std::size_t, std::size_t>{
+  // What of which image file the chip holds, and the length of the read. QV4105 has 8191 bytes: in the half word at the
+  // end the exchange takes the last one a place further.
+  // clang-format off
+  for (const auto& [sample, imageFile, from, size, read] :
+       Table<std::string, std::string, std::size_t, std::size_t, std::size_t>{
            {"QV8348.hex", "QV8348.bin", 0, 2 * 1020, 0x800},
            {"QV8348_dual.hex", "QV8348_dual.bin", 2 * 0x200, 2 * (1020 - 0x200), 0x800 - 2 * 0x200},
-           {"QV8309.hex", "QV8309.bin", 0, 4096, 0x1020},
-           {"QV8121.velmar", "qv8121.bin", 0, 4096, 0x1010},
-           {"QVL04.hex", "QVL04.bin", 0, 32768, 0x8002},
-           {"QVL01.obj", "QVL01.obj", 32, 8192, 0x4000},
-           {"QVL07.hex", "qvl07.bin", 0, 24576, 0x6020},
-           // 8191 bytes: in the half word at the end the exchange takes the last one a place further.
-           {"QV4105.otp", "QV4105.otp", 32, 8190, 0x2000},
-           {"QV4103.otp", "QV4103.otp", 32, 13024, 0x32E0},
-           {"QV4204.epm", "QV4204.epm", 0, 32768, 0x801A}}) {
+           {"QV8309.hex", "QV8309.bin", 0, 4096, 0x1020}, {"QV8121.velmar", "qv8121.bin", 0, 4096, 0x1010},
+           {"QVL04.hex", "QVL04.bin", 0, 32768, 0x8002}, {"QVL01.obj", "QVL01.obj", 32, 8192, 0x4000},
+           {"QVL07.hex", "qvl07.bin", 0, 24576, 0x6020}, {"QV4105.otp", "QV4105.otp", 32, 8190, 0x2000},
+           {"QV4103.otp", "QV4103.otp", 32, 13024, 0x32E0}, {"QV4204.epm", "QV4204.epm", 0, 32768, 0x801A}}) {
+    // clang-format on
     SCOPED_TRACE(sample);
-    const std::string sample = sample;
     const std::string chip = sample.substr(0, sample.find_first_of("._"));
     writer.chip = standin::Chip{};
     LoadSample(chip);
-    op.files = {Path("samples/" + sample)};
-    OnLoadFile();
+    Load("samples/" + sample);
     OnAuto();
     const Bytes job = writer.OptionArea();
     op.told.clear();
     OnRead();
     EXPECT_EQ(op.Texts(), Texts{"Read OK"});
-    const Bytes image = Contents("samples/" + std::string(image)), data = Contents("readdata.txt");
+    const Bytes image = Contents("samples/" + imageFile), data = Contents("readdata.txt");
     ASSERT_EQ(data.size(), read);
     EXPECT_TRUE(std::equal(data.begin(), data.begin() + static_cast<std::ptrdiff_t>(size),
                            image.begin() + static_cast<std::ptrdiff_t>(from)));
@@ -152,7 +139,7 @@ TEST_P(ReadOnWriter, AnUnknownChipGetsItsTemplateOnce) {
   EXPECT_FALSE(TheMainControls().statusBar.progressVisible);
 }
 
-INSTANTIATE_TEST_SUITE_P(BothTransports, ReadOnWriter, ::testing::Values(Transport::Usb, Transport::Vendor));
+INSTANTIATE_TEST_SUITE_P(BothTransports, ReadOnWriter, kBothTransports);
 
 }  // namespace
 }  // namespace pyxis::test

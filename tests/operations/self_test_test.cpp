@@ -20,9 +20,8 @@ Texts Report() {
   return lines;
 }
 
-class SelfTest : public StandinBench, public ::testing::WithParamInterface<Transport> {
+class SelfTest : public BothTransports {
  protected:
-  SelfTest() : StandinBench(GetParam()) {}
   void BecomeRevision(const std::string& version) {
     writer.identity = "PYX STANDALONE LOADER_V" + version;
     writer.measures.clear();
@@ -111,15 +110,11 @@ TEST_P(SelfTest, AWriterThatIsGonePassesNothing) {
   for (const std::string& line : Report()) EXPECT_EQ(line.find("Ok"), std::string::npos) << line;
 }
 
-INSTANTIATE_TEST_SUITE_P(BothTransports, SelfTest, ::testing::Values(Transport::Usb, Transport::Vendor));
+INSTANTIATE_TEST_SUITE_P(BothTransports, SelfTest, kBothTransports);
 
-class SelfTestWire : public Bench {};
+class SelfTestWire : public ScriptedWriter {};
 
 TEST_F(SelfTestWire, OrderAndTheLastGoodMeasurement) {
-  VendorLog vendor;
-  TheMachine().vendor = &vendor;
-  OpenTransport();
-  vendor.calls.clear();
   op.answers = {true};
   WriterTest();
   EXPECT_EQ(vendor.calls, (Texts{"write 0: 47",    "write 3: 8D 01", "write 0: 47",    "write 3: 44 03", "write 0: 47",

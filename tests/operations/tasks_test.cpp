@@ -12,13 +12,9 @@
 namespace pyxis::test {
 namespace {
 
-// A writer that answers what the test scripts.
-class Tasks : public Bench {
+class Tasks : public ScriptedWriter {
  protected:
   Tasks() {
-    TheMachine().vendor = &vendor;
-    OpenTransport();
-    vendor.calls.clear();
     TheAppState().SelectedChip = "QV8348";
     PutJob("QV8348", 0x1234);
   }
@@ -31,7 +27,6 @@ class Tasks : public Bench {
   void Script(std::initializer_list<int> statuses) {
     for (const int status : statuses) vendor.reads.push_back({static_cast<std::uint8_t>(status)});
   }
-  VendorLog vendor;
 };
 
 TEST_F(Tasks, SixEqualReadingsAreAVerdict) {

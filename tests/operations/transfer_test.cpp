@@ -13,15 +13,7 @@
 namespace pyxis::test {
 namespace {
 
-class Transfer : public Bench {
- protected:
-  Transfer() {
-    TheMachine().vendor = &vendor;
-    OpenTransport();
-    vendor.calls.clear();
-  }
-  VendorLog vendor;
-};
+class Transfer : public ScriptedWriter {};
 
 TEST_F(Transfer, PackagesOverVelmarapi) {
   const Bytes option(208, 1), data(300, 2);

@@ -31,6 +31,7 @@ class Bench : public ::testing::Test {
 
   std::string Path(const std::string& name) const { return (folder / name).string(); }
   void Write(const std::string& name, std::span<const std::uint8_t> bytes) const;
+  void WriteText(const std::string& name, const std::string& text) const { Write(name, Bytes(text.begin(), text.end())); }
   Bytes Contents(const std::string& name) const;
 
   std::filesystem::path folder;
