@@ -88,7 +88,7 @@ TEST_P(SelfTest, RangesAreInclusive) {
       ASSERT_TRUE(writer.SetMeasure(step, place, static_cast<std::uint8_t>(value)));
       Test();
       std::size_t failed = 0;
-      for (const std::string& line : Report()) failed += line.find("Fail") != std::string::npos ? 1 : 0;
+      for (const std::string& told : Report()) failed += told.find("Fail") != std::string::npos ? 1 : 0;
       const bool good = value >= lowest && value <= highest;
       EXPECT_EQ(failed, good ? 0U : 1U) << value;
       EXPECT_EQ(Report()[line] == badLine, !good) << value;
