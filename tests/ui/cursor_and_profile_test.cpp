@@ -10,22 +10,19 @@
 namespace pyxis::test {
 namespace {
 
-class Cursors : public Bench {
- protected:
-  Cursors() {
-    Write("metronom.ani", folder::MakeAni(folder::DrawMetronome()));
-    Write("dinosaur.ani", folder::MakeAni(folder::DrawDinosaur()));
-  }
-};
+class Cursors : public Bench {};
 
 TEST_F(Cursors, GiveWayAndComeBack) {
+  Write("metronom.ani", folder::MakeAni(folder::DrawMetronome()));
+  Write("dinosaur.ani", folder::MakeAni(folder::DrawDinosaur()));
+  WriteText("bad.ani", "RIFF");
   ui::BusyCursors cursors;
   const CursorHandle metronome = cursors.Load(Path("metronom.ani")), dinosaur = cursors.Load(Path("dinosaur.ani"));
   ASSERT_NE(metronome, 0);
   ASSERT_NE(dinosaur, metronome);
   EXPECT_EQ(cursors.Load(Path("metronom.ani")), metronome);
+  for (const char* file : {"none.ani", "bad.ani"}) EXPECT_EQ(cursors.Load(Path(file)), 0);
   const CursorHandle atRest = cursors.Set(metronome);
-  EXPECT_NE(atRest, 0);
   ASSERT_NE(QApplication::overrideCursor(), nullptr);
   EXPECT_EQ(QApplication::overrideCursor()->hotSpot(), QPoint(16, 16));
   EXPECT_EQ(QApplication::overrideCursor()->pixmap().size(), QSize(32, 32));
@@ -35,17 +32,8 @@ TEST_F(Cursors, GiveWayAndComeBack) {
   }
   EXPECT_EQ(QApplication::overrideCursor()->shape(), Qt::BitmapCursor);
   EXPECT_EQ(cursors.Set(dinosaur), metronome);
-  EXPECT_EQ(cursors.Set(77), dinosaur);
-  EXPECT_EQ(cursors.Set(0), dinosaur);
-  EXPECT_EQ(cursors.Set(atRest), dinosaur);
+  for (const CursorHandle next : {CursorHandle{77}, CursorHandle{0}, atRest}) EXPECT_EQ(cursors.Set(next), dinosaur);
   EXPECT_EQ(QApplication::overrideCursor(), nullptr);
-}
-
-TEST_F(Cursors, AreNoneWithoutAGoodFile) {
-  ui::BusyCursors cursors;
-  Write("bad.ani", Bytes{'R', 'I', 'F', 'F'});
-  EXPECT_EQ(cursors.Load(Path("none.ani")), 0);
-  EXPECT_EQ(cursors.Load(Path("bad.ani")), 0);
 }
 
 class Settings : public Bench {};
@@ -67,8 +55,7 @@ TEST_F(Settings, OutliveTheProfile) {
 }
 
 TEST_F(Settings, ThatCantBeReadGiveTheDefault) {
-  const std::string text = "[a]\nb\\text=abc\nb\\empty=\nb\\large=99999999999\n\x01\xFF[[[";
-  Write("bad.conf", Bytes(text.begin(), text.end()));
+  WriteText("bad.conf", "[a]\nb\\text=abc\nb\\empty=\nb\\large=99999999999\n\x01\xFF[[[");
   ui::SettingsProfile broken(QString::fromStdString(Path("bad.conf")));
   for (const char* name : {"text", "empty", "large", "none"})
     EXPECT_EQ(broken.GetProfileInt("a\\b", name, 16), 16) << name;

@@ -14,20 +14,6 @@
 namespace pyxis::test {
 namespace {
 
-QPalette Dark() {
-  QPalette palette;
-  const QColor window(45, 45, 48), base(30, 30, 32), text(230, 230, 230);
-  for (const auto role : {QPalette::Window, QPalette::Button, QPalette::ToolTipBase}) palette.setColor(role, window);
-  for (const auto role : {QPalette::Base, QPalette::AlternateBase}) palette.setColor(role, base);
-  for (const auto role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText, QPalette::ToolTipText})
-    palette.setColor(role, text);
-  for (const auto role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText})
-    palette.setColor(QPalette::Disabled, role, QColor(130, 130, 130));
-  palette.setColor(QPalette::Highlight, QColor(60, 110, 180));
-  palette.setColor(QPalette::HighlightedText, Qt::white);
-  return palette;
-}
-
 // A text widget that is narrower or lower than its text.
 bool Clips(const QWidget& widget) {
   const bool isText = qobject_cast<const QLabel*>(&widget) != nullptr ||
@@ -82,7 +68,7 @@ TEST_F(EveryWindow, Screenshots) {
   ASSERT_TRUE(QDir().mkpath(out.path()));
   const int percent = qRound(window->devicePixelRatioF() * 100);
   for (const bool dark : {false, true}) {
-    QApplication::setPalette(dark ? Dark() : light);
+    QApplication::setPalette(dark ? DarkPalette() : light);
     window->resize(1180, 720);
     QCoreApplication::processEvents();
     ForEach([&](QWidget& shown, const std::string& name) {

@@ -46,31 +46,7 @@ class PipeEvents : public DeviceEvents {
   int ends_[2];
 };
 
-class MainWindowTest : public UiBench {
- protected:
-  // A job in the writer before the program starts, with the scripted operator.
-  void LoadSampleBefore() {
-    TheMachine().op = &op;
-    LoadSample("QV8348");
-    TheMachine().op = &qtOp;
-  }
-  // Types into the file dialog.
-  void ScriptFile(const std::string& path) {
-    script.push_back([path](QWidget& dialog) {
-      auto* edit = dialog.findChild<QLineEdit*>(QStringLiteral("fileNameEdit"));
-      edit->setText(QString::fromStdString(path));
-      QTest::keyClick(edit, Qt::Key_Return);
-    });
-  }
-  void ScriptIc(const QString& series, const QString& type) {
-    script.push_back([series, type](QWidget& dialog) {
-      const auto lists = dialog.findChildren<QListWidget*>();
-      lists[0]->setCurrentItem(lists[0]->findItems(series, Qt::MatchExactly).value(0));
-      lists[1]->setCurrentItem(lists[1]->findItems(type, Qt::MatchExactly).value(0));
-      QTest::keyClick(&dialog, Qt::Key_Return);
-    });
-  }
-};
+class MainWindowTest : public UiBench {};
 
 TEST_F(MainWindowTest, FromDeviceToAutoOk) {
   const std::string sample = Path(PutFolderFor("QVL04"));
@@ -107,7 +83,7 @@ TEST_F(MainWindowTest, FromDeviceToAutoOk) {
 }
 
 TEST_F(MainWindowTest, PulledOutAndPutBack) {
-  LoadSampleBefore();
+  HoldJob("QV8348");
   PipeEvents events;
   Open();
   window->Watch(events);
@@ -132,7 +108,7 @@ TEST_F(MainWindowTest, PulledOutAndPutBack) {
 }
 
 TEST_F(MainWindowTest, OnlyPaintsPassDuringAnOperation) {
-  LoadSampleBefore();
+  HoldJob("QV8348");
   Open();
   int timers = 0, posted = 0;
   QTimer::singleShot(0, window.get(), [&] { ++timers; });
@@ -152,7 +128,7 @@ TEST_F(MainWindowTest, OnlyPaintsPassDuringAnOperation) {
 }
 
 TEST_F(MainWindowTest, AClickMadeDuringAnOperationStartsNothing) {
-  LoadSampleBefore();
+  HoldJob("QV8348");
   Open();
   auto& button = Find<QAbstractButton>(*window, "Auto");
   const auto postClick = [&button] {

@@ -133,9 +133,7 @@ class ClickingClock : public FakeClock {
 };
 
 TEST_F(SerialWindows, TheMenuRoadByKeys) {
-  TheMachine().op = &op;
-  LoadSample("QV8348");
-  TheMachine().op = &qtOp;
+  HoldJob("QV8348");
   Open();
   ClickingClock clicking;
   TheMachine().clock = &clicking;
@@ -175,27 +173,12 @@ TEST_F(SerialWindows, TheRoadThroughIcSelection) {
   const std::string sample = Path(PutFolderFor("QV8348"));
   Open();
   TheAppState().WriterModel = 1;
-  script.push_back([](QWidget& dialog) {
-    const auto lists = dialog.findChildren<QListWidget*>();
-    for (int row = 0; row < lists[0]->count(); ++row) {
-      lists[0]->setCurrentRow(row);
-      const auto found = lists[1]->findItems("QV8348", Qt::MatchExactly);
-      if (found.isEmpty()) continue;
-      lists[1]->setCurrentItem(found[0]);
-      break;
-    }
-    QTest::keyClick(&Find(dialog, "Display Serial Number"), Qt::Key_Space);
-    QTest::keyClick(&dialog, Qt::Key_Return);
-  });
+  ScriptIc("MCU: 8 Bit QV83 Series", "QV8348", "Display Serial Number");
   ScriptSet("00AB", "1");
   EXPECT_TRUE(Choose("&Device"));
   EXPECT_EQ(TheAppState().SnMode, 1U);
 
-  script.push_back([&](QWidget& dialog) {
-    auto* edit = dialog.findChild<QLineEdit*>(QStringLiteral("fileNameEdit"));
-    edit->setText(QString::fromStdString(sample));
-    QTest::keyClick(edit, Qt::Key_Return);
-  });
+  ScriptFile(sample);
   EXPECT_TRUE(Choose("&Load File"));
   QWidget* shown = nullptr;
   for (QWidget* widget : QApplication::topLevelWidgets())

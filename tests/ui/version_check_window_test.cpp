@@ -5,26 +5,16 @@
 namespace pyxis::test {
 namespace {
 
-class VersionCheckWindow : public UiBench {
- protected:
-  // What the client sees of the main window.
-  class Client : public UpdateAgent {
-   public:
-    explicit Client(VersionCheckWindow& test) : test_(test) {}
-    std::int32_t CallUpdateAgent(const char*) override {
-      EXPECT_FALSE(test_.window->isEnabled());
-      return 0;
-    }
-
-   private:
-    VersionCheckWindow& test_;
-  };
-  Client client{*this};
+class VersionCheckWindow : public UiBench, public UpdateAgent {
+  std::int32_t CallUpdateAgent(const char*) override {
+    EXPECT_FALSE(window->isEnabled());
+    return 0;
+  }
 };
 
 TEST_F(VersionCheckWindow, OnlyYesEndsTheProgram) {
   Open();
-  TheMachine().update = &client;
+  TheMachine().update = this;
   Find(*window, "Buffer").setFocus();
   QWidget* focused = window->focusWidget();
   ASSERT_NE(focused, nullptr);
