@@ -1,10 +1,8 @@
-#include <gtest/gtest.h>
 
 #include <set>
 
 #include "catalogue/chip_catalogue.h"
 #include "pyxisfolder/folder.h"
-#include "shell/app_state.h"
 #include "support/bench.h"
 
 namespace pyxis::test {

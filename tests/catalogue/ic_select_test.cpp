@@ -1,7 +1,6 @@
 #include "catalogue/ic_select.h"
 
 #include "catalogue/chip_catalogue.h"
-#include "shell/app_state.h"
 #include "support/bench.h"
 
 namespace pyxis::test {

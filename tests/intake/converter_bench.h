@@ -5,9 +5,7 @@
 #include "intake/convert.h"
 #include "intake/package_files.h"
 #include "platform/byte_order.h"
-#include "platform/text.h"
 #include "pyxisfolder/intel_hex_writer.h"
-#include "shell/app_state.h"
 #include "support/bench.h"
 
 namespace pyxis::test {

@@ -1,6 +1,7 @@
 // The 4-bit, .velmar and USB families at their edges.
 #include "converter_bench.h"
 #include "intake/file_readers.h"
+#include "platform/text.h"
 
 namespace pyxis::test {
 namespace {
@@ -160,8 +161,11 @@ TEST_F(Velmar, ProtectedTails) {
     SCOPED_TRACE(c.chip);
     PutTemplate(c.chip);
     ASSERT_EQ(ConvertHex(c.code, VelmarImage(c.idOffset, c.second, c.third, c.size), "a.velmar"), 0);
-    ExpectWords({{16, Sum({{0, c.summedWords}, {c.summedConfig}})}, {20, c.sumLength}, {22, c.used},
-                 {24, c.sumLength}, {36, c.config}});
+    ExpectWords({{16, Sum({{0, c.summedWords}, {c.summedConfig}})},
+                 {20, c.sumLength},
+                 {22, c.used},
+                 {24, c.sumLength},
+                 {36, c.config}});
     EXPECT_EQ(data.size(), c.idOffset);
   }
 }

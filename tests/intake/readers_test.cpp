@@ -1,6 +1,4 @@
 #include "intake/file_readers.h"
-#include "platform/diagnostics.h"
-#include "shell/app_state.h"
 #include "support/bench.h"
 
 namespace pyxis::test {

@@ -6,7 +6,6 @@
 #include "operations/compare_file.h"
 #include "platform/text.h"
 #include "pyxisfolder/intel_hex_writer.h"
-#include "shell/app_state.h"
 #include "support/standin_bench.h"
 
 namespace pyxis::test {

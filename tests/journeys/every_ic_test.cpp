@@ -2,7 +2,6 @@
 #include "catalogue/chip_catalogue.h"
 #include "intake/package_files.h"
 #include "operations/tasks.h"
-#include "shell/app_state.h"
 #include "support/standin_bench.h"
 
 namespace pyxis::test {

@@ -6,8 +6,6 @@
 #include "intake/ready_text.h"
 #include "options/option_select.h"
 #include "platform/text.h"
-#include "shell/app_state.h"
-#include "shell/main_controls.h"
 #include "support/standin_bench.h"
 #include "view/hex_view.h"
 

@@ -1,10 +1,7 @@
 // Serial numbers from the dialog to the chip: what lies in each chip, read back and counted apart from the program.
-#include "catalogue/chip_catalogue.h"
-#include "intake/load_file.h"
 #include "intake/package_files.h"
 #include "platform/text.h"
 #include "serial/sn_run.h"
-#include "shell/app_state.h"
 #include "support/serial_entry.h"
 #include "support/standin_bench.h"
 

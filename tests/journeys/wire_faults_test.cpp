@@ -1,9 +1,6 @@
 // What the operator hears when the wire or the writer fails, and that nothing hangs.
-#include "intake/load_file.h"
-#include "intake/package_files.h"
 #include "operations/firmware.h"
 #include "operations/tasks.h"
-#include "shell/app_state.h"
 #include "support/standin_bench.h"
 
 namespace pyxis::test {

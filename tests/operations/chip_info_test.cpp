@@ -1,13 +1,8 @@
 #include "operations/chip_info.h"
 
-#include "intake/load_file.h"
 #include "intake/package_files.h"
-#include "link/identification.h"
 #include "operations/tasks.h"
-#include "platform/byte_order.h"
-#include "platform/machine.h"
 #include "platform/text.h"
-#include "shell/app_state.h"
 #include "support/standin_bench.h"
 #include "support/wire_log.h"
 

@@ -6,9 +6,6 @@
 #include "link/writer_commands.h"
 #include "operations/download.h"
 #include "platform/byte_order.h"
-#include "platform/machine.h"
-#include "shell/app_state.h"
-#include "shell/main_controls.h"
 #include "support/standin_bench.h"
 #include "support/wire_log.h"
 

@@ -3,9 +3,6 @@
 #include <sstream>
 
 #include "link/identification.h"
-#include "platform/machine.h"
-#include "shell/app_state.h"
-#include "shell/main_controls.h"
 #include "support/standin_bench.h"
 #include "support/wire_log.h"
 #include "view/hex_view.h"

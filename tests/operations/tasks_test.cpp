@@ -1,11 +1,7 @@
 #include "operations/tasks.h"
 
 #include "intake/package_files.h"
-#include "link/identification.h"
 #include "platform/byte_order.h"
-#include "platform/machine.h"
-#include "shell/app_state.h"
-#include "shell/main_controls.h"
 #include "support/bench.h"
 #include "support/wire_log.h"
 

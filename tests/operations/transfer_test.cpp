@@ -1,11 +1,8 @@
 // The order on the wire of package download and firmware load, and what the operator hears.
 #include "intake/package_files.h"
-#include "link/identification.h"
 #include "operations/download.h"
 #include "operations/firmware.h"
-#include "platform/machine.h"
 #include "pyxisfolder/folder.h"
-#include "shell/app_state.h"
 #include "support/bench.h"
 #include "support/standin_bench.h"
 #include "support/wire_log.h"

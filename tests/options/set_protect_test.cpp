@@ -1,12 +1,9 @@
 #include "options/set_protect.h"
 
-#include "catalogue/chip_catalogue.h"
 #include "catalogue/ic_select.h"
 #include "intake/package_files.h"
 #include "options/option_select.h"
 #include "serial/sn_set.h"
-#include "shell/app_state.h"
-#include "shell/main_controls.h"
 #include "shell/on_device.h"
 #include "support/standin_bench.h"
 

@@ -2,7 +2,6 @@
 
 #include "options/smart_option.h"
 #include "platform/text.h"
-#include "shell/app_state.h"
 #include "support/bench.h"
 
 namespace pyxis::test {

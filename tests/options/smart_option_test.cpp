@@ -5,7 +5,6 @@
 #include "catalogue/chip_catalogue.h"
 #include "options/tin_file.h"
 #include "pyxisfolder/folder.h"
-#include "shell/app_state.h"
 #include "support/bench.h"
 
 namespace pyxis::test {

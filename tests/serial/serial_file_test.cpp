@@ -3,8 +3,6 @@
 
 #include "platform/text.h"
 #include "pyxisfolder/folder.h"
-#include "serial/sn_record.h"
-#include "shell/app_state.h"
 #include "support/serial_entry.h"
 #include "support/standin_bench.h"
 

@@ -1,10 +1,7 @@
 // Serial number set-up and run: the record, serial.txt byte for byte, the counters.
-#include "platform/machine.h"
 #include "platform/main_view.h"
 #include "serial/sn_record.h"
 #include "serial/sn_run.h"
-#include "shell/app_state.h"
-#include "shell/main_controls.h"
 #include "support/serial_entry.h"
 #include "support/standin_bench.h"
 

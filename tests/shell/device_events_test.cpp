@@ -1,13 +1,8 @@
 // The writer plugged in and pulled out, and what the main dialog then shows.
-#include "intake/package_files.h"
-#include "link/identification.h"
 #include "link/writer_commands.h"
 #include "platform/byte_order.h"
 #include "pyxisfolder/folder.h"
-#include "shell/app_state.h"
 #include "shell/device_arrival.h"
-#include "shell/link_status.h"
-#include "shell/main_controls.h"
 #include "shell/menu_rules.h"
 #include "shell/refresh_from_writer.h"
 #include "shell/start_up.h"
@@ -21,11 +16,19 @@ const DeviceEvent kOtherCame{DeviceEvent::Kind::Arrival, "dev#{6580898B-0493-40B
 const DeviceEvent kWriterWent{DeviceEvent::Kind::Removal, "dev#{6580898b-0493-40b6-87aa-d307188d4e24}"};
 const DeviceEvent kOtherWent{DeviceEvent::Kind::Removal, "mouse"};
 
-class UsbEvents : public StandinBench {};
-
-class VendorEvents : public StandinBench {
+class EventBench : public StandinBench {
  protected:
-  VendorEvents() : StandinBench(Transport::Vendor) {}
+  using StandinBench::StandinBench;
+  static bool ConnectedAfter(const DeviceEvent& event) {
+    OnDeviceEvent(event);
+    return TheAppState().WriterConnected == 1;
+  }
+  static bool Enabled(ControlId id) { return TheMainControls()[id].enabled; }
+};
+class UsbEvents : public EventBench {};
+class VendorEvents : public EventBench {
+ protected:
+  VendorEvents() : EventBench(Transport::Vendor) {}
 };
 
 TEST_F(UsbEvents, WitnessesOfTheModel) {
@@ -68,46 +71,36 @@ TEST_F(UsbEvents, AWriterWithoutFirmwareGetsItsTestImage) {
 
 TEST_F(UsbEvents, PulledOutAndPutBack) {
   LoadSample("QV8348");
-  OnDeviceEvent(kOtherWent);
-  EXPECT_EQ(TheAppState().WriterConnected, 1U);
-
+  EXPECT_TRUE(ConnectedAfter(kOtherWent));
   usb.pluggedIn = false;
-  OnDeviceEvent(kWriterWent);
-  EXPECT_EQ(TheAppState().WriterConnected, 0U);
+  EXPECT_FALSE(ConnectedAfter(kWriterWent));
   EXPECT_EQ(TheMainControls().statusBar.pane1, "USB was not connected");
   for (ControlId id :
        {ControlId::Auto, ControlId::Verify, ControlId::Read, ControlId::SmartOption, ControlId::WriterTest})
-    EXPECT_FALSE(TheMainControls()[id].enabled);
+    EXPECT_FALSE(Enabled(id));
   EXPECT_EQ(TheAppState().SelectedChip, "QV8348");
   EXPECT_FALSE(MenuEnabled(MenuEntry::LoadFile));
 
-  OnDeviceEvent(kOtherCame);  // the class in capitals is no writer's name
-  EXPECT_EQ(TheAppState().WriterConnected, 0U);
-  OnDeviceEvent(kWriterCame);  // too early: nothing to open yet
-  EXPECT_EQ(TheAppState().WriterConnected, 0U);
+  EXPECT_FALSE(ConnectedAfter(kOtherCame));   // the class in capitals is no writer's name
+  EXPECT_FALSE(ConnectedAfter(kWriterCame));  // too early: nothing to open yet
   usb.pluggedIn = true;
-  OnDeviceEvent(kWriterCame);
-  EXPECT_EQ(TheAppState().WriterConnected, 1U);
+  EXPECT_TRUE(ConnectedAfter(kWriterCame));
   EXPECT_EQ(TheMainControls().statusBar.pane1, "PYX STANDALONE LOADER");
-  OnDeviceEvent(kWriterCame);  // told twice: the device can be claimed once
-  EXPECT_EQ(TheAppState().WriterConnected, 1U);
-  EXPECT_TRUE(TheMainControls()[ControlId::Auto].enabled);
+  EXPECT_TRUE(ConnectedAfter(kWriterCame));  // told twice: the device can be claimed once
+  EXPECT_TRUE(Enabled(ControlId::Auto));
   EXPECT_EQ(TheMainControls().title, "PyxisLoad  QV8348  ");
   EXPECT_TRUE(MenuEnabled(MenuEntry::LoadFile));
 }
 
 TEST_F(VendorEvents, AnotherDeviceWentAway) {
-  OnDeviceEvent(kOtherWent);
-  EXPECT_EQ(TheAppState().WriterConnected, 1U);
+  EXPECT_TRUE(ConnectedAfter(kOtherWent));
   vendor.pluggedIn = false;
-  OnDeviceEvent(kOtherWent);
-  EXPECT_EQ(TheAppState().WriterConnected, 0U);
+  EXPECT_FALSE(ConnectedAfter(kOtherWent));
   EXPECT_EQ(TheAppState().UseVendorApi, 1U);
   OnDeviceEvent(kOtherCame);
   EXPECT_EQ(TheAppState().UseVendorApi, 0U);
   vendor.pluggedIn = true;
-  OnDeviceEvent(kOtherCame);
-  EXPECT_EQ(TheAppState().WriterConnected, 1U);
+  EXPECT_TRUE(ConnectedAfter(kOtherCame));
 }
 
 TEST_F(UsbEvents, RefreshShowsTheJob) {
@@ -130,9 +123,8 @@ TEST_F(UsbEvents, RefreshShowsTheJob) {
   EXPECT_EQ(app.ChecksumText, "00AB");
   EXPECT_EQ(app.ExhvIsp, 1U);
   EXPECT_EQ(TheMainControls().pinFigure, Path("res/QVL04ISP.bmp"));
-  EXPECT_TRUE(TheMainControls()[ControlId::Unprotect].checked);
-  EXPECT_TRUE(TheMainControls()[ControlId::DualMode].checked);
-  EXPECT_TRUE(TheMainControls()[ControlId::Clock32kDisable].checked);
+  for (ControlId id : {ControlId::Unprotect, ControlId::DualMode, ControlId::Clock32kDisable})
+    EXPECT_TRUE(TheMainControls()[id].checked);
   EXPECT_TRUE(MenuEnabled(MenuEntry::ReadChipInfo));
 
   // clang-format off
@@ -161,19 +153,16 @@ TEST_F(UsbEvents, RefreshShowsTheJob) {
 }
 
 TEST_F(UsbEvents, MenuRules) {
-  AppState& app = TheAppState();
-  app.ChipNameText = "QV8348";
-  EXPECT_TRUE(MenuEnabled(MenuEntry::SerialNumberProgram));
-  app.ChipNameText = "QV8121";
-  EXPECT_FALSE(MenuEnabled(MenuEntry::SerialNumberProgram));
-  EXPECT_TRUE(MenuEnabled(MenuEntry::SetProtect));
-  app.ChipNameText = "QV4107";
-  EXPECT_FALSE(MenuEnabled(MenuEntry::ReadChipInfo));
-  app.ChipNameText.clear();
-  EXPECT_FALSE(MenuEnabled(MenuEntry::CompareFile));
-  EXPECT_TRUE(MenuEnabled(MenuEntry::Device));
-  EXPECT_TRUE(MenuEnabled(MenuEntry::UpdateFirmware));
-  EXPECT_FALSE(MenuEnabled(MenuEntry::SaveAs));
+  // clang-format off
+  for (const auto& [chip, entry, enabled] : Table<const char*, MenuEntry, bool>{
+           {"QV8348", MenuEntry::SerialNumberProgram, true}, {"QV8121", MenuEntry::SerialNumberProgram, false},
+           {"QV8121", MenuEntry::SetProtect, true}, {"QV4107", MenuEntry::ReadChipInfo, false},
+           {"", MenuEntry::CompareFile, false}, {"", MenuEntry::Device, true}, {"", MenuEntry::UpdateFirmware, true},
+           {"", MenuEntry::SaveAs, false}}) {
+    // clang-format on
+    TheAppState().ChipNameText = chip;
+    EXPECT_EQ(MenuEnabled(entry), enabled) << chip;
+  }
 }
 
 }  // namespace

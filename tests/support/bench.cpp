@@ -8,11 +8,8 @@
 #include "link/writer_link.h"
 #include "options/smart_option.h"
 #include "platform/files.h"
-#include "platform/machine.h"
 #include "serial/sn_record.h"
 #include "serial/sn_run.h"
-#include "shell/app_state.h"
-#include "shell/main_controls.h"
 #include "view/hex_view.h"
 
 namespace pyxis::test {
@@ -39,7 +36,6 @@ Bench::Bench() {
   machine.clock = &clock;
   machine.profile = &profile;
   machine.language = &language;
-  machine.update = &update;
   machine.clipboard = &clipboard;
 }
 

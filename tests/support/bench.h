@@ -1,5 +1,5 @@
 // The fixture that most tests start from: scripted seams, all process-wide records at their start values, and an empty
-// program folder of its own that is AppDir.
+// program folder of its own that is AppDir. Brings along the records that it resets.
 #pragma once
 
 #include <gtest/gtest.h>
@@ -11,6 +11,9 @@
 #include <tuple>
 #include <vector>
 
+#include "platform/machine.h"
+#include "shell/app_state.h"
+#include "shell/main_controls.h"
 #include "support/scripted.h"
 
 namespace pyxis::test {
@@ -31,7 +34,9 @@ class Bench : public ::testing::Test {
 
   std::string Path(const std::string& name) const { return (folder / name).string(); }
   void Write(const std::string& name, std::span<const std::uint8_t> bytes) const;
-  void WriteText(const std::string& name, const std::string& text) const { Write(name, Bytes(text.begin(), text.end())); }
+  void WriteText(const std::string& name, const std::string& text) const {
+    Write(name, Bytes(text.begin(), text.end()));
+  }
   Bytes Contents(const std::string& name) const;
 
   std::filesystem::path folder;
@@ -39,7 +44,6 @@ class Bench : public ::testing::Test {
   FakeClock clock;
   MapProfile profile;
   FixedLanguage language;
-  FixedUpdateAgent update;
   TextClipboard clipboard;
 };
 

@@ -14,7 +14,6 @@
 #include "platform/main_view.h"
 #include "platform/operator.h"
 #include "platform/profile.h"
-#include "platform/update_agent.h"
 
 namespace pyxis::test {
 
@@ -89,16 +88,6 @@ class FixedLanguage : public Language {
  public:
   std::uint16_t id = 0x0409;
   std::uint16_t GetSystemDefaultLangID() override { return id; }
-};
-
-class FixedUpdateAgent : public UpdateAgent {
- public:
-  std::int32_t result = 1;
-  std::string request;
-  std::int32_t CallUpdateAgent(const char* text) override {
-    request = text;
-    return result;
-  }
 };
 
 }  // namespace pyxis::test

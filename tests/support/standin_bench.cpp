@@ -6,9 +6,7 @@
 #include "intake/load_file.h"
 #include "link/identification.h"
 #include "platform/diagnostics.h"
-#include "platform/machine.h"
 #include "pyxisfolder/folder.h"
-#include "shell/app_state.h"
 #include "shell/start_up.h"
 
 namespace pyxis::test {

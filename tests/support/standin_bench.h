@@ -1,8 +1,6 @@
 // A bench with an in-process stand-in writer on one of the two transports. Every breach of the protocol fails the test.
 #pragma once
 
-#include <string>
-
 #include "standin/in_process.h"
 #include "support/bench.h"
 

@@ -3,7 +3,6 @@
 #include <algorithm>
 
 #include "link/identification.h"
-#include "platform/machine.h"
 #include "platform/text.h"
 
 namespace pyxis::test {

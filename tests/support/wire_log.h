@@ -2,8 +2,6 @@
 #pragma once
 
 #include <deque>
-#include <string>
-#include <vector>
 
 #include "platform/usb_host.h"
 #include "platform/vendor_api.h"

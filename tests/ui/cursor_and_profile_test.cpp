@@ -1,5 +1,4 @@
 #include <QApplication>
-#include <QFile>
 #include <QPixmap>
 
 #include "pyxisfolder/drawing/cursors.h"

@@ -2,12 +2,8 @@
 // scale (the tests run with several scale factors). Leaves a picture of each in the build folder.
 #include <QAbstractButton>
 #include <QApplication>
-#include <QComboBox>
 #include <QDir>
-#include <QGroupBox>
 #include <QLabel>
-#include <QLineEdit>
-#include <QPainter>
 
 #include "ui/windows.h"
 
@@ -16,8 +12,8 @@ namespace {
 
 // A text widget that is narrower or lower than its text.
 bool Clips(const QWidget& widget) {
-  const bool isText = qobject_cast<const QLabel*>(&widget) != nullptr ||
-                      qobject_cast<const QAbstractButton*>(&widget) != nullptr;
+  const bool isText =
+      qobject_cast<const QLabel*>(&widget) != nullptr || qobject_cast<const QAbstractButton*>(&widget) != nullptr;
   if (!isText || !widget.isVisible()) return false;
   const QSize needed = widget.minimumSizeHint();
   return widget.width() < needed.width() || widget.height() < needed.height();
@@ -36,8 +32,8 @@ TEST_F(EveryWindow, NothingIsClippedAndEverythingHasAName) {
   ForEach([](QWidget& shown, const std::string& name) {
     for (const QWidget* child : shown.findChildren<QWidget*>()) {
       if (child->window() != &shown) continue;
-      const std::string what = name + ": " + child->metaObject()->className() + " " +
-                               child->property("text").toString().toStdString();
+      const std::string what =
+          name + ": " + child->metaObject()->className() + " " + child->property("text").toString().toStdString();
       EXPECT_FALSE(Clips(*child)) << what;
       EXPECT_TRUE((child->focusPolicy() & Qt::TabFocus) == 0 || !child->isVisible() || Named(*child)) << what;
     }
@@ -51,7 +47,8 @@ TEST_F(EveryWindow, TabOrderFollowsTheEye) {
     std::vector<const QWidget*> order;
     const QWidget* first = &shown;
     for (const QWidget* next = first->nextInFocusChain(); next != first; next = next->nextInFocusChain())
-      if (next->window() == &shown && next->isVisible() && next->isEnabled() && (next->focusPolicy() & Qt::TabFocus) != 0)
+      if (next->window() == &shown && next->isVisible() && next->isEnabled() &&
+          (next->focusPolicy() & Qt::TabFocus) != 0)
         order.push_back(next);
     for (std::size_t i = 1; i < order.size(); ++i) {
       const QPoint from = place(order[i - 1]), to = place(order[i]);
@@ -73,7 +70,8 @@ TEST_F(EveryWindow, Screenshots) {
     QCoreApplication::processEvents();
     ForEach([&](QWidget& shown, const std::string& name) {
       const QPixmap picture = shown.grab();
-      const QString file = QStringLiteral("%1_%2_%3.png").arg(QString::fromStdString(name)).arg(percent).arg(dark ? "dark" : "light");
+      const QString file =
+          QStringLiteral("%1_%2_%3.png").arg(QString::fromStdString(name)).arg(percent).arg(dark ? "dark" : "light");
       EXPECT_TRUE(picture.save(out.filePath(file))) << name;
     });
   }

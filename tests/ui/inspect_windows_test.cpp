@@ -5,10 +5,6 @@
 #include <QPushButton>
 #include <QTest>
 
-#include "operations/tasks.h"
-#include "platform/machine.h"
-#include "shell/app_state.h"
-#include "shell/main_controls.h"
 #include "ui/ui_bench.h"
 
 namespace pyxis::test {

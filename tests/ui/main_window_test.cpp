@@ -4,20 +4,12 @@
 #include <unistd.h>
 
 #include <QAbstractButton>
-#include <QAction>
-#include <QApplication>
 #include <QCheckBox>
-#include <QFileDialog>
 #include <QLineEdit>
-#include <QListWidget>
 #include <QMenuBar>
 #include <QProgressBar>
 #include <QTest>
 
-#include "link/writer_commands.h"
-#include "platform/machine.h"
-#include "shell/app_state.h"
-#include "shell/main_controls.h"
 #include "ui/hex_view_widget.h"
 #include "ui/ui_bench.h"
 #include "view/show_file.h"

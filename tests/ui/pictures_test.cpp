@@ -5,7 +5,6 @@
 #include "catalogue/chip_catalogue.h"
 #include "platform/files.h"
 #include "pyxisfolder/drawing/package.h"
-#include "shell/app_state.h"
 #include "support/bench.h"
 
 namespace pyxis::test {

@@ -3,14 +3,10 @@
 #include <QApplication>
 #include <QClipboard>
 #include <QLabel>
-#include <QLineEdit>
-#include <QListWidget>
 #include <QMenu>
 #include <QTest>
 
-#include "platform/machine.h"
 #include "serial/sn_record.h"
-#include "shell/app_state.h"
 #include "ui/numeric_edit_field.h"
 #include "ui/qt_clipboard.h"
 #include "ui/ui_bench.h"
@@ -57,18 +53,20 @@ class SerialWindows : public UiBench {
   void NextChip() { writer.chip = standin::Chip{}; }
 };
 
+// The rules are the model's: here is that keys, clipboard and menu reach it, and that its colours show.
 TEST_F(SerialWindows, TheNumberField) {
   ui::NumericEditField field(8, nullptr);
   Texts edited;
   field.TextEdited = [&](const std::string& text) { edited.push_back(text); };
   field.show();
   const auto colours = [&] { return std::pair(field.palette().text().color(), field.palette().base().color()); };
-  EXPECT_EQ(colours(), std::pair(QColor(192, 97, 10), QColor(251, 244, 170)));
+  const std::pair decimal(QColor(192, 97, 10), QColor(251, 244, 170)), hex(QColor(74, 115, 132), QColor(219, 247, 220));
+  EXPECT_EQ(colours(), decimal);
   QTest::keyClicks(&field, "1g f");
   EXPECT_EQ(edited, (Texts{"1", "1F"}));
-  EXPECT_EQ(colours(), std::pair(QColor(74, 115, 132), QColor(219, 247, 220)));
+  EXPECT_EQ(colours(), hex);
   QTest::keyClick(&field, Qt::Key_Backspace);
-  EXPECT_EQ(colours(), std::pair(QColor(192, 97, 10), QColor(251, 244, 170)));
+  EXPECT_EQ(colours(), decimal);
   QTest::keyClick(&field, Qt::Key_Home);
   QTest::keyClick(&field, Qt::Key_End, Qt::ShiftModifier);
   QTest::keyClicks(&field, "0x12");
@@ -77,45 +75,31 @@ TEST_F(SerialWindows, TheNumberField) {
   EXPECT_EQ(field.text(), "0x12");
   QTest::keyClick(&field, Qt::Key_Z, Qt::ControlModifier);
   EXPECT_EQ(field.text(), "1");
-  QApplication::clipboard()->setText("23 4");
-  QTest::keyClick(&field, Qt::Key_V, Qt::ControlModifier);
-  EXPECT_EQ(field.text(), "1");
-  QApplication::clipboard()->setText("abcdef012345");
-  QTest::keyClick(&field, Qt::Key_A, Qt::ControlModifier);
-  QTest::keyClick(&field, Qt::Key_V, Qt::ControlModifier);
-  EXPECT_EQ(field.text(), "abcdef01");
+  for (const auto& [pasted, text] : Table<const char*, const char*>{{"23 4", "1"}, {"abcdef012345", "abcdef01"}}) {
+    QApplication::clipboard()->setText(pasted);
+    for (const auto key : {Qt::Key_A, Qt::Key_V}) QTest::keyClick(&field, key, Qt::ControlModifier);
+    EXPECT_EQ(field.text(), text);
+  }
   field.setText("not a number");  // past the rules
   EXPECT_EQ(field.text(), "abcdef01");
-}
 
-TEST_F(SerialWindows, TheMenuOfTheNumberField) {
-  ui::NumericEditField field(8, nullptr);
-  QApplication::clipboard()->setText("0Xab");
-  const auto menu = [&] {
-    std::unique_ptr<QMenu> made(field.MakeMenu());
+  const auto menu = [&](const QString& choose = {}) {
+    const std::unique_ptr<QMenu> made(field.MakeMenu());
     QStringList rows;
-    for (const QAction* action : made->actions())
+    for (QAction* action : made->actions()) {
       rows << (action->isSeparator() ? QStringLiteral("-") : action->text() + (action->isEnabled() ? "" : " (grey)"));
+      if (!choose.isEmpty() && action->text() == choose) action->trigger();
+    }
     return rows.join(QLatin1Char('|'));
   };
-  const auto choose = [&](const QString& caption) {
-    std::unique_ptr<QMenu> made(field.MakeMenu());
-    for (QAction* action : made->actions())
-      if (action->text() == caption) action->trigger();
-  };
-  EXPECT_EQ(menu(),
-            "&Undo (grey)|-|Cu&t (grey)|&Copy (grey)|&Paste|&Delete (grey)|-|Select &All (grey)|-|Con&vert (grey)");
-  choose("&Paste");
-  EXPECT_EQ(field.text(), "0xAB");
-  choose("Con&vert");
-  EXPECT_EQ(field.text(), "171");
-  choose("Select &All");
-  EXPECT_EQ(field.selectedText(), "171");
-  EXPECT_EQ(menu(), "&Undo (grey)|-|Cu&t|&Copy|&Paste|&Delete|-|Select &All (grey)|-|Con&vert");
-  choose("Cu&t");
-  EXPECT_EQ(field.text() + QApplication::clipboard()->text(), "171");
-  choose("&Undo");
-  EXPECT_EQ(field.text(), "171");
+  menu("Select &All");
+  EXPECT_EQ(menu(), "&Undo|-|Cu&t|&Copy|&Paste|&Delete|-|Select &All (grey)|-|Con&vert");
+  menu("Cu&t");
+  EXPECT_EQ(field.text() + QApplication::clipboard()->text(), "abcdef01");
+  EXPECT_EQ(menu(), "&Undo|-|Cu&t (grey)|&Copy (grey)|&Paste|&Delete (grey)|-|Select &All (grey)|-|Con&vert (grey)");
+  menu("&Undo");
+  menu("Con&vert");
+  EXPECT_EQ(field.text(), "2882400001");
 }
 
 // Clicks the button while a task runs.

@@ -1,7 +1,6 @@
 // The Smart Option window: what it says, and that it can be read.
 #include "ui/smart_option_window.h"
 
-#include <QApplication>
 #include <QComboBox>
 #include <QStyleOptionComboBox>
 #include <QTest>
@@ -10,9 +9,7 @@
 #include "options/smart_option.h"
 #include "options/smart_option_dlg.h"
 #include "options/tin_file.h"
-#include "platform/machine.h"
 #include "pyxisfolder/folder.h"
-#include "shell/app_state.h"
 #include "ui/ui_bench.h"
 
 namespace pyxis::test {

@@ -12,9 +12,6 @@
 
 #include "link/identification.h"
 #include "operations/tasks.h"
-#include "platform/machine.h"
-#include "shell/app_state.h"
-#include "shell/main_controls.h"
 #include "ui/qt_text.h"
 
 namespace pyxis::test {

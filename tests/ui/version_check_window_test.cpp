@@ -1,5 +1,5 @@
 // Check new version from the menu: the main window stays, or goes without another question.
-#include "platform/machine.h"
+#include "platform/update_agent.h"
 #include "ui/ui_bench.h"
 
 namespace pyxis::test {
