@@ -38,16 +38,12 @@ TEST_F(IcSelect, WhatTheBoxesOffer) {
   // clang-format off
   for (const auto& [offered, chips] : Table<const char*, std::vector<const char*>>{
            {"--y--", {"QV4101", "QV4103", "QV4107", "QV4206", "QV4203", "QV4205", "QV4207"}},
-           {"y-y--", {"QV4201", "QV4204"}},
-           {"-yyyy", {"QV8101", "QV8102"}},
-           {"yyyyy",
-            {"QV8103", "QV8104", "QV8105", "QV8106", "QV8108", "QV8111", "QV8113", "QV8115", "QV8117", "QV8119",
-             "QV8120", "QVL09"}},
-           {"yyyy-",
-            {"QV8121", "QV8122", "QV8202", "QV8303", "QV8304", "QV8306", "QV8312", "QV8317", "QV8322", "QVL10",
-             "QVL11"}},
-           {"yyy--", {"QV8323", "QV8301", "QV8315", "QV8501", "QVL01", "QVL03", "QVL04", "QVL06"}},
-           {"---y-", {"QVL07"}}})
+           {"y-y--", {"QV4201", "QV4204"}}, {"-yyyy", {"QV8101", "QV8102"}}, {"---y-", {"QVL07"}},
+           {"yyyyy", {"QV8103", "QV8104", "QV8105", "QV8106", "QV8108", "QV8111", "QV8113", "QV8115", "QV8117",
+                      "QV8119", "QV8120", "QVL09"}},
+           {"yyyy-", {"QV8121", "QV8122", "QV8202", "QV8303", "QV8304", "QV8306", "QV8312", "QV8317", "QV8322",
+                      "QVL10", "QVL11"}},
+           {"yyy--", {"QV8323", "QV8301", "QV8315", "QV8501", "QVL01", "QVL03", "QVL04", "QVL06"}}})
     // clang-format on
     for (const char* chip : chips) EXPECT_EQ(Enabled(Clicked(chip)), offered) << chip;
 }

@@ -56,18 +56,11 @@ TEST_F(Frame, ProductionFlags) {
     request.MassProduction = mass;
     request.ProductionLimitOn = limit;
     ASSERT_EQ(ConvertHex(kQv8348, image), 0);
-    EXPECT_EQ(option[78], flags);
     EXPECT_EQ(LoadBe32(&option[80]), limit ? 0x00001234U : 0xAAAAAAAAU);
-    EXPECT_EQ(option[53], serial ? 0x11 : 0xAA);
-    EXPECT_EQ(option[127], serial ? 0x11 : 0xAA);
-    EXPECT_EQ(option[128], 0xAA);
+    ExpectBytes({{78, flags}, {53, serial ? 0x11 : 0xAA}, {127, serial ? 0x11 : 0xAA}, {128, 0xAA}});
   }
-}
-
-TEST_F(Frame, PackedDecimals) {
-  EXPECT_EQ(PackedDecimal(99999999), 0x99999999U);
-  EXPECT_EQ(PackedDecimal(0), 0U);
-  EXPECT_EQ(PackedDecimal(123456789), 0x12345678U);
+  for (const auto& [count, packed] : Table<int, std::uint32_t>{{99999999, 0x99999999}, {0, 0}, {123456789, 0x12345678}})
+    EXPECT_EQ(PackedDecimal(count), packed);
 }
 
 TEST_F(Frame, ShortTemplatesAndTheOtherModel) {

@@ -5,14 +5,10 @@
 namespace pyxis::test {
 namespace {
 
-constexpr std::uint32_t kQv8348 = 0x2700;
-constexpr std::uint32_t kQv8366 = 0x2750;
-constexpr std::uint32_t kQv8344 = 0x2709;
-constexpr std::uint32_t kQv8336 = 0x27091;
-constexpr std::uint32_t kQv8329 = 0x2712;
-constexpr std::uint32_t kQv8309 = 0x2738;
-constexpr std::uint32_t kQv8321 = 0x2754;
-constexpr std::uint32_t kQv8306 = 0x2805;
+constexpr std::uint32_t kQv8348 = 0x2700, kQv8366 = 0x2750;
+constexpr std::uint32_t kQv8344 = 0x2709, kQv8336 = 0x27091;
+constexpr std::uint32_t kQv8329 = 0x2712, kQv8309 = 0x2738;
+constexpr std::uint32_t kQv8321 = 0x2754, kQv8306 = 0x2805;
 constexpr std::uint32_t kQv8303 = 0x2708;
 
 class Hex14 : public ConverterBench {};
@@ -29,14 +25,18 @@ std::uint16_t SumWords(const Bytes& image, std::size_t from, std::size_t to) {
 }
 
 TEST_F(Hex14, SingleModeFields) {
-  PutTemplate("QV8348");
   const Bytes image = Image8348(0x3ABC);
-  ASSERT_EQ(ConvertHex(kQv8348, image), 0);
+  ASSERT_EQ(Job("QV8348", kQv8348, image), 0);
   ExpectWords({{16, ChecksumAfter(SumWords(image, 0, 1020), 0x3ABC | 0x201F) & 0x3FFF},
-               {84, SumWords(image, 0, 598) & 0x3FFF}, {22, 100}, {24, 1020}, {36, 0x3ABF}, {39, 0}, {43, 0xAAAA},
-               {72, 0x86FF}, {59, 0xFFFF}});
-  EXPECT_EQ(option[76], 0xAA);
-  EXPECT_EQ(option[207], 152);
+               {84, SumWords(image, 0, 598) & 0x3FFF},
+               {22, 100},
+               {24, 1020},
+               {36, 0x3ABF},
+               {39, 0},
+               {43, 0xAAAA},
+               {72, 0x86FF},
+               {59, 0xFFFF}});
+  ExpectBytes({{76, 0xAA}, {207, 152}});
   EXPECT_EQ(Bytes(option.begin() + 192, option.begin() + 207),
             (Bytes{0xDF, 0x07, 3, 0, 4, 0, 5, 0, 9, 0, 7, 0, 3, 0, 250}));
   ASSERT_EQ(data.size(), 2048U);
@@ -47,27 +47,26 @@ TEST_F(Hex14, SingleModeFields) {
 }
 
 TEST_F(Hex14, DualModeFields) {
-  PutTemplate("QV8348");
   const Bytes image = Image8348(0x2ABC, 700);
-  ASSERT_EQ(ConvertHex(kQv8348, image), 0);
+  ASSERT_EQ(Job("QV8348", kQv8348, image), 0);
   ExpectWords({{16, (ChecksumAfter(SumWords(image, 512, 1020), 0x2ABC | 0x201F) & 0x3FFFU) | 0x3000U},
-               {84, SumWords(image, 512, 598) & 0x3FFF}, {39, 0x0200}, {72, 0x86FD}});
+               {84, SumWords(image, 512, 598) & 0x3FFF},
+               {39, 0x0200},
+               {72, 0x86FD}});
   EXPECT_EQ(data.size(), 2048U);
   EXPECT_EQ(TheAppState().DualSkip, 0x200U);
 }
 
 TEST_F(Hex14, PartialChecksumAndUsedLengthOutliveAConversion) {
-  PutTemplate("QV8366");
-  PutTemplate("QV8348");
-  PutTemplate("QV8336");
-  ASSERT_EQ(ConvertHex(kQv8366, Image14(2047, {{2044, 0x2FFF}, {2046, 0x0250}})), 0);
+  const Bytes blank = Image14(2047, {{2044, 0x2FFF}, {2046, 0x0250}});
+  ASSERT_EQ(Job("QV8366", kQv8366, blank), 0);
   ExpectWords({{84, 0xFFFF}, {22, 0}});
-  ASSERT_EQ(ConvertHex(kQv8348, Image8348(0x3FFF, 9)), 0);
+  ASSERT_EQ(Job("QV8348", kQv8348, Image8348(0x3FFF, 9)), 0);
   const unsigned partial = Word(84);
-  ASSERT_EQ(ConvertHex(kQv8336, Image14(4095, {{4000, 1}, {4094, 0x0109}})), 0);
+  ASSERT_EQ(Job("QV8336", kQv8336, Image14(4095, {{4000, 1}, {4094, 0x0109}})), 0);
   EXPECT_EQ(Word(22), 4092U);
   EXPECT_EQ(TheAppState().UsedLength, 10U);
-  ASSERT_EQ(ConvertHex(kQv8366, Image14(2047, {{2044, 0x2FFF}, {2046, 0x0250}})), 0);
+  ASSERT_EQ(Job("QV8366", kQv8366, blank), 0);
   EXPECT_NE(Word(84), partial);  // QV8336 has been through word 598 since
   EXPECT_EQ(Word(22), 10U);
 }
@@ -76,7 +75,7 @@ TEST_F(Hex14, OutputWordsProtectBytesAndFlags) {
   request.ExhvIsp = true;
   // clang-format off
   for (const auto& [chip, code, config, id, idWord, configWord, outWord, byte43, byte76] :
-       Table<const char*, std::uint32_t, std::size_t, std::size_t, unsigned, unsigned, unsigned, unsigned, unsigned>{
+       Table<const char*, std::uint32_t, std::size_t, std::size_t, unsigned, unsigned, unsigned, int, int>{
            {"QV8343", 0x2756, 2044, 2046, 0x0356, 0x1600, 0x17FF, 0xAA, 0xAA},
            {"QV8366", kQv8366, 2044, 2046, 0x0250, 0x3FE0, 0x3EFF, 0xAA, 0xAA},
            {"QV8345", 0x2755, 4092, 4094, 0x0255, 0x3FE0, 0x3FDF, 0xAA, 0xAA},
@@ -89,11 +88,9 @@ TEST_F(Hex14, OutputWordsProtectBytesAndFlags) {
            {"QV8347", 0x2803, 4092, 4093, 0x0203, 0x0FE0, 0x0FFF, 0xAA, 1}}) {
     // clang-format on
     SCOPED_TRACE(chip);
-    PutTemplate(chip);
-    ASSERT_EQ(ConvertHex(code, Image14(id + 1, {{config, configWord}, {id, idWord}})), 0);
+    ASSERT_EQ(Job(chip, code, Image14(id + 1, {{config, configWord}, {id, idWord}})), 0);
     EXPECT_EQ(Word(36), outWord);
-    EXPECT_EQ(option[43], byte43);
-    EXPECT_EQ(option[76], byte76);
+    ExpectBytes({{43, byte43}, {76, byte76}});
   }
 }
 
@@ -108,8 +105,7 @@ TEST_F(Hex14, WordsBetweenTheImageAndItsConfiguration) {
            {"QV8347", 0x2803, 4096, 4093, 0x0203, 4091, 0x3FFF}}) {
     // clang-format on
     SCOPED_TRACE(chip);
-    PutTemplate(chip);
-    ASSERT_EQ(ConvertHex(code, Image14(id + 1, {{at, 0x0055}, {id, idWord}})), 0);
+    ASSERT_EQ(Job(chip, code, Image14(id + 1, {{at, 0x0055}, {id, idWord}})), 0);
     ASSERT_EQ(data.size(), 2 * words);
     EXPECT_EQ(LoadBe16(&data[2 * at]), written);
   }
@@ -125,48 +121,44 @@ TEST_F(Hex14, WrongIdsAreRefused) {
            {"QV8315", 0x2752, 1035, {1034, 0x0152}, 0}}) {
     // clang-format on
     SCOPED_TRACE(chip);
-    PutTemplate(chip);
     op.told.clear();
-    EXPECT_EQ(ConvertHex(code, Image14(words, {id})), result);
+    EXPECT_EQ(Job(chip, code, Image14(words, {id})), result);
     if (result == 0) continue;
     EXPECT_EQ(op.Texts(), Texts{Path("job.hex") + " ID error\n"});
-    ASSERT_EQ(option.size(), 208U);
-    EXPECT_EQ(option[207], 152);
-    EXPECT_EQ(std::count(option.begin(), option.end(), 0), 207);
+    Bytes empty(208, 0);
+    empty[207] = 152;
+    EXPECT_EQ(option, empty);
     EXPECT_TRUE(data.empty());
   }
 }
 
 TEST_F(Hex14, MultiTimeFields) {
-  PutTemplate("QV8309");
   const Bytes image = Image14(2059, {{7, 1}, {2048, 0x35FF}, {2058, 0x0238}});
-  ASSERT_EQ(ConvertHex(kQv8309, image), 0);
+  ASSERT_EQ(Job("QV8309", kQv8309, image), 0);
   ExpectWords({{16, ChecksumAfter(SumWords(image, 0, 2048), (0x35FF | 0x1F) & 0x1FFF) & 0x3FFF},
-               {22, 2048}, {36, 0x35E0}, {39, 0xAAAA}, {72, 0xC008}});
+               {22, 2048},
+               {36, 0x35E0},
+               {39, 0xAAAA},
+               {72, 0xC008}});
   EXPECT_EQ(option[76], 0);
   EXPECT_EQ(data.size(), 4096U);
 
-  PutTemplate("QV8321");
-  ASSERT_EQ(ConvertHex(kQv8321, Image14(2059, {{2047, 0x0777}, {2058, 0x0254}})), 0);
+  ASSERT_EQ(Job("QV8321", kQv8321, Image14(2059, {{2047, 0x0777}, {2058, 0x0254}})), 0);
   EXPECT_EQ(Word(24), 2033U);
   ASSERT_EQ(data.size(), 4096U);
   EXPECT_EQ(LoadBe16(&data[4094]), 0x0777);
 
-  PutTemplate("QV8306");
-  ASSERT_EQ(ConvertHex(kQv8306, Image14(1028, {{1024, 1}, {1025, 0x1234}, {1026, 0x2805}, {1027, 0x00F2}})), 0);
+  ASSERT_EQ(Job("QV8306", kQv8306, Image14(1028, {{1024, 1}, {1025, 0x1234}, {1026, 0x2805}, {1027, 0x00F2}})), 0);
   EXPECT_EQ(TheAppState().SystemConfigWord, 0x1234);
   EXPECT_EQ(Word(72), 0xC006U);
 }
 
 TEST_F(Hex14, IspFlagsOfClassC) {
-  PutTemplate("QV8303");
-  // clang-format off
-  for (const auto& [exhv, isp, flags] : Table<bool, bool, int>{
-           {false, false, 0}, {true, false, 3}, {false, true, 2}, {true, true, 3}}) {
-    // clang-format on
+  for (const auto& [exhv, isp, flags] :
+       Table<bool, bool, int>{{false, false, 0}, {true, false, 3}, {false, true, 2}, {true, true, 3}}) {
     request.ExhvIsp = exhv;
     request.IspProgram = isp;
-    ASSERT_EQ(ConvertHex(kQv8303, Image14(8203, {{8202, 0x0208}})), 0);
+    ASSERT_EQ(Job("QV8303", kQv8303, Image14(8203, {{8202, 0x0208}})), 0);
     EXPECT_EQ(option[76], flags);
   }
 }
@@ -196,10 +188,9 @@ TEST_F(Hex14, SerialRangeMovesInDualMode) {
            {"QV8368", 0x2728, 4092, 4094, 0x0228, 0xDFB, 0xFFB, ""}}) {
     // clang-format on
     SCOPED_TRACE(chip);
-    PutTemplate(chip);
     op.told.clear();
     Write("serial.txt", Serial(0x0110, end));
-    const int code = ConvertHex(chipCode, Image14(id + 1, {{config, 0x2FFF}, {id, idWord}}));
+    const int code = Job(chip, chipCode, Image14(id + 1, {{config, 0x2FFF}, {id, idWord}}));
     EXPECT_EQ(code, movedEnd == 0 ? 1 : 0);
     if (movedEnd == 0) {
       EXPECT_EQ(op.Texts(), Texts{message});
