@@ -71,8 +71,7 @@ class TwoPipes : public DevicePipes {
   Handle Open(const std::string& path, int& error) override {
     opened.push_back(path);
     error = 5;
-    const bool good = path != "busy" && (writePipe || path != "dev\\PIPE01");
-    return good ? this : nullptr;
+    return path != "busy" && (writePipe || path != "dev\\PIPE01") ? this : nullptr;
   }
   bool Write(Handle, const std::uint8_t*, std::uint32_t) override { return true; }
   bool Read(Handle, std::uint8_t*, std::uint32_t) override { return true; }
@@ -83,18 +82,19 @@ TEST_F(Link, PipesAreTheLastResort) {
   TwoPipes pipes;
   TheMachine().pipes = &pipes;
   usb.buses.clear();
-  pipes.writePipe = false;
-  EXPECT_EQ(OpenWriterLink(), 0);
-  EXPECT_FALSE(FrameLinkOpen());
-  CloseWriterLink();
-  pipes.writePipe = true;
-  pipes.opened.clear();
-  EXPECT_EQ(OpenWriterLink(), 1);
-  EXPECT_EQ(pipes.opened, (Texts{"busy", "dev", "close", "dev\\PIPE00", "busy", "dev", "close", "dev\\PIPE01"}));
-  usb.calls.clear();
-  EXPECT_EQ(OpenWriterLink(), 1);
-  EXPECT_TRUE(usb.calls.empty());
-  CloseWriterLink();
+  for (const bool writes : {false, true}) {
+    pipes.writePipe = writes;
+    pipes.opened.clear();
+    EXPECT_EQ(OpenWriterLink(), writes ? 1 : 0);
+    EXPECT_EQ(FrameLinkOpen(), writes);
+    if (writes) {
+      EXPECT_EQ(pipes.opened, (Texts{"busy", "dev", "close", "dev\\PIPE00", "busy", "dev", "close", "dev\\PIPE01"}));
+      usb.calls.clear();
+      EXPECT_EQ(OpenWriterLink(), 1);
+      EXPECT_TRUE(usb.calls.empty());
+    }
+    CloseWriterLink();
+  }
 }
 
 TEST_F(Link, VelmarapiComesFirst) {

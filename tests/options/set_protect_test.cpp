@@ -65,20 +65,14 @@ TEST_F(SetProtect, AnUnknownWordStaysUnknownOrLosesTheBit) {
   EXPECT_EQ(TheAppState().SystemConfigWord, 0xDFFF);
 }
 
-TEST_F(SetProtect, CancelSendsNothing) {
+// Another one: a job whose IC isn't found by its bare name leaves another IC's row selected.
+TEST_F(SetProtect, CancelAndAnotherIcsRowChangeNothing) {
   LoadSample("QV8348");
   const Bytes before = writer.OptionArea();
-  op.optionSelect = nullptr;
-  OnSetProtect();
-  EXPECT_EQ(writer.OptionArea(), before);
-}
-
-// A job whose IC isn't found by its bare name leaves another IC's row selected.
-TEST_F(SetProtect, AnotherIcsRowChangesNothing) {
-  LoadSample("QV8348");
-  const Bytes before = writer.OptionArea();
-  TheAppState().SelectedChip = "QV8305";
   op.told.clear();
+  OnSetProtect();
+  EXPECT_EQ(op.Texts(), Texts{});
+  TheAppState().SelectedChip = "QV8305";
   OnSetProtect();
   EXPECT_EQ(op.Texts(), Texts{"HW and SW Chip Name is discordant"});
   EXPECT_EQ(writer.OptionArea(), before);
@@ -120,20 +114,6 @@ TEST_F(Selection, OkTakesEverythingOver) {
   EXPECT_EQ(app.SelectedChip, "QV8103");
   EXPECT_EQ(app.MassProduction + app.SnMode, 0U);
   EXPECT_EQ(app.IspProgram, 1U);
-}
-
-TEST_F(Selection, EitherWitnessIsEnough) {
-  // clang-format off
-  for (const auto& [inRegister, inBlock, model] : Table<std::uint8_t, std::uint8_t, int>{
-           {0x98, 0, 1}, {0, 0x98, 1}, {0x99, 0x98, 1}, {0x98, 0x99, 1}, {0x99, 0, 2}, {0, 0x99, 2}, {0, 0, 0}}) {
-    // clang-format on
-    writer.Memory()[0xFA8F] = inRegister;
-    writer.OptionArea()[207] = inBlock;
-    op.told.clear();
-    OnDevice();
-    EXPECT_EQ(TheAppState().WriterModel, model);
-    EXPECT_EQ(op.told.size(), model == 0 ? 1U : 0U);
-  }
 }
 
 }  // namespace

@@ -102,15 +102,12 @@ TEST_P(Serial, FieldsWhileTyping) {
   CSnSetDlg dialog(false, false, false);
   dialog.OnInitDialog();
   EXPECT_EQ(dialog.lengthText, "10");
-  EXPECT_EQ(dialog.addressText, "0000");
-  EXPECT_EQ(dialog.amountText, "0");
   dialog.OnLengthChange("2");
-  EXPECT_EQ(dialog.startText, "0000");
-  dialog.OnStartChange("12AB");
-  dialog.OnStartChange("12AB5");
-  EXPECT_EQ(dialog.startText, "12AB");
-  dialog.OnStartChange("0x34CD");
-  EXPECT_EQ(dialog.startText, "0x34CD");
+  for (const auto& [typed, shown] :
+       Table<const char*, const char*>{{"12AB", "12AB"}, {"12AB5", "12AB"}, {"0x34CD", "0x34CD"}}) {
+    dialog.OnStartChange(typed);
+    EXPECT_EQ(dialog.startText, shown);
+  }
   EXPECT_EQ(TheSnRecord().SnStartText, "34CD");
   for (const char* bad : {"", "0", "11"}) dialog.OnLengthChange(bad);
   EXPECT_EQ(op.Texts(), Texts(3, "'Input Serial Number Length Error"));
@@ -128,13 +125,6 @@ TEST_P(Serial, TheDialogThatCannotBeMade) {
   EXPECT_FALSE(SnProgressDlg());
 }
 
-// Runs a press, with the verdict that the writer shall give.
-void Press(CSnProgramDlg& dialog, standin::WriterModel& writer, bool good) {
-  writer.chip = standin::Chip{};
-  if (!good) writer.faults.failTask = 1;
-  dialog.OnSnProgram();
-}
-
 TEST_P(Serial, ARunToItsEnd) {
   LoadSample("QV8348");
   PutTemplate("QV8348");
@@ -145,18 +135,22 @@ TEST_P(Serial, ARunToItsEnd) {
   EXPECT_TRUE(dialog.visible && dialog.snProgramEnabled && !dialog.snSetEnabled);
   EXPECT_FALSE(TheMainControls()[ControlId::Auto].enabled);
   op.told.clear();
-  Press(dialog, writer, true);
-  EXPECT_EQ(dialog.startText, "0F");
-  Press(dialog, writer, false);
-  EXPECT_EQ(dialog.startText, "0F");
+  // The start serial behind a press that ends with this verdict.
+  const auto press = [&](bool good) {
+    writer.chip = standin::Chip{};
+    if (!good) writer.faults.failTask = 1;
+    dialog.OnSnProgram();
+    return dialog.startText;
+  };
+  EXPECT_EQ(press(true), "0F");
+  EXPECT_EQ(press(false), "0F");
   dialog.OnResetCount();
   EXPECT_EQ(dialog.totalText, "0");
-  Press(dialog, writer, true);
+  EXPECT_EQ(press(true), "10");
   EXPECT_TRUE(op.told.empty());
-  Press(dialog, writer, true);
+  EXPECT_EQ(press(true), "11");
   EXPECT_EQ(op.Texts(), Texts{"Serial Number Program Complete"});
   EXPECT_FALSE(dialog.snProgramEnabled);
-  EXPECT_EQ(dialog.startText, "11");
   EXPECT_EQ(dialog.okText + dialog.ngText + dialog.totalText, "202");
 
   dialog.OnClose();
@@ -167,28 +161,23 @@ TEST_P(Serial, ARunToItsEnd) {
   EXPECT_TRUE(TheMainControls()[ControlId::Auto].enabled);
 }
 
-TEST_P(Serial, TheMenuRoad) {
+TEST_P(Serial, TheMenuRoadGoesOnOnlyFromAGoodSetUp) {
   PutTemplate("QV8348");
-  op.snSet = [&](CSnSetDlg& dialog) {
-    dialog.OnLengthChange("2");
-    dialog.OnStartChange("12");
-    dialog.OnAmountChange("1");
-    dialog.OnLoad();
-    return dialog.ended ? DialogEnd::Ok : DialogEnd::Cancel;
+  op.snSet = [](CSnSetDlg& dialog) {
+    return EnterSerial(dialog, {"2", "0", "12", "1"}) ? DialogEnd::Ok : DialogEnd::Cancel;
   };
   CSnProgramDlg dialog(false);
   dialog.OnInitDialog();
-  EXPECT_FALSE(dialog.snProgramEnabled);
   EXPECT_EQ(dialog.startText, std::string(32, '0'));
   dialog.OnSnSet();
   EXPECT_TRUE(dialog.snProgramEnabled);
   EXPECT_EQ(dialog.startText, "0012");
-  writer.faults.damageAreaByte = 3;
-  dialog.OnSnSet();
-  EXPECT_FALSE(dialog.snProgramEnabled);
-  op.snSet = nullptr;
-  dialog.OnSnSet();
-  EXPECT_FALSE(dialog.snProgramEnabled);
+  for (const bool cancelled : {false, true}) {
+    writer.faults.damageAreaByte = 3;
+    if (cancelled) op.snSet = nullptr;
+    dialog.OnSnSet();
+    EXPECT_FALSE(dialog.snProgramEnabled);
+  }
   dialog.OnSnProgram();  // Enter on the disabled button
   EXPECT_EQ(dialog.totalText, "0");
 }

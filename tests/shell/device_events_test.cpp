@@ -4,6 +4,7 @@
 #include "pyxisfolder/folder.h"
 #include "shell/device_arrival.h"
 #include "shell/menu_rules.h"
+#include "shell/on_device.h"
 #include "shell/refresh_from_writer.h"
 #include "shell/start_up.h"
 #include "support/standin_bench.h"
@@ -32,17 +33,23 @@ class VendorEvents : public EventBench {
 };
 
 TEST_F(UsbEvents, WitnessesOfTheModel) {
+  // The start needs both, an arrival looks at the register, Device takes either. Without any firmware (-1) an arrival
+  // goes on to send it.
   // clang-format off
-  for (const auto& [inRegister, inBlock, atStart, atArrival] : Table<std::uint8_t, std::uint8_t, int, int>{
-           {0x98, 0x98, 1, 1}, {0x99, 0x99, 2, 2}, {0x98, 0x99, 0, 1}, {0x99, 0x98, 0, 2}, {0x98, 0, 0, 1},
-           {0, 0, 0, 0}}) {
+  for (const auto& [inRegister, inBlock, atStart, atArrival, atDevice] : Table<std::uint8_t, std::uint8_t, int, int, int>{
+           {0x98, 0x98, 1, 1, 1}, {0x99, 0x99, 2, 2, 2}, {0x98, 0x99, 0, 1, 1}, {0x99, 0x98, 0, 2, 1},
+           {0x98, 0, 0, 1, 1}, {0x99, 0, 0, 2, 2}, {0, 0x98, 0, -1, 1}, {0, 0x99, 0, -1, 2}, {0, 0, 0, 0, 0}}) {
     // clang-format on
     writer.Memory()[address::kModel] = inRegister;
     writer.OptionArea()[207] = inBlock;
     IdentifyAtStart();
     EXPECT_EQ(TheAppState().WriterModel, atStart);
-    OnDeviceEvent(kWriterCame);
-    EXPECT_EQ(TheAppState().WriterModel, atArrival);
+    if (atArrival >= 0) {
+      OnDeviceEvent(kWriterCame);
+      EXPECT_EQ(TheAppState().WriterModel, atArrival);
+    }
+    OnDevice();
+    EXPECT_EQ(TheAppState().WriterModel, atDevice);
   }
 }
 
