@@ -21,9 +21,7 @@ TEST_F(Catalogue, FindsRowsByLabel) {
     int list = -1, place = -1;
     TheAppState().ReadSizeBytes = 77;
     EXPECT_EQ(FindChip(label, list, place), found);
-    EXPECT_EQ(list, wantedList);
-    EXPECT_EQ(place, wantedPlace);
-    EXPECT_EQ(TheAppState().ReadSizeBytes == 77, found == 0);
+    EXPECT_EQ(All(list, place, TheAppState().ReadSizeBytes == 77), All(wantedList, wantedPlace, found == 0));
   }
 }
 
@@ -41,8 +39,7 @@ TEST_F(Catalogue, RowsThatDifferFromTheirIc) {
     SCOPED_TRACE(label);
     int list = 0, place = 0;
     ASSERT_EQ(FindChip(label, list, place), 1);
-    EXPECT_EQ(TheAppState().ReadSizeBytes, readSize);
-    EXPECT_EQ(TheAppState().OptionMasks, masks);
+    EXPECT_EQ(All(TheAppState().ReadSizeBytes, TheAppState().OptionMasks), All(readSize, masks));
   }
 }
 
@@ -58,8 +55,7 @@ TEST_F(Catalogue, FirmwareImages) {
     ASSERT_EQ(FindChip(label, list, place), 1);
     const auto firmware = FirmwareFor(Row(list, place).ChipCode, model);
     ASSERT_TRUE(firmware);
-    EXPECT_EQ(firmware->path, path);
-    EXPECT_EQ(firmware->FirmwareCode, code);
+    EXPECT_EQ(All(firmware->path, firmware->FirmwareCode), All(path, code));
   }
   EXPECT_FALSE(FirmwareFor(0x3702, 1));
 }

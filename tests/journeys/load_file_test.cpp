@@ -25,10 +25,8 @@ TEST_F(LoadFile, CancelEmptiesTheView) {
   op.files.clear();
   op.told.clear();
   OnLoadFile();
-  EXPECT_TRUE(op.told.empty());
-  EXPECT_TRUE(TheAppState().LoadedFilePath.empty());
-  EXPECT_TRUE(TheHexView().Blanked);
-  EXPECT_TRUE(TheMainControls()[ControlId::HexView].visible);
+  EXPECT_TRUE(op.told.empty() && TheAppState().LoadedFilePath.empty());
+  EXPECT_TRUE(TheHexView().Blanked && TheMainControls()[ControlId::HexView].visible);
   EXPECT_EQ(TheAppState().ProgressMode, 1);
 }
 

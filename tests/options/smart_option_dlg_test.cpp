@@ -31,8 +31,8 @@ class RecordingWindow : public OptionWindow {
                            alternatives.empty() ? "" : alternatives[0].c_str(), selection));
   }
   void SetScroll(OptionScrollBar bar, const OptionScroll& s) override {
-    calls.push_back(Printf("%s %d-%d, %d at %d", bar == OptionScrollBar::Horizontal ? "x" : "y", s.low, s.high, s.page,
-                           s.position));
+    const char axis = bar == OptionScrollBar::Horizontal ? 'x' : 'y';
+    calls.push_back(Printf("%c %d-%d, %d at %d", axis, s.low, s.high, s.page, s.position));
   }
   int ScrollPosition(OptionScrollBar bar) override { return bar == OptionScrollBar::Horizontal ? scrollX : scrollY; }
   void DrawLabel(int x, int y, const std::string& text, OptionColor color) override {

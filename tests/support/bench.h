@@ -24,6 +24,12 @@ using Texts = std::vector<std::string>;
 template <typename... Columns>
 using Table = std::vector<std::tuple<Columns...>>;
 
+// Fields that belong together, for one comparison: EXPECT_EQ(All(view.Offset, view.Nibble), All(3, 1)).
+template <typename... Fields>
+auto All(Fields... fields) {
+  return std::tuple(fields...);
+}
+
 // Puts every process-wide record back to its start values.
 void ResetEverything();
 

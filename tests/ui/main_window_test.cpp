@@ -10,6 +10,7 @@
 #include <QProgressBar>
 #include <QTest>
 
+#include "platform/update_agent.h"
 #include "ui/hex_view_widget.h"
 #include "ui/ui_bench.h"
 #include "view/show_file.h"
@@ -62,8 +63,7 @@ TEST_F(MainWindowTest, FromDeviceToAutoOk) {
   EXPECT_EQ(seen, Texts{"Loading Data Ok"});
   EXPECT_EQ(Find<QLineEdit>(*window, "File").text().toStdString(), TheAppState().LoadedFilePath);
   EXPECT_EQ(Find<QLineEdit>(*window, "Checksum").text().toStdString(), TheAppState().ChecksumText);
-  EXPECT_TRUE(Find<QCheckBox>(*window, "Protect").isChecked());
-  EXPECT_TRUE(Find<QCheckBox>(*window, "Fast mode").isChecked());
+  EXPECT_TRUE(Find<QCheckBox>(*window, "Protect").isChecked() && Find<QCheckBox>(*window, "Fast mode").isChecked());
   EXPECT_TRUE(Find(*window, "Buffer").isVisible());
   EXPECT_FALSE(Find(*window, "Messages").isVisible());
   EXPECT_GT(TheHexView().DataLength(), 0);
@@ -182,6 +182,29 @@ TEST_F(MainWindowTest, HexViewByMouseAndKeys) {
   QTest::mouseMove(hex.viewport(), QPoint(9 * cell + 40 * cell, 1));
   EXPECT_TRUE(view.HasSelection());
   QTest::mouseRelease(hex.viewport(), Qt::LeftButton, {}, QPoint(9 * cell + 40 * cell, 1));
+}
+
+// Check new version from the menu: the main window stays, or goes without another question.
+class VersionCheckWindow : public UiBench, public UpdateAgent {
+  std::int32_t CallUpdateAgent(const char*) override {
+    EXPECT_FALSE(window->isEnabled());
+    return 0;
+  }
+};
+
+TEST_F(VersionCheckWindow, OnlyYesEndsTheProgram) {
+  Open();
+  TheMachine().update = this;
+  Find(*window, "Buffer").setFocus();
+  QWidget* focused = window->focusWidget();
+  ASSERT_NE(focused, nullptr);
+  EXPECT_TRUE(Choose("Check new version"));
+  EXPECT_TRUE(window->isEnabled() && window->isVisible());
+  EXPECT_EQ(window->focusWidget(), focused);
+  answers = {QMessageBox::Yes};
+  EXPECT_TRUE(Choose("Check new version"));
+  EXPECT_FALSE(window->isVisible());
+  EXPECT_EQ(seen, Texts(2, "Do you want to exit old version of PyxisLoad ?"));
 }
 
 }  // namespace

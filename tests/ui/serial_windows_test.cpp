@@ -168,8 +168,7 @@ TEST_F(SerialWindows, TheRoadThroughIcSelection) {
   for (QWidget* widget : QApplication::topLevelWidgets())
     if (widget->windowTitle() == "Serial Number Program" && widget->isVisible()) shown = widget;
   ASSERT_NE(shown, nullptr);
-  EXPECT_FALSE(shown->isModal());
-  EXPECT_FALSE(Find(*shown, "S/N SET").isEnabled());
+  EXPECT_FALSE(shown->isModal() || Find(*shown, "S/N SET").isEnabled());
   EXPECT_FALSE(Find(*window, "Auto").isEnabled());
   NextChip();
   QTest::keyClick(shown, Qt::Key_Return);

@@ -44,9 +44,7 @@ TEST_F(HexView, LinesAsText) {
   Open(0);
   ShowFile(Path("five"));
   ASSERT_TRUE(view.PreparePaint());
-  EXPECT_EQ(HexLineCount(view), 1);
-  EXPECT_EQ(Line(0).address, "00000000");
-  EXPECT_EQ(Line(0).hex, "41 7E 7F 1F FF ");
+  EXPECT_EQ(All(HexLineCount(view), Line(0).address, Line(0).hex), All(1, "00000000", "41 7E 7F 1F FF "));
   EXPECT_EQ(Line(0).ascii, "A~...");
   EXPECT_TRUE(view.LastLinePartial);
 
@@ -54,16 +52,14 @@ TEST_F(HexView, LinesAsText) {
   EXPECT_EQ(view.DataLength(), 5);
   ShowFile("");
   EXPECT_FALSE(view.PreparePaint());
-  EXPECT_EQ(HexLineCount(view), 0);
-  EXPECT_EQ(view.DataLength(), 5);
+  EXPECT_EQ(All(HexLineCount(view), view.DataLength()), All(0, 5));
 
   view.SetOptions(true, true, false, false, 2);
   Open(0x12345);
   view.GoTo(0x1FFF);
   EXPECT_EQ(Line(0).address, "1FFF");
   EXPECT_EQ(Line(1).address, "2015");  // (73 - 5) / 3 bytes a line
-  EXPECT_EQ(Line(0).hex.substr(0, 6), "FF 00 ");
-  EXPECT_EQ(Line(0).ascii, "");
+  EXPECT_EQ(All(Line(0).hex.substr(0, 6), Line(0).ascii), All("FF 00 ", ""));
 }
 
 TEST_F(HexView, WidthGivesTheLineLengthAndTheProfileKeepsIt) {
@@ -99,8 +95,7 @@ TEST_F(HexView, Scrolling) {
            {HexScroll::ThumbTrack, 999, 0x1F0}}) {
     // clang-format on
     view.Scroll(code, position);
-    EXPECT_EQ(view.TopOffset, top);
-    EXPECT_EQ(view.CurrentOffset, top);
+    EXPECT_EQ(All(view.TopOffset, view.CurrentOffset), All(top, top));
   }
   const HexScrollBar bar = view.ScrollBar();
   EXPECT_EQ((std::vector{bar.range, bar.page, bar.position}), (std::vector{0x20, 10, 0x1F}));
@@ -123,15 +118,9 @@ TEST_F(HexView, Scrolling) {
 
 TEST_F(HexView, GoTo) {
   Open(0x100);
-  op.gotoAddress = [](CGotoAddressDlg& dialog) {
-    EXPECT_EQ(dialog.text, "00000");
-    dialog.OnChange("12345");
-    return DialogEnd::Ok;
-  };
-  OnGotoAddress(view);
-  EXPECT_EQ(view.TopOffset, 0x60);
-  for (const auto& [text, top] : {std::pair{"0003", 3}, {"zz", 0}, {"fF", 0xFF}}) {
+  for (const auto& [text, top] : {std::pair{"12345", 0x60}, {"0003", 3}, {"zz", 0}, {"fF", 0xFF}}) {
     op.gotoAddress = [&, typed = text](CGotoAddressDlg& dialog) {
+      EXPECT_EQ(dialog.text, "00000");
       dialog.OnChange(typed);
       return DialogEnd::Ok;
     };
@@ -163,8 +152,7 @@ TEST_F(HexView, HitTest) {
     EXPECT_EQ(view.CurrentOffset, offset) << cell;
     EXPECT_EQ(area == kHexArea ? view.Nibble : 0, nibble) << cell;
     EXPECT_EQ(view.CaretX, caretCell * kWidth) << cell;
-    EXPECT_EQ(view.CaretY, row * kHeight);
-    EXPECT_EQ(view.CaretWidth(), (area == kAddressArea ? 8 : 1) * kWidth);
+    EXPECT_EQ(All(view.CaretY, view.CaretWidth()), All(row * kHeight, (area == kAddressArea ? 8 : 1) * kWidth));
   }
   Click(9, 0);
   for (const auto& [cell, row] : {std::pair{73, 0}, {9, 11}, {90, 2}}) {
@@ -199,20 +187,16 @@ TEST_F(HexView, CaretByKeys) {
            {HexKey::Home, true, 0, 2}}) {
     // clang-format on
     key(pressed, control);
-    EXPECT_EQ(view.CurrentOffset, offset);
-    EXPECT_EQ(view.Nibble, nibble);
+    EXPECT_EQ(All(view.CurrentOffset, view.Nibble), All(offset, nibble));
   }
   key(HexKey::End, true);
-  EXPECT_EQ(view.TopOffset, 0x60);
-  EXPECT_EQ(view.CaretY, 9 * kHeight);
+  EXPECT_EQ(All(view.TopOffset, view.CaretY), All(0x60, 9 * kHeight));
   key(HexKey::Home, true);
   for (int i = 0; i < 10; ++i) key(HexKey::Down);
-  EXPECT_EQ(view.TopOffset, 0x10);
-  EXPECT_EQ(view.CurrentOffset, 0xA0);
+  EXPECT_EQ(All(view.TopOffset, view.CurrentOffset), All(0x10, 0xA0));
   EXPECT_TRUE(view.CaretVisible());
   key(HexKey::PageDown);  // the caret stays at its byte, and the view comes a line back to it
-  EXPECT_EQ(view.CurrentOffset, 0xA0);
-  EXPECT_EQ(view.TopOffset, 0x60);
+  EXPECT_EQ(All(view.CurrentOffset, view.TopOffset), All(0xA0, 0x60));
   view.OnMouseWheel(60000);
   EXPECT_FALSE(view.CaretVisible());
   Click(3, 0);
@@ -224,22 +208,17 @@ TEST_F(HexView, Typing) {
   Open(0x20);
   Click(9, 0);
   Type("aBg5");
-  EXPECT_EQ(view.Data[0], 0xAB);
-  EXPECT_EQ(view.Data[1], 0x51);
-  EXPECT_EQ(view.CurrentOffset, 1);
+  EXPECT_EQ(All(view.Data[0], view.Data[1], view.CurrentOffset), All(0xAB, 0x51, 1));
   view.OnKeyDown(HexKey::End, {false, true});
   Type("12");
-  EXPECT_EQ(view.Data[0x1F], 0x12);
-  EXPECT_EQ(view.Nibble, 1);
+  EXPECT_EQ(All(view.Data[0x1F], view.Nibble), All(0x12, 1));
   Type("3");
   EXPECT_EQ(view.Data[0x1F], 0x13);
   Click(57, 0);
   Type("A\t\b");
   view.OnChar(U'\u4E0B', {});
   view.OnChar(3, {false, true});
-  EXPECT_EQ(view.Data[0], 'A');
-  EXPECT_EQ(view.Data[1], 0x51);
-  EXPECT_EQ(view.CurrentOffset, 1);
+  EXPECT_EQ(All(view.Data[0], view.Data[1], view.CurrentOffset), All('A', 0x51, 1));
   Click(2, 0);
   const Bytes before = view.Data;
   Type("FF");
@@ -252,15 +231,13 @@ TEST_F(HexView, Selection) {
   view.OnDragStart();
   view.OnMouseMove((12 + 3 * 2) * kWidth, 5);  // two bytes on
   EXPECT_EQ(Selected(), std::pair(1, 4));
-  EXPECT_EQ(std::pair(Line(0).selectedFrom, Line(0).selectedTo), std::pair(1, 4));
-  EXPECT_EQ(Line(1).selectedTo, 0);
+  EXPECT_EQ(All(std::pair(Line(0).selectedFrom, Line(0).selectedTo), Line(1).selectedTo), All(std::pair(1, 4), 0));
   view.OnMouseMove(12 * kWidth, 16 * kHeight);  // below: a line down when there is one
   EXPECT_EQ(view.SelEnd, 4);
   view.OnLButtonUp();
 
   view.OnChar(24, {false, true});
-  EXPECT_EQ(view.DataLength(), 0x3D);
-  EXPECT_EQ(view.Data[1], 4);
+  EXPECT_EQ(All(view.DataLength(), view.Data[1]), All(0x3D, 4));
   EXPECT_FALSE(view.HasSelection());
   view.OnChar(24, {false, true});
   EXPECT_EQ(view.DataLength(), 0x3D);
@@ -295,8 +272,7 @@ TEST_F(HexView, ANewFileKeepsTheCaretInside) {
   Open(0x200);
   view.OnKeyDown(HexKey::End, {false, true});
   view.SetSize(0x100);
-  EXPECT_EQ(view.CurrentOffset, 0);
-  EXPECT_EQ(view.TopOffset, 0);
+  EXPECT_EQ(All(view.CurrentOffset, view.TopOffset), All(0, 0));
   view.CurrentOffset = 0x80;
   view.SetSize(0x81);
   EXPECT_EQ(view.CurrentOffset, 0x80);
