@@ -97,10 +97,9 @@ TEST_F(IcSelect, TheLimitIsChecked) {
            {"1", 1}, {"99999999", 99999999}, {"100000000", 0}, {"0", 0}, {"-5", 0}, {"", 0}, {"12x", 0},
            {"99999999999999", 0}}) {
     // clang-format on
-    op.told.clear();
     EXPECT_EQ(dialog.OnLimitText(text), count != 0) << text;
     EXPECT_EQ(dialog.OnOk(), count != 0);
-    EXPECT_EQ(op.told.size(), count != 0 ? 0U : 2U);
+    EXPECT_EQ(op.Heard().size(), count != 0 ? 0U : 2U);
     if (count != 0) {
       EXPECT_EQ(dialog.productionLimitCount, count);
     }
@@ -111,7 +110,7 @@ TEST_F(IcSelect, NeedsAKnownWriter) {
   TheAppState().WriterModel = kModelNone;
   CIcSelectDlg dialog;
   EXPECT_FALSE(dialog.OnInitDialog());
-  EXPECT_EQ(op.told, (std::vector<Told>{{"Please Power On The Writer", "Message", MessageIcon::Stop}}));
+  EXPECT_EQ(op.Boxes(), (std::vector<Told>{{"Please Power On The Writer", "Message", MessageIcon::Stop}}));
   TheAppState().WriterModel = kModelKm49;
   CIcSelectDlg km49;
   ASSERT_TRUE(km49.OnInitDialog());

@@ -14,9 +14,8 @@ class Frame : public ConverterBench {
 TEST_F(Frame, FailuresInTheirOrder) {
   const std::string openError = Path("job.hex") + " open file error\n";
   const auto fails = [&](int code, const std::string& file, const std::string& told) {
-    op.told.clear();
     EXPECT_EQ(Convert(kQv8348, file), code);
-    EXPECT_EQ(op.Texts(), Texts{told});
+    EXPECT_EQ(op.Heard(), Texts{told});
   };
   Write("job.hex", pyxis::folder::ToIntelHex(image));
   Write(kOptionPackageName, Bytes(300, 0x55));

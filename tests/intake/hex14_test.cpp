@@ -121,10 +121,9 @@ TEST_F(Hex14, WrongIdsAreRefused) {
            {"QV8315", 0x2752, 1035, {1034, 0x0152}, 0}}) {
     // clang-format on
     SCOPED_TRACE(chip);
-    op.told.clear();
     EXPECT_EQ(Job(chip, code, Image14(words, {id})), result);
     if (result == 0) continue;
-    EXPECT_EQ(op.Texts(), Texts{Path("job.hex") + " ID error\n"});
+    EXPECT_EQ(op.Heard(), Texts{Path("job.hex") + " ID error\n"});
     Bytes empty(208, 0);
     empty[207] = 152;
     EXPECT_EQ(option, empty);
@@ -188,12 +187,11 @@ TEST_F(Hex14, SerialRangeMovesInDualMode) {
            {"QV8368", 0x2728, 4092, 4094, 0x0228, 0xDFB, 0xFFB, ""}}) {
     // clang-format on
     SCOPED_TRACE(chip);
-    op.told.clear();
     Write("serial.txt", Serial(0x0110, end));
     const int code = Job(chip, chipCode, Image14(id + 1, {{config, 0x2FFF}, {id, idWord}}));
     EXPECT_EQ(code, movedEnd == 0 ? 1 : 0);
     if (movedEnd == 0) {
-      EXPECT_EQ(op.Texts(), Texts{message});
+      EXPECT_EQ(op.Heard(), Texts{message});
       EXPECT_EQ(Contents("serial.txt"), Serial(0x0110, end));
       EXPECT_EQ(Word(59), 0xFFFFU);  // patched up to the serial bytes
       EXPECT_EQ(option[192], 0xAA);

@@ -37,7 +37,7 @@ TEST_F(Otp4, ByteIc) {
   EXPECT_EQ(data, Bytes{0xFF});
   EXPECT_EQ(Word(16), Sum({{0xFF}}));
   EXPECT_EQ(Convert(0x1395, "none.otp"), 1);
-  EXPECT_EQ(op.Texts(), Texts{Path("none.otp") + " open file error\n"});
+  EXPECT_EQ(op.Heard(), Texts{Path("none.otp") + " open file error\n"});
 }
 
 TEST_F(Otp4, WordIc) {
@@ -104,12 +104,11 @@ TEST_F(Epm4, TwoIcsShareACode) {
       ASSERT_EQ(Convert(code, "a.epm"), 0);
       EXPECT_EQ(option[0], 0x06);
       TheAppState().SelectedChip = "QV4207";
-      op.told.clear();
       EXPECT_EQ(Convert(code, "a.epm"), key == 1 ? 0 : 1);
       if (key == 1) {
         EXPECT_EQ(option[0], 0x07);
       } else {
-        EXPECT_EQ(op.Texts(), Texts{Path("a.epm") + " open file error\n"});
+        EXPECT_EQ(op.Heard(), Texts{Path("a.epm") + " open file error\n"});
       }
     }
 }
@@ -150,7 +149,7 @@ TEST_F(Velmar, CapitalsFindTheirFiles) {
   EXPECT_EQ(TheAppState().LoadedFilePath, ToLower(Path("Work/Job1.bin")));
   PutTemplate("QV8121");
   EXPECT_EQ(Convert(0x3706, "Work/Job1.VELMAR"), 2);
-  EXPECT_EQ(op.Texts(), Texts{ToLower(Path("Work/Job1.VELMAR")) + " ID error\n"});
+  EXPECT_EQ(op.Heard(), Texts{ToLower(Path("Work/Job1.VELMAR")) + " ID error\n"});
 }
 
 TEST_F(Velmar, OptionBlock) {
@@ -227,7 +226,7 @@ TEST_F(Usb, EepromImages) {
   EXPECT_LE(TheAppState().ImageChecksum, 0x3FFF);
   EXPECT_EQ(TheAppState().LoadedFilePath, ToLower(Path("e_new.bin")));
   EXPECT_EQ(Convert(0x1645, "e.bin"), 4);
-  EXPECT_EQ(op.Texts(), Texts{ToLower(Path("e.bin")) + " open file error\n"});
+  EXPECT_EQ(op.Heard(), Texts{ToLower(Path("e.bin")) + " open file error\n"});
 }
 
 TEST_F(Usb, PlainIc) {

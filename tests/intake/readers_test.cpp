@@ -94,10 +94,9 @@ TEST_F(Readers, EepromFiles) {
   for (const auto& [length, result, told] : Table<std::size_t, int, Texts>{
            {3, 1, {}}, {256, 1, {}}, {257, 0, {"bin file Length over 256 Byte"}}}) {
     // clang-format on
-    op.told.clear();
     Write("e.bin", Bytes(length, 0xB0));
     EXPECT_EQ(ReadEepromBin(Path("e.bin"), Path("e_new.bin")), result);
-    EXPECT_EQ(op.Texts(), told);
+    EXPECT_EQ(op.Heard(), told);
     if (result == 0) continue;
     const Bytes image = Contents("e_new.bin");
     ASSERT_EQ(image.size(), 525U);
@@ -106,7 +105,7 @@ TEST_F(Readers, EepromFiles) {
     EXPECT_EQ(image[524], length > 254 ? 0xB0 : 0x00);
   }
   EXPECT_EQ(ReadEepromBin(Path("none.bin"), Path("e_new.bin")), 0);
-  EXPECT_EQ(op.Texts().back(), "Open bin file failed!");
+  EXPECT_EQ(op.Heard().back(), "Open bin file failed!");
 }
 
 }  // namespace

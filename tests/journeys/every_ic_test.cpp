@@ -28,7 +28,6 @@ class EveryIc : public StandinBench, public ::testing::WithParamInterface<std::t
 
   std::string Compare(const std::string& file) {
     op.files = {Path(file)};
-    op.told.clear();
     TheAppState().WriterInfoBlock.fill(0);  // the command reads it anew
     OnDownloadInfo();
     EXPECT_TRUE(op.told.empty());
@@ -79,9 +78,8 @@ TEST_P(EveryIc, IsComparedAndBurntByteForByte) {
       for (const std::size_t at : {std::size_t{0}, counted - 1})
         EXPECT_EQ(CompareChanged(sample, at), "Compare Result : Fail");
     }
-    op.told.clear();
     OnAuto();
-    EXPECT_EQ(op.Texts(), Texts{"Auto OK"});
+    EXPECT_EQ(op.Heard(), Texts{"Auto OK"});
     EXPECT_EQ(writer.chip.burnt, Contents(kDataPackageName));
     EXPECT_EQ(ChipNameOf(writer.OptionArea()), row.ChipName);
   }

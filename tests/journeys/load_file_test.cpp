@@ -23,7 +23,6 @@ TEST_F(LoadFile, CancelEmptiesTheView) {
   LoadSample("QV8348");
   EXPECT_FALSE(TheAppState().LoadedFilePath.empty());
   op.files.clear();
-  op.told.clear();
   OnLoadFile();
   EXPECT_TRUE(op.told.empty() && TheAppState().LoadedFilePath.empty());
   EXPECT_TRUE(TheHexView().Blanked && TheMainControls()[ControlId::HexView].visible);
@@ -54,7 +53,7 @@ TEST_F(LoadFile, AFailedConversionSendsNothingButReadsTheBlock) {
   Select("QV8348");
   Write("bad.hex", Bytes{'x'});
   Load("bad.hex");
-  EXPECT_EQ(op.Texts(), Texts{Path("bad.hex") + " open file error\n"});
+  EXPECT_EQ(op.Heard(), Texts{Path("bad.hex") + " open file error\n"});
   EXPECT_EQ(writer.FirmwareLoads(), 0);
   EXPECT_EQ(TheMainControls()[ControlId::ChecksumField].text, "FFFF");
   EXPECT_TRUE(TheMainControls()[ControlId::HexView].visible);
@@ -65,13 +64,13 @@ TEST_F(LoadFile, NewerFirmwareIsAskedAbout) {
   Select("QV8348");
   TheAppState().FirmwareLevel = 5;
   Load("samples/QV8348.hex");
-  EXPECT_EQ(op.told,
+  EXPECT_EQ(op.Boxes(),
             (std::vector<Told>{{"Software Version is Old, Still continue to use ?", " ", MessageIcon::Warning}}));
   EXPECT_EQ(writer.FirmwareLoads(), 0);
   TheAppState().FirmwareCode = 0x2710;
   op.answers = {true};
   Load("samples/QV8348.hex");
-  EXPECT_EQ(op.Texts().back(), "Loading Data Ok");
+  EXPECT_EQ(op.Heard().back(), "Loading Data Ok");
   EXPECT_EQ(writer.FirmwareLoads(), 1);
   EXPECT_EQ(TheAppState().FirmwareLevel, 4U);
 }
@@ -80,7 +79,7 @@ TEST_F(LoadFile, AnEmptyPathEndsTheRun) {
   Select("QV8348");
   op.files = {std::string()};
   OnLoadFile();
-  EXPECT_EQ(op.told, (std::vector<Told>{{"File is empty.", "PyxisLoad", MessageIcon::None}}));
+  EXPECT_EQ(op.Boxes(), (std::vector<Told>{{"File is empty.", "PyxisLoad", MessageIcon::None}}));
 }
 
 TEST_F(LoadFile, OptionsReachTheJob) {

@@ -45,7 +45,6 @@ class SerialSeriesJourney : public StandinBench {
   explicit SerialSeriesJourney(Transport transport = Transport::Usb) : StandinBench(transport) {}
 
   void Enter(CSnSetDlg& dialog, std::size_t address, const Bytes& first, unsigned amount, int direction) {
-    op.told.clear();
     ASSERT_TRUE(EnterSerial(
         dialog, {Printf("%zX", first.size()), Printf("%zX", address), Digits(first), Printf("%X", amount), direction}));
   }
@@ -56,6 +55,7 @@ class SerialSeriesJourney : public StandinBench {
     TheAppState().SnMode = 1;
     Enter(set, address, first, amount, direction);
     Load(sample);
+    ASSERT_EQ(op.Heard(), Texts{"Loading Data Ok"});
     ASSERT_TRUE(SnProgressDlg()->visible);
   }
 };
@@ -82,7 +82,7 @@ class TwentyChips : public SerialSeriesJourney, public ::testing::WithParamInter
       dialog.OnSnProgram();
       ASSERT_EQ(writer.chip.burnt, WithSerial(data, Unit::HighFirstWord, address, Plus(first, good), direction));
     }
-    EXPECT_EQ(op.Texts(), Texts{"Serial Number Program Complete"});
+    EXPECT_EQ(op.Heard(), Texts{"Serial Number Program Complete"});
     EXPECT_FALSE(dialog.snProgramEnabled);
     EXPECT_EQ(dialog.okText + " " + dialog.ngText + " " + dialog.totalText,
               Printf("%X %X %X", kChips, failures, kChips + failures));
@@ -119,7 +119,6 @@ TEST_P(TwentyChips, CarryTheirSerials) {
         OnSerialNumberProgram();
       } else {
         EnterAndLoad("samples/QV8348.hex", address, first, kChips, direction);
-        op.told.clear();
         Press(*SnProgressDlg(), first, address, direction);
       }
       if (HasFatalFailure()) return;
@@ -151,10 +150,9 @@ TEST_F(SerialSeriesJourney, EachKindOfIcTakesASerialAtItsEnd) {
       Select(label);
       EnterAndLoad(sample, address, serial, 1, direction);
       if (HasFatalFailure()) return;
-      ASSERT_EQ(op.Texts(), Texts{"Loading Data Ok"});
       writer.chip = standin::Chip{};
       SnProgressDlg()->OnSnProgram();
-      EXPECT_EQ(op.told.back().text, "Serial Number Program Complete");
+      EXPECT_EQ(op.Heard(), Texts{"Serial Number Program Complete"});
       EXPECT_EQ(writer.chip.burnt, WithSerial(Contents(kDataPackageName), unit, address, serial, direction));
       SnProgressDlg()->OnClose();
     }

@@ -10,12 +10,11 @@ class WireFaults : public BothTransports {
  protected:
   Texts LoadAgain() {
     Load("samples/QV8348.hex");
-    return op.Texts();
+    return op.Heard();
   }
   Texts Auto() {
-    op.told.clear();
     OnAuto();
-    return op.Texts();
+    return op.Heard();
   }
   const Texts loaded{"Loading Data Ok"}, loadFailed{"Loading Data Fail"}, firmwareFailed{"Update Firmware Fail"};
   const Texts autoFailed{"Auto FAIL"};
@@ -81,9 +80,8 @@ TEST_P(WireFaults, ALostLinkEndsATask) {
   LoadSample("QV8348");
   usb.pluggedIn = vendor.pluggedIn = false;
   clock.step = 0;  // not the bound on time
-  op.told.clear();
   OnVerify();
-  EXPECT_EQ(op.Texts(), Texts{"Verify FAIL"});
+  EXPECT_EQ(op.Heard(), Texts{"Verify FAIL"});
 }
 
 INSTANTIATE_TEST_SUITE_P(BothTransports, WireFaults, kBothTransports);
@@ -94,7 +92,7 @@ TEST_F(LostUsb, DroppedStatusBlockIsNoFailureOfItself) {
   LoadSample("QV8348");
   writer.faults.dropStatusBlock = 3;
   Load("samples/QV8348.hex");
-  EXPECT_EQ(op.Texts(), Texts{"Loading Data Ok"});
+  EXPECT_EQ(op.Heard(), Texts{"Loading Data Ok"});
   EXPECT_FALSE(writer.faults.dropStatusBlock.has_value());
 }
 

@@ -108,7 +108,6 @@ TEST_F(Compare, TargetsByChip) {
     SetJob(chip, 1, 2, 2);
     op.files = {Path("a.b.dat")};
     op.filters.clear();
-    op.told.clear();
     vendor.calls.clear();
     vendor.reads = {target};
     CDownloadInfoDlg dialog("", "");
@@ -142,7 +141,6 @@ TEST_F(Compare, WhatCantBeReadOrMadeIsNeverCompared) {
     SCOPED_TRACE(why);
     SetJob(chip, 1, 2, 2);
     op.files = {file == nullptr ? std::nullopt : std::optional(Path(file))};
-    op.told.clear();
     int changes = 0;
     CDownloadInfoDlg dialog("", "");
     dialog.Changed = [&] {
@@ -152,7 +150,7 @@ TEST_F(Compare, WhatCantBeReadOrMadeIsNeverCompared) {
     };
     dialog.lines[2] = "Compare Result : OK";
     dialog.OnCompareFile();
-    EXPECT_EQ(op.Texts(), told.empty() ? Texts{} : Texts{told});
+    EXPECT_EQ(op.Heard(), told.empty() ? Texts{} : Texts{told});
     EXPECT_EQ(dialog.lines[2], "Compare Result : ");
     EXPECT_TRUE(vendor.calls.empty() && dialog.compareEnabled && dialog.cancelEnabled);
   }
@@ -160,10 +158,9 @@ TEST_F(Compare, WhatCantBeReadOrMadeIsNeverCompared) {
 
   SetJob("QV8103", 1, 2, 2);
   op.files = {Path("a.velmar")};
-  op.told.clear();
   CDownloadInfoDlg dialog("", "");
   dialog.OnCompareFile();
-  EXPECT_EQ(op.told, (std::vector<Told>{{"Open Fail ! (" + Path("a.bin") + ")", "PyxisLoad", MessageIcon::None}}));
+  EXPECT_EQ(op.Boxes(), (std::vector<Told>{{"Open Fail ! (" + Path("a.bin") + ")", "PyxisLoad", MessageIcon::None}}));
   EXPECT_EQ(dialog.lines[2], "Compare Result : Fail");
 }
 
@@ -187,7 +184,7 @@ TEST_P(CompareOnWriter, AFailedTransferIsNoMatch) {
     SetWriterMode(71);
     CloseArea();
   }
-  EXPECT_EQ(op.Texts(), (Texts{"Loading Data Ok", "Loading Data Ok"}));
+  EXPECT_EQ(op.Heard(), (Texts{"Loading Data Ok", "Loading Data Ok"}));
 }
 
 INSTANTIATE_TEST_SUITE_P(BothTransports, CompareOnWriter, kBothTransports);

@@ -58,7 +58,7 @@ TEST_F(ReadScripted, AFileThatCantBeMadeFailsBeforeTheWriterIsAsked) {
   std::filesystem::create_directory(Path("readdata.txt"));
   TheAppState().LoadedFilePath = "before";
   OnRead();
-  EXPECT_EQ(op.told, (std::vector<Told>{{"Read FAIL", "Message", MessageIcon::None}}));
+  EXPECT_EQ(op.Boxes(), (std::vector<Told>{{"Read FAIL", "Message", MessageIcon::None}}));
   EXPECT_TRUE(vendor.calls.empty());
   EXPECT_EQ(TheAppState().LoadedFilePath, "before");
   EXPECT_EQ(TheAppState().ProgressMode, 0);
@@ -69,7 +69,7 @@ TEST_F(ReadScripted, AStartBehindTheChipLeavesNothingToRead) {
     vendor.calls.clear();
     vendor.reads = {Block(dualStart)};
     OnRead();
-    EXPECT_EQ(op.Texts().back(), "Read FAIL");
+    EXPECT_EQ(op.Heard().back(), "Read FAIL");
     EXPECT_EQ(vendor.calls, blockRead);
   }
 }
@@ -97,9 +97,8 @@ TEST_P(ReadOnWriter, ABurntChipReadsAsItsImage) {
     Load("samples/" + sample);
     OnAuto();
     const Bytes job = writer.OptionArea();
-    op.told.clear();
     OnRead();
-    EXPECT_EQ(op.Texts(), Texts{"Read OK"});
+    EXPECT_EQ(op.Heard(), (Texts{"Loading Data Ok", "Auto OK", "Read OK"}));
     const Bytes image = Contents("samples/" + imageFile), data = Contents("readdata.txt");
     ASSERT_EQ(data.size(), read);
     EXPECT_TRUE(std::equal(data.begin(), data.begin() + static_cast<std::ptrdiff_t>(size),
@@ -114,7 +113,6 @@ TEST_P(ReadOnWriter, AnUnknownChipGetsItsTemplateOnce) {
   LoadSample("QV8348");
   PutFolderFor("QV8121");
   Select("QV8121");
-  op.told.clear();
   op.cursorsLoad = true;
   std::uint32_t before = clock.tick;
   OnRead();
@@ -127,7 +125,7 @@ TEST_P(ReadOnWriter, AnUnknownChipGetsItsTemplateOnce) {
   TheAppState().WriterInfoBlock[53] = 16;  // a serial number set-up lies over the job
   OnRead();
   EXPECT_EQ(TheAppState().WriterInfoBlock[53], 0);
-  EXPECT_EQ(op.Texts(), (Texts{"Read OK", "Read OK", "Read OK"}));
+  EXPECT_EQ(op.Heard(), (Texts{"Read OK", "Read OK", "Read OK"}));
   EXPECT_EQ(op.cursors.back(), Path("metronom.ani"));
   EXPECT_EQ(op.cursor, 1);
   EXPECT_TRUE(TheMainControls()[ControlId::Read].enabled);

@@ -42,11 +42,10 @@ TEST_P(SelfTest, ASoundWriterPassesEveryTest) {
     // clang-format on
     SCOPED_TRACE(version);
     BecomeRevision(version);
-    op.told.clear();
     const std::uint32_t before = clock.tick;
     Test();
     EXPECT_GE(clock.tick - before, least);
-    EXPECT_EQ(op.told, (std::vector<Told>{{" Are Disconnect Program Port Cable ? ", " ", MessageIcon::Warning},
+    EXPECT_EQ(op.Boxes(), (std::vector<Told>{{" Are Disconnect Program Port Cable ? ", " ", MessageIcon::Warning},
                                           {"Test Complete", "Message", MessageIcon::None}}));
     const Texts report = Report();
     ASSERT_EQ(report.size(), lines);
@@ -90,7 +89,7 @@ TEST_P(SelfTest, NoChangesNothing) {
   TheAppState().ReadyText = "before";
   WriterTest();
   EXPECT_EQ(TheAppState().ReadyText, "before");
-  EXPECT_EQ(op.told.size(), 1U);
+  EXPECT_EQ(op.Heard().size(), 1U);
   EXPECT_FALSE(TheHexView().WideAddress);
 }
 

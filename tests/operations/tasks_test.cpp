@@ -66,10 +66,9 @@ TEST_F(Tasks, Guards) {
     PutJob("QV8348", 1);
     spoil();
     for (const auto& handler : {OnBlankCheck, OnProgram, OnVerify}) {
-      op.told.clear();
       vendor.calls.clear();
       handler();
-      EXPECT_EQ(op.told, (std::vector<Told>{{text, "Message", MessageIcon::Warning}}));
+      EXPECT_EQ(op.Boxes(), (std::vector<Told>{{text, "Message", MessageIcon::Warning}}));
       EXPECT_TRUE(vendor.calls.empty());
     }
   }
@@ -80,11 +79,10 @@ TEST_F(Tasks, AutoReadsTheBlockFirstAndHeedsTheLimit) {
   block[244] = 0x1F;
   vendor.reads = {block};
   OnAuto();
-  EXPECT_EQ(op.Texts(), Texts{"Production Limit Complete"});
-  op.told.clear();
+  EXPECT_EQ(op.Heard(), Texts{"Production Limit Complete"});
   Script({1, 1, 1, 1, 1, 1});
   OnProgram();  // doesn't look at the limit
-  EXPECT_EQ(op.told, (std::vector<Told>{{"Program OK", "Message", MessageIcon::None}}));
+  EXPECT_EQ(op.Boxes(), (std::vector<Told>{{"Program OK", "Message", MessageIcon::None}}));
 }
 
 TEST_F(Tasks, BlankCheckAsksBeforeItErases) {
@@ -97,13 +95,12 @@ TEST_F(Tasks, BlankCheckAsksBeforeItErases) {
     // clang-format on
     std::filesystem::remove(folder / kOptionPackageName);
     if (chipClass >= 0) Write(kOptionPackageName, Bytes(208, static_cast<std::uint8_t>(chipClass)));
-    op.told.clear();
     op.answers = {answer};
     vendor.calls.clear();
     vendor.reads.clear();
     Script({1, 1, 1, 1, 1, 1});
     OnBlankCheck();
-    EXPECT_EQ(op.Texts(), told);
+    EXPECT_EQ(op.Heard(), told);
     EXPECT_EQ(vendor.calls.empty(), told.size() == 1 && chipClass == 17);
     EXPECT_EQ(TheAppState().ProgressMode, 0);
     EXPECT_FALSE(TheMainControls().statusBar.progressVisible);
@@ -115,7 +112,7 @@ TEST_F(Tasks, ButtonsAndCursorComeBack) {
   TheAppState().MassProduction = 1;
   Script({3, 3, 3, 3, 3, 3});
   OnVerify();
-  EXPECT_EQ(op.Texts(), Texts{"Verify FAIL"});
+  EXPECT_EQ(op.Heard(), Texts{"Verify FAIL"});
   EXPECT_EQ(op.cursors, Texts{Path("metronom.ani")});
   EXPECT_EQ(op.cursor, 1);
   EXPECT_TRUE(TheMainControls()[ControlId::Auto].enabled);

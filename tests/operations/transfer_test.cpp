@@ -20,7 +20,7 @@ TEST_F(Transfer, PackagesOverVelmarapi) {
   const std::uint32_t before = clock.tick;
   DownloadPackages();
   EXPECT_GE(clock.tick - before, 1500U);
-  EXPECT_EQ(op.Texts(), Texts{"Loading Data Ok"});
+  EXPECT_EQ(op.Heard(), Texts{"Loading Data Ok"});
   EXPECT_EQ(vendor.calls,
             (Texts{"write 21: 30", "write 23: 10", "write 0: 47", "write 20: 04 17", "write 18: 208 bytes",
                    "read 19: 208", "write 20: 0C 07", "write 0: 47", "write 20: 08 17", "write 18: 300 bytes",
@@ -46,10 +46,9 @@ TEST_F(Transfer, AFailedPackageEndsTheLoad) {
     if (dataThere) Write(kDataPackageName, content);
     vendor.reads = {optionGood ? content : Bytes{9, 9, 8}, Bytes{8, 9, 9}};
     vendor.calls.clear();
-    op.told.clear();
     const std::uint32_t before = clock.tick;
     DownloadPackages();
-    EXPECT_EQ(op.Texts(), told);
+    EXPECT_EQ(op.Heard(), told);
     EXPECT_EQ(clock.tick - before >= 1500, waits);
     EXPECT_EQ(vendor.calls.size(), commands);
     EXPECT_EQ(vendor.calls.back(), "write 23: 90");
@@ -94,12 +93,10 @@ TEST_F(Transfer, UpdateRefusesTheOtherModel) {
     Write("a.nce", image);
     TheAppState().WriterModel = writerModel;
     op.files = {Path("a.nce")};
-    op.told.clear();
     vendor.reads = {image};
     OnUpdateFirmware();
-    EXPECT_EQ(op.Texts(), Texts{accepted ? "Update Firmware Ok" : Path("a.nce") + " open file error\n"});
+    EXPECT_EQ(op.Heard(), Texts{accepted ? "Update Firmware Ok" : Path("a.nce") + " open file error\n"});
   }
-  op.told.clear();
   OnUpdateFirmware();  // cancelled
   EXPECT_TRUE(op.told.empty());
 }

@@ -69,12 +69,11 @@ TEST_F(SetProtect, AnUnknownWordStaysUnknownOrLosesTheBit) {
 TEST_F(SetProtect, CancelAndAnotherIcsRowChangeNothing) {
   LoadSample("QV8348");
   const Bytes before = writer.OptionArea();
-  op.told.clear();
   OnSetProtect();
-  EXPECT_EQ(op.Texts(), Texts{});
+  EXPECT_EQ(op.Heard(), Texts{});
   TheAppState().SelectedChip = "QV8305";
   OnSetProtect();
-  EXPECT_EQ(op.Texts(), Texts{"HW and SW Chip Name is discordant"});
+  EXPECT_EQ(op.Heard(), Texts{"HW and SW Chip Name is discordant"});
   EXPECT_EQ(writer.OptionArea(), before);
 }
 

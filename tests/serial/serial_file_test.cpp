@@ -67,7 +67,6 @@ class SerialFile : public StandinBench {
     std::string digits;
     for (std::size_t i = 16 - entry.length; i < 16; ++i) digits += Printf("%02x", entry.start[i]);
     CSnSetDlg dialog(entry.selectionRoad, entry.exhvIsp, entry.isp);
-    op.told.clear();
     return EnterSerial(dialog, {Printf("%zX", entry.length), Printf("%X", entry.address), digits,
                                 Printf("%x", entry.amount), entry.direction});
   }
@@ -110,7 +109,7 @@ TEST_F(SerialFile, EveryIcOfTheLimits) {
       Check(entry);
       entry.address = static_cast<unsigned>(limit - entry.length + 1);
       EXPECT_FALSE(Enter(entry)) << entry.chip;
-      EXPECT_EQ(op.Texts(), Texts{Printf("S/N End Address > 0x%X", limit)}) << entry.chip;
+      EXPECT_EQ(op.Heard(), Texts{Printf("S/N End Address > 0x%X", limit)}) << entry.chip;
     }
   }
   EXPECT_EQ(n, 123U);

@@ -16,7 +16,6 @@ class Serial : public BothTransports {
   }
   bool Set(bool selectionRoad, const SerialEntry& entry) {
     CSnSetDlg dialog(selectionRoad, false, true);
-    op.told.clear();
     return EnterSerial(dialog, entry);
   }
 };
@@ -51,7 +50,7 @@ TEST_P(Serial, WhatTheDialogRefuses) {
     // clang-format on
     PutTemplate(chip);
     EXPECT_EQ(Set(true, entry), closes) << entry.start << " " << entry.amount;
-    EXPECT_EQ(op.Texts(), told);
+    EXPECT_EQ(op.Heard(), told);
   }
 }
 
@@ -87,7 +86,7 @@ TEST_P(Serial, FilesThatFail) {
 
   std::filesystem::create_symlink("/dev/full", Path("serial.txt"));
   EXPECT_FALSE(Set(false, {"1", "0", "1", "1"}));
-  EXPECT_EQ(op.Texts(), Texts{Path("serial.txt") + " write file error\n"});
+  EXPECT_EQ(op.Heard(), Texts{Path("serial.txt") + " write file error\n"});
   EXPECT_FALSE(std::filesystem::is_symlink(Path("serial.txt")));
 
   Write("hwversion1.1/QV8329.txt", Bytes(100, 0x5A));
@@ -110,7 +109,7 @@ TEST_P(Serial, FieldsWhileTyping) {
   }
   EXPECT_EQ(TheSnRecord().SnStartText, "34CD");
   for (const char* bad : {"", "0", "11"}) dialog.OnLengthChange(bad);
-  EXPECT_EQ(op.Texts(), Texts(3, "'Input Serial Number Length Error"));
+  EXPECT_EQ(op.Heard(), Texts(3, "'Input Serial Number Length Error"));
   EXPECT_EQ(TheSnRecord().SnLength, 17);
 }
 
@@ -121,7 +120,7 @@ TEST_P(Serial, TheDialogThatCannotBeMade) {
   TheMachine().view = &view;
   TheAppState().SnMode = 1;
   BringSnProgressUpToDate();
-  EXPECT_EQ(op.Texts(), Texts{"Error creating Dialog"});
+  EXPECT_EQ(op.Heard(), Texts{"Error creating Dialog"});
   EXPECT_FALSE(SnProgressDlg());
 }
 
@@ -134,7 +133,6 @@ TEST_P(Serial, ARunToItsEnd) {
   CSnProgramDlg& dialog = *SnProgressDlg();
   EXPECT_TRUE(dialog.visible && dialog.snProgramEnabled && !dialog.snSetEnabled);
   EXPECT_FALSE(TheMainControls()[ControlId::Auto].enabled);
-  op.told.clear();
   // The start serial behind a press that ends with this verdict.
   const auto press = [&](bool good) {
     writer.chip = standin::Chip{};
@@ -149,7 +147,7 @@ TEST_P(Serial, ARunToItsEnd) {
   EXPECT_EQ(press(true), "10");
   EXPECT_TRUE(op.told.empty());
   EXPECT_EQ(press(true), "11");
-  EXPECT_EQ(op.Texts(), Texts{"Serial Number Program Complete"});
+  EXPECT_EQ(op.Heard(), Texts{"Serial Number Program Complete"});
   EXPECT_FALSE(dialog.snProgramEnabled);
   EXPECT_EQ(dialog.okText + dialog.ngText + dialog.totalText, "202");
 

@@ -58,7 +58,7 @@ TEST_F(UsbEvents, AWriterWithoutFirmwareGetsItsTestImage) {
   writer.Memory()[address::kModel] = 0;
   writer.OptionArea()[207] = 0x98;
   OnDeviceEvent(kWriterCame);
-  EXPECT_EQ(op.told, (std::vector<Told>{
+  EXPECT_EQ(op.Boxes(), (std::vector<Told>{
                          {"Hardware/Firmware Error", "Message", MessageIcon::Stop},
                          {"KM48 Error About To Enter The Test Mode.\nPlease Wait", "Message", MessageIcon::Warning},
                          {"Test Ok.\nPlease Re-select The IC", "Message", MessageIcon::None}}));
@@ -66,14 +66,12 @@ TEST_F(UsbEvents, AWriterWithoutFirmwareGetsItsTestImage) {
 
   writer.Memory()[address::kModel] = 0;
   writer.OptionArea()[207] = 0x99;
-  op.told.clear();
   OnDeviceEvent(kWriterCame);  // no image of the other model in the folder
-  EXPECT_EQ(op.Texts().back(), "Test Fail");
+  EXPECT_EQ(op.Heard().back(), "Test Fail");
 
   writer.OptionArea()[207] = 0x55;
-  op.told.clear();
   OnDeviceEvent(kWriterCame);
-  EXPECT_EQ(op.Texts(), (Texts{"Hardware Error", "Please sent for repair"}));
+  EXPECT_EQ(op.Heard(), (Texts{"Hardware Error", "Please sent for repair"}));
 }
 
 TEST_F(UsbEvents, PulledOutAndPutBack) {

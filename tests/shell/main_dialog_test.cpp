@@ -20,7 +20,6 @@ class MainDialog : public BothTransports {
     app.ExitInstance();
     ResetAppState();
     ResetMainControls();
-    op.told.clear();
     app.InitInstance();
     dialog.OnInitDialog();
   }
@@ -61,7 +60,7 @@ TEST_P(MainDialog, StartsWithTheJobOfTheWriter) {
   EXPECT_TRUE(Visible(ControlId::IspLabel));
   EXPECT_FALSE(Visible(ControlId::Read) || Visible(ControlId::WriterTest));
   dialog.OnButton(ControlId::Auto);
-  EXPECT_EQ(op.Texts(), Texts{"Auto OK"});
+  EXPECT_EQ(op.Heard(), Texts{"Auto OK"});
 
   writer.OptionArea()[78] = 0x11;
   Restart();

@@ -39,12 +39,11 @@ TEST_F(VersionCheck, WhatEachResultMeans) {
            {1, true, {}, stays}, {kUpdateAgentMissing, true, {}, stays}}) {
     // clang-format on
     SCOPED_TRACE(result);
-    op.told.clear();
     calls.clear();
     op.answers = {yes};
     answer = result;
     CheckNewVersion();
-    EXPECT_EQ(op.told, told);
+    EXPECT_EQ(op.Boxes(), told);
     EXPECT_EQ(calls, wanted);
   }
   EXPECT_TRUE(request.starts_with("<?xml version=\"1.0\" encoding=\"utf-8\"?><soap:Envelope "));

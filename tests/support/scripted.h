@@ -6,6 +6,7 @@
 #include <functional>
 #include <map>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "platform/clipboard.h"
@@ -42,7 +43,9 @@ class ScriptedOperator : public Operator {
   std::function<DialogEnd(CGotoAddressDlg&)> gotoAddress;
   int aboutRuns = 0;
 
-  std::vector<std::string> Texts() const;
+  // What was told since the last call of one of them: the texts, or all of it.
+  std::vector<std::string> Heard();
+  std::vector<Told> Boxes() { return std::exchange(told, {}); }
 
   void Tell(const std::string& text, const std::string& caption, MessageIcon icon) override;
   bool Ask(const std::string& text, const std::string& caption, MessageIcon icon) override;

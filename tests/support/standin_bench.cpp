@@ -63,7 +63,7 @@ void StandinBench::LoadSample(const std::string& label) {
   const std::string sample = PutFolderFor(label);
   Select(label);
   Load(sample);
-  ASSERT_EQ(op.Texts(), Texts{"Loading Data Ok"}) << label;
+  ASSERT_EQ(op.Heard(), Texts{"Loading Data Ok"}) << label;
 }
 
 }  // namespace pyxis::test

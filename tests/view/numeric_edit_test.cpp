@@ -94,7 +94,7 @@ TEST_F(NumericEdit, Pastes) {
   clipboard.opens = false;
   EXPECT_FALSE(field.CommandEnabled(Command::Paste));
   field.PasteKey();
-  EXPECT_EQ(op.Texts(), Texts{"Cannot open clipboard!"});
+  EXPECT_EQ(op.Heard(), Texts{"Cannot open clipboard!"});
   Put(field, "[12]");
   field.CutKey();
   EXPECT_EQ(Shown(field), "[12]");
