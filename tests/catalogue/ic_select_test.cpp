@@ -22,8 +22,7 @@ class IcSelect : public Bench {
     const int position = TheAppState().WriterModel == kModelKm49 ? series - kFirstKm49List : series;
     if (position != dialog.seriesPosition) dialog.OnSeriesChange(position);
     dialog.OnTypeChange(type);
-    EXPECT_EQ(dialog.seriesIndex, series);
-    EXPECT_EQ(dialog.chipName, Row(series, type).ChipName);
+    EXPECT_EQ(All(dialog.seriesIndex, dialog.chipName), All(series, Row(series, type).ChipName));
   }
   static std::string Enabled(const CIcSelectDlg& d) {
     std::string text;
@@ -115,8 +114,7 @@ TEST_F(IcSelect, NeedsAKnownWriter) {
   CIcSelectDlg km49;
   ASSERT_TRUE(km49.OnInitDialog());
   km49.OnSeriesChange(4);
-  EXPECT_EQ(km49.seriesIndex, 12);
-  EXPECT_EQ(km49.typeList, Texts{"QVL09_48"});
+  EXPECT_EQ(All(km49.seriesIndex, km49.typeList), All(12, Texts{"QVL09_48"}));
 }
 
 }  // namespace

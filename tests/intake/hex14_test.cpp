@@ -40,10 +40,8 @@ TEST_F(Hex14, SingleModeFields) {
   EXPECT_EQ(Bytes(option.begin() + 192, option.begin() + 207),
             (Bytes{0xDF, 0x07, 3, 0, 4, 0, 5, 0, 9, 0, 7, 0, 3, 0, 250}));
   ASSERT_EQ(data.size(), 2048U);
-  EXPECT_EQ(LoadBe16(&data[2 * 99]), 0x0123);
-  EXPECT_EQ(LoadBe16(&data[2 * 1022]), 0x3FFF);
-  EXPECT_EQ(TheAppState().SystemConfigWord, 0x3ABC);
-  EXPECT_EQ(TheAppState().LoadedFilePath, Path("job.bin"));
+  EXPECT_EQ(All(LoadBe16(&data[2 * 99]), LoadBe16(&data[2 * 1022])), All(0x0123, 0x3FFF));
+  EXPECT_EQ(All(TheAppState().SystemConfigWord, TheAppState().LoadedFilePath), All(0x3ABC, Path("job.bin")));
 }
 
 TEST_F(Hex14, DualModeFields) {
@@ -139,8 +137,7 @@ TEST_F(Hex14, MultiTimeFields) {
                {36, 0x35E0},
                {39, 0xAAAA},
                {72, 0xC008}});
-  EXPECT_EQ(option[76], 0);
-  EXPECT_EQ(data.size(), 4096U);
+  EXPECT_EQ(All(option[76], data.size()), All(0, 4096U));
 
   ASSERT_EQ(Job("QV8321", kQv8321, Image14(2059, {{2047, 0x0777}, {2058, 0x0254}})), 0);
   EXPECT_EQ(Word(24), 2033U);
@@ -198,8 +195,7 @@ TEST_F(Hex14, SerialRangeMovesInDualMode) {
     } else {
       const unsigned shift = chipCode == kQv8344 ? 0x800 : 0x200;
       EXPECT_EQ(Contents("serial.txt"), Serial(0x0110 + shift, movedEnd));
-      EXPECT_EQ(Word(57), movedEnd);
-      EXPECT_EQ(option[96], 0x77);
+      EXPECT_EQ(All(Word(57), option[96]), All(movedEnd, 0x77));
     }
   }
   Write("serial.txt", Serial(0x10, 0x20));

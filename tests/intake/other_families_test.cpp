@@ -30,8 +30,7 @@ TEST_F(Otp4, ByteIc) {
     optionValue = value;
     ASSERT_EQ(Job("QV4105", 0x1395, file, "a.otp"), 0);
     ExpectBytes({{36, byte36}, {37, 0}});
-    EXPECT_EQ(data.size(), 8192U);
-    EXPECT_EQ(data[0], 0xF3);
+    EXPECT_EQ(All(data.size(), data[0]), All(8192U, 0xF3));
   }
   ASSERT_EQ(Job("QV4105", 0x1395, {1, 2, 3}, "a.otp"), 0);  // no check of any length
   EXPECT_EQ(data, Bytes{0xFF});
@@ -48,9 +47,7 @@ TEST_F(Otp4, WordIc) {
   request.MassProduction = true;
   optionValue = 0;
   ASSERT_EQ(Job("QV4103", 0x1397, file, "a.otp"), 0);
-  EXPECT_EQ(data.size(), 2U * 6513);
-  EXPECT_EQ(LoadBe16(&data[0]), 0x8007);
-  EXPECT_EQ(LoadBe16(&data[2]), 0x1234);
+  EXPECT_EQ(All(data.size(), LoadBe16(&data[0]), LoadBe16(&data[2])), All(2U * 6513, 0x8007, 0x1234));
   ExpectWords({{36, 0x8004}, {16, Sum({{0x1234}, {0, 6511}, {0x8007}})}});
   EXPECT_EQ(option[78], 16);
 }
@@ -68,8 +65,7 @@ TEST_F(Epm4, PackagesStartAnewBehindTheTemplate) {
   ASSERT_EQ(option.size(), 256U);
   EXPECT_EQ(Bytes(option.begin() + 128, option.begin() + 132), (Bytes{0x0C, 0x6D, 0x00, 0x10}));
   ExpectBytes({{157, 0x10}, {158, 0}});
-  EXPECT_EQ(Word(43), 0x0600U);
-  EXPECT_EQ(data.size(), 32768U);
+  EXPECT_EQ(All(Word(43), data.size()), All(0x0600U, 32768U));
 
   file[32770] = 0x01;
   Write("a.epm", file);
@@ -87,8 +83,7 @@ TEST_F(Epm4, IcsThatDiffer) {
   ASSERT_EQ(Job("QV4301", 0x1390, file, "a.epm"), 0);
   EXPECT_EQ(option.size(), 208U);
   ASSERT_EQ(Job("QV4101", 0x1382, file, "a.epm"), 0);
-  EXPECT_EQ(data.size(), 34816U);
-  EXPECT_EQ(option[128], 0);
+  EXPECT_EQ(All(data.size(), option[128]), All(34816U, 0));
   ASSERT_EQ(Job("QV4202", 0x1388, file, "a.epm"), 0);  // QV4203 works from the template QV4202
 }
 
@@ -166,8 +161,7 @@ TEST_F(Velmar, OptionBlock) {
   EXPECT_EQ(Bytes(option.begin() + 48, option.begin() + 52), (Bytes{0x04, 0x80, 0xBF, 0x00}));
   ExpectWords(
       {{22, 16384}, {26, 0x200A}, {36, 0x8000U + (((4 * 64) | (0x80 >> 2)) & 0x3F20) + 0x81U}, {39, 4096}, {72, 64}});
-  EXPECT_EQ(option[76], 2);
-  EXPECT_EQ(data.size(), 16480U);
+  EXPECT_EQ(All(option[76], data.size()), All(2, 16480U));
   image[16385] = 0x00;
   EXPECT_EQ(ConvertHex(0x3702, image, "a.velmar"), 2);
 }
@@ -175,15 +169,13 @@ TEST_F(Velmar, OptionBlock) {
 TEST_F(Usb, HexIcs) {
   optionValue = 0x61;
   ASSERT_EQ(Job("QVL04", 0x1622, {0x12, 0x34, 0x56}), 0);
-  EXPECT_EQ(data.size(), 32768U);
-  EXPECT_EQ(Bytes(data.begin(), data.begin() + 4), (Bytes{0x12, 0x34, 0x56, 0xFF}));
+  EXPECT_EQ(All(data.size(), Bytes(data.begin(), data.begin() + 4)), All(32768U, (Bytes{0x12, 0x34, 0x56, 0xFF})));
   ExpectWords(
       {{16, Sum({{0x1234}, {0x56FF}, {0xFFFF, 16382}, {0x0061}})}, {22, 3}, {24, 32768}, {36, 0x61AA}, {39, 0}});
   const Bytes otp = Contents("job.otp");
   ASSERT_EQ(otp.size(), 32U + 32768 + 1);
   EXPECT_EQ(std::string(otp.begin(), otp.begin() + 7), "qvl04xx");
-  EXPECT_EQ(Bytes(otp.begin() + 15, otp.begin() + 20), (Bytes{0xFF, 'v', '2', 0x1E, 0x11}));
-  EXPECT_EQ(otp.back(), 0x61);
+  EXPECT_EQ(All(Bytes(otp.begin() + 15, otp.begin() + 20), otp.back()), All((Bytes{0xFF, 'v', '2', 0x1E, 0x11}), 0x61));
   EXPECT_EQ(TheAppState().SystemConfigWord, -1);
 }
 
@@ -234,8 +226,7 @@ TEST_F(Usb, PlainIc) {
   ASSERT_EQ(Job("QVL07", 0x1638, {0x12, 0x34}), 0);
   EXPECT_EQ(data.size(), 24576U);
   EXPECT_EQ(Contents("job.bin").size(), 0x6020U);
-  EXPECT_EQ(data[0], 0x12);
-  EXPECT_EQ(data[2], 0x00);
+  EXPECT_EQ(All(data[0], data[2]), All(0x12, 0x00));
   ExpectWords({{36, 0x61AA}, {24, 0xAAAA}, {84, 0xAAAA}});
 }
 

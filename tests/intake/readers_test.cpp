@@ -101,8 +101,7 @@ TEST_F(Readers, EepromFiles) {
     const Bytes image = Contents("e_new.bin");
     ASSERT_EQ(image.size(), 525U);
     EXPECT_EQ(std::string(image.begin(), image.begin() + 14), std::string("QVL11EEPROM\0\0\7", 14));
-    EXPECT_EQ(image[16], 0xB0);
-    EXPECT_EQ(image[524], length > 254 ? 0xB0 : 0x00);
+    EXPECT_EQ(All(image[16], image[524]), All(0xB0, length > 254 ? 0xB0 : 0x00));
   }
   EXPECT_EQ(ReadEepromBin(Path("none.bin"), Path("e_new.bin")), 0);
   EXPECT_EQ(op.Heard().back(), "Open bin file failed!");

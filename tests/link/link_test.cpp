@@ -131,8 +131,7 @@ TEST_F(Link, InfoBlockAndSelfTestOnBothTransports) {
   OpenFrames();
   TheAppState().ProgressMode = 1;
   ReadInfoBlock(TheAppState().WriterInfoBlock);
-  EXPECT_EQ(usb.wire[3], "> 55 53 42 43 00 00 00 00 02 00 00 00 14");
-  EXPECT_EQ(usb.wire[4], "> 04 17");
+  EXPECT_EQ(All(usb.wire[3], usb.wire[4]), All("> 55 53 42 43 00 00 00 00 02 00 00 00 14", "> 04 17"));
   EXPECT_EQ(usb.wire[6], "> 55 53 42 43 00 00 00 00 00 02 00 00 13");
   EXPECT_EQ(TheAppState().ProgressMode, 0);
   usb.wire.clear();
@@ -200,8 +199,7 @@ TEST_F(Link, IdentityTellsTheHardware) {
     usb.reads = {Bytes(identity.begin(), identity.end())};
     usb.wire.clear();
     ReadWriterIdentity();
-    EXPECT_EQ(TheAppState().HwFolder, hwFolder);
-    EXPECT_EQ(TheAppState().HwKnown, known);
+    EXPECT_EQ(All(TheAppState().HwFolder, TheAppState().HwKnown), All(hwFolder, known));
     EXPECT_EQ(usb.wire, (Texts{"> 55 53 42 43 00 00 00 00 1A 00 00 00 04", "< 26", "< 13"}));
   }
 }
@@ -210,8 +208,7 @@ TEST_F(Link, FirmwareBytes) {
   OpenFrames();
   usb.reads = {{0x27}, {0x35}, {0x85}, {0x01}, {0x04}};
   ReadFirmwareBytes();
-  EXPECT_EQ(TheAppState().FirmwareCode, 0x2735U);
-  EXPECT_EQ(TheAppState().FirmwareVersion, 0x85);
+  EXPECT_EQ(All(TheAppState().FirmwareCode, TheAppState().FirmwareVersion), All(0x2735U, 0x85));
   EXPECT_EQ(TheAppState().FirmwareLevel, 0x104U);
   EXPECT_EQ(usb.wire[usb.wire.size() - 2], "> 07");
 }

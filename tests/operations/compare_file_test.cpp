@@ -108,8 +108,7 @@ TEST_F(Compare, TargetsByChip) {
     SetJob(chip, 1, 2, 2);
     op.files = {Path("a.b.dat")};
     op.filters.clear();
-    vendor.calls.clear();
-    vendor.reads = {target};
+    vendor.Script({target});
     CDownloadInfoDlg dialog("", "");
     dialog.OnCompareFile();
     EXPECT_EQ(op.filters, Texts{filter});

@@ -40,8 +40,7 @@ TEST_F(ReadScripted, WordsAndLengths) {
     SCOPED_TRACE(why);
     TheAppState().ReadSizeBytes = size;
     TheAppState().ReadSwapBytes = swap;
-    vendor.calls.clear();
-    vendor.reads = {Block(dualStart), chip};
+    vendor.Script({Block(dualStart), chip});
     const std::uint32_t before = clock.tick;
     OnRead();
     EXPECT_GE(clock.tick - before, 1100U);
@@ -60,14 +59,12 @@ TEST_F(ReadScripted, AFileThatCantBeMadeFailsBeforeTheWriterIsAsked) {
   OnRead();
   EXPECT_EQ(op.Boxes(), (std::vector<Told>{{"Read FAIL", "Message", MessageIcon::None}}));
   EXPECT_TRUE(vendor.calls.empty());
-  EXPECT_EQ(TheAppState().LoadedFilePath, "before");
-  EXPECT_EQ(TheAppState().ProgressMode, 0);
+  EXPECT_EQ(All(TheAppState().LoadedFilePath, TheAppState().ProgressMode), All("before", 0));
 }
 
 TEST_F(ReadScripted, AStartBehindTheChipLeavesNothingToRead) {
   for (const unsigned dualStart : {4U, 5U, 0xFFFFU}) {
-    vendor.calls.clear();
-    vendor.reads = {Block(dualStart)};
+    vendor.Script({Block(dualStart)});
     OnRead();
     EXPECT_EQ(op.Heard().back(), "Read FAIL");
     EXPECT_EQ(vendor.calls, blockRead);
@@ -126,8 +123,7 @@ TEST_P(ReadOnWriter, AnUnknownChipGetsItsTemplateOnce) {
   OnRead();
   EXPECT_EQ(TheAppState().WriterInfoBlock[53], 0);
   EXPECT_EQ(op.Heard(), (Texts{"Read OK", "Read OK", "Read OK"}));
-  EXPECT_EQ(op.cursors.back(), Path("metronom.ani"));
-  EXPECT_EQ(op.cursor, 1);
+  EXPECT_EQ(All(op.cursors.back(), op.cursor), All(Path("metronom.ani"), 1));
   EXPECT_TRUE(TheMainControls()[ControlId::Read].enabled);
   EXPECT_FALSE(TheMainControls().statusBar.progressVisible);
 }

@@ -21,6 +21,7 @@ class Tasks : public ScriptedWriter {
     StoreBe16(&block[16], checksum);
   }
   void Script(const std::vector<int>& statuses) {
+    vendor.Script({});
     for (const int status : statuses) vendor.reads.push_back({static_cast<std::uint8_t>(status)});
   }
 };
@@ -32,12 +33,9 @@ TEST_F(Tasks, SixEqualReadingsAreAVerdict) {
            {{3, 3, 3, 3, 3, 0, 3, 3, 3, 3, 3, 3}, false, 12}, {{0, 0, 1, 2, 1, 1, 1, 1, 1, 1}, true, 10},
            {{0xFD, 1, 0x81, 5, 9, 1}, true, 6}}) {
     // clang-format on
-    vendor.calls.clear();
-    vendor.reads.clear();
     Script(statuses);
     EXPECT_EQ(RunTask(16, 1), good);
-    EXPECT_EQ(vendor.calls.size(), reads + 1);
-    EXPECT_EQ(vendor.calls[0], "write 21: 10");
+    EXPECT_EQ(All(vendor.calls.size(), vendor.calls[0]), All(reads + 1, "write 21: 10"));
   }
 }
 
@@ -96,8 +94,6 @@ TEST_F(Tasks, BlankCheckAsksBeforeItErases) {
     std::filesystem::remove(folder / kOptionPackageName);
     if (chipClass >= 0) Write(kOptionPackageName, Bytes(208, static_cast<std::uint8_t>(chipClass)));
     op.answers = {answer};
-    vendor.calls.clear();
-    vendor.reads.clear();
     Script({1, 1, 1, 1, 1, 1});
     OnBlankCheck();
     EXPECT_EQ(op.Heard(), told);
@@ -113,8 +109,7 @@ TEST_F(Tasks, ButtonsAndCursorComeBack) {
   Script({3, 3, 3, 3, 3, 3});
   OnVerify();
   EXPECT_EQ(op.Heard(), Texts{"Verify FAIL"});
-  EXPECT_EQ(op.cursors, Texts{Path("metronom.ani")});
-  EXPECT_EQ(op.cursor, 1);
+  EXPECT_EQ(All(op.cursors, op.cursor), All(Texts{Path("metronom.ani")}, 1));
   EXPECT_TRUE(TheMainControls()[ControlId::Auto].enabled);
   EXPECT_FALSE(TheMainControls()[ControlId::Program].enabled);
 }

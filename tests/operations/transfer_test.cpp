@@ -44,14 +44,12 @@ TEST_F(Transfer, AFailedPackageEndsTheLoad) {
     const Bytes content{9, 9, 9};
     if (optionThere) Write(kOptionPackageName, content);
     if (dataThere) Write(kDataPackageName, content);
-    vendor.reads = {optionGood ? content : Bytes{9, 9, 8}, Bytes{8, 9, 9}};
-    vendor.calls.clear();
+    vendor.Script({optionGood ? content : Bytes{9, 9, 8}, Bytes{8, 9, 9}});
     const std::uint32_t before = clock.tick;
     DownloadPackages();
     EXPECT_EQ(op.Heard(), told);
     EXPECT_EQ(clock.tick - before >= 1500, waits);
-    EXPECT_EQ(vendor.calls.size(), commands);
-    EXPECT_EQ(vendor.calls.back(), "write 23: 90");
+    EXPECT_EQ(All(vendor.calls.size(), vendor.calls.back()), All(commands, "write 23: 90"));
     EXPECT_NE(vendor.calls[vendor.calls.size() - 2], "write 0: 07");
   }
 }
@@ -70,8 +68,7 @@ TEST_F(Transfer, FirmwareOverVelmarapi) {
   longer.push_back(1);
   for (const Bytes& file : {image, longer}) {
     Write("a.nce", file);
-    vendor.reads = {image};
-    vendor.calls.clear();
+    vendor.Script({image});
     EXPECT_TRUE(LoadFirmware(Path("a.nce"), true));
     EXPECT_EQ(vendor.calls, (Texts{"write 21: 32", "write 0: 00", "write 15: 00 00 00 00", "write 16: 67584 bytes",
                                    "write 15: 00 00 00 00", "read 17: 67584", "write 0: 07", "write 23: 90"}));
@@ -128,8 +125,7 @@ TEST_F(FirmwareSelection, SendsAnImageOnlyWhenItMust) {
     SelectFirmware(chip);
     EXPECT_EQ(writer.FirmwareLoads() - before, loads);
     EXPECT_EQ(clock.tick - tick >= 3000, loads == 1);
-    EXPECT_EQ(app.FirmwareCode, codeAfter);
-    EXPECT_EQ(app.FirmwareVersion, versionAfter);
+    EXPECT_EQ(All(app.FirmwareCode, app.FirmwareVersion), All(codeAfter, versionAfter));
   }
 }
 

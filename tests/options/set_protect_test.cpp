@@ -44,8 +44,7 @@ TEST_F(SetProtect, ChangesOneBitOfTheJob) {
       Protect(protect);
       const bool set = protect == setWithProtect;
       EXPECT_EQ((writer.OptionArea()[byte] & mask) != 0, set);
-      EXPECT_EQ(Contents(kOptionPackageName), writer.OptionArea());
-      EXPECT_EQ(Contents(kOptionPackageName).size(), 512U);
+      EXPECT_EQ(All(Contents(kOptionPackageName), Contents(kOptionPackageName).size()), All(writer.OptionArea(), 512U));
       EXPECT_EQ(TheAppState().SystemConfigWord, inConfig && !set ? 0xFFFF & ~(mask << 8) : 0xFFFF);
       EXPECT_EQ(TheMainControls()[ControlId::Protect].visible, panel);
       if (panel) {
@@ -95,8 +94,7 @@ TEST_F(Selection, OkTakesEverythingOver) {
   op.snSet = [&](CSnSetDlg&) { return ++serialRuns, DialogEnd::Cancel; };
   OnDevice();
   const AppState& app = TheAppState();
-  EXPECT_EQ(app.SelectedChip, "QV8103");
-  EXPECT_EQ(app.SystemConfigWord, -1);
+  EXPECT_EQ(All(app.SelectedChip, app.SystemConfigWord), All("QV8103", -1));
   EXPECT_EQ(app.IspProgram + app.MassProduction + app.SnMode, 3U);
   EXPECT_EQ(serialRuns, 1);
   EXPECT_TRUE(app.LoadedFilePath.empty() && app.ChecksumText.empty());
@@ -110,9 +108,7 @@ TEST_F(Selection, OkTakesEverythingOver) {
 
   op.icSelect = nullptr;  // Cancel keeps the chip
   OnDevice();
-  EXPECT_EQ(app.SelectedChip, "QV8103");
-  EXPECT_EQ(app.MassProduction + app.SnMode, 0U);
-  EXPECT_EQ(app.IspProgram, 1U);
+  EXPECT_EQ(All(app.SelectedChip, app.MassProduction + app.SnMode, app.IspProgram), All("QV8103", 0U, 1U));
 }
 
 }  // namespace

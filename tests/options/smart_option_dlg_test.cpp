@@ -74,10 +74,8 @@ TEST_F(SmartOptionDialog, LaysTheRowsOut) {
   EXPECT_EQ(window.title, "Smart Option [ System config : F0FF ]");
   // U 17: caption 17 high, open list 127, rows 25 + 1 apart.
   ASSERT_EQ(rows.size(), 3U);
-  EXPECT_EQ(rows[0].caption, (OptionRect{2, 6, 100, 17}));
-  EXPECT_EQ(rows[0].list, (OptionRect{104, 2, 62, 127}));
-  EXPECT_EQ(rows[1].caption, (OptionRect{2, 32, 170, 17}));
-  EXPECT_EQ(rows[1].list, (OptionRect{174, 28, 192, 127}));
+  EXPECT_EQ(All(rows[0].caption, rows[0].list), All((OptionRect{2, 6, 100, 17}), (OptionRect{104, 2, 62, 127})));
+  EXPECT_EQ(All(rows[1].caption, rows[1].list), All((OptionRect{2, 32, 170, 17}), (OptionRect{174, 28, 192, 127})));
   EXPECT_EQ(rows[2].list, (OptionRect{104, 54, 42, 127}));
   EXPECT_EQ(window.lists, (std::vector<OptionRect>{rows[0].list, rows[1].list, rows[2].list}));
   // Across: 174 + 192 + 2, and 8, and 100; down: 2 + 3 * 26, and 8, and 100. The last row is past its last alternative.

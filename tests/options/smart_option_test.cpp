@@ -77,9 +77,7 @@ TEST_F(SmartOption, MoreThanEightRowsAreCut) {
 TEST_F(SmartOption, Alternatives) {
   EXPECT_EQ(Read("[ITEM]\none\n.x\1y\n;no\n\1a\1\1b\1\n[MENU]\nAAA\nBBB\nCCC\nDDD\n"), 4);
   EXPECT_EQ(Alternatives(), (std::vector<Texts>{{"one"}, {".x", "y"}, {"a", "b"}, {}}));
-  EXPECT_EQ(CurrentRows()[1].ItemsLength, 5U);
-  EXPECT_EQ(CurrentRows()[1].ItemCount, 2U);
-  EXPECT_EQ(CurrentRows()[3].ItemCount, 0U);
+  EXPECT_EQ(All(CurrentRows()[1].ItemsLength, CurrentRows()[1].ItemCount, CurrentRows()[3].ItemCount), All(5U, 2U, 0U));
 }
 
 TEST_F(SmartOption, TheTableOutlivesAReading) {

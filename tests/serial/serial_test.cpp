@@ -23,8 +23,7 @@ class Serial : public BothTransports {
 TEST_P(Serial, OnlyTheMenuRoadSendsAtOnce) {
   PutTemplate("QV8329");
   ASSERT_TRUE(Set(true, {"2", "03FA", "00FF", "0002", 1}));
-  EXPECT_EQ(TheSnRecord().SnEndText, "100");
-  EXPECT_EQ(TheSnRecord().SnEndAddress, 0x3FBU);
+  EXPECT_EQ(All(TheSnRecord().SnEndText, TheSnRecord().SnEndAddress), All("100", 0x3FBU));
   EXPECT_EQ(TheAppState().SnLoaded + writer.OptionArea()[53], 0);
   ASSERT_TRUE(Set(false, {"2", "03FA", "00FF", "0002"}));
   EXPECT_EQ(TheAppState().SnLoaded, 1);
@@ -93,8 +92,7 @@ TEST_P(Serial, FilesThatFail) {
   EXPECT_TRUE(Set(true, {"1", "0", "1", "1"}));
   const Bytes file = Contents("serial.txt");
   ASSERT_EQ(file.size(), 256U);
-  EXPECT_EQ(file[95], 0x5A);
-  EXPECT_EQ(file[128], 0xFF);
+  EXPECT_EQ(All(file[95], file[128]), All(0x5A, 0xFF));
 }
 
 TEST_P(Serial, FieldsWhileTyping) {
@@ -152,8 +150,7 @@ TEST_P(Serial, ARunToItsEnd) {
   EXPECT_EQ(dialog.okText + dialog.ngText + dialog.totalText, "202");
 
   dialog.OnClose();
-  EXPECT_EQ(TheSnRecord().SnLength, 16);
-  EXPECT_EQ(TheSnRecord().SnAmountText, "0");
+  EXPECT_EQ(All(TheSnRecord().SnLength, TheSnRecord().SnAmountText), All(16, "0"));
   EXPECT_FALSE(dialog.visible);
   EXPECT_EQ(TheAppState().SnMode, 0U);
   EXPECT_TRUE(TheMainControls()[ControlId::Auto].enabled);

@@ -59,9 +59,9 @@ TEST_F(UsbEvents, AWriterWithoutFirmwareGetsItsTestImage) {
   writer.OptionArea()[207] = 0x98;
   OnDeviceEvent(kWriterCame);
   EXPECT_EQ(op.Boxes(), (std::vector<Told>{
-                         {"Hardware/Firmware Error", "Message", MessageIcon::Stop},
-                         {"KM48 Error About To Enter The Test Mode.\nPlease Wait", "Message", MessageIcon::Warning},
-                         {"Test Ok.\nPlease Re-select The IC", "Message", MessageIcon::None}}));
+                            {"Hardware/Firmware Error", "Message", MessageIcon::Stop},
+                            {"KM48 Error About To Enter The Test Mode.\nPlease Wait", "Message", MessageIcon::Warning},
+                            {"Test Ok.\nPlease Re-select The IC", "Message", MessageIcon::None}}));
   EXPECT_EQ(writer.Memory()[address::kModel], 0x98);
 
   writer.Memory()[address::kModel] = 0;
@@ -125,8 +125,7 @@ TEST_F(UsbEvents, RefreshShowsTheJob) {
   block[36] = 0x05;
   block[76] = 1;
   RefreshFromWriter();
-  EXPECT_EQ(app.ChecksumText, "00AB");
-  EXPECT_EQ(app.ExhvIsp, 1U);
+  EXPECT_EQ(All(app.ChecksumText, app.ExhvIsp), All("00AB", 1U));
   EXPECT_EQ(TheMainControls().pinFigure, Path("res/QVL04ISP.bmp"));
   for (ControlId id : {ControlId::Unprotect, ControlId::DualMode, ControlId::Clock32kDisable})
     EXPECT_TRUE(TheMainControls()[id].checked);
@@ -140,8 +139,7 @@ TEST_F(UsbEvents, RefreshShowsTheJob) {
     block[78] = static_cast<std::uint8_t>(flags);
     EnableControl(ControlId::Program, true);
     RefreshFromWriter();
-    EXPECT_EQ(app.MassProduction, mass);
-    EXPECT_EQ(app.ProductionLimitOn, limit);
+    EXPECT_EQ(All(app.MassProduction, app.ProductionLimitOn), All(mass, limit));
     EXPECT_EQ(TheMainControls()[ControlId::Program].enabled, programEnabled);
     EXPECT_EQ(MenuEnabled(MenuEntry::ReadChipInfo), flags == 0);
   }
@@ -153,8 +151,7 @@ TEST_F(UsbEvents, RefreshShowsTheJob) {
   put("QV8305");  // not a label: the row stays
   const int type = app.TypeIndex;
   RefreshFromWriter();
-  EXPECT_EQ(app.SelectedChip, "QV8305");
-  EXPECT_EQ(app.TypeIndex, type);
+  EXPECT_EQ(All(app.SelectedChip, app.TypeIndex), All("QV8305", type));
 }
 
 TEST_F(UsbEvents, MenuRules) {

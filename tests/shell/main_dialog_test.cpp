@@ -38,10 +38,8 @@ TEST_P(MainDialog, StartsWithoutAWriter) {
   Restart();
   for (const ControlId id : kButtons) EXPECT_FALSE(Enabled(id));
   EXPECT_FALSE(Visible(ControlId::Protect) || Visible(ControlId::MassProductionLabel));
-  EXPECT_EQ(TheMainControls().title, "PyxisLoad");
-  EXPECT_EQ(TheMainControls().statusBar.pane1, "USB was not connected");
-  EXPECT_EQ(TheAppState().HwFolder, "hwversion1.0");
-  EXPECT_EQ(TheAppState().HwKnown, 0U);
+  EXPECT_EQ(All(TheMainControls().title, TheMainControls().statusBar.pane1), All("PyxisLoad", "USB was not connected"));
+  EXPECT_EQ(All(TheAppState().HwFolder, TheAppState().HwKnown), All("hwversion1.0", 0U));
   EXPECT_EQ(TheAppState().WriterModel, kModelNone);
   EXPECT_EQ(TheAppState().AppDir, std::filesystem::current_path().string() + "/");
   EXPECT_EQ(TheAppState().StartDirectory, std::filesystem::current_path().string());

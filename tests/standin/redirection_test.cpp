@@ -30,8 +30,6 @@ class Redirection : public Bench {
     parser_->interface_info_func = [](void*, usb_redir_interface_info_header*) {};
     parser_->ep_info_func = [](void*, usb_redir_ep_info_header*) {};
     parser_->device_connect_func = [](void* self, usb_redir_device_connect_header* h) { Of(self).device = *h; };
-    parser_->control_packet_func = [](void* self, std::uint64_t, usb_redir_control_packet_header* h, std::uint8_t* data,
-                                      int size) { Of(self).Take(h->status, data, size); };
     parser_->bulk_packet_func = [](void* self, std::uint64_t, usb_redir_bulk_packet_header* h, std::uint8_t* data,
                                    int size) { Of(self).Take(h->status, data, size); };
     std::uint32_t caps[USB_REDIR_CAPS_SIZE] = {};
@@ -52,13 +50,6 @@ class Redirection : public Bench {
       ASSERT_TRUE(writer->Serve());
       usbredirparser_do_read(parser_);
     }
-  }
-  // The length of the answer.
-  std::size_t Descriptor(std::uint16_t value) {
-    usb_redir_control_packet_header h{0x80, 6, 0x80, 0, value, 0, 255};
-    usbredirparser_send_control_packet(parser_, 1, &h, nullptr, 0);
-    Exchange();
-    return answer.size();
   }
   // A bulk transfer: out with bytes, else in; its status.
   int Bulk(std::uint16_t length, std::uint8_t* out = nullptr) {
@@ -87,14 +78,7 @@ class Redirection : public Bench {
 
 TEST_F(Redirection, AGuestReachesTheWriter) {
   Exchange();
-  EXPECT_EQ(device.vendor_id, 0x7A31);
-  EXPECT_EQ(device.product_id, 0x1602);
-  EXPECT_EQ(Descriptor(0x0100), 18U);
-  EXPECT_EQ(Descriptor(0x0200), 32U);
-  EXPECT_EQ(Descriptor(0x0302), answer.at(0));
-  Descriptor(0x0F00);
-  EXPECT_EQ(status, usb_redir_stall);
-
+  EXPECT_EQ(All(device.vendor_id, device.product_id), All(0x7A31, 0x1602));
   CommandBlock block = MakeCommandBlock(26, OP_IDENTITY);
   EXPECT_EQ(Bulk(13, block.data()), usb_redir_success);
   Bulk(26);

@@ -42,8 +42,7 @@ TEST(UdevEvents, CarryTheClassForTheWritersNumbersOnly) {
     const auto event = EventOfUdev(properties);
     ASSERT_EQ(event.has_value(), kind != ' ');
     if (!event) continue;
-    EXPECT_EQ(event->kind == DeviceEvent::Kind::Arrival ? '+' : '-', kind);
-    EXPECT_EQ(event->deviceName, name);
+    EXPECT_EQ(All(event->kind == DeviceEvent::Kind::Arrival ? '+' : '-', event->deviceName), All(kind, name));
   }
 }
 

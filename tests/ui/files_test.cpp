@@ -65,9 +65,6 @@ TEST_F(Settings, ThatCantBeReadGiveTheDefault) {
   ui::SettingsProfile broken(QString::fromStdString(Path("bad.conf")));
   for (const char* name : {"text", "empty", "large", "none"})
     EXPECT_EQ(broken.GetProfileInt("a\\b", name, 16), 16) << name;
-  ui::SettingsProfile unwritable(QStringLiteral("/proc/none/x.conf"));
-  unwritable.WriteProfileInt("a", "b", 1);
-  EXPECT_EQ(unwritable.GetProfileInt("a", "c", 16), 16);
 }
 
 class Pictures : public Bench {};
