@@ -1,7 +1,6 @@
 #include "catalogue/ic_select.h"
 
 #include "catalogue/chip_catalogue.h"
-#include "shell/app_state.h"
 #include "support/bench.h"
 
 namespace pyxis::test {
@@ -23,8 +22,7 @@ class IcSelect : public Bench {
     const int position = TheAppState().WriterModel == kModelKm49 ? series - kFirstKm49List : series;
     if (position != dialog.seriesPosition) dialog.OnSeriesChange(position);
     dialog.OnTypeChange(type);
-    EXPECT_EQ(dialog.seriesIndex, series);
-    EXPECT_EQ(dialog.chipName, Row(series, type).ChipName);
+    EXPECT_EQ(All(dialog.seriesIndex, dialog.chipName), All(series, Row(series, type).ChipName));
   }
   static std::string Enabled(const CIcSelectDlg& d) {
     std::string text;
@@ -35,22 +33,18 @@ class IcSelect : public Bench {
 };
 
 TEST_F(IcSelect, WhatTheBoxesOffer) {
-  struct Case {
-    const char* offered;  // serial, mass production, limit, EXHV ISP, ISP
-    std::vector<const char*> chips;
-  };
-  for (const Case& c : {
-           Case{"--y--", {"QV4101", "QV4103", "QV4107", "QV4206", "QV4203", "QV4205", "QV4207"}},
-           Case{"y-y--", {"QV4201", "QV4204"}},
-           Case{"-yyyy", {"QV8101", "QV8102"}},
-           Case{"yyyyy", {"QV8103", "QV8104", "QV8105", "QV8106", "QV8108", "QV8111", "QV8113", "QV8115", "QV8117",
-                          "QV8119", "QV8120", "QVL09"}},
-           Case{"yyyy-", {"QV8121", "QV8122", "QV8202", "QV8303", "QV8304", "QV8306", "QV8312", "QV8317", "QV8322",
-                          "QVL10", "QVL11"}},
-           Case{"yyy--", {"QV8323", "QV8301", "QV8315", "QV8501", "QVL01", "QVL03", "QVL04", "QVL06"}},
-           Case{"---y-", {"QVL07"}},
-       })
-    for (const char* chip : c.chips) EXPECT_EQ(Enabled(Clicked(chip)), c.offered) << chip;
+  // serial, mass production, limit, EXHV ISP, ISP
+  // clang-format off
+  for (const auto& [offered, chips] : Table<const char*, std::vector<const char*>>{
+           {"--y--", {"QV4101", "QV4103", "QV4107", "QV4206", "QV4203", "QV4205", "QV4207"}},
+           {"y-y--", {"QV4201", "QV4204"}}, {"-yyyy", {"QV8101", "QV8102"}}, {"---y-", {"QVL07"}},
+           {"yyyyy", {"QV8103", "QV8104", "QV8105", "QV8106", "QV8108", "QV8111", "QV8113", "QV8115", "QV8117",
+                      "QV8119", "QV8120", "QVL09"}},
+           {"yyyy-", {"QV8121", "QV8122", "QV8202", "QV8303", "QV8304", "QV8306", "QV8312", "QV8317", "QV8322",
+                      "QVL10", "QVL11"}},
+           {"yyy--", {"QV8323", "QV8301", "QV8315", "QV8501", "QVL01", "QVL03", "QVL04", "QVL06"}}})
+    // clang-format on
+    for (const char* chip : chips) EXPECT_EQ(Enabled(Clicked(chip)), offered) << chip;
 }
 
 TEST_F(IcSelect, BoxesThatAStepDoesNotNameStay) {
@@ -96,18 +90,17 @@ TEST_F(IcSelect, TheLimitIsChecked) {
   EXPECT_FALSE(dialog.limitEditEnabled);
   dialog.OnProductionLimit(true);
   EXPECT_TRUE(dialog.limitEditEnabled);
-  struct Case {
-    const char* text;
-    std::int32_t count;  // 0: refused
-  };
-  for (const Case& c : {Case{"1", 1}, Case{"99999999", 99999999}, Case{"100000000", 0}, Case{"0", 0}, Case{"-5", 0},
-                        Case{"", 0}, Case{"12x", 0}, Case{"99999999999999", 0}}) {
-    op.told.clear();
-    EXPECT_EQ(dialog.OnLimitText(c.text), c.count != 0) << c.text;
-    EXPECT_EQ(dialog.OnOk(), c.count != 0);
-    EXPECT_EQ(op.told.size(), c.count != 0 ? 0U : 2U);
-    if (c.count != 0) {
-      EXPECT_EQ(dialog.productionLimitCount, c.count);
+  // 0: refused
+  // clang-format off
+  for (const auto& [text, count] : Table<const char*, std::int32_t>{
+           {"1", 1}, {"99999999", 99999999}, {"100000000", 0}, {"0", 0}, {"-5", 0}, {"", 0}, {"12x", 0},
+           {"99999999999999", 0}}) {
+    // clang-format on
+    EXPECT_EQ(dialog.OnLimitText(text), count != 0) << text;
+    EXPECT_EQ(dialog.OnOk(), count != 0);
+    EXPECT_EQ(op.Heard().size(), count != 0 ? 0U : 2U);
+    if (count != 0) {
+      EXPECT_EQ(dialog.productionLimitCount, count);
     }
   }
 }
@@ -116,13 +109,12 @@ TEST_F(IcSelect, NeedsAKnownWriter) {
   TheAppState().WriterModel = kModelNone;
   CIcSelectDlg dialog;
   EXPECT_FALSE(dialog.OnInitDialog());
-  EXPECT_EQ(op.told, (std::vector<Told>{{"Please Power On The Writer", "Message", MessageIcon::Stop}}));
+  EXPECT_EQ(op.Boxes(), (std::vector<Told>{{"Please Power On The Writer", "Message", MessageIcon::Stop}}));
   TheAppState().WriterModel = kModelKm49;
   CIcSelectDlg km49;
   ASSERT_TRUE(km49.OnInitDialog());
   km49.OnSeriesChange(4);
-  EXPECT_EQ(km49.seriesIndex, 12);
-  EXPECT_EQ(km49.typeList, std::vector<std::string>{"QVL09_48"});
+  EXPECT_EQ(All(km49.seriesIndex, km49.typeList), All(12, Texts{"QVL09_48"}));
 }
 
 }  // namespace

@@ -5,14 +5,10 @@
 #include "intake/convert.h"
 #include "intake/package_files.h"
 #include "platform/byte_order.h"
-#include "platform/text.h"
 #include "pyxisfolder/intel_hex_writer.h"
-#include "shell/app_state.h"
 #include "support/bench.h"
 
 namespace pyxis::test {
-
-using Bytes = std::vector<std::uint8_t>;
 
 class ConverterBench : public Bench {
  protected:
@@ -40,7 +36,21 @@ class ConverterBench : public Bench {
     Write(file, pyxis::folder::ToIntelHex(image));
     return Convert(chipCode, file);
   }
+  // The same with the plain template of the chip; another file than a hexadecimal one lies as it is.
+  int Job(const std::string& chip, std::uint32_t chipCode, const Bytes& image, const std::string& file = "job.hex") {
+    PutTemplate(chip);
+    if (file.ends_with("hex") || file.ends_with("velmar")) return ConvertHex(chipCode, image, file);
+    Write(file, image);
+    return Convert(chipCode, file);
+  }
   unsigned Word(std::size_t offset) const { return LoadBe16(&option.at(offset)); }
+  // Words of the option package by their offset.
+  void ExpectWords(std::initializer_list<std::pair<std::size_t, unsigned>> words) const {
+    for (const auto& [offset, value] : words) EXPECT_EQ(Word(offset), value) << "at " << offset;
+  }
+  void ExpectBytes(std::initializer_list<std::pair<std::size_t, int>> bytes) const {
+    for (const auto& [offset, value] : bytes) EXPECT_EQ(option.at(offset), value) << "at " << offset;
+  }
 };
 
 // Blank 14-bit words, with single words set.

@@ -1,18 +1,13 @@
 #include "intake/file_readers.h"
-
-#include "platform/diagnostics.h"
-#include "shell/app_state.h"
 #include "support/bench.h"
 
 namespace pyxis::test {
 namespace {
 
-using Bytes = std::vector<std::uint8_t>;
-
 class Readers : public Bench {
  protected:
   std::optional<Bytes> ReadHex(const std::string& text, int mode) {
-    Write("a.hex", Bytes(text.begin(), text.end()));
+    WriteText("a.hex", text);
     testing::internal::CaptureStdout();
     const int result = ReadIntelHex(Path("a.hex"), Path("a.bin"), mode);
     printed = testing::internal::GetCapturedStdout();
@@ -40,54 +35,45 @@ TEST_F(Readers, Checksum) {
     unsigned expected = seed ^ 0x5A5A, word = seed * 7 & 0xFFFF;
     for (int i = 0; i < 16; ++i, word <<= 1)
       expected = ((expected << 1) ^ (((expected ^ word) & 0x8000) != 0 ? 0x8005U : 0U)) & 0xFFFF;
-    ASSERT_EQ(ChecksumAfter(static_cast<std::uint16_t>(seed ^ 0x5A5A), static_cast<std::uint16_t>(seed * 7)),
-              expected);
+    ASSERT_EQ(ChecksumAfter(static_cast<std::uint16_t>(seed ^ 0x5A5A), static_cast<std::uint16_t>(seed * 7)), expected);
   }
 }
 
 TEST_F(Readers, ParsesDigits) {
-  struct Case {
-    const char* text;
-    int digits;
-    std::uint32_t value;
-  };
-  for (const Case& c : {Case{"", -1, 0}, Case{"00 0a", -1, 10}, Case{"FFFFFFFF1", -1, 0xFFFFFFFF}, Case{"12g4", -1, 0x12},
-                        Case{"1234", 2, 0x12}, Case{"  7", 3, 7}, Case{"xyz", 3, 0}, Case{"00001", 4, 0}})
-    EXPECT_EQ(ParseHexDigits(c.text, c.digits), c.value) << c.text;
+  // clang-format off
+  for (const auto& [text, digits, value] : Table<const char*, int, std::uint32_t>{
+           {"", -1, 0}, {"00 0a", -1, 10}, {"FFFFFFFF1", -1, 0xFFFFFFFF}, {"12g4", -1, 0x12}, {"1234", 2, 0x12},
+           {"  7", 3, 7}, {"xyz", 3, 0}, {"00001", 4, 0}})
+    // clang-format on
+    EXPECT_EQ(ParseHexDigits(text, digits), value) << text;
 }
 
 TEST_F(Readers, IntelHexImages) {
-  struct Case {
-    const char* why;
-    const char* text;
-    int mode;
-    std::size_t length;
-    std::size_t at;
-    std::uint8_t value;
-  };
-  for (const Case& c : {
-           Case{"word addresses", ":020100001234B7\n", 2, 0x202, 0x200, 0x12},
-           Case{"byte addresses", ":020100001234B7\n", 1, 0x102, 0x100, 0x12},
-           Case{"the low digit decides", ":12000200000102030405060708090A0B0C0D0E0F1011\n", 2, 0x16, 0x04, 0x00},
-           Case{"fill of words", ":0200020012347\n", 2, 6, 1, 0x3F},
-           Case{"fill of zeros", ":0200020012347\n", 3, 6, 1, 0x00},
-           Case{"only an end record", ":00000001FF\n", 2, 0, 0, 0},
-           Case{"type 4 is data", ":01000500AAF0\n:020000040001F9\n", 1, 6, 1, 0x01},
-           Case{"types 2 and 3 are passed over", ":01000000AA00\n:020000021234\n:020000031234\n", 1, 1, 0, 0xAA},
-           Case{"lower case, wrong checksum", ":01000000ab00\n", 1, 1, 0, 0xAB},
-           Case{"a strange digit is 0", ":01000000G700\n", 1, 1, 0, 0x07},
-           Case{"a cut line gives zeros", ":04000000AABB", 1, 4, 3, 0x00},
-           Case{"no line after the strange one", ":01000000AA55\nx\n:01000100BB44\n", 1, 1, 0, 0xAA},
-           Case{"nothing after the end record", ":01000000AA55\n:00000001FF\n:01000100BB44\n", 1, 1, 0, 0xAA},
-           Case{"nothing behind the buffer", ":04FFFE0001020304F4\n", 1, 0x10000, 0xFFFF, 0x02},
-           Case{"nor in words", ":02800000FFFF\n", 2, 0, 0, 0},
-       }) {
-    SCOPED_TRACE(c.why);
-    const auto image = ReadHex(c.text, c.mode);
+  // clang-format off
+  for (const auto& [why, text, mode, length, at, value] :
+       Table<const char*, const char*, int, std::size_t, std::size_t, std::uint8_t>{
+           {"word addresses", ":020100001234B7\n", 2, 0x202, 0x200, 0x12},
+           {"byte addresses", ":020100001234B7\n", 1, 0x102, 0x100, 0x12},
+           {"the low digit decides", ":12000200000102030405060708090A0B0C0D0E0F1011\n", 2, 0x16, 0x04, 0x00},
+           {"fill of words", ":0200020012347\n", 2, 6, 1, 0x3F},
+           {"fill of zeros", ":0200020012347\n", 3, 6, 1, 0x00},
+           {"only an end record", ":00000001FF\n", 2, 0, 0, 0},
+           {"type 4 is data", ":01000500AAF0\n:020000040001F9\n", 1, 6, 1, 0x01},
+           {"types 2 and 3 are passed over", ":01000000AA00\n:020000021234\n:020000031234\n", 1, 1, 0, 0xAA},
+           {"lower case, wrong checksum", ":01000000ab00\n", 1, 1, 0, 0xAB},
+           {"a strange digit is 0", ":01000000G700\n", 1, 1, 0, 0x07},
+           {"a cut line gives zeros", ":04000000AABB", 1, 4, 3, 0x00},
+           {"no line after the strange one", ":01000000AA55\nx\n:01000100BB44\n", 1, 1, 0, 0xAA},
+           {"nothing after the end record", ":01000000AA55\n:00000001FF\n:01000100BB44\n", 1, 1, 0, 0xAA},
+           {"nothing behind the buffer", ":04FFFE0001020304F4\n", 1, 0x10000, 0xFFFF, 0x02},
+           {"nor in words", ":02800000FFFF\n", 2, 0, 0, 0}}) {
+    // clang-format on
+    SCOPED_TRACE(why);
+    const auto image = ReadHex(text, mode);
     ASSERT_TRUE(image);
-    ASSERT_EQ(image->size(), c.length);
-    if (c.at < c.length) {
-      EXPECT_EQ((*image)[c.at], c.value);
+    ASSERT_EQ(image->size(), length);
+    if (at < length) {
+      EXPECT_EQ((*image)[at], value);
     }
   }
 }
@@ -103,34 +89,22 @@ TEST_F(Readers, IntelHexFailures) {
   EXPECT_EQ(testing::internal::GetCapturedStdout(), Path("none") + " open failed !\n");
 }
 
-TEST_F(Readers, ForcedLength) {
-  ForcedImageLength = 0x20;
-  const auto image = ReadHex(":00000001FF\n", 3);
-  ForcedImageLength = 0;
-  EXPECT_EQ(image, Bytes(0x20, 0));
-}
-
 TEST_F(Readers, EepromFiles) {
-  struct Case {
-    std::size_t length;
-    int result;
-    std::vector<std::string> told;
-  };
-  for (const Case& c : {Case{3, 1, {}}, Case{256, 1, {}}, Case{257, 0, {"bin file Length over 256 Byte"}}}) {
-    op.told.clear();
-    Write("e.bin", Bytes(c.length, 0xB0));
-    EXPECT_EQ(ReadEepromBin(Path("e.bin"), Path("e_new.bin")), c.result);
-    EXPECT_EQ(op.Texts(), c.told);
-    if (c.result == 0) continue;
+  // clang-format off
+  for (const auto& [length, result, told] : Table<std::size_t, int, Texts>{
+           {3, 1, {}}, {256, 1, {}}, {257, 0, {"bin file Length over 256 Byte"}}}) {
+    // clang-format on
+    Write("e.bin", Bytes(length, 0xB0));
+    EXPECT_EQ(ReadEepromBin(Path("e.bin"), Path("e_new.bin")), result);
+    EXPECT_EQ(op.Heard(), told);
+    if (result == 0) continue;
     const Bytes image = Contents("e_new.bin");
     ASSERT_EQ(image.size(), 525U);
-    EXPECT_EQ(std::string(image.begin(), image.begin() + 13), std::string("QVL11EEPROM\0\0", 13));
-    EXPECT_EQ(image[13], 0x07);
-    EXPECT_EQ(image[16], 0xB0);
-    EXPECT_EQ(image[524], c.length > 254 ? 0xB0 : 0x00);
+    EXPECT_EQ(std::string(image.begin(), image.begin() + 14), std::string("QVL11EEPROM\0\0\7", 14));
+    EXPECT_EQ(All(image[16], image[524]), All(0xB0, length > 254 ? 0xB0 : 0x00));
   }
   EXPECT_EQ(ReadEepromBin(Path("none.bin"), Path("e_new.bin")), 0);
-  EXPECT_EQ(op.Texts().back(), "Open bin file failed!");
+  EXPECT_EQ(op.Heard().back(), "Open bin file failed!");
 }
 
 }  // namespace

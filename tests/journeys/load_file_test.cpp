@@ -5,24 +5,14 @@
 #include "intake/package_files.h"
 #include "intake/ready_text.h"
 #include "options/option_select.h"
-#include "shell/app_state.h"
-#include "shell/main_controls.h"
+#include "platform/text.h"
 #include "support/standin_bench.h"
 #include "view/hex_view.h"
 
 namespace pyxis::test {
 namespace {
 
-using Texts = std::vector<std::string>;
-
-class LoadFile : public StandinBench {
- protected:
-  void Load(const std::string& file) {
-    op.files = {Path(file)};
-    op.told.clear();
-    OnLoadFile();
-  }
-};
+class LoadFile : public StandinBench {};
 
 TEST_F(LoadFile, Filters) {
   EXPECT_STREQ(FileFilter(".HEXBIN"), "Kestrel Hex Files (*.hex)|*.hex|Kestrel Bin Files (*.bin)|*.bin||");
@@ -33,12 +23,9 @@ TEST_F(LoadFile, CancelEmptiesTheView) {
   LoadSample("QV8348");
   EXPECT_FALSE(TheAppState().LoadedFilePath.empty());
   op.files.clear();
-  op.told.clear();
   OnLoadFile();
-  EXPECT_TRUE(op.told.empty());
-  EXPECT_TRUE(TheAppState().LoadedFilePath.empty());
-  EXPECT_TRUE(TheHexView().Blanked);
-  EXPECT_TRUE(TheMainControls()[ControlId::HexView].visible);
+  EXPECT_TRUE(op.told.empty() && TheAppState().LoadedFilePath.empty());
+  EXPECT_TRUE(TheHexView().Blanked && TheMainControls()[ControlId::HexView].visible);
   EXPECT_EQ(TheAppState().ProgressMode, 1);
 }
 
@@ -48,24 +35,25 @@ TEST_F(LoadFile, AGoodRunLeavesEverythingInPlace) {
   const AppState& app = TheAppState();
   EXPECT_EQ(app.LoadedFilePath, Path("samples/QV8348.bin"));
   EXPECT_EQ(TheHexView().Data, Contents("samples/QV8348.bin"));
-  char checksum[5];
-  std::snprintf(checksum, sizeof checksum, "%04X", FieldWord(app.WriterInfoBlock, Field::ImageChecksum));
-  EXPECT_EQ(TheMainControls()[ControlId::ChecksumField].text, checksum);
+  EXPECT_EQ(TheMainControls()[ControlId::ChecksumField].text,
+            Printf("%04X", FieldWord(app.WriterInfoBlock, Field::ImageChecksum)));
   EXPECT_EQ(op.cursor, 1);
   EXPECT_EQ(app.ProgressMode, 0);
   EXPECT_TRUE(app.ReadyText.empty());
   EXPECT_FALSE(TheMainControls()[ControlId::BufferArea].enabled);
   const int loads = writer.FirmwareLoads();
+  TheAppState().MassProduction = 1;
   Load("samples/QV8348.hex");
   EXPECT_EQ(writer.FirmwareLoads(), loads);
+  EXPECT_TRUE(TheMainControls()[ControlId::Verify].enabled);
 }
 
 TEST_F(LoadFile, AFailedConversionSendsNothingButReadsTheBlock) {
   PutFolderFor("QV8348");
   Select("QV8348");
-  Write("bad.hex", std::vector<std::uint8_t>{'x'});
+  Write("bad.hex", Bytes{'x'});
   Load("bad.hex");
-  EXPECT_EQ(op.Texts(), Texts{Path("bad.hex") + " open file error\n"});
+  EXPECT_EQ(op.Heard(), Texts{Path("bad.hex") + " open file error\n"});
   EXPECT_EQ(writer.FirmwareLoads(), 0);
   EXPECT_EQ(TheMainControls()[ControlId::ChecksumField].text, "FFFF");
   EXPECT_TRUE(TheMainControls()[ControlId::HexView].visible);
@@ -76,13 +64,13 @@ TEST_F(LoadFile, NewerFirmwareIsAskedAbout) {
   Select("QV8348");
   TheAppState().FirmwareLevel = 5;
   Load("samples/QV8348.hex");
-  EXPECT_EQ(op.told, (std::vector<Told>{
-                         {"Software Version is Old, Still continue to use ?", " ", MessageIcon::Warning}}));
+  EXPECT_EQ(op.Boxes(),
+            (std::vector<Told>{{"Software Version is Old, Still continue to use ?", " ", MessageIcon::Warning}}));
   EXPECT_EQ(writer.FirmwareLoads(), 0);
   TheAppState().FirmwareCode = 0x2710;
   op.answers = {true};
   Load("samples/QV8348.hex");
-  EXPECT_EQ(op.Texts().back(), "Loading Data Ok");
+  EXPECT_EQ(op.Heard().back(), "Loading Data Ok");
   EXPECT_EQ(writer.FirmwareLoads(), 1);
   EXPECT_EQ(TheAppState().FirmwareLevel, 4U);
 }
@@ -91,39 +79,35 @@ TEST_F(LoadFile, AnEmptyPathEndsTheRun) {
   Select("QV8348");
   op.files = {std::string()};
   OnLoadFile();
-  EXPECT_EQ(op.told, (std::vector<Told>{{"File is empty.", "PyxisLoad", MessageIcon::None}}));
+  EXPECT_EQ(op.Boxes(), (std::vector<Told>{{"File is empty.", "PyxisLoad", MessageIcon::None}}));
 }
 
 TEST_F(LoadFile, OptionsReachTheJob) {
   using Dialog = COptionSelectDlg;
-  struct Case {
-    const char* chip;
-    int protect;  // button clicked, -1 none
-    bool ok;
-    std::uint32_t value;
-    bool modeVisible, unprotect;
-  };
-  for (const Case& c : {
-           Case{"QVL04", -1, true, 0x67, true, true}, Case{"QVL05", 1, true, 0x66, true, false},
-           Case{"QVL06", 1, false, 0x60, true, false}, Case{"QVL07", -1, true, 0x61, false, true},
-           Case{"QVL13", 1, true, 0x60, false, false}, Case{"QV4105", -1, true, 1, false, true},
-           Case{"QV4106", 1, true, 0, false, false}, Case{"QV4105", -1, false, 0x60, false, true},
-       }) {
-    SCOPED_TRACE(c.chip);
+  // button clicked, -1 none
+  // clang-format off
+  for (const auto& [chip, protect, ok, value, modeVisible, unprotect] :
+       Table<const char*, int, bool, std::uint32_t, bool, bool>{
+           {"QVL04", -1, true, 0x67, true, true}, {"QVL05", 1, true, 0x66, true, false},
+           {"QVL06", 1, false, 0x60, true, false}, {"QVL07", -1, true, 0x61, false, true},
+           {"QVL13", 1, true, 0x60, false, false}, {"QV4105", -1, true, 1, false, true},
+           {"QV4106", 1, true, 0, false, false}, {"QV4105", -1, false, 0x60, false, true}}) {
+    // clang-format on
+    SCOPED_TRACE(chip);
     op.optionSelect = [&](Dialog& dialog) {
       EXPECT_EQ(dialog.Shown(Dialog::Protection), 0);
-      EXPECT_EQ(dialog.Shown(Dialog::Mode), c.modeVisible ? 0 : -1);
-      if (c.protect >= 0) dialog.Click(Dialog::Protection, c.protect);
-      if (c.ok) dialog.OnOk();
-      return c.ok ? DialogEnd::Ok : DialogEnd::Cancel;
+      EXPECT_EQ(dialog.Shown(Dialog::Mode), modeVisible ? 0 : -1);
+      if (protect >= 0) dialog.Click(Dialog::Protection, protect);
+      if (ok) dialog.OnOk();
+      return ok ? DialogEnd::Ok : DialogEnd::Cancel;
     };
-    LoadSample(c.chip);
-    EXPECT_EQ(TheAppState().OptionValue, c.value);
+    LoadSample(chip);
+    EXPECT_EQ(TheAppState().OptionValue, value);
     const MainControls& controls = TheMainControls();
-    EXPECT_EQ(controls[ControlId::FastMode].visible, c.modeVisible);
+    EXPECT_EQ(controls[ControlId::FastMode].visible, modeVisible);
     EXPECT_TRUE(controls[ControlId::Protect].visible);
-    EXPECT_EQ(controls[ControlId::Unprotect].checked, c.unprotect);
-    EXPECT_EQ(controls[ControlId::Protect].checked, !c.unprotect);
+    EXPECT_EQ(controls[ControlId::Unprotect].checked, unprotect);
+    EXPECT_EQ(controls[ControlId::Protect].checked, !unprotect);
   }
 }
 
@@ -135,17 +119,6 @@ TEST_F(LoadFile, ReadyTexts) {
   EXPECT_EQ(ComposeReadyText(0x0404), lines + std::string(40, ' ') + "下載資料中 , 請勿關閉電源或拔除USB接線\r\n\r\n" +
                                           std::string(40, ' ') + english);
   EXPECT_EQ(ComposeReadyText(0x0804).substr(22, 13), std::string(13, ' '));
-}
-
-TEST_F(LoadFile, SerialNumberModeSwitchesTheButtons) {
-  TheAppState().SnMode = 1;
-  Write("serial.txt", std::vector<std::uint8_t>(256, 0));
-  LoadSample("QV8348");
-  EXPECT_FALSE(TheMainControls()[ControlId::Auto].enabled);
-  TheAppState().SnMode = 0;
-  TheAppState().MassProduction = 1;
-  Load("samples/QV8348.hex");
-  EXPECT_TRUE(TheMainControls()[ControlId::Verify].enabled);
 }
 
 }  // namespace

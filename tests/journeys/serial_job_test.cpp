@@ -13,11 +13,6 @@
 namespace pyxis::test {
 namespace {
 
-struct Outcome {
-  std::string out;
-  int exitCode;
-};
-
 class SerialJob : public Bench {
  protected:
   void SetUp() override {
@@ -42,14 +37,13 @@ class SerialJob : public Bench {
   }
 
   // Standard output alone, where `arguments` don't say otherwise.
-  Outcome Job(const std::string& arguments, const std::string& input = "") const {
+  std::pair<std::string, int> Job(const std::string& arguments, const std::string& input = "") const {
     const std::string command =
         "printf '" + input + "' | " PYXIS_BIN_DIR "/pyxisjob --folder " + Path("work") + " --link vendor " + arguments;
     std::FILE* pipe = popen(command.c_str(), "r");
-    Outcome outcome{"", 0};
-    for (int c = std::fgetc(pipe); c != EOF; c = std::fgetc(pipe)) outcome.out += static_cast<char>(c);
-    outcome.exitCode = WEXITSTATUS(pclose(pipe));
-    return outcome;
+    std::string out;
+    for (int c = std::fgetc(pipe); c != EOF; c = std::fgetc(pipe)) out += static_cast<char>(c);
+    return {out, WEXITSTATUS(pclose(pipe))};
   }
 
  private:
@@ -58,38 +52,30 @@ class SerialJob : public Bench {
 
 TEST_F(SerialJob, PrintsALineAChip) {
   const std::string place = "serial --length 2 --address 3FA ";
-  struct Case {
-    std::string arguments, input, out;
-    int exitCode;
-  };
   const std::string first = "QV8348 " + Path("work/samples/QV8348.hex");
-  for (const Case& c : {
-           Case{place + "--start 0E --amount 2 2>&1 >/dev/null", "", "The writer holds no job\n", 1},
-           Case{place + "--start 0E --amount 3 --chips 3 --ic " + first + " 2>/dev/null", "",
-                "000E OK\n000F NG\n000F OK\nOK 2, NG 1, Total 3, next 0010\n", 1},
-           Case{place + "--start ff --amount 10 --wait 2>/dev/null", "\\n\\n\\n",
-                "00FF OK\n0100 OK\n0101 OK\nOK 3, NG 0, Total 3, next 0102\n", 0},
-           Case{"--json " + place + "--start 1 --amount 1 --direction high", "",
-                "{\"chip\":1,\"command\":\"serial\",\"result\":0,\"serial\":\"0001\"}\n"
-                "{\"command\":\"serial\",\"messages\":[\"Serial Number Program "
-                "Complete\"],\"next\":\"2\",\"ng\":0,\"ok\":1,"
-                "\"result\":0,\"total\":1}\n",
-                0},
-           Case{"--json serial --length 2 --address 3FB --start 1 --amount 1", "",
-                "{\"command\":\"serial\",\"messages\":[\"S/N End Address > 0x3FC\"],\"result\":1}\n", 1},
-           Case{"serial --length 2 --address 0 --start 00001 --amount 1 2>&1", "",
-                "Start serial 00001 is longer than the length\n", 1},
-           Case{"serial --length 2 --address 0 --start 1 --amount 0 2>&1", "", "Please Keyin 'S/N Amount'. ( >= 1 )\n",
-                1},
-           Case{place + "--start '' --amount 1 2>/dev/null", "", "", 2},
-           Case{place + "--start 1 --amount 9 --wait --chips 2 2>/dev/null", "\\n",
-                "0001 OK\nOK 1, NG 0, Total 1, next 0002\n", 1},
-           Case{place + "--start 1G --amount 1 2>/dev/null", "", "", 2},
-           Case{place + "--start 1 --amount 1 --ic QV8348 2>/dev/null", "", "", 2},
-       }) {
-    const Outcome outcome = Job(c.arguments, c.input);
-    EXPECT_EQ(outcome.out, c.out) << c.arguments;
-    EXPECT_EQ(outcome.exitCode, c.exitCode) << c.arguments;
+  // clang-format off
+  for (const auto& [arguments, input, out, exitCode] : Table<std::string, std::string, std::string, int>{
+           {place + "--start 0E --amount 2 2>&1 >/dev/null", "", "The writer holds no job\n", 1},
+           {place + "--start 0E --amount 3 --chips 3 --ic " + first + " 2>/dev/null", "",
+            "000E OK\n000F NG\n000F OK\nOK 2, NG 1, Total 3, next 0010\n", 1},
+           {place + "--start ff --amount 10 --wait 2>/dev/null", "\\n\\n\\n",
+            "00FF OK\n0100 OK\n0101 OK\nOK 3, NG 0, Total 3, next 0102\n", 0},
+           {"--json " + place + "--start 1 --amount 1 --direction high", "",
+            "{\"chip\":1,\"command\":\"serial\",\"result\":0,\"serial\":\"0001\"}\n{\"command\":\"serial\",\"messages\":"
+            "[\"Serial Number Program Complete\"],\"next\":\"2\",\"ng\":0,\"ok\":1,\"result\":0,\"total\":1}\n",
+            0},
+           {"--json serial --length 2 --address 3FB --start 1 --amount 1", "",
+            "{\"command\":\"serial\",\"messages\":[\"S/N End Address > 0x3FC\"],\"result\":1}\n", 1},
+           {"serial --length 2 --address 0 --start 00001 --amount 1 2>&1", "",
+            "Start serial 00001 is longer than the length\n", 1},
+           {"serial --length 2 --address 0 --start 1 --amount 0 2>&1", "", "Please Keyin 'S/N Amount'. ( >= 1 )\n", 1},
+           {place + "--start '' --amount 1 2>/dev/null", "", "", 2},
+           {place + "--start 1 --amount 9 --wait --chips 2 2>/dev/null", "\\n",
+            "0001 OK\nOK 1, NG 0, Total 1, next 0002\n", 1},
+           {place + "--start 1G --amount 1 2>/dev/null", "", "", 2},
+           {place + "--start 1 --amount 1 --ic QV8348 2>/dev/null", "", "", 2}}) {
+    // clang-format on
+    EXPECT_EQ(Job(arguments, input), std::pair(out, exitCode)) << arguments;
   }
 }
 

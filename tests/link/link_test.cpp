@@ -2,16 +2,12 @@
 #include "link/identification.h"
 #include "link/writer_commands.h"
 #include "link/writer_link.h"
-#include "platform/machine.h"
 #include "platform/main_view.h"
-#include "shell/main_controls.h"
 #include "support/bench.h"
 #include "support/wire_log.h"
 
 namespace pyxis::test {
 namespace {
-
-using Lines = std::vector<std::string>;
 
 class Link : public Bench {
  protected:
@@ -45,10 +41,10 @@ class Link : public Bench {
 TEST_F(Link, TakesTheFirstWriterInBusOrder) {
   EXPECT_EQ(OpenWriterLink(), 1);
   EXPECT_EQ(TheAppState().UseLibusb, 1U);
-  EXPECT_EQ(usb.calls, (Lines{"find", "open 1"}));
+  EXPECT_EQ(usb.calls, (Texts{"find", "open 1"}));
   CloseWriterLink();
   CloseWriterLink();
-  EXPECT_EQ(usb.calls, (Lines{"find", "open 1", "close"}));
+  EXPECT_EQ(usb.calls, (Texts{"find", "open 1", "close"}));
   EXPECT_EQ(TheAppState().UseLibusb, 0U);
   EXPECT_EQ(Printed(), "success: set configuration #1\nsuccess: claim_interface #0\n");
 }
@@ -60,7 +56,7 @@ TEST_F(Link, ADeviceThatRefusesIsGivenUp) {
   usb.claimResult = -1;
   EXPECT_EQ(OpenWriterLink(), 0);
   EXPECT_EQ(TheAppState().UseLibusb, 0U);
-  EXPECT_EQ(usb.calls, (Lines{"find", "open 1", "close", "find", "open 1", "close"}));
+  EXPECT_EQ(usb.calls, (Texts{"find", "open 1", "close", "find", "open 1", "close"}));
   const std::string noPipes = "Failed to GetUsbDeviceFileName\nFailed to GetUsbDeviceFileName\n";
   EXPECT_EQ(Printed(), "error setting config #1: broken\n" + noPipes +
                            "success: set configuration #1\nerror claiming interface #0:\nbroken\n" + noPipes);
@@ -69,14 +65,13 @@ TEST_F(Link, ADeviceThatRefusesIsGivenUp) {
 // Two interfaces, the first of which can't be opened; remembers what was opened.
 class TwoPipes : public DevicePipes {
  public:
-  Lines opened;
+  Texts opened;
   bool writePipe = true;
-  std::vector<std::string> InterfacePaths() override { return {"busy", "dev"}; }
+  Texts InterfacePaths() override { return {"busy", "dev"}; }
   Handle Open(const std::string& path, int& error) override {
     opened.push_back(path);
     error = 5;
-    const bool good = path != "busy" && (writePipe || path != "dev\\PIPE01");
-    return good ? this : nullptr;
+    return path != "busy" && (writePipe || path != "dev\\PIPE01") ? this : nullptr;
   }
   bool Write(Handle, const std::uint8_t*, std::uint32_t) override { return true; }
   bool Read(Handle, std::uint8_t*, std::uint32_t) override { return true; }
@@ -87,26 +82,26 @@ TEST_F(Link, PipesAreTheLastResort) {
   TwoPipes pipes;
   TheMachine().pipes = &pipes;
   usb.buses.clear();
-  pipes.writePipe = false;
-  EXPECT_EQ(OpenWriterLink(), 0);
-  EXPECT_FALSE(FrameLinkOpen());
-  CloseWriterLink();
-  pipes.writePipe = true;
-  pipes.opened.clear();
-  EXPECT_EQ(OpenWriterLink(), 1);
-  EXPECT_EQ(pipes.opened,
-            (Lines{"busy", "dev", "close", "dev\\PIPE00", "busy", "dev", "close", "dev\\PIPE01"}));
-  usb.calls.clear();
-  EXPECT_EQ(OpenWriterLink(), 1);
-  EXPECT_TRUE(usb.calls.empty());
-  CloseWriterLink();
+  for (const bool writes : {false, true}) {
+    pipes.writePipe = writes;
+    pipes.opened.clear();
+    EXPECT_EQ(OpenWriterLink(), writes ? 1 : 0);
+    EXPECT_EQ(FrameLinkOpen(), writes);
+    if (writes) {
+      EXPECT_EQ(pipes.opened, (Texts{"busy", "dev", "close", "dev\\PIPE00", "busy", "dev", "close", "dev\\PIPE01"}));
+      usb.calls.clear();
+      EXPECT_EQ(OpenWriterLink(), 1);
+      EXPECT_TRUE(usb.calls.empty());
+    }
+    CloseWriterLink();
+  }
 }
 
 TEST_F(Link, VelmarapiComesFirst) {
   vendor.openResult = 0;
   OpenTransport();
-  EXPECT_EQ(vendor.calls, (Lines{"open 9899 0 0", "timeout 5"}));
-  EXPECT_TRUE(usb.calls.empty());
+  EXPECT_EQ(vendor.calls, (Texts{"open 9899 0 0", "timeout 5"}));
+  EXPECT_EQ(usb.calls, Texts{});
   EXPECT_EQ(TheAppState().WriterConnected, 1U);
 }
 
@@ -115,7 +110,7 @@ TEST_F(Link, PeekOnBothTransports) {
   usb.reads = {{0x98}};
   TheAppState().ProgressMode = 1;
   EXPECT_EQ(PeekByte(address::kModel), 0x98);
-  EXPECT_EQ(usb.wire, (Lines{"> 55 53 42 43 00 00 00 00 01 00 00 00 00", "> 00", "< 13",
+  EXPECT_EQ(usb.wire, (Texts{"> 55 53 42 43 00 00 00 00 01 00 00 00 00", "> 00", "< 13",
                              "> 55 53 42 43 00 00 00 00 02 00 00 00 0F", "> FA 8F", "< 13",
                              "> 55 53 42 43 00 00 00 00 01 00 00 00 11", "< 1", "< 13"}));
   EXPECT_EQ(TheAppState().ProgressMode, 0);
@@ -129,15 +124,14 @@ TEST_F(Link, PeekOnBothTransports) {
   OpenVendor();
   vendor.reads = {{0x99}};
   EXPECT_EQ(PeekByte(address::kModel), 0x99);
-  EXPECT_EQ(vendor.calls, (Lines{"write 0: 00", "write 15: 00 00 FA 8F", "read 17: 1"}));
+  EXPECT_EQ(vendor.calls, (Texts{"write 0: 00", "write 15: 00 00 FA 8F", "read 17: 1"}));
 }
 
 TEST_F(Link, InfoBlockAndSelfTestOnBothTransports) {
   OpenFrames();
   TheAppState().ProgressMode = 1;
   ReadInfoBlock(TheAppState().WriterInfoBlock);
-  EXPECT_EQ(usb.wire[3], "> 55 53 42 43 00 00 00 00 02 00 00 00 14");
-  EXPECT_EQ(usb.wire[4], "> 04 17");
+  EXPECT_EQ(All(usb.wire[3], usb.wire[4]), All("> 55 53 42 43 00 00 00 00 02 00 00 00 14", "> 04 17"));
   EXPECT_EQ(usb.wire[6], "> 55 53 42 43 00 00 00 00 00 02 00 00 13");
   EXPECT_EQ(TheAppState().ProgressMode, 0);
   usb.wire.clear();
@@ -147,61 +141,43 @@ TEST_F(Link, InfoBlockAndSelfTestOnBothTransports) {
   OpenVendor();
   ReadInfoBlock(TheAppState().WriterInfoBlock);
   SendTestSet(0x8D01);
-  EXPECT_EQ(vendor.calls, (Lines{"write 0: 47", "write 20: 04 17", "read 19: 512", "write 20: 0C 07", "write 0: 07",
+  EXPECT_EQ(vendor.calls, (Texts{"write 0: 47", "write 20: 04 17", "read 19: 512", "write 20: 0C 07", "write 0: 07",
                                  "write 0: 47", "write 3: 8D 01"}));
 }
 
-// Notes where the progress bar stands at each change.
-class BarLog : public MainView {
- public:
-  std::vector<int> positions;
-  void ProgressChanged() override {
-    const int position = TheMainControls().statusBar.position;
-    if (positions.empty() || positions.back() != position) positions.push_back(position);
-  }
-};
-
 TEST_F(Link, ChunksAndProgress) {
-  struct Case {
-    std::uint32_t length;
-    int range;
-    std::vector<int> chunks;
-  };
   OpenFrames();
   TheAppState().ProgressMode = 1;
-  for (const Case& c : {Case{0, 2, {}}, Case{1, 2, {1}}, Case{512, 1, {512}}, Case{513, 1, {512, 1}},
-                        Case{2048, 4, {512, 512, 512, 512}}}) {
-    SCOPED_TRACE(c.length);
+  // clang-format off
+  for (const auto& [length, range, chunks] : Table<std::uint32_t, int, std::vector<int>>{
+           {0, 2, {}}, {1, 2, {1}}, {512, 1, {512}}, {513, 1, {512, 1}}, {2048, 4, {512, 512, 512, 512}}}) {
+    // clang-format on
+    SCOPED_TRACE(length);
     usb.wire.clear();
-    const std::vector<std::uint8_t> data(c.length + 1, 7);
-    EXPECT_NE(SendBlock(data.data(), c.length, OP_WRITE_AREA), 0);
-    EXPECT_EQ(TheMainControls().statusBar.high, c.range);
-    ASSERT_EQ(usb.wire.size(), c.chunks.size() + 2);
-    for (std::size_t i = 0; i < c.chunks.size(); ++i)
-      EXPECT_EQ(usb.wire[i + 1], c.chunks[i] == 1 ? "> 07" : "> " + std::to_string(c.chunks[i]) + " bytes");
+    const Bytes data(length + 1, 7);
+    EXPECT_NE(SendBlock(data.data(), length, OP_WRITE_AREA), 0);
+    EXPECT_EQ(TheMainControls().statusBar.high, range);
+    ASSERT_EQ(usb.wire.size(), chunks.size() + 2);
+    for (std::size_t i = 0; i < chunks.size(); ++i)
+      EXPECT_EQ(usb.wire[i + 1], chunks[i] == 1 ? "> 07" : "> " + std::to_string(chunks[i]) + " bytes");
     EXPECT_EQ(usb.wire.back(), "< 13");
   }
-  BarLog bar;
-  TheMachine().view = &bar;
-  const std::vector<std::uint8_t> data(2048);
-  SendBlock(data.data(), 2048, OP_WRITE_AREA);
-  EXPECT_EQ(bar.positions, (std::vector<int>{0, 1, 0, 1, 2, 3, 4}));
+  EXPECT_EQ(TheMainControls().statusBar.position, 4);
   EXPECT_EQ(MakeCommandBlock(0x10800, OP_WRITE_MEMORY)[9], 0x08);
 }
 
 TEST_F(Link, OnlyTheCommandAndTheStatusDecide) {
-  struct Case {
-    int failWrite, failRead, result;
-    std::size_t transfers;
-  };
-  const std::vector<std::uint8_t> data(600);
-  for (const Case& c : {Case{0, -1, 0, 1}, Case{1, -1, 1, 4}, Case{-1, 0, 0, 4}}) {
+  const Bytes data(600);
+  // clang-format off
+  for (const auto& [failWrite, failRead, result, transfers] : Table<int, int, int, std::size_t>{
+           {0, -1, 0, 1}, {1, -1, 1, 4}, {-1, 0, 0, 4}}) {
+    // clang-format on
     usb = WireLog();
     OpenFrames();
-    usb.failWriteAt = c.failWrite;
-    usb.failReadAt = c.failRead;
-    EXPECT_EQ(SendBlock(data.data(), 600, OP_WRITE_AREA), c.result);
-    EXPECT_EQ(usb.wire.size(), c.transfers);
+    usb.failWriteAt = failWrite;
+    usb.failReadAt = failRead;
+    EXPECT_EQ(SendBlock(data.data(), 600, OP_WRITE_AREA), result);
+    EXPECT_EQ(usb.wire.size(), transfers);
     CloseWriterLink();
   }
   usb = WireLog();
@@ -213,22 +189,18 @@ TEST_F(Link, OnlyTheCommandAndTheStatusDecide) {
 }
 
 TEST_F(Link, IdentityTellsTheHardware) {
-  struct Case {
-    std::string identity;
-    const char* folder;
-    std::uint32_t known;
-  };
   OpenFrames();
-  for (const Case& c : {Case{"PYX STANDALONE LOADER_V1.1", "hwversion1.1", 1},
-                        Case{"PYX STANDALONE LOADER_V1.0", "hwversion1.0", 1},
-                        Case{"PYX STANDALONE LOADER_V2.0", "hwversion1.1", 1},
-                        Case{"PYX STANDALONE LOADER_V2.1", "hwversion1.0", 0}, Case{"", "hwversion1.0", 0}}) {
-    usb.reads = {std::vector<std::uint8_t>(c.identity.begin(), c.identity.end())};
+  // clang-format off
+  for (const auto& [identity, hwFolder, known] : Table<std::string, const char*, std::uint32_t>{
+           {"PYX STANDALONE LOADER_V1.1", "hwversion1.1", 1}, {"PYX STANDALONE LOADER_V1.0", "hwversion1.0", 1},
+           {"PYX STANDALONE LOADER_V2.0", "hwversion1.1", 1}, {"PYX STANDALONE LOADER_V2.1", "hwversion1.0", 0},
+           {"", "hwversion1.0", 0}}) {
+    // clang-format on
+    usb.reads = {Bytes(identity.begin(), identity.end())};
     usb.wire.clear();
     ReadWriterIdentity();
-    EXPECT_EQ(TheAppState().HwFolder, c.folder);
-    EXPECT_EQ(TheAppState().HwKnown, c.known);
-    EXPECT_EQ(usb.wire, (Lines{"> 55 53 42 43 00 00 00 00 1A 00 00 00 04", "< 26", "< 13"}));
+    EXPECT_EQ(All(TheAppState().HwFolder, TheAppState().HwKnown), All(hwFolder, known));
+    EXPECT_EQ(usb.wire, (Texts{"> 55 53 42 43 00 00 00 00 1A 00 00 00 04", "< 26", "< 13"}));
   }
 }
 
@@ -236,8 +208,7 @@ TEST_F(Link, FirmwareBytes) {
   OpenFrames();
   usb.reads = {{0x27}, {0x35}, {0x85}, {0x01}, {0x04}};
   ReadFirmwareBytes();
-  EXPECT_EQ(TheAppState().FirmwareCode, 0x2735U);
-  EXPECT_EQ(TheAppState().FirmwareVersion, 0x85);
+  EXPECT_EQ(All(TheAppState().FirmwareCode, TheAppState().FirmwareVersion), All(0x2735U, 0x85));
   EXPECT_EQ(TheAppState().FirmwareLevel, 0x104U);
   EXPECT_EQ(usb.wire[usb.wire.size() - 2], "> 07");
 }

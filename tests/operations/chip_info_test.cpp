@@ -1,34 +1,21 @@
 #include "operations/chip_info.h"
 
-#include "intake/load_file.h"
 #include "intake/package_files.h"
-#include "link/identification.h"
 #include "operations/tasks.h"
-#include "platform/byte_order.h"
-#include "platform/machine.h"
 #include "platform/text.h"
-#include "shell/app_state.h"
 #include "support/standin_bench.h"
 #include "support/wire_log.h"
 
 namespace pyxis::test {
 namespace {
 
-using Texts = std::vector<std::string>;
-using Bytes = std::vector<std::uint8_t>;
 using Lines = std::array<std::string, 4>;
 
-class ChipInfo : public Bench {
+class ChipInfo : public ScriptedWriter {
  protected:
-  ChipInfo() {
-    TheMachine().vendor = &vendor;
-    OpenTransport();
-    vendor.calls.clear();
-  }
   static Bytes Block(std::uint8_t lengthUnit, std::uint8_t configKind, std::uint8_t chipClass, Bytes info) {
     Bytes block(512, 0);
-    const std::string name = "QV8348";
-    std::copy(name.begin(), name.end(), block.begin());
+    std::copy_n("QV8348", 6, block.begin());
     block[30] = lengthUnit;
     block[38] = configKind;
     block[71] = chipClass;
@@ -36,62 +23,50 @@ class ChipInfo : public Bench {
     return block;
   }
   void Hold(const Bytes& block) { std::copy(block.begin(), block.end(), TheAppState().WriterInfoBlock.begin()); }
-  VendorLog vendor;
 };
 
 TEST_F(ChipInfo, Opening) {
-  struct Case {
-    std::uint8_t lengthUnit, configKind;
-    Lines lines;
-    bool readEnabled;
-  };
-  for (const Case& c : {
-           Case{1, 0x10, {"Chip Name : ", "System Config : ", "Checksum : ", "ID : "}, true},
-           Case{0x10, 0, {"Chip Name : ", "System Config : ", "", ""}, true},
-           Case{1, 1, {"NO Support", "", "", ""}, false},
-           Case{0, 0x2F, {"NO Support", "", "", ""}, false},
-       }) {
-    Hold(Block(c.lengthUnit, c.configKind, 1, {}));
-    int runs = 0;
+  // clang-format off
+  for (const auto& [lengthUnit, configKind, lines, readEnabled] : Table<std::uint8_t, std::uint8_t, Lines, bool>{
+           {1, 0x10, {"Chip Name : ", "System Config : ", "Checksum : ", "ID : "}, true},
+           {0x10, 0, {"Chip Name : ", "System Config : ", "", ""}, true},
+           {1, 1, {"NO Support", "", "", ""}, false}, {0, 0x2F, {"NO Support", "", "", ""}, false}}) {
+    // clang-format on
+    Hold(Block(lengthUnit, configKind, 1, {}));
+    Lines shown;
     op.chipInfo = [&](CReadChipInfoDlg& dialog) {
-      ++runs;
-      EXPECT_EQ(dialog.lines, c.lines);
-      EXPECT_EQ(dialog.readEnabled, c.readEnabled);
-      EXPECT_TRUE(dialog.cancelEnabled);
+      shown = dialog.lines;
+      EXPECT_EQ(dialog.readEnabled, readEnabled);
       return DialogEnd::Cancel;
     };
     OnReadChipInfo();
-    EXPECT_EQ(runs, 1);
+    EXPECT_EQ(shown, lines);
   }
   EXPECT_TRUE(vendor.calls.empty());
 }
 
 TEST_F(ChipInfo, Lines) {
-  const Bytes info{0x0A, 0x5F, 0x01, 0x02, 0x00, 0xBC, 0xFF, 0x0E};
+  const Bytes dual{0x0A, 0x5F, 0x01, 0x02, 0x00, 0xBC, 0xFF, 0x0E};
   const Bytes notDual{0x1A, 0x5F, 0x01, 0x02, 0x00, 0xBC, 0xFF, 0x0E};
-  struct Case {
-    const char* why;
-    std::uint8_t lengthUnit, configKind, chipClass;
-    std::uint32_t dualSkip;
-    Bytes info;
-    Texts values;  // behind the captions
-  };
-  for (const Case& c : {
-           Case{"words", 1, 0, 1, 0, info, {"QV8348", "a5f", "ff0e", "bc"}},
-           Case{"one byte", 0x20, 0, 1, 0, info, {"QV8348", "a"}},
-           Case{"hidden configuration", 18, 0, 1, 0, info, {"QV8348", "NO Support", "ff0e", "bc"}},
-           Case{"bytes with checksum", 2, 0, 1, 0, info, {"QV8348", "a5f", "ff0e", "bc"}},
-           Case{"dual mode", 1, 0, 15, 0x200, info, {"QV8348", "a5f", "102", "bc"}},
-           Case{"flash has no dual mode", 1, 0, 16, 0x200, info, {"QV8348", "a5f", "ff0e", "bc"}},
-           Case{"chip not in dual mode", 1, 0, 15, 0x200, notDual, {"QV8348", "1a5f", "ff0e", "bc"}},
-           Case{"says nothing", 1, 1, 1, 0, info, {"QV8348", "", "", ""}},
-       }) {
-    SCOPED_TRACE(c.why);
-    Hold(Block(c.lengthUnit, c.configKind, c.chipClass, {}));
-    TheAppState().DualSkip = c.dualSkip;
+  // behind the captions
+  // clang-format off
+  for (const auto& [why, lengthUnit, configKind, chipClass, dualSkip, info, values] :
+       Table<const char*, std::uint8_t, std::uint8_t, std::uint8_t, std::uint32_t, Bytes, Texts>{
+           {"words", 1, 0, 1, 0, dual, {"QV8348", "a5f", "ff0e", "bc"}},
+           {"one byte", 0x20, 0, 1, 0, dual, {"QV8348", "a"}},
+           {"hidden configuration", 18, 0, 1, 0, dual, {"QV8348", "NO Support", "ff0e", "bc"}},
+           {"bytes with checksum", 2, 0, 1, 0, dual, {"QV8348", "a5f", "ff0e", "bc"}},
+           {"dual mode", 1, 0, 15, 0x200, dual, {"QV8348", "a5f", "102", "bc"}},
+           {"flash has no dual mode", 1, 0, 16, 0x200, dual, {"QV8348", "a5f", "ff0e", "bc"}},
+           {"chip not in dual mode", 1, 0, 15, 0x200, notDual, {"QV8348", "1a5f", "ff0e", "bc"}},
+           {"says nothing", 1, 1, 1, 0, dual, {"QV8348", "", "", ""}}}) {
+    // clang-format on
+    SCOPED_TRACE(why);
+    Hold(Block(lengthUnit, configKind, chipClass, {}));
+    TheAppState().DualSkip = dualSkip;
     vendor.calls.clear();
     vendor.reads.assign(6, Bytes{3});  // the verdict doesn't matter
-    vendor.reads.push_back(Block(c.lengthUnit, c.configKind, c.chipClass, c.info));
+    vendor.reads.push_back(Block(lengthUnit, configKind, chipClass, info));
     CReadChipInfoDlg dialog(true);
     dialog.OnInitDialog();
     bool disabled = false;
@@ -100,7 +75,7 @@ TEST_F(ChipInfo, Lines) {
     dialog.OnRead();
     EXPECT_GE(clock.tick - before, 1000U);
     Lines wanted{"Chip Name : ", "System Config : ", "Checksum : ", "ID : "};
-    for (std::size_t i = 0; i < wanted.size(); ++i) wanted[i] = i < c.values.size() ? wanted[i] + c.values[i] : "";
+    for (std::size_t i = 0; i < wanted.size(); ++i) wanted[i] = i < values.size() ? wanted[i] + values[i] : "";
     EXPECT_EQ(dialog.lines, wanted);
     EXPECT_TRUE(disabled && dialog.readEnabled && dialog.cancelEnabled);
     EXPECT_EQ(vendor.calls.front(), "write 21: 16");
@@ -108,9 +83,9 @@ TEST_F(ChipInfo, Lines) {
   }
 }
 
-class ChipInfoOnWriter : public StandinBench, public ::testing::WithParamInterface<Transport> {
+class ChipInfoOnWriter : public BothTransports {
  protected:
-  ChipInfoOnWriter() : StandinBench(GetParam()) {
+  ChipInfoOnWriter() {
     op.chipInfo = [this](CReadChipInfoDlg& dialog) {
       dialog.OnRead();
       lines = dialog.lines;
@@ -128,8 +103,7 @@ TEST_P(ChipInfoOnWriter, ABurntChipTellsItsJob) {
     writer.chip = standin::Chip{};
     LoadSample(chip);
     if (sample != chip) {
-      op.files = {Path("samples/" + sample + ".hex")};
-      OnLoadFile();
+      Load("samples/" + sample + ".hex");
       ASSERT_EQ(TheAppState().DualSkip, 0x200U);
     }
     const Bytes package = Contents(kOptionPackageName);
@@ -157,7 +131,7 @@ TEST_P(ChipInfoOnWriter, AnotherChipIsNotTheLastOne) {
   EXPECT_EQ(lines[1], "System Config : 0");
 }
 
-INSTANTIATE_TEST_SUITE_P(BothTransports, ChipInfoOnWriter, ::testing::Values(Transport::Usb, Transport::Vendor));
+INSTANTIATE_TEST_SUITE_P(BothTransports, ChipInfoOnWriter, kBothTransports);
 
 }  // namespace
 }  // namespace pyxis::test

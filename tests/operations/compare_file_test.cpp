@@ -6,17 +6,11 @@
 #include "link/writer_commands.h"
 #include "operations/download.h"
 #include "platform/byte_order.h"
-#include "platform/machine.h"
-#include "shell/app_state.h"
-#include "shell/main_controls.h"
 #include "support/standin_bench.h"
 #include "support/wire_log.h"
 
 namespace pyxis::test {
 namespace {
-
-using Texts = std::vector<std::string>;
-using Bytes = std::vector<std::uint8_t>;
 
 void SetJob(const std::string& chip, unsigned imageLength, std::uint8_t lengthUnit, std::uint8_t order) {
   auto& block = TheAppState().WriterInfoBlock;
@@ -27,16 +21,7 @@ void SetJob(const std::string& chip, unsigned imageLength, std::uint8_t lengthUn
   block[31] = order;
 }
 
-// A writer that answers what the test scripts.
-class Compare : public Bench {
- protected:
-  Compare() {
-    TheMachine().vendor = &vendor;
-    OpenTransport();
-    vendor.calls.clear();
-  }
-  VendorLog vendor;
-};
+class Compare : public ScriptedWriter {};
 
 TEST_F(Compare, ReadsAsManyBytesAsTheFileHas) {
   Write("a.bin", Bytes{1, 2, 3});
@@ -46,43 +31,32 @@ TEST_F(Compare, ReadsAsManyBytesAsTheFileHas) {
   EXPECT_EQ(vendor.calls, (Texts{"write 0: 47", "write 20: 08 17", "read 19: 3", "write 20: 0C 07", "write 0: 07"}));
 }
 
-TEST_F(Compare, AMissingFileIsTold) {
-  EXPECT_FALSE(CompareWithWriter(Path("a.bin")));
-  EXPECT_EQ(op.told, (std::vector<Told>{{"Open Fail ! (" + Path("a.bin") + ")", "PyxisLoad", MessageIcon::None}}));
-  EXPECT_EQ(vendor.calls, Texts{"write 0: 47"});
-}
-
 TEST_F(Compare, WhatCounts) {
-  struct Case {
-    const char* why;
-    unsigned imageLength;
-    std::uint8_t lengthUnit, order;
-    Bytes file, writer;
-    bool equal;
-  };
-  for (const Case& c : {
-           Case{"bytes", 4, 0, 1, {1, 2, 3, 4}, {1, 2, 3, 4}, true},
-           Case{"a byte differs", 4, 0x12, 1, {1, 2, 3, 4}, {1, 2, 3, 5}, false},
-           Case{"behind the length", 3, 2, 1, {1, 2, 3, 4}, {1, 2, 3, 5}, true},
-           Case{"a shorter file", 9, 2, 1, {1, 2, 3, 4}, {1, 2, 3, 4}, true},
-           Case{"a shorter file that differs", 9, 2, 1, {1, 2, 3, 4}, {1, 2, 3, 3}, false},
-           Case{"words, exchanged", 2, 1, 1, {1, 2, 3, 4}, {2, 1, 4, 3}, true},
-           Case{"words, not exchanged as they should be", 2, 1, 1, {1, 2, 3, 4}, {1, 2, 3, 4}, false},
-           Case{"words in order, by the low nibbles", 2, 0xF1, 0xE2, {1, 2, 3, 4}, {1, 2, 3, 4}, true},
-           Case{"words in order that come exchanged", 2, 1, 2, {1, 2, 3, 4}, {2, 1, 4, 3}, false},
-           Case{"the last word differs", 2, 1, 1, {1, 2, 3, 4}, {2, 1, 5, 3}, false},
-           Case{"behind the words", 1, 1, 1, {1, 2, 3, 4, 5}, {2, 1, 9, 9, 9}, true},
-           Case{"fewer words than the job", 3, 1, 1, {1, 2, 3, 4}, {2, 1, 4, 3}, false},
-           Case{"half a word less than the job", 2, 1, 1, {1, 2, 3}, {2, 1, 4}, false},
-           Case{"an empty file for words", 2, 1, 1, {}, {}, false},
-           Case{"the largest job", 0xFFFF, 1, 2, Bytes(0x1FFFE, 7), Bytes(0x1FFFE, 7), true},
-           Case{"a file beyond any job", 0xFFFF, 1, 2, Bytes(0x20001, 7), Bytes(0x20001, 7), true},
-       }) {
-    SCOPED_TRACE(c.why);
-    Write("a.bin", c.file);
-    SetJob("QV8348", c.imageLength, c.lengthUnit, c.order);
-    vendor.reads = {c.writer};
-    EXPECT_EQ(CompareWithWriter(Path("a.bin")), c.equal);
+  // clang-format off
+  for (const auto& [why, imageLength, lengthUnit, order, file, writer, equal] :
+       Table<const char*, unsigned, std::uint8_t, std::uint8_t, Bytes, Bytes, bool>{
+           {"bytes", 4, 0, 1, {1, 2, 3, 4}, {1, 2, 3, 4}, true},
+           {"a byte differs", 4, 0x12, 1, {1, 2, 3, 4}, {1, 2, 3, 5}, false},
+           {"behind the length", 3, 2, 1, {1, 2, 3, 4}, {1, 2, 3, 5}, true},
+           {"a shorter file", 9, 2, 1, {1, 2, 3, 4}, {1, 2, 3, 4}, true},
+           {"a shorter file that differs", 9, 2, 1, {1, 2, 3, 4}, {1, 2, 3, 3}, false},
+           {"words, exchanged", 2, 1, 1, {1, 2, 3, 4}, {2, 1, 4, 3}, true},
+           {"words, not exchanged as they should be", 2, 1, 1, {1, 2, 3, 4}, {1, 2, 3, 4}, false},
+           {"words in order, by the low nibbles", 2, 0xF1, 0xE2, {1, 2, 3, 4}, {1, 2, 3, 4}, true},
+           {"words in order that come exchanged", 2, 1, 2, {1, 2, 3, 4}, {2, 1, 4, 3}, false},
+           {"the last word differs", 2, 1, 1, {1, 2, 3, 4}, {2, 1, 5, 3}, false},
+           {"behind the words", 1, 1, 1, {1, 2, 3, 4, 5}, {2, 1, 9, 9, 9}, true},
+           {"fewer words than the job", 3, 1, 1, {1, 2, 3, 4}, {2, 1, 4, 3}, false},
+           {"half a word less than the job", 2, 1, 1, {1, 2, 3}, {2, 1, 4}, false},
+           {"an empty file for words", 2, 1, 1, {}, {}, false},
+           {"the largest job", 0xFFFF, 1, 2, Bytes(0x1FFFE, 7), Bytes(0x1FFFE, 7), true},
+           {"a file beyond any job", 0xFFFF, 1, 2, Bytes(0x20001, 7), Bytes(0x20001, 7), true}}) {
+    // clang-format on
+    SCOPED_TRACE(why);
+    Write("a.bin", file);
+    SetJob("QV8348", imageLength, lengthUnit, order);
+    vendor.reads = {writer};
+    EXPECT_EQ(CompareWithWriter(Path("a.bin")), equal);
   }
 }
 
@@ -111,75 +85,61 @@ TEST_F(Compare, TargetsByChip) {
   const Bytes small = Ramp(40), large = Ramp(16500);
   // A hole of four bytes between two records shows the fill.
   const Bytes records = Text(":01000000AA55\n:01000500BB3F\n:00000001FF\n");
-  struct Case {
-    const char* chip;
-    std::string filter;
-    Bytes file, target;
-  };
-  for (const Case& c : {
-           Case{"QVL01", obj, small, Piece(small, 32, 8)},
-           Case{"QVL03", obj, Ramp(10), {}},
-           Case{"QV4105", otp, Ramp(8224), Join({Piece(large, 8223, 1), Piece(large, 32, 8192)})},
-           Case{"QV4103", otp, large, Join({Piece(large, 16414, 2), Piece(large, 32, 13024)})},
-           Case{"QV4106", otp, Ramp(13000), Join({Bytes{0xFF, 0xFF}, Piece(large, 32, 12968), Bytes(56, 0xFF)})},
-           Case{"QV4207", epm, small, small},
-           Case{"QV4101", epm, small, small},
-           Case{"QVL13", hex, records, {0xAA, 0xFF, 0xFF, 0xFF, 0xFF, 0xBB}},
-           Case{"QV8201", hex, records, {0xAA, 0, 0, 0, 0, 0xBB}},
-           Case{"QV8348", hex, records, {0xAA, 0x3F, 0xFF, 0x3F, 0xFF, 0xBB}},
-           Case{"QV8202", hex, records, {0xAA, 0x3F, 0xFF, 0x3F, 0xFF, 0xBB}},
-           Case{"", hex, records, {0xAA, 0x3F, 0xFF, 0x3F, 0xFF, 0xBB}},
-           Case{"QV8101", hex, records, {0xAA, 0x3F, 0xFF, 0x3F, 0xFF, 0xBB}},
-           Case{"QV8401", velmar, records, Text("left by Load File")},
-           Case{"QV8122", velmar, records, Text("left by Load File")},
-       }) {
-    SCOPED_TRACE(c.chip);
-    Write("a.b.dat", c.file);
+  // clang-format off
+  for (const auto& [chip, filter, file, target] : Table<const char*, std::string, Bytes, Bytes>{
+           {"QVL01", obj, small, Piece(small, 32, 8)},
+           {"QVL03", obj, Ramp(10), {}},
+           {"QV4105", otp, Ramp(8224), Join({Piece(large, 8223, 1), Piece(large, 32, 8192)})},
+           {"QV4103", otp, large, Join({Piece(large, 16414, 2), Piece(large, 32, 13024)})},
+           {"QV4106", otp, Ramp(13000), Join({Bytes{0xFF, 0xFF}, Piece(large, 32, 12968), Bytes(56, 0xFF)})},
+           {"QV4207", epm, small, small},
+           {"QV4101", epm, small, small},
+           {"QVL13", hex, records, {0xAA, 0xFF, 0xFF, 0xFF, 0xFF, 0xBB}},
+           {"QV8201", hex, records, {0xAA, 0, 0, 0, 0, 0xBB}},
+           {"QV8348", hex, records, {0xAA, 0x3F, 0xFF, 0x3F, 0xFF, 0xBB}},
+           {"", hex, records, {0xAA, 0x3F, 0xFF, 0x3F, 0xFF, 0xBB}},
+           {"QV8101", hex, records, {0xAA, 0x3F, 0xFF, 0x3F, 0xFF, 0xBB}},
+           {"QV8401", velmar, records, Text("left by Load File")},
+           {"QV8122", velmar, records, Text("left by Load File")}}) {
+    // clang-format on
+    SCOPED_TRACE(chip);
+    Write("a.b.dat", file);
     Write("a.b.bin", Text("left by Load File"));
-    SetJob(c.chip, 1, 2, 2);
+    SetJob(chip, 1, 2, 2);
     op.files = {Path("a.b.dat")};
     op.filters.clear();
-    op.told.clear();
-    vendor.calls.clear();
-    vendor.reads = {c.target};
+    vendor.Script({target});
     CDownloadInfoDlg dialog("", "");
     dialog.OnCompareFile();
-    EXPECT_EQ(op.filters, Texts{c.filter});
-    EXPECT_EQ(Contents("a.b.bin"), c.target);
-    EXPECT_EQ(dialog.lines[2], c.target.empty() ? "Compare Result : Fail" : "Compare Result : OK");
-    EXPECT_EQ(vendor.calls[2], "read 19: " + std::to_string(c.target.size()));
+    EXPECT_EQ(op.filters, Texts{filter});
+    EXPECT_EQ(Contents("a.b.bin"), target);
+    EXPECT_EQ(dialog.lines[2], target.empty() ? "Compare Result : Fail" : "Compare Result : OK");
+    EXPECT_EQ(vendor.calls[2], "read 19: " + std::to_string(target.size()));
     EXPECT_TRUE(op.told.empty() && dialog.compareEnabled && dialog.cancelEnabled);
   }
 }
 
 TEST_F(Compare, WhatCantBeReadOrMadeIsNeverCompared) {
-  struct Case {
-    const char* why;
-    const char* chip;
-    const char* file;
-    std::string told;
-  };
   const Bytes content = Ramp(100);
   Write("a.obj", content);
-  Write("text.hex", Text("hello"));
-  Write("good.hex", Text(":01000000AA55\n"));
+  WriteText("text.hex", "hello");
   Write("own.BIN", content);
   for (const char* name : {"blocked.bin", "taken.bin"}) std::filesystem::create_directory(Path(name));
-  Write("blocked.hex", Text(":01000000AA55\n"));
+  WriteText("blocked.hex", ":01000000AA55\n");
   Write("taken.epm", content);
-  for (const Case& c : {
-           Case{"cancelled", "QV8348", nullptr, ""},
-           Case{"no Intel HEX", "QV8348", "text.hex", "File " + Path("text.hex") + " Not Intel HEX format ???\n"},
-           Case{"no such file", "QV8348", "gone.hex", Path("gone.hex") + " open failed !\n"},
-           Case{"no such image", "QVL01", "gone.obj", "Open Fail ! (" + Path("gone.obj") + ")"},
-           Case{"unwritable image", "QV8348", "blocked.hex", Path("blocked.bin") + " write file error\n"},
-           Case{"unwritable copy", "QV4101", "taken.epm", Path("taken.bin") + " write file error\n"},
-           Case{"its own target", "QV4105", "own.BIN", Path("own.bin") + " write file error\n"},
-       }) {
-    SCOPED_TRACE(c.why);
-    SetJob(c.chip, 1, 2, 2);
-    op.files = {c.file == nullptr ? std::nullopt : std::optional(Path(c.file))};
-    op.told.clear();
+  // clang-format off
+  for (const auto& [why, chip, file, told] : Table<const char*, const char*, const char*, std::string>{
+           {"cancelled", "QV8348", nullptr, ""},
+           {"no Intel HEX", "QV8348", "text.hex", "File " + Path("text.hex") + " Not Intel HEX format ???\n"},
+           {"no such file", "QV8348", "gone.hex", Path("gone.hex") + " open failed !\n"},
+           {"no such image", "QVL01", "gone.obj", "Open Fail ! (" + Path("gone.obj") + ")"},
+           {"unwritable image", "QV8348", "blocked.hex", Path("blocked.bin") + " write file error\n"},
+           {"unwritable copy", "QV4101", "taken.epm", Path("taken.bin") + " write file error\n"},
+           {"its own target", "QV4105", "own.BIN", Path("own.bin") + " write file error\n"}}) {
+    // clang-format on
+    SCOPED_TRACE(why);
+    SetJob(chip, 1, 2, 2);
+    op.files = {file == nullptr ? std::nullopt : std::optional(Path(file))};
     int changes = 0;
     CDownloadInfoDlg dialog("", "");
     dialog.Changed = [&] {
@@ -189,7 +149,7 @@ TEST_F(Compare, WhatCantBeReadOrMadeIsNeverCompared) {
     };
     dialog.lines[2] = "Compare Result : OK";
     dialog.OnCompareFile();
-    EXPECT_EQ(op.Texts(), c.told.empty() ? Texts{} : Texts{c.told});
+    EXPECT_EQ(op.Heard(), told.empty() ? Texts{} : Texts{told});
     EXPECT_EQ(dialog.lines[2], "Compare Result : ");
     EXPECT_TRUE(vendor.calls.empty() && dialog.compareEnabled && dialog.cancelEnabled);
   }
@@ -197,38 +157,13 @@ TEST_F(Compare, WhatCantBeReadOrMadeIsNeverCompared) {
 
   SetJob("QV8103", 1, 2, 2);
   op.files = {Path("a.velmar")};
-  op.told.clear();
   CDownloadInfoDlg dialog("", "");
   dialog.OnCompareFile();
-  EXPECT_EQ(op.Texts(), Texts{"Open Fail ! (" + Path("a.bin") + ")"});
+  EXPECT_EQ(op.Boxes(), (std::vector<Told>{{"Open Fail ! (" + Path("a.bin") + ")", "PyxisLoad", MessageIcon::None}}));
   EXPECT_EQ(dialog.lines[2], "Compare Result : Fail");
 }
 
-class CompareOnWriter : public StandinBench, public ::testing::WithParamInterface<Transport> {
- protected:
-  CompareOnWriter() : StandinBench(GetParam()) {}
-};
-
-TEST_P(CompareOnWriter, TheDialogTellsTheJob) {
-  LoadSample("QV8348");
-  TheAppState().WriterInfoBlock.fill(0);  // the command reads it anew
-  Texts lines;
-  op.downloadInfo = [&](CDownloadInfoDlg& dialog) {
-    lines.assign(dialog.lines.begin(), dialog.lines.end());
-    Write("other.hex", Text(":01000000AA55\n"));
-    op.files = {Path("samples/QV8348.hex"), Path("other.hex")};
-    dialog.OnCompareFile();
-    lines.push_back(dialog.lines[2]);
-    dialog.OnCompareFile();
-    lines.push_back(dialog.lines[2]);
-    return DialogEnd::Cancel;
-  };
-  OnDownloadInfo();
-  EXPECT_EQ(lines, (Texts{"Chip Name : QV8348", "Download File Time :2015/3/5_9:7:3", "", "Compare Result : OK",
-                          "Compare Result : Fail"}));
-  EXPECT_EQ(TheAppState().ProgressMode, 0);
-  EXPECT_FALSE(TheMainControls().statusBar.progressVisible);
-}
+class CompareOnWriter : public BothTransports {};
 
 TEST_P(CompareOnWriter, AFailedTransferIsNoMatch) {
   for (const int filler : {0x00, 0xFF}) {
@@ -238,7 +173,8 @@ TEST_P(CompareOnWriter, AFailedTransferIsNoMatch) {
     DownloadPackages();
     SetJob("QV8348", 2048, 0, 0);
     ASSERT_TRUE(CompareWithWriter(Path(kDataPackageName)));
-    writer.faults.disconnectAfter = GetParam() == Transport::Usb ? 10 : 2;  // in the middle of the transfer, or before it
+    writer.faults.disconnectAfter =
+        GetParam() == Transport::Usb ? 10 : 2;  // in the middle of the transfer, or before it
     EXPECT_FALSE(CompareWithWriter(Path(kDataPackageName)));
     CloseTransport();
     usb.pluggedIn = vendor.pluggedIn = true;
@@ -247,10 +183,10 @@ TEST_P(CompareOnWriter, AFailedTransferIsNoMatch) {
     SetWriterMode(71);
     CloseArea();
   }
-  EXPECT_EQ(op.Texts(), (Texts{"Loading Data Ok", "Loading Data Ok"}));
+  EXPECT_EQ(op.Heard(), (Texts{"Loading Data Ok", "Loading Data Ok"}));
 }
 
-INSTANTIATE_TEST_SUITE_P(BothTransports, CompareOnWriter, ::testing::Values(Transport::Usb, Transport::Vendor));
+INSTANTIATE_TEST_SUITE_P(BothTransports, CompareOnWriter, kBothTransports);
 
 }  // namespace
 }  // namespace pyxis::test

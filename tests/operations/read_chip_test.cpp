@@ -1,14 +1,9 @@
 #include "operations/read_chip.h"
 
 #include "catalogue/chip_catalogue.h"
-#include "intake/load_file.h"
 #include "intake/package_files.h"
-#include "link/identification.h"
 #include "operations/tasks.h"
 #include "platform/byte_order.h"
-#include "platform/machine.h"
-#include "shell/app_state.h"
-#include "shell/main_controls.h"
 #include "support/standin_bench.h"
 #include "support/wire_log.h"
 #include "view/hex_view.h"
@@ -16,16 +11,9 @@
 namespace pyxis::test {
 namespace {
 
-using Texts = std::vector<std::string>;
-using Bytes = std::vector<std::uint8_t>;
-
-// A writer that answers what the test scripts.
-class ReadScripted : public Bench {
+class ReadScripted : public ScriptedWriter {
  protected:
   ReadScripted() {
-    TheMachine().vendor = &vendor;
-    OpenTransport();
-    vendor.calls.clear();
     AppState& app = TheAppState();
     app.SelectedChip = "QV8348";
     app.ReadSizeBytes = 8;
@@ -37,36 +25,29 @@ class ReadScripted : public Bench {
     return block;
   }
   const Texts blockRead{"write 0: 47", "write 20: 04 17", "read 19: 512", "write 20: 0C 07", "write 0: 07"};
-  VendorLog vendor;
 };
 
 TEST_F(ReadScripted, WordsAndLengths) {
-  struct Case {
-    const char* why;
-    std::uint32_t size;
-    unsigned dualStart;
-    bool swap;
-    Bytes chip, file;
-  };
-  for (const Case& c : {
-           Case{"as they come", 4, 0, false, {0x12, 0x34, 0x56, 0x78}, {0x12, 0x34, 0x56, 0x78}},
-           Case{"exchanged", 4, 0, true, {0x12, 0x34, 0x56, 0x78}, {0x34, 0x12, 0x78, 0x56}},
-           Case{"less the words in front", 8, 3, true, {0x12, 0x34}, {0x34, 0x12}},
-           Case{"odd", 3, 0, true, {1, 2, 3}, {2, 1, 0, 3}},
-           Case{"dual mode", 8192, 0x200, false, Bytes(7168, 5), Bytes(7168, 5)},
-       }) {
-    SCOPED_TRACE(c.why);
-    TheAppState().ReadSizeBytes = c.size;
-    TheAppState().ReadSwapBytes = c.swap;
-    vendor.calls.clear();
-    vendor.reads = {Block(c.dualStart), c.chip};
+  // clang-format off
+  for (const auto& [why, size, dualStart, swap, chip, file] :
+       Table<const char*, std::uint32_t, unsigned, bool, Bytes, Bytes>{
+           {"as they come", 4, 0, false, {0x12, 0x34, 0x56, 0x78}, {0x12, 0x34, 0x56, 0x78}},
+           {"exchanged", 4, 0, true, {0x12, 0x34, 0x56, 0x78}, {0x34, 0x12, 0x78, 0x56}},
+           {"less the words in front", 8, 3, true, {0x12, 0x34}, {0x34, 0x12}},
+           {"odd", 3, 0, true, {1, 2, 3}, {2, 1, 0, 3}},
+           {"dual mode", 8192, 0x200, false, Bytes(7168, 5), Bytes(7168, 5)}}) {
+    // clang-format on
+    SCOPED_TRACE(why);
+    TheAppState().ReadSizeBytes = size;
+    TheAppState().ReadSwapBytes = swap;
+    vendor.Script({Block(dualStart), chip});
     const std::uint32_t before = clock.tick;
     OnRead();
     EXPECT_GE(clock.tick - before, 1100U);
     EXPECT_LT(clock.tick - before, 2000U);  // no template was loaded
-    EXPECT_EQ(Contents("readdata.txt"), c.file);
+    EXPECT_EQ(Contents("readdata.txt"), file);
     Texts wanted = blockRead;
-    wanted.insert(wanted.end(), {"write 21: 34", "write 21: 34", "read 24: " + std::to_string(c.chip.size())});
+    wanted.insert(wanted.end(), {"write 21: 34", "write 21: 34", "read 24: " + std::to_string(chip.size())});
     EXPECT_EQ(vendor.calls, wanted);
   }
   EXPECT_EQ(op.told.back(), (Told{"Read OK", "Message", MessageIcon::None}));
@@ -76,64 +57,49 @@ TEST_F(ReadScripted, AFileThatCantBeMadeFailsBeforeTheWriterIsAsked) {
   std::filesystem::create_directory(Path("readdata.txt"));
   TheAppState().LoadedFilePath = "before";
   OnRead();
-  EXPECT_EQ(op.told, (std::vector<Told>{{"Read FAIL", "Message", MessageIcon::None}}));
+  EXPECT_EQ(op.Boxes(), (std::vector<Told>{{"Read FAIL", "Message", MessageIcon::None}}));
   EXPECT_TRUE(vendor.calls.empty());
-  EXPECT_EQ(TheAppState().LoadedFilePath, "before");
-  EXPECT_EQ(TheAppState().ProgressMode, 0);
+  EXPECT_EQ(All(TheAppState().LoadedFilePath, TheAppState().ProgressMode), All("before", 0));
 }
 
 TEST_F(ReadScripted, AStartBehindTheChipLeavesNothingToRead) {
   for (const unsigned dualStart : {4U, 5U, 0xFFFFU}) {
-    vendor.calls.clear();
-    vendor.reads = {Block(dualStart)};
+    vendor.Script({Block(dualStart)});
     OnRead();
-    EXPECT_EQ(op.Texts().back(), "Read FAIL");
+    EXPECT_EQ(op.Heard().back(), "Read FAIL");
     EXPECT_EQ(vendor.calls, blockRead);
   }
 }
 
-class ReadOnWriter : public StandinBench, public ::testing::WithParamInterface<Transport> {
- protected:
-  ReadOnWriter() : StandinBench(GetParam()) {}
-};
+class ReadOnWriter : public BothTransports {};
 
 // What Read writes is the program image as it stands in the program file, as far as the read goes.
 TEST_P(ReadOnWriter, ABurntChipReadsAsItsImage) {
-  struct Case {
-    const char* sample;
-    const char* image;       // that a comparison would look at
-    std::size_t from, size;  // of the image in that file, and how much of it the chip holds
-    std::size_t read;        // the length of the read
-  };
-  for (const Case& c : {
-           Case{"QV8348.hex", "QV8348.bin", 0, 2 * 1020, 0x800},
-           Case{"QV8348_dual.hex", "QV8348_dual.bin", 2 * 0x200, 2 * (1020 - 0x200), 0x800 - 2 * 0x200},
-           Case{"QV8309.hex", "QV8309.bin", 0, 4096, 0x1020},
-           Case{"QV8121.velmar", "qv8121.bin", 0, 4096, 0x1010},
-           Case{"QVL04.hex", "QVL04.bin", 0, 32768, 0x8002},
-           Case{"QVL01.obj", "QVL01.obj", 32, 8192, 0x4000},
-           Case{"QVL07.hex", "qvl07.bin", 0, 24576, 0x6020},
-           // 8191 bytes: in the half word at the end the exchange takes the last one a place further.
-           Case{"QV4105.otp", "QV4105.otp", 32, 8190, 0x2000},
-           Case{"QV4103.otp", "QV4103.otp", 32, 13024, 0x32E0},
-           Case{"QV4204.epm", "QV4204.epm", 0, 32768, 0x801A},
-       }) {
-    SCOPED_TRACE(c.sample);
-    const std::string sample = c.sample;
+  // What of which image file the chip holds, and the length of the read. QV4105 has 8191 bytes: in the half word at the
+  // end the exchange takes the last one a place further.
+  // clang-format off
+  for (const auto& [sample, imageFile, from, size, read] :
+       Table<std::string, std::string, std::size_t, std::size_t, std::size_t>{
+           {"QV8348.hex", "QV8348.bin", 0, 2 * 1020, 0x800},
+           {"QV8348_dual.hex", "QV8348_dual.bin", 2 * 0x200, 2 * (1020 - 0x200), 0x800 - 2 * 0x200},
+           {"QV8309.hex", "QV8309.bin", 0, 4096, 0x1020}, {"QV8121.velmar", "qv8121.bin", 0, 4096, 0x1010},
+           {"QVL04.hex", "QVL04.bin", 0, 32768, 0x8002}, {"QVL01.obj", "QVL01.obj", 32, 8192, 0x4000},
+           {"QVL07.hex", "qvl07.bin", 0, 24576, 0x6020}, {"QV4105.otp", "QV4105.otp", 32, 8190, 0x2000},
+           {"QV4103.otp", "QV4103.otp", 32, 13024, 0x32E0}, {"QV4204.epm", "QV4204.epm", 0, 32768, 0x801A}}) {
+    // clang-format on
+    SCOPED_TRACE(sample);
     const std::string chip = sample.substr(0, sample.find_first_of("._"));
     writer.chip = standin::Chip{};
     LoadSample(chip);
-    op.files = {Path("samples/" + sample)};
-    OnLoadFile();
+    Load("samples/" + sample);
     OnAuto();
     const Bytes job = writer.OptionArea();
-    op.told.clear();
     OnRead();
-    EXPECT_EQ(op.Texts(), Texts{"Read OK"});
-    const Bytes image = Contents("samples/" + std::string(c.image)), data = Contents("readdata.txt");
-    ASSERT_EQ(data.size(), c.read);
-    EXPECT_TRUE(std::equal(data.begin(), data.begin() + static_cast<std::ptrdiff_t>(c.size),
-                           image.begin() + static_cast<std::ptrdiff_t>(c.from)));
+    EXPECT_EQ(op.Heard(), (Texts{"Loading Data Ok", "Auto OK", "Read OK"}));
+    const Bytes image = Contents("samples/" + imageFile), data = Contents("readdata.txt");
+    ASSERT_EQ(data.size(), read);
+    EXPECT_TRUE(std::equal(data.begin(), data.begin() + static_cast<std::ptrdiff_t>(size),
+                           image.begin() + static_cast<std::ptrdiff_t>(from)));
     EXPECT_EQ(writer.OptionArea(), job);
     EXPECT_EQ(TheAppState().LoadedFilePath, Path("readdata.txt"));
     EXPECT_EQ(TheHexView().Data, data);
@@ -144,7 +110,6 @@ TEST_P(ReadOnWriter, AnUnknownChipGetsItsTemplateOnce) {
   LoadSample("QV8348");
   PutFolderFor("QV8121");
   Select("QV8121");
-  op.told.clear();
   op.cursorsLoad = true;
   std::uint32_t before = clock.tick;
   OnRead();
@@ -157,14 +122,13 @@ TEST_P(ReadOnWriter, AnUnknownChipGetsItsTemplateOnce) {
   TheAppState().WriterInfoBlock[53] = 16;  // a serial number set-up lies over the job
   OnRead();
   EXPECT_EQ(TheAppState().WriterInfoBlock[53], 0);
-  EXPECT_EQ(op.Texts(), (Texts{"Read OK", "Read OK", "Read OK"}));
-  EXPECT_EQ(op.cursors.back(), Path("metronom.ani"));
-  EXPECT_EQ(op.cursor, 1);
+  EXPECT_EQ(op.Heard(), (Texts{"Read OK", "Read OK", "Read OK"}));
+  EXPECT_EQ(All(op.cursors.back(), op.cursor), All(Path("metronom.ani"), 1));
   EXPECT_TRUE(TheMainControls()[ControlId::Read].enabled);
   EXPECT_FALSE(TheMainControls().statusBar.progressVisible);
 }
 
-INSTANTIATE_TEST_SUITE_P(BothTransports, ReadOnWriter, ::testing::Values(Transport::Usb, Transport::Vendor));
+INSTANTIATE_TEST_SUITE_P(BothTransports, ReadOnWriter, kBothTransports);
 
 }  // namespace
 }  // namespace pyxis::test

@@ -1,11 +1,8 @@
 // The order on the wire of package download and firmware load, and what the operator hears.
 #include "intake/package_files.h"
-#include "link/identification.h"
 #include "operations/download.h"
 #include "operations/firmware.h"
-#include "platform/machine.h"
 #include "pyxisfolder/folder.h"
-#include "shell/app_state.h"
 #include "support/bench.h"
 #include "support/standin_bench.h"
 #include "support/wire_log.h"
@@ -13,18 +10,7 @@
 namespace pyxis::test {
 namespace {
 
-using Texts = std::vector<std::string>;
-using Bytes = std::vector<std::uint8_t>;
-
-class Transfer : public Bench {
- protected:
-  Transfer() {
-    TheMachine().vendor = &vendor;
-    OpenTransport();
-    vendor.calls.clear();
-  }
-  VendorLog vendor;
-};
+class Transfer : public ScriptedWriter {};
 
 TEST_F(Transfer, PackagesOverVelmarapi) {
   const Bytes option(208, 1), data(300, 2);
@@ -34,42 +20,36 @@ TEST_F(Transfer, PackagesOverVelmarapi) {
   const std::uint32_t before = clock.tick;
   DownloadPackages();
   EXPECT_GE(clock.tick - before, 1500U);
-  EXPECT_EQ(op.Texts(), Texts{"Loading Data Ok"});
-  EXPECT_EQ(vendor.calls, (Texts{"write 21: 30", "write 23: 10", "write 0: 47", "write 20: 04 17",
-                                 "write 18: 208 bytes", "read 19: 208", "write 20: 0C 07", "write 0: 47",
-                                 "write 20: 08 17", "write 18: 300 bytes", "read 19: 300", "write 20: 0C 07",
-                                 "write 0: 07", "write 23: 90"}));
+  EXPECT_EQ(op.Heard(), Texts{"Loading Data Ok"});
+  EXPECT_EQ(vendor.calls,
+            (Texts{"write 21: 30", "write 23: 10", "write 0: 47", "write 20: 04 17", "write 18: 208 bytes",
+                   "read 19: 208", "write 20: 0C 07", "write 0: 47", "write 20: 08 17", "write 18: 300 bytes",
+                   "read 19: 300", "write 20: 0C 07", "write 0: 07", "write 23: 90"}));
 }
 
 TEST_F(Transfer, AFailedPackageEndsTheLoad) {
-  struct Case {
-    const char* why;
-    bool optionThere, optionGood, dataThere;
-    Texts told;
-    bool waits;
-    std::size_t commands;
-  };
   const std::string noOption = "Open Fail ! (" + Path(kOptionPackageName) + ")";
   const std::string noData = "Open Fail ! (" + Path(kDataPackageName) + ")";
-  for (const Case& c : {Case{"no option file", false, false, true, {noOption, "Loading Data Fail"}, false, 4},
-                        Case{"option differs", true, false, true, {"Loading Data Fail"}, false, 8},
-                        Case{"no data file", true, true, false, {noData, "Loading Data Fail"}, true, 9},
-                        Case{"data differs", true, true, true, {"Loading Data Fail"}, true, 13}}) {
-    SCOPED_TRACE(c.why);
+  // clang-format off
+  for (const auto& [why, optionThere, optionGood, dataThere, told, waits, commands] :
+       Table<const char*, bool, bool, bool, Texts, bool, std::size_t>{
+           {"no option file", false, false, true, {noOption, "Loading Data Fail"}, false, 4},
+           {"option differs", true, false, true, {"Loading Data Fail"}, false, 8},
+           {"no data file", true, true, false, {noData, "Loading Data Fail"}, true, 9},
+           {"data differs", true, true, true, {"Loading Data Fail"}, true, 13}}) {
+    // clang-format on
+    SCOPED_TRACE(why);
     std::filesystem::remove(folder / kOptionPackageName);
     std::filesystem::remove(folder / kDataPackageName);
     const Bytes content{9, 9, 9};
-    if (c.optionThere) Write(kOptionPackageName, content);
-    if (c.dataThere) Write(kDataPackageName, content);
-    vendor.reads = {c.optionGood ? content : Bytes{9, 9, 8}, Bytes{8, 9, 9}};
-    vendor.calls.clear();
-    op.told.clear();
+    if (optionThere) Write(kOptionPackageName, content);
+    if (dataThere) Write(kDataPackageName, content);
+    vendor.Script({optionGood ? content : Bytes{9, 9, 8}, Bytes{8, 9, 9}});
     const std::uint32_t before = clock.tick;
     DownloadPackages();
-    EXPECT_EQ(op.Texts(), c.told);
-    EXPECT_EQ(clock.tick - before >= 1500, c.waits);
-    EXPECT_EQ(vendor.calls.size(), c.commands);
-    EXPECT_EQ(vendor.calls.back(), "write 23: 90");
+    EXPECT_EQ(op.Heard(), told);
+    EXPECT_EQ(clock.tick - before >= 1500, waits);
+    EXPECT_EQ(All(vendor.calls.size(), vendor.calls.back()), All(commands, "write 23: 90"));
     EXPECT_NE(vendor.calls[vendor.calls.size() - 2], "write 0: 07");
   }
 }
@@ -88,8 +68,7 @@ TEST_F(Transfer, FirmwareOverVelmarapi) {
   longer.push_back(1);
   for (const Bytes& file : {image, longer}) {
     Write("a.nce", file);
-    vendor.reads = {image};
-    vendor.calls.clear();
+    vendor.Script({image});
     EXPECT_TRUE(LoadFirmware(Path("a.nce"), true));
     EXPECT_EQ(vendor.calls, (Texts{"write 21: 32", "write 0: 00", "write 15: 00 00 00 00", "write 16: 67584 bytes",
                                    "write 15: 00 00 00 00", "read 17: 67584", "write 0: 07", "write 23: 90"}));
@@ -101,24 +80,20 @@ TEST_F(Transfer, FirmwareOverVelmarapi) {
 }
 
 TEST_F(Transfer, UpdateRefusesTheOtherModel) {
-  struct Case {
-    int writerModel;
-    std::uint8_t imageModel;
-    bool accepted;
-  };
-  for (const Case& c : {Case{1, 0x98, true}, Case{1, 0x99, false}, Case{2, 0x98, false}, Case{2, 0x99, true},
-                        Case{0, 0x98, false}, Case{0, 0x11, false}, Case{1, 0x11, true}}) {
+  // clang-format off
+  for (const auto& [writerModel, imageModel, accepted] : Table<int, std::uint8_t, bool>{
+           {1, 0x98, true}, {1, 0x99, false}, {2, 0x98, false}, {2, 0x99, true}, {0, 0x98, false}, {0, 0x11, false},
+           {1, 0x11, true}}) {
+    // clang-format on
     Bytes image = pyxis::folder::MakeFirmware(1, 1);
-    image[0xFA8F] = c.imageModel;
+    image[0xFA8F] = imageModel;
     Write("a.nce", image);
-    TheAppState().WriterModel = c.writerModel;
+    TheAppState().WriterModel = writerModel;
     op.files = {Path("a.nce")};
-    op.told.clear();
     vendor.reads = {image};
     OnUpdateFirmware();
-    EXPECT_EQ(op.Texts(), Texts{c.accepted ? "Update Firmware Ok" : Path("a.nce") + " open file error\n"});
+    EXPECT_EQ(op.Heard(), Texts{accepted ? "Update Firmware Ok" : Path("a.nce") + " open file error\n"});
   }
-  op.told.clear();
   OnUpdateFirmware();  // cancelled
   EXPECT_TRUE(op.told.empty());
 }
@@ -130,35 +105,27 @@ TEST_F(FirmwareSelection, SendsAnImageOnlyWhenItMust) {
   PutFolderFor("QV8334");
   PutFolderFor("QV8336");
   AppState& app = TheAppState();
-  struct Case {
-    const char* why;
-    std::uint32_t chip, code;
-    int version;
-    std::uint32_t level;
-    int loads;
-    std::uint32_t codeAfter;
-    int versionAfter;
-  };
-  for (const Case& c : {
-           Case{"other image", kQv8334, 0, 0, 4, 1, 0x2801, 0},
-           Case{"same image, other IC", 0x28011, 0x2801, 1, 4, 0, 0x2801, 1},
-           Case{"other family", kQv8336, 0x2801, 1, 4, 1, 0x709, 1},
-           Case{"older version", kQv8334, 0x2801, 0, 4, 1, 0x2801, 1},
-           Case{"newer version", kQv8334, 0x2801, 2, 4, 0, 0x2801, 2},
-           Case{"older level", kQv8334, 0x2801, 1, 3, 1, 0x2801, 1},
-           Case{"newer level", kQv8334, 0x2801, 1, 5, 1, 0x2801, 1},
-       }) {
-    SCOPED_TRACE(c.why);
-    app.FirmwareCode = c.code;
-    app.FirmwareVersion = static_cast<std::uint8_t>(c.version);
-    app.FirmwareLevel = c.level;
+  // clang-format off
+  for (const auto& [why, chip, code, version, level, loads, codeAfter, versionAfter] :
+       Table<const char*, std::uint32_t, std::uint32_t, int, std::uint32_t, int, std::uint32_t, int>{
+           {"other image", kQv8334, 0, 0, 4, 1, 0x2801, 0},
+           {"same image, other IC", 0x28011, 0x2801, 1, 4, 0, 0x2801, 1},
+           {"other family", kQv8336, 0x2801, 1, 4, 1, 0x709, 1},
+           {"older version", kQv8334, 0x2801, 0, 4, 1, 0x2801, 1},
+           {"newer version", kQv8334, 0x2801, 2, 4, 0, 0x2801, 2},
+           {"older level", kQv8334, 0x2801, 1, 3, 1, 0x2801, 1},
+           {"newer level", kQv8334, 0x2801, 1, 5, 1, 0x2801, 1}}) {
+    // clang-format on
+    SCOPED_TRACE(why);
+    app.FirmwareCode = code;
+    app.FirmwareVersion = static_cast<std::uint8_t>(version);
+    app.FirmwareLevel = level;
     const int before = writer.FirmwareLoads();
     const std::uint32_t tick = clock.tick;
-    SelectFirmware(c.chip);
-    EXPECT_EQ(writer.FirmwareLoads() - before, c.loads);
-    EXPECT_EQ(clock.tick - tick >= 3000, c.loads == 1);
-    EXPECT_EQ(app.FirmwareCode, c.codeAfter);
-    EXPECT_EQ(app.FirmwareVersion, c.versionAfter);
+    SelectFirmware(chip);
+    EXPECT_EQ(writer.FirmwareLoads() - before, loads);
+    EXPECT_EQ(clock.tick - tick >= 3000, loads == 1);
+    EXPECT_EQ(All(app.FirmwareCode, app.FirmwareVersion), All(codeAfter, versionAfter));
   }
 }
 

@@ -1,19 +1,14 @@
 #include "options/set_protect.h"
 
-#include "catalogue/chip_catalogue.h"
 #include "catalogue/ic_select.h"
 #include "intake/package_files.h"
 #include "options/option_select.h"
 #include "serial/sn_set.h"
-#include "shell/app_state.h"
-#include "shell/main_controls.h"
 #include "shell/on_device.h"
 #include "support/standin_bench.h"
 
 namespace pyxis::test {
 namespace {
-
-using Bytes = std::vector<std::uint8_t>;
 
 class SetProtect : public StandinBench {
  protected:
@@ -30,32 +25,29 @@ class SetProtect : public StandinBench {
 };
 
 TEST_F(SetProtect, ChangesOneBitOfTheJob) {
-  struct Case {
-    const char* chip;
-    std::size_t byte;
-    int mask;
-    bool setWithProtect, inConfig, panel;
-  };
-  for (const Case& c : {Case{"QVL13", 36, 1, false, false, true}, Case{"QV4105", 36, 1, false, false, true},
-                        Case{"QV4103", 37, 1, false, false, true}, Case{"QVL04", 36, 1, false, false, true},
-                        Case{"QV4101", 43, 1, true, false, true}, Case{"QV4207", 43, 1, true, false, true},
-                        Case{"QV8121", 36, 0x80, true, true, false}, Case{"QV8202", 36, 0x20, false, true, false},
-                        Case{"QVL12", 36, 0x20, false, true, false}, Case{"QV8348", 36, 0x20, true, true, false},
-                        Case{"QV8501", 36, 0x20, true, true, false}, Case{"QVL01", 36, 0x20, true, true, false}}) {
-    SCOPED_TRACE(c.chip);
+  // clang-format off
+  for (const auto& [chip, byte, mask, setWithProtect, inConfig, panel] :
+       Table<const char*, std::size_t, int, bool, bool, bool>{
+           {"QVL13", 36, 1, false, false, true}, {"QV4105", 36, 1, false, false, true},
+           {"QV4103", 37, 1, false, false, true}, {"QVL04", 36, 1, false, false, true},
+           {"QV4101", 43, 1, true, false, true}, {"QV4207", 43, 1, true, false, true},
+           {"QV8121", 36, 0x80, true, true, false}, {"QV8202", 36, 0x20, false, true, false},
+           {"QVL12", 36, 0x20, false, true, false}, {"QV8348", 36, 0x20, true, true, false},
+           {"QV8501", 36, 0x20, true, true, false}, {"QVL01", 36, 0x20, true, true, false}}) {
+    // clang-format on
+    SCOPED_TRACE(chip);
     op.optionSelect = nullptr;
-    LoadSample(c.chip);
+    LoadSample(chip);
     const Bytes data = Contents(kDataPackageName);
     for (const bool protect : {true, false, true}) {
       TheAppState().SystemConfigWord = 0xFFFF;
       Protect(protect);
-      const bool set = protect == c.setWithProtect;
-      EXPECT_EQ((writer.OptionArea()[c.byte] & c.mask) != 0, set);
-      EXPECT_EQ(Contents(kOptionPackageName), writer.OptionArea());
-      EXPECT_EQ(Contents(kOptionPackageName).size(), 512U);
-      EXPECT_EQ(TheAppState().SystemConfigWord, c.inConfig && !set ? 0xFFFF & ~(c.mask << 8) : 0xFFFF);
-      EXPECT_EQ(TheMainControls()[ControlId::Protect].visible, c.panel);
-      if (c.panel) {
+      const bool set = protect == setWithProtect;
+      EXPECT_EQ((writer.OptionArea()[byte] & mask) != 0, set);
+      EXPECT_EQ(All(Contents(kOptionPackageName), Contents(kOptionPackageName).size()), All(writer.OptionArea(), 512U));
+      EXPECT_EQ(TheAppState().SystemConfigWord, inConfig && !set ? 0xFFFF & ~(mask << 8) : 0xFFFF);
+      EXPECT_EQ(TheMainControls()[ControlId::Protect].visible, panel);
+      if (panel) {
         EXPECT_EQ(TheMainControls()[ControlId::Protect].checked, protect);
       }
     }
@@ -72,22 +64,15 @@ TEST_F(SetProtect, AnUnknownWordStaysUnknownOrLosesTheBit) {
   EXPECT_EQ(TheAppState().SystemConfigWord, 0xDFFF);
 }
 
-TEST_F(SetProtect, CancelSendsNothing) {
+// Another one: a job whose IC isn't found by its bare name leaves another IC's row selected.
+TEST_F(SetProtect, CancelAndAnotherIcsRowChangeNothing) {
   LoadSample("QV8348");
   const Bytes before = writer.OptionArea();
-  op.optionSelect = nullptr;
   OnSetProtect();
-  EXPECT_EQ(writer.OptionArea(), before);
-}
-
-// A job whose IC isn't found by its bare name leaves another IC's row selected.
-TEST_F(SetProtect, AnotherIcsRowChangesNothing) {
-  LoadSample("QV8348");
-  const Bytes before = writer.OptionArea();
+  EXPECT_EQ(op.Heard(), Texts{});
   TheAppState().SelectedChip = "QV8305";
-  op.told.clear();
   OnSetProtect();
-  EXPECT_EQ(op.Texts(), std::vector<std::string>{"HW and SW Chip Name is discordant"});
+  EXPECT_EQ(op.Heard(), Texts{"HW and SW Chip Name is discordant"});
   EXPECT_EQ(writer.OptionArea(), before);
 }
 
@@ -109,8 +94,7 @@ TEST_F(Selection, OkTakesEverythingOver) {
   op.snSet = [&](CSnSetDlg&) { return ++serialRuns, DialogEnd::Cancel; };
   OnDevice();
   const AppState& app = TheAppState();
-  EXPECT_EQ(app.SelectedChip, "QV8103");
-  EXPECT_EQ(app.SystemConfigWord, -1);
+  EXPECT_EQ(All(app.SelectedChip, app.SystemConfigWord), All("QV8103", -1));
   EXPECT_EQ(app.IspProgram + app.MassProduction + app.SnMode, 3U);
   EXPECT_EQ(serialRuns, 1);
   EXPECT_TRUE(app.LoadedFilePath.empty() && app.ChecksumText.empty());
@@ -124,25 +108,7 @@ TEST_F(Selection, OkTakesEverythingOver) {
 
   op.icSelect = nullptr;  // Cancel keeps the chip
   OnDevice();
-  EXPECT_EQ(app.SelectedChip, "QV8103");
-  EXPECT_EQ(app.MassProduction + app.SnMode, 0U);
-  EXPECT_EQ(app.IspProgram, 1U);
-}
-
-TEST_F(Selection, EitherWitnessIsEnough) {
-  struct Case {
-    std::uint8_t inRegister, inBlock;
-    int model;
-  };
-  for (const Case& c : {Case{0x98, 0, 1}, Case{0, 0x98, 1}, Case{0x99, 0x98, 1}, Case{0x98, 0x99, 1}, Case{0x99, 0, 2},
-                        Case{0, 0x99, 2}, Case{0, 0, 0}}) {
-    writer.Memory()[0xFA8F] = c.inRegister;
-    writer.OptionArea()[207] = c.inBlock;
-    op.told.clear();
-    OnDevice();
-    EXPECT_EQ(TheAppState().WriterModel, c.model);
-    EXPECT_EQ(op.told.size(), c.model == 0 ? 1U : 0U);
-  }
+  EXPECT_EQ(All(app.SelectedChip, app.MassProduction + app.SnMode, app.IspProgram), All("QV8103", 0U, 1U));
 }
 
 }  // namespace

@@ -2,7 +2,6 @@
 
 #include "options/smart_option.h"
 #include "platform/text.h"
-#include "shell/app_state.h"
 #include "support/bench.h"
 
 namespace pyxis::test {
@@ -14,7 +13,7 @@ class RecordingWindow : public OptionWindow {
   int unit = 17, scrollX = 0, scrollY = 0, clientHeight = 200;
   OptionRect placement{50, 60, 300, 250};
   std::string title;
-  std::vector<std::string> calls;
+  Texts calls;
   std::vector<OptionRect> lists;
 
   int VerticalBaseUnit() override { return unit; }
@@ -27,13 +26,13 @@ class RecordingWindow : public OptionWindow {
     lists.push_back(rect);
     return static_cast<int>(lists.size());
   }
-  void FillList(OptionListHandle list, const std::vector<std::string>& alternatives, int selection) override {
+  void FillList(OptionListHandle list, const Texts& alternatives, int selection) override {
     calls.push_back(Printf("list %d: %zu from %s, %d", list, alternatives.size(),
                            alternatives.empty() ? "" : alternatives[0].c_str(), selection));
   }
   void SetScroll(OptionScrollBar bar, const OptionScroll& s) override {
-    calls.push_back(Printf("%s %d-%d, %d at %d", bar == OptionScrollBar::Horizontal ? "x" : "y", s.low, s.high, s.page,
-                           s.position));
+    const char axis = bar == OptionScrollBar::Horizontal ? 'x' : 'y';
+    calls.push_back(Printf("%c %d-%d, %d at %d", axis, s.low, s.high, s.page, s.position));
   }
   int ScrollPosition(OptionScrollBar bar) override { return bar == OptionScrollBar::Horizontal ? scrollX : scrollY; }
   void DrawLabel(int x, int y, const std::string& text, OptionColor color) override {
@@ -45,94 +44,73 @@ class SmartOptionDialog : public Bench {
  protected:
   SmartOptionDialog() {
     AllocateSmartOptionBuffer();
+    TheAppState().SelectedChip = "QV8348";
+    WriteText("tin/QV8348.tin",
+              "[MENU]\nWdt\nOscillator\nLvr\n[ITEM]\non\1off\nlong alternative\1x\1y\1z\n1\0012\0013\n[FIRST]\n17\n"
+              "[DIPSWITCH]\n3F 1\nSW\n");
     op.smartOption = [this](CSmartOptionDlg& dialog) {
       dialog.OnInitDialog(window);
       rows = dialog.rows;
-      ++runs;
-      if (paint) window.calls.clear(), dialog.PaintOptionLabels(window);
+      opening = std::exchange(window.calls, {});
+      dialog.PaintOptionLabels(window);
       return DialogEnd::Cancel;
     };
   }
-  void Put(const std::string& chip, const std::string& text) {
-    TheAppState().SelectedChip = chip;
-    Write("tin/" + chip + ".tin", std::vector<std::uint8_t>(text.begin(), text.end()));
+  // The calls of the opening, then those of a paint.
+  Texts Open() {
+    window.calls.clear();
+    OnSmartOption();
+    return window.calls;
   }
   RecordingWindow window;
   std::vector<CSmartOptionDlg::Cells> rows;
-  int runs = 0;
-  bool paint = false;
+  Texts opening;
 };
 
-constexpr char kThree[] =
-    "[MENU]\nWdt\nOscillator\nLvr\n[ITEM]\non\x01off\nlong alternative\x01x\x01y\x01z\n1\x01"
-    "2\x01"
-    "3\n[FIRST]\n17\n[DIPSWITCH]\n3F 1\nSW\n";
-
 TEST_F(SmartOptionDialog, LaysTheRowsOut) {
-  Put("QV8348", kThree);
   TheAppState().OptionMasks = {0x2000, 0xC00, 0x300};
   TheAppState().SystemConfigWord = 0xF0FF;  // every field but the first all zeros
-  OnSmartOption();
+  Open();
   EXPECT_EQ(window.title, "Smart Option [ System config : F0FF ]");
   // U 17: caption 17 high, open list 127, rows 25 + 1 apart.
   ASSERT_EQ(rows.size(), 3U);
-  EXPECT_EQ(rows[0].caption, (OptionRect{2, 6, 100, 17}));
-  EXPECT_EQ(rows[0].list, (OptionRect{104, 2, 62, 127}));
-  EXPECT_EQ(rows[1].caption, (OptionRect{2, 32, 170, 17}));
-  EXPECT_EQ(rows[1].list, (OptionRect{174, 28, 192, 127}));
+  EXPECT_EQ(All(rows[0].caption, rows[0].list), All((OptionRect{2, 6, 100, 17}), (OptionRect{104, 2, 62, 127})));
+  EXPECT_EQ(All(rows[1].caption, rows[1].list), All((OptionRect{2, 32, 170, 17}), (OptionRect{174, 28, 192, 127})));
   EXPECT_EQ(rows[2].list, (OptionRect{104, 54, 42, 127}));
   EXPECT_EQ(window.lists, (std::vector<OptionRect>{rows[0].list, rows[1].list, rows[2].list}));
-  EXPECT_EQ(window.calls, (std::vector<std::string>{
-                              "x 0-476, 101 at 0",  // 174 + 192 + 2, and 8, and 100
-                              "y 0-188, 101 at 0",  // 2 + 3 * 26, and 8, and 100
-                              "list 1: 2 from on, 0", "list 2: 4 from long alternative, 3",
-                              "list 3: 3 from 1, 3",  // past its last one
-                          }));
+  // Across: 174 + 192 + 2, and 8, and 100; down: 2 + 3 * 26, and 8, and 100. The last row is past its last alternative.
+  EXPECT_EQ(opening, (Texts{"x 0-476, 101 at 0", "y 0-188, 101 at 0", "list 1: 2 from on, 0",
+                            "list 2: 4 from long alternative, 3", "list 3: 3 from 1, 3"}));
   EXPECT_EQ(window.placement, (OptionRect{0, 0, 368 + 32, 250}));
-}
 
-TEST_F(SmartOptionDialog, WhatFitsIsNotMoved) {
-  Put("QV8348", kThree);
-  window.placement.width = 368;
-  OnSmartOption();
+  window.placement = {50, 60, 368, 250};  // what fits isn't moved
+  Open();
   EXPECT_EQ(window.placement, (OptionRect{50, 60, 368, 250}));
 }
 
 TEST_F(SmartOptionDialog, WithoutAWordTheDefaultsHold) {
-  Put("QV8348", kThree);
   OptionChoices() = {-3, 9, 9};
-  OnSmartOption();
+  Open();
   EXPECT_EQ(window.title, "Smart Option [ System config : FFFFFFFF ]");
-  EXPECT_EQ(
-      std::vector(window.calls.begin() + 2, window.calls.end()),
-      (std::vector<std::string>{"list 1: 2 from on, 0", "list 2: 4 from long alternative, 1", "list 3: 3 from 1, 7"}));
+  EXPECT_EQ(Texts(opening.begin() + 2, opening.end()),
+            (Texts{"list 1: 2 from on, 0", "list 2: 4 from long alternative, 1", "list 3: 3 from 1, 7"}));
 }
 
 TEST_F(SmartOptionDialog, PaintsWhatIsInView) {
-  Put("QV8348", kThree);
-  paint = true;
   const std::string first = " 01. Wdt : black", second = " 02. Oscillator : blue", third = " 03. Lvr : blue";
-  OnSmartOption();
-  EXPECT_EQ(window.calls, (std::vector<std::string>{"2,6" + first, "2,32" + second, "2,58" + third}));
+  EXPECT_EQ(Open(), (Texts{"2,6" + first, "2,32" + second, "2,58" + third}));
   window.scrollX = 5, window.scrollY = 22, window.clientHeight = 20;  // a pixel of the first is left
-  OnSmartOption();
-  EXPECT_EQ(window.calls, (std::vector<std::string>{"-3,-16" + first, "-3,10" + second}));
+  EXPECT_EQ(Open(), (Texts{"-3,-16" + first, "-3,10" + second}));
   window.scrollY = 24, window.clientHeight = 33;
-  OnSmartOption();
-  EXPECT_EQ(window.calls, (std::vector<std::string>{"-3,8" + second}));
+  EXPECT_EQ(Open(), (Texts{"-3,8" + second}));
 }
 
 TEST_F(SmartOptionDialog, AMissingFileShowsNoRows) {
-  Put("QV8348", kThree);
-  OnSmartOption();
+  Open();
   TheAppState().SelectedChip = "QV8349";
-  TheAppState().SystemConfigWord = 0x12;
-  window.calls.clear();
-  OnSmartOption();
-  EXPECT_EQ(runs, 2);
+  EXPECT_EQ(Open(), Texts{});
   EXPECT_TRUE(rows.empty());
-  EXPECT_EQ(window.title, "Smart Option [ System config : 0012 ]");
-  EXPECT_EQ(window.calls, (std::vector<std::string>{"x 0-108, 101 at 0", "y 0-110, 101 at 0"}));
+  EXPECT_EQ(opening, (Texts{"x 0-108, 101 at 0", "y 0-110, 101 at 0"}));
   EXPECT_TRUE(op.told.empty());
 }
 

@@ -1,104 +1,67 @@
 // Serial number set-up and run: the record, serial.txt byte for byte, the counters.
-#include "platform/machine.h"
 #include "platform/main_view.h"
 #include "serial/sn_record.h"
 #include "serial/sn_run.h"
-#include "serial/sn_set.h"
-#include "shell/app_state.h"
-#include "shell/main_controls.h"
+#include "support/serial_entry.h"
 #include "support/standin_bench.h"
 
 namespace pyxis::test {
 namespace {
 
-using Bytes = std::vector<std::uint8_t>;
-using Texts = std::vector<std::string>;
-
-class Serial : public StandinBench, public ::testing::WithParamInterface<Transport> {
+class Serial : public BothTransports {
  protected:
-  Serial() : StandinBench(GetParam()) {}
   void PutTemplate(const std::string& chip) {
     TheAppState().SelectedChip = chip;
     Write("hwversion1.1/" + chip + ".txt", Bytes(512, 0x5A));
   }
-  // Fills the dialog as an operator does, and presses Load; true when it closed.
-  bool Set(bool selectionRoad, const std::string& length, const std::string& address, const std::string& start,
-           const std::string& amount, int direction = 0) {
+  bool Set(bool selectionRoad, const SerialEntry& entry) {
     CSnSetDlg dialog(selectionRoad, false, true);
-    dialog.OnInitDialog();
-    dialog.OnLengthChange(length);
-    dialog.OnAddressChange(address);
-    dialog.OnStartChange(start);
-    dialog.OnAmountChange(amount);
-    dialog.OnDirection(direction);
-    op.told.clear();
-    dialog.OnLoad();
-    return dialog.ended;
+    return EnterSerial(dialog, entry);
   }
 };
 
-TEST_P(Serial, TheFileByteForByte) {
+TEST_P(Serial, OnlyTheMenuRoadSendsAtOnce) {
   PutTemplate("QV8329");
-  TheAppState().WriterModel = kModelKm49;
-  ASSERT_TRUE(Set(true, "2", "03FA", "00FF", "0002", 1));
-  EXPECT_EQ(TheSnRecord().SnEndText, "100");
-  EXPECT_EQ(TheSnRecord().SnEndAddress, 0x3FBU);
-  Bytes expected(256, 0x5A);
-  const Bytes head{0x21, 2, 0x03, 0xFA, 0x03, 0xFC};
-  std::copy(head.begin(), head.end(), expected.begin() + 53);
-  expected[76] = 1;
-  std::fill(expected.begin() + 96, expected.begin() + 128, std::uint8_t{0});
-  expected[110] = 0x01;
-  expected[111] = 0x01;
-  expected[127] = 0xFF;
-  expected[207] = 0x99;
-  EXPECT_EQ(Contents("serial.txt"), expected);
-  EXPECT_EQ(TheAppState().SnLoaded, 0);
-  EXPECT_EQ(writer.OptionArea()[53], 0);  // not sent on this road
-
-  ASSERT_TRUE(Set(false, "2", "03FA", "00FF", "0002"));
+  ASSERT_TRUE(Set(true, {"2", "03FA", "00FF", "0002", 1}));
+  EXPECT_EQ(All(TheSnRecord().SnEndText, TheSnRecord().SnEndAddress), All("100", 0x3FBU));
+  EXPECT_EQ(TheAppState().SnLoaded + writer.OptionArea()[53], 0);
+  ASSERT_TRUE(Set(false, {"2", "03FA", "00FF", "0002"}));
   EXPECT_EQ(TheAppState().SnLoaded, 1);
   EXPECT_EQ(writer.OptionArea()[53], 0x10);
-  PutTemplate("QV4204");
-  ASSERT_TRUE(Set(true, "4", "3FFD", "1", "1"));
-  EXPECT_EQ(Contents("serial.txt")[58], 0xFF);  // two words behind 0x3FFD
 }
 
 TEST_P(Serial, WhatTheDialogRefuses) {
-  struct Case {
-    const char *chip, *length, *address, *start, *amount;
-    Texts told;
-    bool closes;
-  };
-  for (const Case& c : {
-           Case{"QV8329", "2", "3FA", "0", "1", {}, true},
-           Case{"QV8329", "2", "3FB", "0", "1", {"S/N End Address > 0x3FC"}, false},
-           Case{"QV8329", "1", "0", "FF", "1", {}, true},
-           Case{"QV8329", "1", "0", "FF", "2", {"End Serial Number > SN Length"}, false},
-           Case{"QV8329", "1", "0", "FF", "0000", {"Please Keyin 'S/N Amount'. ( >= 1 )"}, false},
-           Case{"QV8329", "1", "0", "FF", "", {"Please Keyin 'S/N Amount'. ( >= 1 )"}, false},
-           Case{"QV4204", "2", "10", "0", "1", {"S/N Length Enter 4", "S/N Start Address Error"}, true},
-           Case{"QV4201", "4", "1FFD", "0", "1", {}, true},
-           Case{"QV8329", "10", "0", "FFFFFFFFFFFFFFFFFFFFFFFFFFFFFFFF", "1", {}, true},
-           Case{"QV8329", "2", "0", "0x00FE", "0x2", {}, true},
-           Case{"QV8329", "2", "FFFF", "0", "1", {"S/N End Address > 0x3FC"}, false},
-           Case{"QV4203", "1", "0", "0", "1", {"S/N End Address > 0x0"}, false},  // takes no serial
-       }) {
-    PutTemplate(c.chip);
-    EXPECT_EQ(Set(true, c.length, c.address, c.start, c.amount), c.closes) << c.start << " " << c.amount;
-    EXPECT_EQ(op.Texts(), c.told);
+  // QV4203 takes no serial.
+  const char* const noAmount = "Please Keyin 'S/N Amount'. ( >= 1 )";
+  // clang-format off
+  for (const auto& [chip, entry, told, closes] : Table<const char*, SerialEntry, Texts, bool>{
+           {"QV8329", {"2", "3FA", "0", "1"}, {}, true},
+           {"QV8329", {"2", "3FB", "0", "1"}, {"S/N End Address > 0x3FC"}, false},
+           {"QV8329", {"1", "0", "FF", "1"}, {}, true},
+           {"QV8329", {"1", "0", "FF", "2"}, {"End Serial Number > SN Length"}, false},
+           {"QV8329", {"1", "0", "FF", "0000"}, {noAmount}, false}, {"QV8329", {"1", "0", "FF", ""}, {noAmount}, false},
+           {"QV4204", {"2", "10", "0", "1"}, {"S/N Length Enter 4", "S/N Start Address Error"}, true},
+           {"QV4201", {"4", "1FFD", "0", "1"}, {}, true},
+           {"QV8329", {"10", "0", "FFFFFFFFFFFFFFFFFFFFFFFFFFFFFFFF", "1"}, {}, true},
+           {"QV8329", {"2", "0", "0x00FE", "0x2"}, {}, true},
+           {"QV8329", {"2", "FFFF", "0", "1"}, {"S/N End Address > 0x3FC"}, false},
+           {"QV4203", {"1", "0", "0", "1"}, {"S/N End Address > 0x0"}, false}}) {
+    // clang-format on
+    PutTemplate(chip);
+    EXPECT_EQ(Set(true, entry), closes) << entry.start << " " << entry.amount;
+    EXPECT_EQ(op.Heard(), told);
   }
 }
 
 TEST_P(Serial, WhatARefusalLeavesBehind) {
   PutTemplate("QV8329");
   const SnRecord& record = TheSnRecord();
-  EXPECT_FALSE(Set(true, "2", "3FB", "12", "3"));
+  EXPECT_FALSE(Set(true, {"2", "3FB", "12", "3"}));
   EXPECT_EQ(record.SnEndText, std::string(32, '0'));
-  EXPECT_FALSE(Set(true, "2", "10", "1a", "00"));
+  EXPECT_FALSE(Set(true, {"2", "10", "1a", "00"}));
   EXPECT_EQ(record.SnStartText + " " + record.SnEndText + " " + record.SnAmountText, "1a 1A 0");
   EXPECT_EQ(record.SnStartBytes[15], 0);
-  EXPECT_FALSE(Set(true, "2", "20", "FFFF", "2"));
+  EXPECT_FALSE(Set(true, {"2", "20", "FFFF", "2"}));
   EXPECT_EQ(record.SnStartText + " " + record.SnEndText + " " + record.SnAmountText, "FFFF 10000 2");
   EXPECT_EQ(record.SnStartBytes[15] + record.SnEndBytes[13] + record.SnEndBytes[15], 0xFF + 1 + 1);
   EXPECT_EQ(record.SnEndAddress, 0U);
@@ -109,46 +72,42 @@ TEST_P(Serial, FilesThatFail) {
   TheAppState().SelectedChip = "QV8329";
   TheAppState().SnLoaded = 5;
   const std::uint32_t before = clock.tick;
-  EXPECT_TRUE(Set(false, "1", "0", "1", "1"));  // no template
+  EXPECT_TRUE(Set(false, {"1", "0", "1", "1"}));  // no template
   EXPECT_GE(clock.tick - before, 1500U);
   EXPECT_FALSE(std::filesystem::exists(Path("serial.txt")));
   PutTemplate("QV8329");
   std::filesystem::create_directory(Path("serial.txt"));
-  EXPECT_TRUE(Set(false, "1", "0", "1", "1"));
+  EXPECT_TRUE(Set(false, {"1", "0", "1", "1"}));
   EXPECT_EQ(TheAppState().SnLoaded, 5);
   EXPECT_TRUE(op.told.empty());
   EXPECT_EQ(writer.OptionArea()[53], 0);
   std::filesystem::remove(Path("serial.txt"));
 
   std::filesystem::create_symlink("/dev/full", Path("serial.txt"));
-  EXPECT_FALSE(Set(false, "1", "0", "1", "1"));
-  EXPECT_EQ(op.Texts(), Texts{Path("serial.txt") + " write file error\n"});
+  EXPECT_FALSE(Set(false, {"1", "0", "1", "1"}));
+  EXPECT_EQ(op.Heard(), Texts{Path("serial.txt") + " write file error\n"});
   EXPECT_FALSE(std::filesystem::is_symlink(Path("serial.txt")));
 
   Write("hwversion1.1/QV8329.txt", Bytes(100, 0x5A));
-  EXPECT_TRUE(Set(true, "1", "0", "1", "1"));
+  EXPECT_TRUE(Set(true, {"1", "0", "1", "1"}));
   const Bytes file = Contents("serial.txt");
   ASSERT_EQ(file.size(), 256U);
-  EXPECT_EQ(file[95], 0x5A);
-  EXPECT_EQ(file[128], 0xFF);
+  EXPECT_EQ(All(file[95], file[128]), All(0x5A, 0xFF));
 }
 
 TEST_P(Serial, FieldsWhileTyping) {
   CSnSetDlg dialog(false, false, false);
   dialog.OnInitDialog();
   EXPECT_EQ(dialog.lengthText, "10");
-  EXPECT_EQ(dialog.addressText, "0000");
-  EXPECT_EQ(dialog.amountText, "0");
   dialog.OnLengthChange("2");
-  EXPECT_EQ(dialog.startText, "0000");
-  dialog.OnStartChange("12AB");
-  dialog.OnStartChange("12AB5");
-  EXPECT_EQ(dialog.startText, "12AB");
-  dialog.OnStartChange("0x34CD");
-  EXPECT_EQ(dialog.startText, "0x34CD");
+  for (const auto& [typed, shown] :
+       Table<const char*, const char*>{{"12AB", "12AB"}, {"12AB5", "12AB"}, {"0x34CD", "0x34CD"}}) {
+    dialog.OnStartChange(typed);
+    EXPECT_EQ(dialog.startText, shown);
+  }
   EXPECT_EQ(TheSnRecord().SnStartText, "34CD");
   for (const char* bad : {"", "0", "11"}) dialog.OnLengthChange(bad);
-  EXPECT_EQ(op.Texts(), Texts(3, "'Input Serial Number Length Error"));
+  EXPECT_EQ(op.Heard(), Texts(3, "'Input Serial Number Length Error"));
   EXPECT_EQ(TheSnRecord().SnLength, 17);
 }
 
@@ -159,85 +118,76 @@ TEST_P(Serial, TheDialogThatCannotBeMade) {
   TheMachine().view = &view;
   TheAppState().SnMode = 1;
   BringSnProgressUpToDate();
-  EXPECT_EQ(op.Texts(), Texts{"Error creating Dialog"});
+  EXPECT_EQ(op.Heard(), Texts{"Error creating Dialog"});
   EXPECT_FALSE(SnProgressDlg());
-}
-
-// Runs a press, with the verdict that the writer shall give.
-void Press(CSnProgramDlg& dialog, standin::WriterModel& writer, bool good) {
-  writer.chip = standin::Chip{};
-  if (!good) writer.faults.failTask = 1;
-  dialog.OnSnProgram();
 }
 
 TEST_P(Serial, ARunToItsEnd) {
   PutFolderFor("QV8348");
   Select("QV8348");
   TheAppState().SnMode = 1;
-  ASSERT_TRUE(Set(true, "1", "0", "0E", "3"));
+  ASSERT_TRUE(Set(true, {"1", "0", "0E", "3"}));
   BringSnProgressUpToDate();  // as after a load that failed: the writer holds no series
   EXPECT_FALSE(SnProgressDlg()->snProgramEnabled);
   LoadSample("QV8348");
+  op.told.clear();
   CSnProgramDlg& dialog = *SnProgressDlg();
   EXPECT_TRUE(dialog.visible && dialog.snProgramEnabled && !dialog.snSetEnabled);
   EXPECT_FALSE(TheMainControls()[ControlId::Auto].enabled);
-  op.told.clear();
-  Press(dialog, writer, true);
-  EXPECT_EQ(dialog.startText, "0F");
-  Press(dialog, writer, false);
-  EXPECT_EQ(dialog.startText, "0F");
+  // The start serial behind a press that ends with this verdict.
+  const auto press = [&](bool good) {
+    writer.chip = standin::Chip{};
+    if (!good) writer.faults.failTask = 1;
+    dialog.OnSnProgram();
+    return dialog.startText;
+  };
+  EXPECT_EQ(press(true), "0F");
+  EXPECT_EQ(press(false), "0F");
   dialog.OnResetCount();
   EXPECT_EQ(dialog.totalText, "0");
-  Press(dialog, writer, true);
+  EXPECT_EQ(press(true), "10");
   EXPECT_TRUE(op.told.empty());
-  Press(dialog, writer, true);
-  EXPECT_EQ(op.Texts(), Texts{"Serial Number Program Complete"});
+  EXPECT_EQ(press(true), "11");
+  EXPECT_EQ(op.Heard(), Texts{"Serial Number Program Complete"});
   EXPECT_FALSE(dialog.snProgramEnabled);
-  EXPECT_EQ(dialog.startText, "11");
   EXPECT_EQ(dialog.okText + dialog.ngText + dialog.totalText, "202");
 
   LoadSample("QV8348");  // the writer begins anew, and so does the window
   EXPECT_EQ(dialog.startText, "0E");
-  Press(dialog, writer, true);
+  EXPECT_EQ(press(true), "0F");
   EXPECT_EQ(writer.chip.burnt.at(1), 0x0E);
   StopSnProgress();
   EXPECT_FALSE(dialog.snProgramEnabled);
 
   dialog.OnClose();
-  EXPECT_EQ(TheSnRecord().SnLength, 16);
-  EXPECT_EQ(TheSnRecord().SnAmountText, "0");
+  EXPECT_EQ(All(TheSnRecord().SnLength, TheSnRecord().SnAmountText), All(16, "0"));
   EXPECT_FALSE(dialog.visible);
   EXPECT_EQ(TheAppState().SnMode, 0U);
   EXPECT_TRUE(TheMainControls()[ControlId::Auto].enabled);
 }
 
-TEST_P(Serial, TheMenuRoad) {
+TEST_P(Serial, TheMenuRoadGoesOnOnlyFromAGoodSetUp) {
   PutTemplate("QV8348");
-  op.snSet = [&](CSnSetDlg& dialog) {
-    dialog.OnLengthChange("2");
-    dialog.OnStartChange("12");
-    dialog.OnAmountChange("1");
-    dialog.OnLoad();
-    return dialog.ended ? DialogEnd::Ok : DialogEnd::Cancel;
+  op.snSet = [](CSnSetDlg& dialog) {
+    return EnterSerial(dialog, {"2", "0", "12", "1"}) ? DialogEnd::Ok : DialogEnd::Cancel;
   };
   CSnProgramDlg dialog(false);
   dialog.OnInitDialog();
-  EXPECT_FALSE(dialog.snProgramEnabled);
   EXPECT_EQ(dialog.startText, std::string(32, '0'));
   dialog.OnSnSet();
   EXPECT_TRUE(dialog.snProgramEnabled);
   EXPECT_EQ(dialog.startText, "0012");
-  writer.faults.damageAreaByte = 3;
-  dialog.OnSnSet();
-  EXPECT_FALSE(dialog.snProgramEnabled);
-  op.snSet = nullptr;
-  dialog.OnSnSet();
-  EXPECT_FALSE(dialog.snProgramEnabled);
+  for (const bool cancelled : {false, true}) {
+    writer.faults.damageAreaByte = 3;
+    if (cancelled) op.snSet = nullptr;
+    dialog.OnSnSet();
+    EXPECT_FALSE(dialog.snProgramEnabled);
+  }
   dialog.OnSnProgram();  // Enter on the disabled button
   EXPECT_EQ(dialog.totalText, "0");
 }
 
-INSTANTIATE_TEST_SUITE_P(BothTransports, Serial, ::testing::Values(Transport::Usb, Transport::Vendor));
+INSTANTIATE_TEST_SUITE_P(BothTransports, Serial, kBothTransports);
 
 }  // namespace
 }  // namespace pyxis::test

@@ -1,6 +1,4 @@
-// The stand-in's own rules: what it refuses, what it keeps, what a chip takes.
-#include <gtest/gtest.h>
-
+// The stand-in's honesty: what it refuses, what a chip takes, how it counts serials and chips, what a restart keeps.
 #include "link/command_frames.h"
 #include "link/writer_commands.h"
 #include "standin/in_process.h"
@@ -12,86 +10,51 @@ namespace {
 using standin::ChipState;
 using standin::Door;
 using standin::WriterModel;
-using Bytes = std::vector<std::uint8_t>;
 
-void Write(WriterModel& writer, std::uint8_t opcode, Bytes data) { writer.Write(opcode, data, Door::Frames); }
+void Put(WriterModel& writer, std::uint8_t opcode, const Bytes& data) { writer.Write(opcode, data, Door::Frames); }
 
-void Name(WriterModel& writer) { std::copy_n("QV8348", 6, writer.OptionArea().begin()); }
-
-void ReadTwice(WriterModel& writer) {
-  Write(writer, OP_START_TASK, {52});
-  Write(writer, OP_START_TASK, {52});
-  writer.Read(OP_READ_CHIP, 10, Door::Frames);
-}
-
-const std::vector<int> kSetUp{0x8D01, 0x4403, 0x3905, 0x2207};
-
-void TestSets(WriterModel& writer, const std::vector<int>& values) {
-  Write(writer, OP_SET_MODE, {71});
-  for (const int value : values)
-    Write(writer, OP_TEST_SET, {static_cast<std::uint8_t>(value), static_cast<std::uint8_t>(value >> 8)});
-}
+// A step of the protocol: a write, or a read of so many bytes where there is a length.
+struct Step {
+  std::uint8_t opcode;
+  Bytes data;
+  std::uint32_t length = 0;
+};
 
 TEST(Standin, LogsBreachesOfTheProtocol) {
-  struct Case {
-    const char* why;
-    std::function<void(WriterModel&)> act;
-  };
-  for (const Case& c : {
-           Case{"unknown opcode", [](WriterModel& w) { Write(w, 9, {1}); }},
-           Case{"unknown mode", [](WriterModel& w) { Write(w, OP_SET_MODE, {3}); }},
-           Case{"long mode",
-                [](WriterModel& w) {
-                  Write(w, OP_SET_MODE, {7, 7});
-                }},
-           Case{"vendor address on frames",
-                [](WriterModel& w) {
-                  Write(w, OP_SET_MODE, {0}), Write(w, OP_SET_ADDRESS, {0, 0, 1, 2});
-                }},
-           Case{"address without mode 0",
-                [](WriterModel& w) {
-                  Write(w, OP_SET_ADDRESS, {1, 2});
-                }},
-           Case{"area without selection",
-                [](WriterModel& w) { Write(w, OP_SET_MODE, {71}), w.Read(OP_READ_AREA, 5, Door::Frames); }},
-           Case{"area write without a load",
-                [](WriterModel& w) {
-                  Write(w, OP_SET_MODE, {71}), Write(w, OP_SELECT_AREA, {4, 23}), Write(w, OP_WRITE_AREA, {1});
-                }},
-           Case{"memory write without a load",
-                [](WriterModel& w) { Write(w, OP_SET_MODE, {0}), Write(w, OP_WRITE_MEMORY, {1}); }},
-           Case{"begin without its task", [](WriterModel& w) { Write(w, OP_CONTROL, {16}); }},
-           Case{"unknown task", [](WriterModel& w) { Write(w, OP_START_TASK, {17}); }},
-           Case{"status without a task", [](WriterModel& w) { w.Read(OP_TASK_STATUS, 1, Door::Frames); }},
-           Case{"short identity", [](WriterModel& w) { w.Read(OP_IDENTITY, 25, Door::Frames); }},
-           Case{"chip data without a read", [](WriterModel& w) { w.Read(OP_READ_CHIP, 10, Door::Frames); }},
-           Case{"chip read started once",
-                [](WriterModel& w) { Name(w), Write(w, OP_START_TASK, {52}), w.Read(OP_READ_CHIP, 10, Door::Frames); }},
-           Case{"chip read of nobody knows what", [](WriterModel& w) { ReadTwice(w); }},
-           Case{"chip data read twice",
-                [](WriterModel& w) { Name(w), ReadTwice(w), w.Read(OP_READ_CHIP, 10, Door::Frames); }},
-           Case{"self-test out of order",
-                [](WriterModel& w) {
-                  TestSets(w, {0x8D01, 0x3905});
-                }},
-           Case{"self-test value with its bytes exchanged", [](WriterModel& w) { TestSets(w, {0x018D}); }},
-           Case{"self-test step after half a set-up",
-                [](WriterModel& w) {
-                  TestSets(w, {0x8D01, 0x4403}), Write(w, OP_TEST_SELECT, {0});
-                }},
-           Case{"unknown self-test step", [](WriterModel& w) { TestSets(w, kSetUp), Write(w, OP_TEST_SELECT, {1}); }},
-           Case{"measurement without a step",
-                [](WriterModel& w) { TestSets(w, kSetUp), w.Read(OP_TEST_MEASURE, 6, Door::Frames); }},
-           Case{"self-test step after another mode",
-                [](WriterModel& w) {
-                  TestSets(w, kSetUp), Write(w, OP_SET_MODE, {7}), Write(w, OP_SET_MODE, {71}),
-                      Write(w, OP_TEST_SELECT, {0});
-                }},
-       }) {
-    SCOPED_TRACE(c.why);
+  const Step testMode{OP_SET_MODE, {71}}, dac{OP_TEST_SET, {0x01, 0x8D}}, vdd{OP_TEST_SET, {0x03, 0x44}};
+  const Step rvdd{OP_TEST_SET, {0x05, 0x39}}, shift{OP_TEST_SET, {0x07, 0x22}}, first{OP_TEST_SELECT, {0}};
+  const Step readTask{OP_START_TASK, {52}}, readChip{OP_READ_CHIP, {}, 10}, memory{OP_SET_MODE, {0}};
+  // clang-format off
+  for (const auto& [why, named, steps] : Table<const char*, bool, std::vector<Step>>{
+           {"unknown opcode", false, {{9, {1}}}}, {"unknown mode", false, {{OP_SET_MODE, {3}}}},
+           {"vendor address on frames", false, {memory, {OP_SET_ADDRESS, {0, 0, 1, 2}}}},
+           {"address without mode 0", false, {{OP_SET_ADDRESS, {1, 2}}}},
+           {"area without selection", false, {testMode, {OP_READ_AREA, {}, 5}}},
+           {"area write without a load", false, {testMode, {OP_SELECT_AREA, {4, 23}}, {OP_WRITE_AREA, {1}}}},
+           {"memory write without a load", false, {memory, {OP_WRITE_MEMORY, {1}}}},
+           {"unknown task", false, {{OP_START_TASK, {17}}}}, {"no task", false, {{OP_TASK_STATUS, {}, 1}}},
+           {"short identity", false, {{OP_IDENTITY, {}, 25}}}, {"chip data without a read", false, {readChip}},
+           {"chip read started once", true, {readTask, readChip}},
+           {"chip read of nobody knows what", false, {readTask, readTask, readChip}},
+           {"chip data read twice", true, {readTask, readTask, readChip, readChip}},
+           {"self-test out of order", false, {testMode, dac, rvdd}},
+           {"self-test value with its bytes exchanged", false, {testMode, {OP_TEST_SET, {0x8D, 0x01}}}},
+           {"self-test step after half a set-up", false, {testMode, dac, vdd, first}},
+           {"unknown self-test step", false, {testMode, dac, vdd, rvdd, shift, {OP_TEST_SELECT, {1}}}},
+           {"measurement without a step", false, {testMode, dac, vdd, rvdd, shift, {OP_TEST_MEASURE, {}, 6}}},
+           {"self-test step after another mode", false,
+            {testMode, dac, vdd, rvdd, shift, {OP_SET_MODE, {7}}, testMode, first}}}) {
+    // clang-format on
     WriterModel writer;
-    c.act(writer);
-    EXPECT_EQ(writer.Violations().size(), 1U);
+    if (named) std::copy_n("QV8348", 6, writer.OptionArea().begin());
+    for (const Step& step : steps) {
+      if (step.length == 0) {
+        Put(writer, step.opcode, step.data);
+      } else {
+        writer.Read(step.opcode, step.length, Door::Frames);
+      }
+    }
+    EXPECT_EQ(writer.Violations().size(), 1U) << why;
   }
 }
 
@@ -111,101 +74,58 @@ TEST(Standin, FramingIsStrict) {
 
 // The option area alone when there is no data.
 void LoadJob(WriterModel& writer, const Bytes& option, const Bytes& data = {}) {
-  Write(writer, OP_START_TASK, {48});
-  Write(writer, OP_CONTROL, {16});
-  Write(writer, OP_SET_MODE, {71});
+  Put(writer, OP_START_TASK, {48});
+  Put(writer, OP_CONTROL, {16});
+  Put(writer, OP_SET_MODE, {71});
   for (const auto& [selector, content] : {std::pair<std::uint8_t, Bytes>{4, option}, {8, data}}) {
     if (content.empty()) continue;
-    Write(writer, OP_SELECT_AREA, {selector, 23});
-    Write(writer, OP_WRITE_AREA, content);
-    Write(writer, OP_SELECT_AREA, {12, 7});
+    Put(writer, OP_SELECT_AREA, {selector, 23});
+    Put(writer, OP_WRITE_AREA, content);
+    Put(writer, OP_SELECT_AREA, {12, 7});
   }
-  Write(writer, OP_SET_MODE, {7});
-  Write(writer, OP_CONTROL, {144});
+  Put(writer, OP_SET_MODE, {7});
+  Put(writer, OP_CONTROL, {144});
 }
 
 int Verdict(WriterModel& writer, std::uint8_t task) {
-  Write(writer, OP_START_TASK, {task});
+  Put(writer, OP_START_TASK, {task});
   int status = 0;
   for (int i = 0; i < 10 && status == 0; ++i) status = writer.Read(OP_TASK_STATUS, 1, Door::Frames)[0] & 3;
   return status;
 }
 
-Bytes Option(std::uint8_t chipClass, std::uint8_t productionFlags = 0, std::uint8_t limit = 0) {
+// An option package with a checksum, and these bytes.
+Bytes Option(std::uint8_t chipClass, std::initializer_list<std::pair<std::size_t, std::uint8_t>> set = {}) {
   Bytes option(208, 0);
   option[16] = 0x12;
   option[71] = chipClass;
-  option[78] = productionFlags;
-  option[83] = limit;
+  for (const auto& [at, value] : set) option[at] = value;
   return option;
 }
 
 TEST(Standin, ChipsTakeWhatTheyCan) {
-  struct Case {
-    ChipState chip;
-    std::uint8_t chipClass, task;
-    int verdict;
-  };
-  for (const Case& c :
-       {Case{ChipState::Blank, 1, 16, 1}, Case{ChipState::Programmed, 1, 16, 3}, Case{ChipState::Programmed, 17, 16, 1},
-        Case{ChipState::Worn, 17, 16, 3}, Case{ChipState::Missing, 17, 16, 3}, Case{ChipState::Protected, 1, 20, 3},
-        Case{ChipState::Blank, 1, 18, 1}, Case{ChipState::Programmed, 1, 18, 3}, Case{ChipState::Blank, 1, 22, 3},
-        Case{ChipState::Worn, 1, 20, 3}}) {
+  // clang-format off
+  for (const auto& [state, chipClass, task, verdict] : Table<ChipState, std::uint8_t, std::uint8_t, int>{
+           {ChipState::Blank, 1, 16, 1}, {ChipState::Programmed, 1, 16, 3}, {ChipState::Programmed, 17, 16, 1},
+           {ChipState::Worn, 17, 16, 3}, {ChipState::Missing, 17, 16, 3}, {ChipState::Protected, 1, 20, 3},
+           {ChipState::Blank, 1, 18, 1}, {ChipState::Programmed, 1, 18, 3}, {ChipState::Blank, 1, 22, 3},
+           {ChipState::Worn, 1, 20, 3}}) {
+    // clang-format on
     WriterModel writer;
-    LoadJob(writer, Option(c.chipClass), {1, 2, 3});
-    writer.chip.state = c.chip;
-    EXPECT_EQ(Verdict(writer, c.task), c.verdict);
-    if (c.task == 16 && c.verdict == 1) {
+    LoadJob(writer, Option(chipClass), {1, 2, 3});
+    writer.chip.state = state;
+    EXPECT_EQ(Verdict(writer, task), verdict);
+    if (task == 16 && verdict == 1) {
       EXPECT_EQ(writer.chip.burnt, (Bytes{1, 2, 3}));
     }
     EXPECT_TRUE(writer.Violations().empty());
   }
 }
 
-TEST(Standin, ProductionLimitIsUsedUp) {
-  WriterModel writer;
-  LoadJob(writer, Option(17, 17, 0x02), {1});
-  EXPECT_EQ(Verdict(writer, 16), 1);
-  EXPECT_EQ(writer.OptionArea()[244] >> 4, 0);
-  EXPECT_EQ(Verdict(writer, 16), 1);
-  EXPECT_EQ(writer.OptionArea()[244] >> 4, 1);
-  EXPECT_EQ(Verdict(writer, 16), 3);
-}
-
-// In dual mode the job's checksum is that of the upper half; the whole one is the published CRC over all words, each
-// fed as one, and the configuration word.
-TEST(Standin, AChipTellsBothChecksums) {
-  struct Case {
-    std::uint8_t chipClass;
-    std::uint8_t configHigh;
-    int upper, whole;
-  };
-  // The words 61, 62 and the configuration word 0063 (abc, fed one letter a word) give 1742.
-  for (const Case& c : {Case{1, 0x00, 0x1234, 0x1742}, Case{17, 0x00, 0x1234, 0x1234}, Case{1, 0x10, 0x1234, 0x1234}}) {
-    WriterModel writer;
-    Bytes option = Option(c.chipClass);
-    option[17] = 0x34;
-    option[25] = 2;  // ImageLength
-    option[36] = c.configHigh;
-    option[37] = 0x63;
-    option[39] = 0x02;  // DualStart
-    LoadJob(writer, option, {0x00, 0x61, 0x00, 0x62});
-    EXPECT_EQ(Verdict(writer, 16), 1);
-    const auto& block = writer.OptionArea();
-    EXPECT_EQ(block[248] * 256 + block[249], c.configHigh * 256 + 0x63);
-    EXPECT_EQ(block[250] * 256 + block[251], c.upper);
-    EXPECT_EQ(block[254] * 256 + block[255], c.whole);
-  }
-}
-
 // A series of one-byte serials at offset 1: 0x41 and on.
-Bytes SeriesOption(std::uint8_t headByte, std::uint8_t amount) {
-  Bytes option = Option(17);
-  const Bytes head{headByte, 1, 0, 1, 0, 2};
-  std::copy(head.begin(), head.end(), option.begin() + 53);
-  option[111] = static_cast<std::uint8_t>(0x41 + amount);
-  option[127] = 0x41;
-  return option;
+Bytes Series(std::uint8_t headByte, std::uint8_t amount) {
+  return Option(
+      17, {{53, headByte}, {54, 1}, {56, 1}, {58, 2}, {111, static_cast<std::uint8_t>(0x41 + amount)}, {127, 0x41}});
 }
 
 // Programs a new chip; the byte that lies in the serial's place, 0 where the writer refused.
@@ -215,8 +135,8 @@ int NextSerial(WriterModel& writer) {
 }
 
 TEST(Standin, WhereASeriesStartsAnew) {
-  const Bytes series = SeriesOption(0x20, 9), data{1, 2, 3};
-  Bytes protectedSeries = series, menu = SeriesOption(0x10, 9);
+  const Bytes series = Series(0x20, 9), data{1, 2, 3};
+  Bytes protectedSeries = series, menu = Series(0x10, 9);
   protectedSeries[36] = 1;
   menu[16] = 0;  // a template has no checksum
   WriterModel writer;
@@ -225,7 +145,6 @@ TEST(Standin, WhereASeriesStartsAnew) {
   EXPECT_EQ(NextSerial(writer), 0x42);
   LoadJob(writer, protectedSeries);  // Set Protect
   EXPECT_EQ(NextSerial(writer), 0x43);
-  EXPECT_EQ(writer.chip.config, 0x0100);
   LoadJob(writer, series, data);
   EXPECT_EQ(NextSerial(writer), 0x41);
   EXPECT_EQ(Verdict(writer, 22), 1);
@@ -239,67 +158,45 @@ TEST(Standin, WhereASeriesStartsAnew) {
 }
 
 TEST(Standin, SeriesThatAreRefused) {
-  struct Case {
-    const char* why;
-    std::size_t offset;
-    std::uint8_t value;
-  };
-  for (const Case& c : {Case{"unknown road", 53, 0xF0}, Case{"no length", 54, 0}, Case{"17 bytes", 54, 17},
-                        Case{"behind the data", 56, 3}, Case{"end mark", 58, 4}, Case{"another IC", 0, 'Q'}}) {
+  // clang-format off
+  for (const auto& [why, offset, value] : Table<const char*, std::size_t, std::uint8_t>{
+           {"unknown road", 53, 0xF0}, {"no length", 54, 0}, {"17 bytes", 54, 17}, {"behind the data", 56, 3},
+           {"end mark", 58, 4}, {"another IC", 0, 'Q'}}) {
+    // clang-format on
     WriterModel writer;
     LoadJob(writer, Option(17), {1, 2, 3});
-    Bytes menu = SeriesOption(0x10, 9);
+    Bytes menu = Series(0x10, 9);
+    menu[offset] = value;
     LoadJob(writer, menu);
-    EXPECT_EQ(NextSerial(writer), 0x41);
-    menu[c.offset] = c.value;
-    LoadJob(writer, menu);
-    EXPECT_EQ(NextSerial(writer), 0) << c.why;
-    EXPECT_TRUE(writer.chip.IsBlank()) << c.why;
+    EXPECT_EQ(NextSerial(writer), 0) << why;
+    EXPECT_TRUE(writer.chip.IsBlank()) << why;
   }
 }
 
 class StandinFiles : public Bench {};
 
-TEST_F(StandinFiles, TheSeriesOutlivesARestart) {
+TEST_F(StandinFiles, ARestartKeepsSeriesAndLimit) {
   for (const std::uint8_t head : {std::uint8_t{0x11}, std::uint8_t{0x20}}) {
-    WriterModel before;
+    WriterModel before, after(2);
     LoadJob(before, Option(17), {1, 2, 3});
-    LoadJob(before, SeriesOption(head, 3), head == 0x20 ? Bytes{1, 2, 3} : Bytes{});
+    LoadJob(before, Series(head, 3), head == 0x20 ? Bytes{1, 2, 3} : Bytes{});
     EXPECT_EQ(NextSerial(before), 0x41);
-    ASSERT_TRUE(before.Save(Path("state")));
-    WriterModel after;
-    ASSERT_TRUE(after.Restore(Path("state")));
-    EXPECT_EQ(NextSerial(after), 0x42);
-    EXPECT_EQ(NextSerial(after), 0x43);
-    EXPECT_EQ(NextSerial(after), 0);
+    ASSERT_TRUE(before.Save(Path("state")) && after.Restore(Path("state")));
+    EXPECT_EQ(after.Memory(), before.Memory());
+    for (const int serial : {0x42, 0x43, 0}) EXPECT_EQ(NextSerial(after), serial);
   }
-  // A file of the first version ends behind the data area.
-  WriterModel before;
-  LoadJob(before, SeriesOption(0x20, 3), {1, 2, 3});
-  ASSERT_TRUE(before.Save(Path("state")));
-  Bytes old = Contents("state");
-  old[7] = '1';
-  old.resize(8 + 4 + 3 * 4 + before.Memory().size() + 512 + 3);
-  Bench::Write("old", old);
-  WriterModel after;
-  ASSERT_TRUE(after.Restore(Path("old")));
-  EXPECT_EQ(NextSerial(after), 0x41);
-}
-
-TEST_F(StandinFiles, TheJobOutlivesARestart) {
-  WriterModel before;
-  LoadJob(before, Option(17, 17, 0x01), {5, 6});
-  Verdict(before, 16);
-  ASSERT_TRUE(before.Save(Path("state")));
-  WriterModel after(2);
-  ASSERT_TRUE(after.Restore(Path("state")));
+  WriterModel before, after;
+  LoadJob(before, Option(17, {{78, 17}, {83, 0x02}}), {5, 6});  // a limit of two chips
+  EXPECT_EQ(Verdict(before, 16), 1);
+  ASSERT_TRUE(before.Save(Path("state")) && after.Restore(Path("state")));
   EXPECT_EQ(after.DataArea(), (Bytes{5, 6}));
-  EXPECT_EQ(after.Memory(), before.Memory());
-  EXPECT_EQ(Verdict(after, 16), 3);  // the limit is still used up
+  EXPECT_EQ(Verdict(after, 16), 1);
+  EXPECT_EQ(after.OptionArea()[244] >> 4, 1);
+  EXPECT_EQ(Verdict(after, 16), 3);
 
-  Bytes state = Contents("state");
+  const Bytes state = Contents("state");
   for (const std::size_t length : {std::size_t{0}, std::size_t{11}, std::size_t{100}, state.size() - 1}) {
-    Bench::Write("cut", std::span(state).first(length));
+    Write("cut", std::span(state).first(length));
     WriterModel fresh;
     EXPECT_FALSE(fresh.Restore(Path("cut"))) << length;
     EXPECT_TRUE(fresh.DataArea().empty());

@@ -8,11 +8,8 @@
 #include "link/writer_link.h"
 #include "options/smart_option.h"
 #include "platform/files.h"
-#include "platform/machine.h"
 #include "serial/sn_record.h"
 #include "serial/sn_run.h"
-#include "shell/app_state.h"
-#include "shell/main_controls.h"
 #include "view/hex_view.h"
 
 namespace pyxis::test {
@@ -39,7 +36,6 @@ Bench::Bench() {
   machine.clock = &clock;
   machine.profile = &profile;
   machine.language = &language;
-  machine.update = &update;
   machine.clipboard = &clipboard;
 }
 
@@ -54,7 +50,7 @@ void Bench::Write(const std::string& name, std::span<const std::uint8_t> bytes) 
       .write(reinterpret_cast<const char*>(bytes.data()), static_cast<std::streamsize>(bytes.size()));
 }
 
-std::vector<std::uint8_t> Bench::Contents(const std::string& name) const {
+Bytes Bench::Contents(const std::string& name) const {
   if (std::filesystem::is_directory(folder / name)) return {};
   std::ifstream in(folder / name, std::ios::binary);
   return {std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>()};

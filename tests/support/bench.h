@@ -1,5 +1,5 @@
 // The fixture that most tests start from: scripted seams, all process-wide records at their start values, and an empty
-// program folder of its own that is AppDir.
+// program folder of its own that is AppDir. Brings along the records that it resets.
 #pragma once
 
 #include <gtest/gtest.h>
@@ -8,11 +8,27 @@
 #include <filesystem>
 #include <span>
 #include <string>
+#include <tuple>
 #include <vector>
 
+#include "platform/machine.h"
+#include "shell/app_state.h"
+#include "shell/main_controls.h"
 #include "support/scripted.h"
 
 namespace pyxis::test {
+
+using Bytes = std::vector<std::uint8_t>;
+using Texts = std::vector<std::string>;
+// The rows of a test.
+template <typename... Columns>
+using Table = std::vector<std::tuple<Columns...>>;
+
+// Fields that belong together, for one comparison: EXPECT_EQ(All(view.Offset, view.Nibble), All(3, 1)).
+template <typename... Fields>
+auto All(Fields... fields) {
+  return std::tuple(fields...);
+}
 
 // Puts every process-wide record back to its start values.
 void ResetEverything();
@@ -24,14 +40,16 @@ class Bench : public ::testing::Test {
 
   std::string Path(const std::string& name) const { return (folder / name).string(); }
   void Write(const std::string& name, std::span<const std::uint8_t> bytes) const;
-  std::vector<std::uint8_t> Contents(const std::string& name) const;
+  void WriteText(const std::string& name, const std::string& text) const {
+    Write(name, Bytes(text.begin(), text.end()));
+  }
+  Bytes Contents(const std::string& name) const;
 
   std::filesystem::path folder;
   ScriptedOperator op;
   FakeClock clock;
   MapProfile profile;
   FixedLanguage language;
-  FixedUpdateAgent update;
   TextClipboard clipboard;
 };
 

@@ -2,9 +2,9 @@
 
 namespace pyxis::test {
 
-std::vector<std::string> ScriptedOperator::Texts() const {
+std::vector<std::string> ScriptedOperator::Heard() {
   std::vector<std::string> texts;
-  for (const Told& t : told) texts.push_back(t.text);
+  for (const Told& t : Boxes()) texts.push_back(t.text);
   return texts;
 }
 

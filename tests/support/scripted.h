@@ -6,6 +6,7 @@
 #include <functional>
 #include <map>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "platform/clipboard.h"
@@ -14,7 +15,6 @@
 #include "platform/main_view.h"
 #include "platform/operator.h"
 #include "platform/profile.h"
-#include "platform/update_agent.h"
 
 namespace pyxis::test {
 
@@ -26,11 +26,11 @@ struct Told {
 
 class ScriptedOperator : public Operator {
  public:
-  std::vector<Told> told;                          // message boxes and questions in order
-  std::deque<bool> answers;                        // to questions; No when empty
-  std::deque<std::optional<std::string>> files;    // of the file dialog; Cancel when empty
-  std::vector<std::string> filters;                // what the file dialog was asked with
-  std::vector<std::string> cursors;                // files that were loaded as a cursor
+  std::vector<Told> told;                        // message boxes and questions in order
+  std::deque<bool> answers;                      // to questions; No when empty
+  std::deque<std::optional<std::string>> files;  // of the file dialog; Cancel when empty
+  std::vector<std::string> filters;              // what the file dialog was asked with
+  std::vector<std::string> cursors;              // files that were loaded as a cursor
   bool cursorsLoad = false;
   CursorHandle cursor = 1;
   std::function<DialogEnd(CIcSelectDlg&)> icSelect;
@@ -43,7 +43,9 @@ class ScriptedOperator : public Operator {
   std::function<DialogEnd(CGotoAddressDlg&)> gotoAddress;
   int aboutRuns = 0;
 
-  std::vector<std::string> Texts() const;
+  // What was told since the last call of one of them: the texts, or all of it.
+  std::vector<std::string> Heard();
+  std::vector<Told> Boxes() { return std::exchange(told, {}); }
 
   void Tell(const std::string& text, const std::string& caption, MessageIcon icon) override;
   bool Ask(const std::string& text, const std::string& caption, MessageIcon icon) override;
@@ -89,16 +91,6 @@ class FixedLanguage : public Language {
  public:
   std::uint16_t id = 0x0409;
   std::uint16_t GetSystemDefaultLangID() override { return id; }
-};
-
-class FixedUpdateAgent : public UpdateAgent {
- public:
-  std::int32_t result = 1;
-  std::string request;
-  std::int32_t CallUpdateAgent(const char* text) override {
-    request = text;
-    return result;
-  }
 };
 
 }  // namespace pyxis::test

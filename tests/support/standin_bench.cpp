@@ -3,12 +3,10 @@
 #include <cstdio>
 
 #include "catalogue/chip_catalogue.h"
-#include "pyxisfolder/folder.h"
 #include "intake/load_file.h"
 #include "link/identification.h"
 #include "platform/diagnostics.h"
-#include "platform/machine.h"
-#include "shell/app_state.h"
+#include "pyxisfolder/folder.h"
 #include "shell/start_up.h"
 
 namespace pyxis::test {
@@ -27,7 +25,7 @@ StandinBench::StandinBench(Transport transport, int model) : writer(model) {
 }
 
 StandinBench::~StandinBench() {
-  EXPECT_EQ(writer.Violations(), std::vector<std::string>{});
+  EXPECT_EQ(writer.Violations(), Texts{});
   CloseTransport();
   DiagnosticsStream() = stdout;
 }
@@ -45,7 +43,7 @@ std::string StandinBench::PutFolderFor(const std::string& label) {
   const auto samples = pyxis::folder::MakeSamples(row.ChipName);
   EXPECT_FALSE(samples.empty()) << label;
   for (const auto& sample : samples) Write("samples/" + sample.fileName, sample.contents);
-  return Path("samples/" + samples.front().fileName);
+  return "samples/" + samples.front().fileName;
 }
 
 void StandinBench::Select(const std::string& label) {
@@ -55,12 +53,17 @@ void StandinBench::Select(const std::string& label) {
   app.ChipNameText = app.SelectedChip;
 }
 
-void StandinBench::LoadSample(const std::string& label) {
-  op.files.push_back(PutFolderFor(label));
-  Select(label);
+void StandinBench::Load(const std::string& file) {
+  op.files = {Path(file)};
   op.told.clear();
   OnLoadFile();
-  ASSERT_EQ(op.Texts(), std::vector<std::string>{"Loading Data Ok"}) << label;
+}
+
+void StandinBench::LoadSample(const std::string& label) {
+  const std::string sample = PutFolderFor(label);
+  Select(label);
+  Load(sample);
+  ASSERT_EQ(op.Heard(), Texts{"Loading Data Ok"}) << label;
 }
 
 }  // namespace pyxis::test

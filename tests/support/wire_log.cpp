@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "link/identification.h"
 #include "platform/text.h"
 
 namespace pyxis::test {
@@ -62,6 +63,12 @@ int VendorLog::VMRead(std::uint8_t opcode, std::uint8_t* buffer, std::uint32_t l
   calls.push_back(Printf("read %d: %u", opcode, length));
   Answer(reads, buffer, length);
   return 0;
+}
+
+ScriptedWriter::ScriptedWriter() {
+  TheMachine().vendor = &vendor;
+  OpenTransport();
+  vendor.calls.clear();
 }
 
 }  // namespace pyxis::test

@@ -1,6 +1,6 @@
-#include <sys/stat.h>
-
 #include "platform/files.h"
+
+#include <sys/stat.h>
 
 #include "platform/language.h"
 #include "support/bench.h"
@@ -11,18 +11,17 @@ namespace {
 class Files : public Bench {};
 
 TEST_F(Files, NamesAreFoundAsWindowsWould) {
-  const std::vector<std::uint8_t> one{1};
+  const Bytes one{1};
   Write("Work/Job1.VELMAR", one);
   Write("Work/twins/B.txt", one);
   Write("Work/twins/b.TXT", one);
-  struct Case {
-    const char* asked;
-    const char* found;
-  };
-  for (const Case& c : {Case{"work/job1.velmar", "Work/Job1.VELMAR"}, Case{"Work/Job1.VELMAR", "Work/Job1.VELMAR"},
-                        Case{"WORK/new.bin", "Work/new.bin"}, Case{"nowhere/x", "nowhere/x"},
-                        Case{"work/TWINS/b.txt", "Work/twins/B.txt"}, Case{"Work/twins/b.TXT", "Work/twins/b.TXT"}})
-    EXPECT_EQ(ResolvePath(Path(c.asked)), Path(c.found));
+  // clang-format off
+  for (const auto& [asked, found] : Table<const char*, const char*>{
+           {"work/job1.velmar", "Work/Job1.VELMAR"}, {"Work/Job1.VELMAR", "Work/Job1.VELMAR"},
+           {"WORK/new.bin", "Work/new.bin"}, {"nowhere/x", "nowhere/x"}, {"work/TWINS/b.txt", "Work/twins/B.txt"},
+           {"Work/twins/b.TXT", "Work/twins/b.TXT"}})
+    // clang-format on
+    EXPECT_EQ(ResolvePath(Path(asked)), Path(found));
 }
 
 TEST_F(Files, DirectoriesAndMissingFilesDontOpen) {
@@ -35,28 +34,23 @@ TEST_F(Files, DirectoriesAndMissingFilesDontOpen) {
   EXPECT_TRUE(ReadWholeFile(Path("empty"))->empty());
 }
 
-TEST_F(Files, PipesAndHugeFilesDontOpen) {
+TEST_F(Files, PipesHugeFilesAndAFullDiskFail) {
   ASSERT_EQ(mkfifo(Path("pipe").c_str(), 0600), 0);
   for (const char* mode : {"rb", "r+b", "wb"}) EXPECT_FALSE(OpenFile(Path("pipe"), mode)) << mode;
-  EXPECT_FALSE(WriteWholeFile(Path("pipe"), std::vector<std::uint8_t>(100000)));
+  EXPECT_FALSE(WriteWholeFile(Path("pipe"), Bytes(100000)));
   Write("huge", {});
   std::filesystem::resize_file(folder / "huge", std::uintmax_t{1} << 40);
   EXPECT_FALSE(ReadWholeFile(Path("huge")));
-}
-
-TEST_F(Files, AFullDiskShows) {
-  if (!std::filesystem::exists("/dev/full")) GTEST_SKIP();
-  EXPECT_FALSE(WriteWholeFile("/dev/full", std::vector<std::uint8_t>(10)));
+  EXPECT_FALSE(WriteWholeFile("/dev/full", Bytes(10)));
 }
 
 TEST(Language, Sublanguages) {
-  struct Case {
-    const char* locale;
-    int sublanguage;
-  };
-  for (const Case& c : {Case{"zh_TW.UTF-8", 1}, Case{"zh_CN.UTF-8", 2}, Case{"zh_HK", 3}, Case{"en_US.UTF-8", 1},
-                        Case{"en_GB", 2}, Case{"C", 1}, Case{"de_DE@euro", 1}, Case{"xx_YY", 1}, Case{"", 1}})
-    EXPECT_EQ(LangIdOfLocale(c.locale) >> 10, c.sublanguage) << c.locale;
+  // clang-format off
+  for (const auto& [locale, sublanguage] : Table<const char*, int>{
+           {"zh_TW.UTF-8", 1}, {"zh_CN.UTF-8", 2}, {"zh_HK", 3}, {"en_US.UTF-8", 1}, {"en_GB", 2}, {"C", 1},
+           {"de_DE@euro", 1}, {"xx_YY", 1}, {"", 1}})
+    // clang-format on
+    EXPECT_EQ(LangIdOfLocale(locale) >> 10, sublanguage) << locale;
 }
 
 }  // namespace

@@ -2,36 +2,18 @@
 // scale (the tests run with several scale factors). Leaves a picture of each in the build folder.
 #include <QAbstractButton>
 #include <QApplication>
-#include <QComboBox>
 #include <QDir>
-#include <QGroupBox>
 #include <QLabel>
-#include <QLineEdit>
-#include <QPainter>
 
 #include "ui/windows.h"
 
 namespace pyxis::test {
 namespace {
 
-QPalette Dark() {
-  QPalette palette;
-  const QColor window(45, 45, 48), base(30, 30, 32), text(230, 230, 230);
-  for (const auto role : {QPalette::Window, QPalette::Button, QPalette::ToolTipBase}) palette.setColor(role, window);
-  for (const auto role : {QPalette::Base, QPalette::AlternateBase}) palette.setColor(role, base);
-  for (const auto role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText, QPalette::ToolTipText})
-    palette.setColor(role, text);
-  for (const auto role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText})
-    palette.setColor(QPalette::Disabled, role, QColor(130, 130, 130));
-  palette.setColor(QPalette::Highlight, QColor(60, 110, 180));
-  palette.setColor(QPalette::HighlightedText, Qt::white);
-  return palette;
-}
-
 // A text widget that is narrower or lower than its text.
 bool Clips(const QWidget& widget) {
-  const bool isText = qobject_cast<const QLabel*>(&widget) != nullptr ||
-                      qobject_cast<const QAbstractButton*>(&widget) != nullptr;
+  const bool isText =
+      qobject_cast<const QLabel*>(&widget) != nullptr || qobject_cast<const QAbstractButton*>(&widget) != nullptr;
   if (!isText || !widget.isVisible()) return false;
   const QSize needed = widget.minimumSizeHint();
   return widget.width() < needed.width() || widget.height() < needed.height();
@@ -50,8 +32,8 @@ TEST_F(EveryWindow, NothingIsClippedAndEverythingHasAName) {
   ForEach([](QWidget& shown, const std::string& name) {
     for (const QWidget* child : shown.findChildren<QWidget*>()) {
       if (child->window() != &shown) continue;
-      const std::string what = name + ": " + child->metaObject()->className() + " " +
-                               child->property("text").toString().toStdString();
+      const std::string what =
+          name + ": " + child->metaObject()->className() + " " + child->property("text").toString().toStdString();
       EXPECT_FALSE(Clips(*child)) << what;
       EXPECT_TRUE((child->focusPolicy() & Qt::TabFocus) == 0 || !child->isVisible() || Named(*child)) << what;
     }
@@ -65,7 +47,8 @@ TEST_F(EveryWindow, TabOrderFollowsTheEye) {
     std::vector<const QWidget*> order;
     const QWidget* first = &shown;
     for (const QWidget* next = first->nextInFocusChain(); next != first; next = next->nextInFocusChain())
-      if (next->window() == &shown && next->isVisible() && next->isEnabled() && (next->focusPolicy() & Qt::TabFocus) != 0)
+      if (next->window() == &shown && next->isVisible() && next->isEnabled() &&
+          (next->focusPolicy() & Qt::TabFocus) != 0)
         order.push_back(next);
     for (std::size_t i = 1; i < order.size(); ++i) {
       const QPoint from = place(order[i - 1]), to = place(order[i]);
@@ -82,12 +65,13 @@ TEST_F(EveryWindow, Screenshots) {
   ASSERT_TRUE(QDir().mkpath(out.path()));
   const int percent = qRound(window->devicePixelRatioF() * 100);
   for (const bool dark : {false, true}) {
-    QApplication::setPalette(dark ? Dark() : light);
+    QApplication::setPalette(dark ? DarkPalette() : light);
     window->resize(1180, 720);
     QCoreApplication::processEvents();
     ForEach([&](QWidget& shown, const std::string& name) {
       const QPixmap picture = shown.grab();
-      const QString file = QStringLiteral("%1_%2_%3.png").arg(QString::fromStdString(name)).arg(percent).arg(dark ? "dark" : "light");
+      const QString file =
+          QStringLiteral("%1_%2_%3.png").arg(QString::fromStdString(name)).arg(percent).arg(dark ? "dark" : "light");
       EXPECT_TRUE(picture.save(out.filePath(file))) << name;
     });
   }

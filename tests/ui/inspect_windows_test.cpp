@@ -1,31 +1,20 @@
-// The windows of Compare File and Read Chip Info mirror their dialogs.
+// The windows of Compare File, Read Chip Info and Smart Option mirror their dialogs.
 #include <QApplication>
+#include <QComboBox>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
+#include <QStyleOptionComboBox>
 #include <QTest>
 
-#include "operations/tasks.h"
-#include "platform/machine.h"
-#include "shell/app_state.h"
-#include "shell/main_controls.h"
+#include "pyxisfolder/folder.h"
 #include "ui/ui_bench.h"
 
 namespace pyxis::test {
 namespace {
 
-using Texts = std::vector<std::string>;
-
 class InspectWindows : public UiBench {
  protected:
-  // A burnt chip of the writer's job, before the program starts.
-  void OpenWithJob(const std::string& chip) {
-    TheMachine().op = &op;
-    LoadSample(chip);
-    OnAuto();
-    TheMachine().op = &qtOp;
-    Open();
-  }
   static Texts LinesOf(const QWidget& dialog) {
     Texts lines;
     for (const QLabel* label : dialog.findChildren<QLabel*>()) lines.push_back(label->text().toStdString());
@@ -34,7 +23,8 @@ class InspectWindows : public UiBench {
 };
 
 TEST_F(InspectWindows, CompareFileAgainAndAgain) {
-  OpenWithJob("QV8348");
+  HoldJob("QV8348", true);
+  Open();
   script.push_back([this](QWidget& dialog) {
     EXPECT_EQ(dialog.windowTitle(), "Download File Information");
     auto& compare = Find<QPushButton>(dialog, "Compare File");
@@ -66,7 +56,8 @@ TEST_F(InspectWindows, CompareFileAgainAndAgain) {
 }
 
 TEST_F(InspectWindows, ReadChipInfo) {
-  OpenWithJob("QVL04");
+  HoldJob("QVL04", true);
+  Open();
   script.push_back([](QWidget& dialog) {
     EXPECT_EQ(dialog.windowTitle(), "Read CHIP Information");
     QTest::keyClick(&dialog, Qt::Key_Return);  // Read is the default
@@ -77,16 +68,37 @@ TEST_F(InspectWindows, ReadChipInfo) {
   EXPECT_TRUE(Choose("Read Chip Info"));
 }
 
-TEST_F(InspectWindows, AChipThatSaysNothing) {
-  OpenWithJob("QV8348");
-  writer.OptionArea()[38] = 1;  // ConfigKind
-  TheAppState().WriterInfoBlock[38] = 1;
-  script.push_back([this](QWidget& dialog) {
-    EXPECT_EQ(LinesOf(dialog)[0], "NO Support");
-    EXPECT_FALSE(Find(dialog, "Read").isEnabled());
-    Press(dialog, "Cancel");
-  });
-  EXPECT_TRUE(Choose("Read Chip Info"));
+TEST_F(InspectWindows, SmartOptionShowsTheWord) {
+  Write("tin/QV8348.tin", pyxis::folder::MakeTin("QV8348"));
+  HoldJob("QV8348");
+  Open();
+  TheAppState().SystemConfigWord = 0x1BFF;  // protection off, the second oscillator
+  const QStringList expected{"Not protected", "Whole memory", "Low-speed crystal", "4.0 V",
+                             "Enabled",       "Reset input",  "4 clocks a cycle"};
+  for (const auto end : {Qt::Key_Escape, Qt::Key_Return}) {
+    script.push_back([&](QWidget& dialog) {
+      EXPECT_EQ(dialog.windowTitle(), "Smart Option [ System config : 1BFF ]");
+      const auto lists = dialog.findChildren<QComboBox*>();
+      ASSERT_EQ(lists.size(), expected.size());
+      for (qsizetype i = 0; i < lists.size(); ++i) {
+        EXPECT_EQ(lists[i]->currentText().toStdString(), expected[i].toStdString());
+        EXPECT_TRUE(lists[i]->isVisible() && !lists[i]->isEnabled());
+        QStyleOptionComboBox option;
+        option.initFrom(lists[i]);
+        const QRect field =
+            lists[i]->style()->subControlRect(QStyle::CC_ComboBox, &option, QStyle::SC_ComboBoxEditField, lists[i]);
+        for (int row = 0; row < lists[i]->count(); ++row)
+          EXPECT_LE(lists[i]->fontMetrics().horizontalAdvance(lists[i]->itemText(row)), field.width() - 2);
+        const auto ink = [&](auto group) { return lists[i]->palette().color(group, QPalette::ButtonText); };
+        EXPECT_EQ(ink(QPalette::Disabled), ink(QPalette::Active));  // there to be read
+      }
+      EXPECT_EQ(lists[2]->count(), 4);
+      EXPECT_EQ(lists[2]->accessibleName(), "03. Oscillator");
+      QTest::keyClick(&dialog, end);
+    });
+    Press(*window, "Smart Option");
+    EXPECT_TRUE(script.empty());
+  }
 }
 
 }  // namespace

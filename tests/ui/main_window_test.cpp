@@ -4,28 +4,19 @@
 #include <unistd.h>
 
 #include <QAbstractButton>
-#include <QAction>
-#include <QApplication>
 #include <QCheckBox>
-#include <QFileDialog>
 #include <QLineEdit>
-#include <QListWidget>
 #include <QMenuBar>
 #include <QProgressBar>
 #include <QTest>
 
-#include "link/writer_commands.h"
-#include "platform/machine.h"
-#include "shell/app_state.h"
-#include "shell/main_controls.h"
+#include "platform/update_agent.h"
 #include "ui/hex_view_widget.h"
 #include "ui/ui_bench.h"
 #include "view/show_file.h"
 
 namespace pyxis::test {
 namespace {
-
-using Texts = std::vector<std::string>;
 
 // Events through a pipe, as from the system.
 class PipeEvents : public DeviceEvents {
@@ -48,34 +39,10 @@ class PipeEvents : public DeviceEvents {
   int ends_[2];
 };
 
-class MainWindowTest : public UiBench {
- protected:
-  // A job in the writer before the program starts, with the scripted operator.
-  void LoadSampleBefore() {
-    TheMachine().op = &op;
-    LoadSample("QV8348");
-    TheMachine().op = &qtOp;
-  }
-  // Types into the file dialog.
-  void ScriptFile(const std::string& path) {
-    script.push_back([path](QWidget& dialog) {
-      auto* edit = dialog.findChild<QLineEdit*>(QStringLiteral("fileNameEdit"));
-      edit->setText(QString::fromStdString(path));
-      QTest::keyClick(edit, Qt::Key_Return);
-    });
-  }
-  void ScriptIc(const QString& series, const QString& type) {
-    script.push_back([series, type](QWidget& dialog) {
-      const auto lists = dialog.findChildren<QListWidget*>();
-      lists[0]->setCurrentItem(lists[0]->findItems(series, Qt::MatchExactly).value(0));
-      lists[1]->setCurrentItem(lists[1]->findItems(type, Qt::MatchExactly).value(0));
-      QTest::keyClick(&dialog, Qt::Key_Return);
-    });
-  }
-};
+class MainWindowTest : public UiBench {};
 
 TEST_F(MainWindowTest, FromDeviceToAutoOk) {
-  const std::string sample = PutFolderFor("QVL04");
+  const std::string sample = Path(PutFolderFor("QVL04"));
   Open();
   EXPECT_FALSE(Choose("&Load File"));
   EXPECT_FALSE(Choose("&Save As..."));
@@ -96,8 +63,7 @@ TEST_F(MainWindowTest, FromDeviceToAutoOk) {
   EXPECT_EQ(seen, Texts{"Loading Data Ok"});
   EXPECT_EQ(Find<QLineEdit>(*window, "File").text().toStdString(), TheAppState().LoadedFilePath);
   EXPECT_EQ(Find<QLineEdit>(*window, "Checksum").text().toStdString(), TheAppState().ChecksumText);
-  EXPECT_TRUE(Find<QCheckBox>(*window, "Protect").isChecked());
-  EXPECT_TRUE(Find<QCheckBox>(*window, "Fast mode").isChecked());
+  EXPECT_TRUE(Find<QCheckBox>(*window, "Protect").isChecked() && Find<QCheckBox>(*window, "Fast mode").isChecked());
   EXPECT_TRUE(Find(*window, "Buffer").isVisible());
   EXPECT_FALSE(Find(*window, "Messages").isVisible());
   EXPECT_GT(TheHexView().DataLength(), 0);
@@ -109,7 +75,7 @@ TEST_F(MainWindowTest, FromDeviceToAutoOk) {
 }
 
 TEST_F(MainWindowTest, PulledOutAndPutBack) {
-  LoadSampleBefore();
+  HoldJob("QV8348");
   PipeEvents events;
   Open();
   window->Watch(events);
@@ -134,7 +100,7 @@ TEST_F(MainWindowTest, PulledOutAndPutBack) {
 }
 
 TEST_F(MainWindowTest, OnlyPaintsPassDuringAnOperation) {
-  LoadSampleBefore();
+  HoldJob("QV8348");
   Open();
   int timers = 0, posted = 0;
   QTimer::singleShot(0, window.get(), [&] { ++timers; });
@@ -154,7 +120,7 @@ TEST_F(MainWindowTest, OnlyPaintsPassDuringAnOperation) {
 }
 
 TEST_F(MainWindowTest, AClickMadeDuringAnOperationStartsNothing) {
-  LoadSampleBefore();
+  HoldJob("QV8348");
   Open();
   auto& button = Find<QAbstractButton>(*window, "Auto");
   const auto postClick = [&button] {
@@ -187,7 +153,7 @@ TEST_F(MainWindowTest, ClosingAsks) {
 
 TEST_F(MainWindowTest, HexViewByMouseAndKeys) {
   Write("counting", [] {
-    std::vector<std::uint8_t> bytes(1000);
+    Bytes bytes(1000);
     for (std::size_t i = 0; i < bytes.size(); ++i) bytes[i] = static_cast<std::uint8_t>(i);
     return bytes;
   }());
@@ -216,6 +182,29 @@ TEST_F(MainWindowTest, HexViewByMouseAndKeys) {
   QTest::mouseMove(hex.viewport(), QPoint(9 * cell + 40 * cell, 1));
   EXPECT_TRUE(view.HasSelection());
   QTest::mouseRelease(hex.viewport(), Qt::LeftButton, {}, QPoint(9 * cell + 40 * cell, 1));
+}
+
+// Check new version from the menu: the main window stays, or goes without another question.
+class VersionCheckWindow : public UiBench, public UpdateAgent {
+  std::int32_t CallUpdateAgent(const char*) override {
+    EXPECT_FALSE(window->isEnabled());
+    return 0;
+  }
+};
+
+TEST_F(VersionCheckWindow, OnlyYesEndsTheProgram) {
+  Open();
+  TheMachine().update = this;
+  Find(*window, "Buffer").setFocus();
+  QWidget* focused = window->focusWidget();
+  ASSERT_NE(focused, nullptr);
+  EXPECT_TRUE(Choose("Check new version"));
+  EXPECT_TRUE(window->isEnabled() && window->isVisible());
+  EXPECT_EQ(window->focusWidget(), focused);
+  answers = {QMessageBox::Yes};
+  EXPECT_TRUE(Choose("Check new version"));
+  EXPECT_FALSE(window->isVisible());
+  EXPECT_EQ(seen, Texts(2, "Do you want to exit old version of PyxisLoad ?"));
 }
 
 }  // namespace

@@ -3,15 +3,15 @@
 #include <QAbstractButton>
 #include <QAction>
 #include <QApplication>
+#include <QLineEdit>
+#include <QListWidget>
 #include <QMenu>
 #include <QMenuBar>
 #include <QTest>
 #include <stdexcept>
 
 #include "link/identification.h"
-#include "platform/machine.h"
-#include "shell/app_state.h"
-#include "shell/main_controls.h"
+#include "operations/tasks.h"
 #include "ui/qt_text.h"
 
 namespace pyxis::test {
@@ -33,6 +33,17 @@ QWidget& FindControl(QWidget& within, const QString& name) {
   throw std::runtime_error("no control " + name.toStdString());
 }
 
+QPalette DarkPalette() {
+  QPalette palette(QColor(60, 60, 60), QColor(45, 45, 48));
+  for (const auto role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText}) {
+    palette.setColor(role, QColor(230, 230, 230));
+    palette.setColor(QPalette::Disabled, role, QColor(130, 130, 130));
+  }
+  palette.setColor(QPalette::Base, QColor(30, 30, 32));
+  palette.setColor(QPalette::AlternateBase, QColor(30, 30, 32));
+  return palette;
+}
+
 UiBench::UiBench(Transport transport, int model)
     : StandinBench(transport, model), before_(std::filesystem::current_path()) {
   std::filesystem::current_path(folder);
@@ -45,6 +56,31 @@ UiBench::~UiBench() {
   window.reset();
   TheMachine().op = &op;
   std::filesystem::current_path(before_);
+}
+
+void UiBench::HoldJob(const std::string& label, bool burn) {
+  TheMachine().op = &op;
+  LoadSample(label);
+  if (burn) OnAuto();
+  TheMachine().op = &qtOp;
+}
+
+void UiBench::ScriptIc(const QString& series, const QString& type, const QString& box) {
+  script.push_back([=](QWidget& dialog) {
+    const auto lists = dialog.findChildren<QListWidget*>();
+    lists[0]->setCurrentItem(lists[0]->findItems(series, Qt::MatchExactly).value(0));
+    lists[1]->setCurrentItem(lists[1]->findItems(type, Qt::MatchExactly).value(0));
+    if (!box.isEmpty()) QTest::keyClick(&FindControl(dialog, box), Qt::Key_Space);
+    QTest::keyClick(&dialog, Qt::Key_Return);
+  });
+}
+
+void UiBench::ScriptFile(const std::string& path) {
+  script.push_back([path](QWidget& dialog) {
+    auto* edit = dialog.findChild<QLineEdit*>(QStringLiteral("fileNameEdit"));
+    edit->setText(QString::fromStdString(path));
+    QTest::keyClick(edit, Qt::Key_Return);
+  });
 }
 
 void UiBench::Open() {

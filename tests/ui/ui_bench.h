@@ -19,6 +19,8 @@ class UiBench : public StandinBench {
   explicit UiBench(Transport transport = Transport::Usb, int model = 1);
   ~UiBench() override;
 
+  // A job in the writer before the program starts, by the scripted operator; with a burnt chip where it is wanted.
+  void HoldJob(const std::string& label, bool burn = false);
   // Starts the window, as at program start, in the bench's folder.
   void Open();
   // A menu entry as an operator chooses it: its menu opens first. False when it is disabled.
@@ -26,11 +28,15 @@ class UiBench : public StandinBench {
   // A button by its caption without the mnemonic.
   void Press(QWidget& within, const QString& caption);
 
+  // Next steps of the script: a row of IC Type Select, with this box ticked; a file in the file dialog.
+  void ScriptIc(const QString& series, const QString& type, const QString& box = {});
+  void ScriptFile(const std::string& path);
+
   std::unique_ptr<ui::MainWindow> window;
   ui::QtOperator qtOp;
   std::deque<std::function<void(QWidget&)>> script;
   std::deque<QMessageBox::StandardButton> answers;  // to Yes/No boxes; No when empty
-  std::vector<std::string> seen;                    // texts of the message boxes
+  Texts seen;                    // texts of the message boxes
 
  private:
   void PlaySoon();
@@ -39,6 +45,9 @@ class UiBench : public StandinBench {
   QWidget* handled_ = nullptr;
   std::filesystem::path before_;
 };
+
+// A dark theme.
+QPalette DarkPalette();
 
 // A child by its accessible name, or a button by its caption without the mnemonic. Throws, and so fails the test, when
 // there is none, or none of that class.

@@ -1,6 +1,5 @@
 #include "ui/windows.h"
 
-#include <QApplication>
 #include <QTest>
 
 #include "catalogue/ic_select.h"
@@ -9,13 +8,10 @@
 #include "options/option_select.h"
 #include "options/smart_option_dlg.h"
 #include "options/tin_file.h"
-#include "platform/machine.h"
 #include "pyxisfolder/folder.h"
 #include "serial/sn_record.h"
 #include "serial/sn_run.h"
 #include "serial/sn_set.h"
-#include "shell/app_state.h"
-#include "shell/main_controls.h"
 #include "ui/about_window.h"
 #include "ui/chip_info_window.h"
 #include "ui/download_info_window.h"

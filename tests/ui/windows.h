@@ -3,7 +3,6 @@
 
 #include <QWidget>
 #include <functional>
-#include <string>
 
 #include "ui/ui_bench.h"
 

@@ -1,9 +1,8 @@
-// A stand-in of the update library: it gives the answer that it was told, and keeps what it was called with.
+// A stand-in of the update library: it gives one answer, and keeps what it was called with.
 #include <cstdint>
 #include <string>
 
 namespace {
-std::int32_t theAnswer = 0;
 std::string theRequest;
 void* theWindow = nullptr;
 void* theInstance = nullptr;
@@ -15,12 +14,13 @@ std::int32_t CallUpdateAgent(const char* request, void* window, void* instance) 
   theRequest = request;
   theWindow = window;
   theInstance = instance;
-  return theAnswer;
+  return -7;
 }
 
-// For the test alone.
-void SetAnswer(std::int32_t answer) { theAnswer = answer; }
-const char* LastRequest() { return theRequest.c_str(); }
-void* LastWindow() { return theWindow; }
-void* LastInstance() { return theInstance; }
+// For the test alone: the request.
+const char* LastCall(void** window, void** instance) {
+  *window = theWindow;
+  *instance = theInstance;
+  return theRequest.c_str();
+}
 }

@@ -1,16 +1,11 @@
+// Animated cursors: one that is read pixel for pixel, and the ways in which a file can be broken.
 #include "view/ani_file.h"
 
-#include <gtest/gtest.h>
-
-#include <string>
-
 #include "platform/byte_order.h"
-#include "pyxisfolder/drawing/cursors.h"
+#include "support/bench.h"
 
 namespace pyxis::test {
 namespace {
-
-using Bytes = std::vector<std::uint8_t>;
 
 Bytes operator+(Bytes a, const Bytes& b) {
   a.insert(a.end(), b.begin(), b.end());
@@ -28,100 +23,48 @@ Bytes Chunk(const std::string& name, const Bytes& data) {
          Bytes(data.size() % 2);
 }
 
-// A 3 x 2 picture with the hot spot 2, 1. `body` is colours, pixels and mask.
-Bytes Cursor(std::uint8_t bits, const Bytes& body, std::uint8_t type = 2, std::uint8_t colors = 0) {
-  const Bytes bitmap = Le32(40) + Le32(3) + Le32(4) + Bytes{1, 0, bits, 0} + Le32(0) + Le32(0) + Le32(0) + Le32(0) +
-                       Le32(colors) + Le32(0) + body;
-  return Bytes{0, 0, type, 0, 1, 0, 3, 2, 0, 0, 2, 0, 1, 0} + Le32(static_cast<std::uint32_t>(bitmap.size())) +
-         Le32(22) + bitmap;
+// A 3 x 2 picture with the hot spot 2, 1 and five colours, lower line first.
+Bytes Cursor() {
+  const Bytes colors = Le32(0) + Le32(0xFF0000) + Le32(0xFF00) + Le32(0xFF) + Le32(0xFFFFFF);
+  const Bytes pixels{3, 4, 0, 0, 1, 0, 2, 0}, mask{0x20, 0, 0, 0, 0x40, 0, 0, 0};
+  const Bytes bitmap =
+      Le32(40) + Le32(3) + Le32(4) + Bytes{1, 0, 8, 0} + Bytes(16) + Le32(5) + Le32(0) + colors + pixels + mask;
+  return Bytes{0, 0, 2, 0, 1, 0, 3, 2, 0, 0, 2, 0, 1, 0} + Le32(static_cast<std::uint32_t>(bitmap.size())) + Le32(22) +
+         bitmap;
 }
 
-// Lower line first. Upper pixels: red, see-through, green; lower: blue, white, see-through.
-const Bytes kMask{0x20, 0, 0, 0, 0x40, 0, 0, 0};
-const Bytes kColors{0, 0, 0,   0, 0, 0, 255, 0,   0,   255,
-                    0, 0, 255, 0, 0, 0, 255, 255, 255, 0};  // black red green blue white
-const std::vector<std::uint32_t> kPixels{0xFFFF0000, 0, 0xFF00FF00, 0xFF0000FF, 0xFFFFFFFF, 0};
+Bytes With(Bytes file, std::size_t at, const Bytes& bytes) {
+  std::copy(bytes.begin(), bytes.end(), file.begin() + static_cast<std::ptrdiff_t>(at));
+  return file;
+}
 
-Bytes Cursor8() { return Cursor(8, kColors + Bytes{3, 4, 0, 0, 1, 0, 2, 0} + kMask, 2, 5); }
-
-TEST(CursorPicture, ReadsEveryDepth) {
-  struct Case {
-    const char* what;
-    Bytes file;
-    std::vector<std::uint32_t> pixels;
-  };
-  const std::uint32_t k = 0xFF000000, w = 0xFFFFFFFF;
-  for (const Case& c : {
-           Case{"1 bit",
-                Cursor(1, Bytes{0, 0, 0, 0, 255, 255, 255, 0, 0x40, 0, 0, 0, 0x80, 0, 0, 0} + kMask),
-                {w, 0, k, k, w, 0}},
-           Case{"4 bits", Cursor(4, kColors + Bytes{0x34, 0, 0, 0, 0x10, 0x20, 0, 0} + kMask, 2, 5), kPixels},
-           Case{"8 bits", Cursor8(), kPixels},
-           Case{"a colour that isn't there is black",
-                Cursor(8, kColors + Bytes{3, 4, 0, 0, 99, 0, 2, 0} + kMask, 2, 5),
-                {k, 0, kPixels[2], kPixels[3], w, 0}},
-           Case{"24 bits",
-                Cursor(24, Bytes{255, 0, 0, 255, 255, 255, 0, 0, 0, 0, 0, 0, 0, 0, 255, 0, 0, 0, 0, 255, 0, 0, 0, 0} +
-                               kMask),
-                kPixels},
-           Case{"inverting pixels are black",
-                Cursor(24, Bytes{255, 0, 0, 255, 255, 255, 9, 9, 9, 0, 0, 0, 0, 0, 255, 0, 0, 0, 0, 255, 0, 0, 0, 0} +
-                               kMask),
-                {kPixels[0], 0, kPixels[2], kPixels[3], w, k}},
-           Case{"32 bits with alpha, the mask not looked at",
-                Cursor(32,
-                       Le32(0xFF0000FF) + Le32(0x80FFFFFF) + Le32(0) + Le32(0xFFFF0000) + Le32(0) + Le32(0xFF00FF00)),
-                {kPixels[0], 0, kPixels[2], kPixels[3], 0x80FFFFFF, 0}},
-           Case{"32 bits without alpha",
-                Cursor(32, Le32(0xFF) + Le32(0xFFFFFF) + Le32(0) + Le32(0xFF0000) + Le32(0) + Le32(0xFF00) + kMask),
-                kPixels},
-       }) {
-    SCOPED_TRACE(c.what);
-    const auto picture = ReadCursorPicture(c.file);
-    ASSERT_TRUE(picture);
-    EXPECT_EQ(picture->width, 3);
-    EXPECT_EQ(picture->height, 2);
-    EXPECT_EQ(picture->hotX, 2);
-    EXPECT_EQ(picture->hotY, 1);
-    EXPECT_EQ(picture->argb, c.pixels);
-  }
-  Bytes icon = Cursor8();
-  icon[2] = 1;
-  EXPECT_EQ(ReadCursorPicture(icon)->hotX, 1);  // the middle
-  Bytes outside = Cursor8();
-  outside[10] = 200;
-  EXPECT_EQ(ReadCursorPicture(outside)->hotX, 2);
+TEST(CursorPicture, ReadsPixelsAndHotSpot) {
+  const auto picture = ReadCursorPicture(Cursor());
+  ASSERT_TRUE(picture);
+  EXPECT_EQ((std::vector{picture->width, picture->height, picture->hotX, picture->hotY}), (std::vector{3, 2, 2, 1}));
+  EXPECT_EQ(picture->argb, (std::vector<std::uint32_t>{0xFFFF0000, 0, 0xFF00FF00, 0xFF0000FF, 0xFFFFFFFF, 0}));
+  EXPECT_EQ(ReadCursorPicture(With(Cursor(), 86, {99}))->argb[0], 0xFF000000U);  // a colour that isn't there
+  EXPECT_EQ(ReadCursorPicture(With(Cursor(), 10, {200}))->hotX, 2);              // outside
 }
 
 TEST(CursorPicture, RefusesWhatItCantRead) {
-  struct Case {
-    const char* what;
-    std::size_t at;
-    Bytes bytes;
-  };
-  for (const Case& c :
-       {Case{"another type", 2, {3}}, Case{"no picture", 4, {0}}, Case{"size", 14, Le32(0x7FFFFFFF)},
-        Case{"offset", 18, Le32(0xFFFFFFF0)}, Case{"PNG", 22, {0x89, 'P', 'N', 'G'}}, Case{"old header", 22, Le32(12)},
-        Case{"no width", 26, Le32(0)}, Case{"wide", 26, Le32(257)}, Case{"negative width", 26, Le32(0xFFFFFFFD)},
-        Case{"no height", 30, Le32(1)}, Case{"tall", 30, Le32(514)}, Case{"top down", 30, Le32(0xFFFFFFFC)},
-        Case{"2 bits", 36, {2}}, Case{"16 bits", 36, {16}}, Case{"compressed", 38, Le32(1)},
-        Case{"colours", 54, Le32(257)}, Case{"all colours", 54, Le32(0xFFFFFFFF)}}) {
-    Bytes file = Cursor8();
-    std::copy(c.bytes.begin(), c.bytes.end(), file.begin() + static_cast<std::ptrdiff_t>(c.at));
-    EXPECT_FALSE(ReadCursorPicture(file)) << c.what;
-  }
-  const Bytes whole = Cursor8();
+  // clang-format off
+  for (const auto& [what, at, bytes] : Table<const char*, std::size_t, Bytes>{
+           {"another type", 2, {3}}, {"no picture", 4, {0}}, {"size", 14, Le32(0x7FFFFFFF)},
+           {"offset", 18, Le32(0xFFFFFFF0)}, {"PNG", 22, {0x89, 'P', 'N', 'G'}}, {"old header", 22, Le32(12)},
+           {"no width", 26, Le32(0)}, {"wide", 26, Le32(257)}, {"negative width", 26, Le32(0xFFFFFFFD)},
+           {"no height", 30, Le32(1)}, {"tall", 30, Le32(514)}, {"top down", 30, Le32(0xFFFFFFFC)},
+           {"2 bits", 36, {2}}, {"16 bits", 36, {16}}, {"compressed", 38, Le32(1)}, {"colours", 54, Le32(257)},
+           {"all colours", 54, Le32(0xFFFFFFFF)}})
+    // clang-format on
+    EXPECT_FALSE(ReadCursorPicture(With(Cursor(), at, bytes))) << what;
+  const Bytes whole = Cursor();
   for (std::size_t length = 0; length < whole.size(); ++length)
     EXPECT_FALSE(ReadCursorPicture(std::span(whole).first(length))) << length;
 }
 
 Bytes Header(std::uint32_t frames, std::uint32_t steps, std::uint32_t flags) {
   return Chunk("anih", Le32(36) + Le32(frames) + Le32(steps) + Bytes(16) + Le32(7) + Le32(flags));
-}
-Bytes Frames(const std::vector<Bytes>& frames) {
-  Bytes list{'f', 'r', 'a', 'm'};
-  for (const Bytes& frame : frames) list = list + Chunk("icon", frame);
-  return Chunk("LIST", list);
 }
 Bytes Ani(const Bytes& chunks) { return Chunk("RIFF", Bytes{'A', 'C', 'O', 'N'} + chunks); }
 
@@ -134,58 +77,32 @@ std::string StepsOf(const Bytes& file) {
 }
 
 TEST(AniFile, StepsComeFromRateAndSequence) {
-  const Bytes two = Frames({Cursor8(), Cursor8()});
-  const Bytes rates = Chunk("rate", Le32(1) + Le32(0) + Le32(99999));
+  const Bytes icon = Chunk("icon", Cursor()), fram{'f', 'r', 'a', 'm'}, one = Chunk("LIST", fram + icon);
+  const Bytes two = Chunk("LIST", fram + icon + icon), bad = Chunk("LIST", fram + icon + Chunk("icon", {1, 2, 3}));
+  const Bytes rates = Chunk("rate", Le32(1) + Le32(0) + Le32(99999)), rate = Chunk("rate", Le32(1));
   const Bytes order = Chunk("seq ", Le32(0) + Le32(1) + Le32(0));
-  struct Case {
-    const char* what;
-    Bytes file;
-    const char* steps;
-  };
-  for (const Case& c : {
-           Case{"neither", Ani(Header(2, 2, 1) + two), "0:7 1:7 "},
-           Case{"rates", Ani(Header(2, 2, 1) + rates + two), "0:1 1:1 "},
-           Case{"both, and an odd stranger", Ani(Chunk("INAM", {1}) + Header(2, 3, 3) + rates + order + two),
-                "0:1 1:1 0:3600 "},
-           Case{"sequence behind the frames", Ani(Header(2, 3, 3) + two + order), "0:7 1:7 0:7 "},
-           Case{"sequence too short", Ani(Header(2, 4, 3) + order + two), "nothing"},
-           Case{"rates too short", Ani(Header(2, 2, 1) + Chunk("rate", Le32(1)) + two), "nothing"},
-           Case{"sequence names a frame that isn't there", Ani(Header(1, 3, 3) + order + Frames({Cursor8()})),
-                "nothing"},
-           Case{"a sequence of no steps", Ani(Header(2, 0, 3) + order + two), "nothing"},
-           Case{"a frame is missing", Ani(Header(3, 3, 1) + two), "nothing"},
-           Case{"no frames", Ani(Header(0, 0, 1) + Frames({})), "nothing"},
-           Case{"bare bitmaps", Ani(Header(2, 2, 0) + two), "nothing"},
-           Case{"no header", Ani(two), "nothing"},
-           Case{"short header", Ani(Chunk("anih", Bytes(35, 1)) + two), "nothing"},
-           Case{"a bad frame", Ani(Header(2, 2, 1) + Frames({Cursor8(), {1, 2, 3}})), "nothing"},
-           Case{"steps without end", Ani(Header(2, 0xFFFFFFFF, 3) + order + two), "nothing"},
-           Case{"another form", Chunk("RIFF", Bytes{'W', 'A', 'V', 'E'} + Header(2, 2, 1) + two), "nothing"},
-       })
-    EXPECT_EQ(StepsOf(c.file), c.steps) << c.what;
+  // clang-format off
+  for (const auto& [what, file, steps] : Table<const char*, Bytes, const char*>{
+           {"neither", Ani(Header(2, 2, 1) + two), "0:7 1:7 "},
+           {"both, and a stranger", Ani(Chunk("INAM", {1}) + Header(2, 3, 3) + rates + order + two), "0:1 1:1 0:3600 "},
+           {"sequence behind the frames", Ani(Header(2, 3, 3) + two + order), "0:7 1:7 0:7 "},
+           {"sequence too short", Ani(Header(2, 4, 3) + order + two), "nothing"},
+           {"rates too short", Ani(Header(2, 2, 1) + rate + two), "nothing"},
+           {"a frame that isn't there", Ani(Header(1, 3, 3) + order + one), "nothing"},
+           {"no steps", Ani(Header(2, 0, 3) + order + two), "nothing"},
+           {"a frame is missing", Ani(Header(3, 3, 1) + two), "nothing"},
+           {"no frames", Ani(Header(0, 0, 1) + Chunk("LIST", fram)), "nothing"},
+           {"bare bitmaps", Ani(Header(2, 2, 0) + two), "nothing"},
+           {"no header", Ani(two), "nothing"},
+           {"short header", Ani(Chunk("anih", Bytes(35, 1)) + two), "nothing"},
+           {"a bad frame", Ani(Header(2, 2, 1) + bad), "nothing"},
+           {"steps without end", Ani(Header(2, 0xFFFFFFFF, 3) + order + two), "nothing"},
+           {"another form", Chunk("RIFF", Bytes{'W', 'A', 'V', 'E'} + Header(2, 2, 1) + two), "nothing"}})
+    // clang-format on
+    EXPECT_EQ(StepsOf(file), steps) << what;
   const Bytes whole = Ani(Header(2, 3, 3) + order + two);
   for (std::size_t length = 0; length < whole.size(); ++length)
     EXPECT_FALSE(ReadAni(std::span(whole).first(length))) << length;
-}
-
-TEST(AniFile, TheProgramFoldersCursorsMove) {
-  for (const folder::Animation& drawn : {folder::DrawMetronome(), folder::DrawDinosaur()}) {
-    const auto cursor = ReadAni(folder::MakeAni(drawn));
-    ASSERT_TRUE(cursor);
-    ASSERT_EQ(cursor->frames.size(), drawn.frames.size());
-    for (std::size_t i = 0; i < drawn.frames.size(); ++i) {
-      const folder::Canvas& picture = drawn.frames[i].picture;
-      const CursorPicture& frame = cursor->frames[i];
-      ASSERT_EQ(frame.argb.size(), 32U * 32U);
-      for (int y = 0; y < 32; ++y)
-        for (int x = 0; x < 32; ++x) {
-          const folder::Color c = picture.At(x, y);
-          EXPECT_EQ(frame.argb[static_cast<std::size_t>(y * 32 + x)],
-                    (std::uint32_t{c.a} << 24) | (std::uint32_t{c.r} << 16) | (std::uint32_t{c.g} << 8) | c.b);
-        }
-      EXPECT_NE(frame.argb, cursor->frames[(i + 1) % drawn.frames.size()].argb);
-    }
-  }
 }
 
 }  // namespace

@@ -9,8 +9,6 @@
 namespace pyxis::test {
 namespace {
 
-using Bytes = std::vector<std::uint8_t>;
-
 constexpr int kWidth = 8, kHeight = 16;  // of a character
 constexpr char kProfile[] = "Application state\\Dockbar\\-SCBar-0/m_lpr";
 
@@ -37,6 +35,7 @@ class HexView : public Bench {
     FormatHexLine(view, number, line);
     return line;
   }
+  std::pair<int, int> Selected() const { return {view.SelStart, view.SelEnd}; }
   CMiniHexEditView& view = TheHexView();
 };
 
@@ -45,9 +44,7 @@ TEST_F(HexView, LinesAsText) {
   Open(0);
   ShowFile(Path("five"));
   ASSERT_TRUE(view.PreparePaint());
-  EXPECT_EQ(HexLineCount(view), 1);
-  EXPECT_EQ(Line(0).address, "00000000");
-  EXPECT_EQ(Line(0).hex, "41 7E 7F 1F FF ");
+  EXPECT_EQ(All(HexLineCount(view), Line(0).address, Line(0).hex), All(1, "00000000", "41 7E 7F 1F FF "));
   EXPECT_EQ(Line(0).ascii, "A~...");
   EXPECT_TRUE(view.LastLinePartial);
 
@@ -55,29 +52,25 @@ TEST_F(HexView, LinesAsText) {
   EXPECT_EQ(view.DataLength(), 5);
   ShowFile("");
   EXPECT_FALSE(view.PreparePaint());
-  EXPECT_EQ(HexLineCount(view), 0);
-  EXPECT_EQ(view.DataLength(), 5);
+  EXPECT_EQ(All(HexLineCount(view), view.DataLength()), All(0, 5));
 
   view.SetOptions(true, true, false, false, 2);
   Open(0x12345);
   view.GoTo(0x1FFF);
   EXPECT_EQ(Line(0).address, "1FFF");
   EXPECT_EQ(Line(1).address, "2015");  // (73 - 5) / 3 bytes a line
-  EXPECT_EQ(Line(0).hex.substr(0, 6), "FF 00 ");
-  EXPECT_EQ(Line(0).ascii, "");
+  EXPECT_EQ(All(Line(0).hex.substr(0, 6), Line(0).ascii), All("FF 00 ", ""));
 }
 
 TEST_F(HexView, WidthGivesTheLineLengthAndTheProfileKeepsIt) {
-  struct Case {
-    int width;
-    std::uint32_t lineBytes;
-  };
   view.Measure(kWidth, kHeight);
-  for (const Case& c : {Case{(9 + 64) * kWidth, 16}, Case{(9 + 64) * kWidth - 1, 15}, Case{(9 + 67) * kWidth, 16},
-                        Case{20, 1}, Case{0, 1}}) {
-    view.OnSize(c.width, 160, true);
-    EXPECT_EQ(view.m_lpr, c.lineBytes) << c.width;
-    EXPECT_EQ(profile.values[kProfile], static_cast<int>(c.lineBytes));
+  // clang-format off
+  for (const auto& [width, lineBytes] : Table<int, std::uint32_t>{
+           {(9 + 64) * kWidth, 16}, {(9 + 64) * kWidth - 1, 15}, {(9 + 67) * kWidth, 16}, {20, 1}, {0, 1}}) {
+    // clang-format on
+    view.OnSize(width, 160, true);
+    EXPECT_EQ(view.m_lpr, lineBytes) << width;
+    EXPECT_EQ(profile.values[kProfile], static_cast<int>(lineBytes));
   }
   view.OnSize(1000, 160, false);
   EXPECT_EQ(view.m_lpr, 1U);
@@ -93,24 +86,19 @@ TEST_F(HexView, WidthGivesTheLineLengthAndTheProfileKeepsIt) {
 
 TEST_F(HexView, Scrolling) {
   Open(0x200);
-  struct Step {
-    HexScroll code;
-    int position, top, current;
-  };
   // The last page begins at 0x160.
-  for (const Step& s : {Step{HexScroll::LineUp, 0, 0, 0}, Step{HexScroll::LineDown, 0, 0x10, 0x10},
-                        Step{HexScroll::PageDown, 0, 0xB0, 0xB0}, Step{HexScroll::PageDown, 0, 0x150, 0x150},
-                        Step{HexScroll::PageDown, 0, 0x160, 0x160}, Step{HexScroll::LineDown, 0, 0x160, 0x160},
-                        Step{HexScroll::PageUp, 0, 0xC0, 0xC0}, Step{HexScroll::ThumbTrack, 3, 0x30, 0x30},
-                        Step{HexScroll::PageUp, 0, 0, 0}, Step{HexScroll::ThumbTrack, 999, 0x1F0, 0x1F0}}) {
-    view.Scroll(s.code, s.position);
-    EXPECT_EQ(view.TopOffset, s.top);
-    EXPECT_EQ(view.CurrentOffset, s.current);
+  // clang-format off
+  for (const auto& [code, position, top] : Table<HexScroll, int, int>{
+           {HexScroll::LineUp, 0, 0}, {HexScroll::LineDown, 0, 0x10}, {HexScroll::PageDown, 0, 0xB0},
+           {HexScroll::PageDown, 0, 0x150}, {HexScroll::PageDown, 0, 0x160}, {HexScroll::LineDown, 0, 0x160},
+           {HexScroll::PageUp, 0, 0xC0}, {HexScroll::ThumbTrack, 3, 0x30}, {HexScroll::PageUp, 0, 0},
+           {HexScroll::ThumbTrack, 999, 0x1F0}}) {
+    // clang-format on
+    view.Scroll(code, position);
+    EXPECT_EQ(All(view.TopOffset, view.CurrentOffset), All(top, top));
   }
   const HexScrollBar bar = view.ScrollBar();
-  EXPECT_EQ(bar.range, 0x20);
-  EXPECT_EQ(bar.page, 10);
-  EXPECT_EQ(bar.position, 0x1F);
+  EXPECT_EQ((std::vector{bar.range, bar.page, bar.position}), (std::vector{0x20, 10, 0x1F}));
   EXPECT_TRUE(bar.enabled);
   Open(0xA0);
   EXPECT_FALSE(view.ScrollBar().enabled);
@@ -130,15 +118,9 @@ TEST_F(HexView, Scrolling) {
 
 TEST_F(HexView, GoTo) {
   Open(0x100);
-  op.gotoAddress = [](CGotoAddressDlg& dialog) {
-    EXPECT_EQ(dialog.text, "00000");
-    dialog.OnChange("12345");
-    return DialogEnd::Ok;
-  };
-  OnGotoAddress(view);
-  EXPECT_EQ(view.TopOffset, 0x60);
-  for (const auto& [text, top] : {std::pair{"0003", 3}, {"zz", 0}, {"fF", 0xFF}}) {
+  for (const auto& [text, top] : {std::pair{"12345", 0x60}, {"0003", 3}, {"zz", 0}, {"fF", 0xFF}}) {
     op.gotoAddress = [&, typed = text](CGotoAddressDlg& dialog) {
+      EXPECT_EQ(dialog.text, "00000");
       dialog.OnChange(typed);
       return DialogEnd::Ok;
     };
@@ -156,31 +138,21 @@ TEST_F(HexView, GoTo) {
 // Cells from 0: 0 to 7 address, 9 to 56 hexadecimal, 57 to 72 ASCII.
 TEST_F(HexView, HitTest) {
   Open(0x100);
-  struct Case {
-    int cell, row, area, offset, nibble, caretCell;
-  };
-  for (const Case& c : {
-           Case{0, 1, kAddressArea, 0x10, 0, 0},
-           Case{7, 2, kAddressArea, 0x20, 0, 0},
-           Case{8, 0, kHexArea, 0, 2, 9},  // the blank behind the address
-           Case{9, 0, kHexArea, 0, 2, 9},
-           Case{10, 0, kHexArea, 0, 1, 10},
-           Case{11, 3, kHexArea, 0x31, 2, 12},  // the blank behind a byte
-           Case{54, 0, kHexArea, 15, 2, 54},
-           Case{55, 0, kHexArea, 15, 1, 55},
-           Case{57, 1, kAsciiArea, 0x10, 0, 57},
-           Case{72, 9, kAsciiArea, 0x9F, 0, 72},
-           Case{56, 1, kAsciiArea, 0x0F, 0, 57},  // the last blank counts to the ASCII column
-           Case{56, 0, kAsciiArea, 0, 0, 57},
-       }) {
+  // Among them the blanks behind the address and behind a byte; the last one of a line counts to the ASCII column.
+  // clang-format off
+  for (const auto& [cell, row, area, offset, nibble, caretCell] : Table<int, int, int, int, int, int>{
+           {0, 1, kAddressArea, 0x10, 0, 0}, {7, 2, kAddressArea, 0x20, 0, 0}, {8, 0, kHexArea, 0, 2, 9},
+           {9, 0, kHexArea, 0, 2, 9}, {10, 0, kHexArea, 0, 1, 10}, {11, 3, kHexArea, 0x31, 2, 12},
+           {54, 0, kHexArea, 15, 2, 54}, {55, 0, kHexArea, 15, 1, 55}, {57, 1, kAsciiArea, 0x10, 0, 57},
+           {72, 9, kAsciiArea, 0x9F, 0, 72}, {56, 1, kAsciiArea, 0x0F, 0, 57}, {56, 0, kAsciiArea, 0, 0, 57}}) {
+    // clang-format on
     view.CurrentArea = -1;
-    Click(c.cell, c.row);
-    EXPECT_EQ(view.CurrentArea, c.area) << c.cell;
-    EXPECT_EQ(view.CurrentOffset, c.offset) << c.cell;
-    EXPECT_EQ(c.area == kHexArea ? view.Nibble : 0, c.nibble) << c.cell;
-    EXPECT_EQ(view.CaretX, c.caretCell * kWidth) << c.cell;
-    EXPECT_EQ(view.CaretY, c.row * kHeight);
-    EXPECT_EQ(view.CaretWidth(), (c.area == kAddressArea ? 8 : 1) * kWidth);
+    Click(cell, row);
+    EXPECT_EQ(view.CurrentArea, area) << cell;
+    EXPECT_EQ(view.CurrentOffset, offset) << cell;
+    EXPECT_EQ(area == kHexArea ? view.Nibble : 0, nibble) << cell;
+    EXPECT_EQ(view.CaretX, caretCell * kWidth) << cell;
+    EXPECT_EQ(All(view.CaretY, view.CaretWidth()), All(row * kHeight, (area == kAddressArea ? 8 : 1) * kWidth));
   }
   Click(9, 0);
   for (const auto& [cell, row] : {std::pair{73, 0}, {9, 11}, {90, 2}}) {
@@ -204,34 +176,27 @@ TEST_F(HexView, HitTest) {
 TEST_F(HexView, CaretByKeys) {
   Open(0x100);
   const auto key = [&](HexKey k, bool control = false) { view.OnKeyDown(k, {false, control}); };
-  struct Step {
-    HexKey key;
-    bool control;
-    int offset, nibble;
-  };
   Click(9, 0);
-  for (const Step& s :
-       {Step{HexKey::Left, false, 0, 2}, Step{HexKey::Right, false, 0, 1}, Step{HexKey::Right, false, 1, 2},
-        Step{HexKey::Left, false, 0, 1}, Step{HexKey::Down, false, 0x10, 1}, Step{HexKey::Up, false, 0, 1},
-        Step{HexKey::Up, false, 0, 2}, Step{HexKey::End, false, 15, 2}, Step{HexKey::Right, false, 15, 1},
-        Step{HexKey::Right, false, 16, 2}, Step{HexKey::Home, false, 16, 2}, Step{HexKey::End, true, 0xFF, 2},
-        Step{HexKey::Down, false, 0xFF, 1}, Step{HexKey::Right, false, 0xFF, 1}, Step{HexKey::Home, false, 0xF0, 2},
-        Step{HexKey::Home, true, 0, 2}}) {
-    key(s.key, s.control);
-    EXPECT_EQ(view.CurrentOffset, s.offset);
-    EXPECT_EQ(view.Nibble, s.nibble);
+  // clang-format off
+  for (const auto& [pressed, control, offset, nibble] : Table<HexKey, bool, int, int>{
+           {HexKey::Left, false, 0, 2}, {HexKey::Right, false, 0, 1}, {HexKey::Right, false, 1, 2},
+           {HexKey::Left, false, 0, 1}, {HexKey::Down, false, 0x10, 1}, {HexKey::Up, false, 0, 1},
+           {HexKey::Up, false, 0, 2}, {HexKey::End, false, 15, 2}, {HexKey::Right, false, 15, 1},
+           {HexKey::Right, false, 16, 2}, {HexKey::Home, false, 16, 2}, {HexKey::End, true, 0xFF, 2},
+           {HexKey::Down, false, 0xFF, 1}, {HexKey::Right, false, 0xFF, 1}, {HexKey::Home, false, 0xF0, 2},
+           {HexKey::Home, true, 0, 2}}) {
+    // clang-format on
+    key(pressed, control);
+    EXPECT_EQ(All(view.CurrentOffset, view.Nibble), All(offset, nibble));
   }
   key(HexKey::End, true);
-  EXPECT_EQ(view.TopOffset, 0x60);
-  EXPECT_EQ(view.CaretY, 9 * kHeight);
+  EXPECT_EQ(All(view.TopOffset, view.CaretY), All(0x60, 9 * kHeight));
   key(HexKey::Home, true);
   for (int i = 0; i < 10; ++i) key(HexKey::Down);
-  EXPECT_EQ(view.TopOffset, 0x10);
-  EXPECT_EQ(view.CurrentOffset, 0xA0);
+  EXPECT_EQ(All(view.TopOffset, view.CurrentOffset), All(0x10, 0xA0));
   EXPECT_TRUE(view.CaretVisible());
   key(HexKey::PageDown);  // the caret stays at its byte, and the view comes a line back to it
-  EXPECT_EQ(view.CurrentOffset, 0xA0);
-  EXPECT_EQ(view.TopOffset, 0x60);
+  EXPECT_EQ(All(view.CurrentOffset, view.TopOffset), All(0xA0, 0x60));
   view.OnMouseWheel(60000);
   EXPECT_FALSE(view.CaretVisible());
   Click(3, 0);
@@ -243,22 +208,17 @@ TEST_F(HexView, Typing) {
   Open(0x20);
   Click(9, 0);
   Type("aBg5");
-  EXPECT_EQ(view.Data[0], 0xAB);
-  EXPECT_EQ(view.Data[1], 0x51);
-  EXPECT_EQ(view.CurrentOffset, 1);
+  EXPECT_EQ(All(view.Data[0], view.Data[1], view.CurrentOffset), All(0xAB, 0x51, 1));
   view.OnKeyDown(HexKey::End, {false, true});
   Type("12");
-  EXPECT_EQ(view.Data[0x1F], 0x12);
-  EXPECT_EQ(view.Nibble, 1);
+  EXPECT_EQ(All(view.Data[0x1F], view.Nibble), All(0x12, 1));
   Type("3");
   EXPECT_EQ(view.Data[0x1F], 0x13);
   Click(57, 0);
   Type("A\t\b");
   view.OnChar(U'\u4E0B', {});
   view.OnChar(3, {false, true});
-  EXPECT_EQ(view.Data[0], 'A');
-  EXPECT_EQ(view.Data[1], 0x51);
-  EXPECT_EQ(view.CurrentOffset, 1);
+  EXPECT_EQ(All(view.Data[0], view.Data[1], view.CurrentOffset), All('A', 0x51, 1));
   Click(2, 0);
   const Bytes before = view.Data;
   Type("FF");
@@ -270,18 +230,14 @@ TEST_F(HexView, Selection) {
   Click(12, 0);
   view.OnDragStart();
   view.OnMouseMove((12 + 3 * 2) * kWidth, 5);  // two bytes on
-  EXPECT_EQ(view.SelStart, 1);
-  EXPECT_EQ(view.SelEnd, 4);
-  EXPECT_EQ(Line(0).selectedFrom, 1);
-  EXPECT_EQ(Line(0).selectedTo, 4);
-  EXPECT_EQ(Line(1).selectedTo, 0);
+  EXPECT_EQ(Selected(), std::pair(1, 4));
+  EXPECT_EQ(All(std::pair(Line(0).selectedFrom, Line(0).selectedTo), Line(1).selectedTo), All(std::pair(1, 4), 0));
   view.OnMouseMove(12 * kWidth, 16 * kHeight);  // below: a line down when there is one
   EXPECT_EQ(view.SelEnd, 4);
   view.OnLButtonUp();
 
   view.OnChar(24, {false, true});
-  EXPECT_EQ(view.DataLength(), 0x3D);
-  EXPECT_EQ(view.Data[1], 4);
+  EXPECT_EQ(All(view.DataLength(), view.Data[1]), All(0x3D, 4));
   EXPECT_FALSE(view.HasSelection());
   view.OnChar(24, {false, true});
   EXPECT_EQ(view.DataLength(), 0x3D);
@@ -289,16 +245,14 @@ TEST_F(HexView, Selection) {
   Click(9, 0);
   view.OnKeyDown(HexKey::Right, {true, false});
   view.OnKeyDown(HexKey::Right, {true, false});
-  EXPECT_EQ(view.SelStart, 0);
-  EXPECT_EQ(view.SelEnd, 2);
+  EXPECT_EQ(Selected(), std::pair(0, 2));
   view.OnKeyDown(HexKey::Down, {true, false});
   EXPECT_EQ(view.SelEnd, 0x12);
   view.OnKeyDown(HexKey::Left, {});
   EXPECT_FALSE(view.HasSelection());
   Click(9, 0);
   Click(9 + 3 * 4, 1, true);
-  EXPECT_EQ(view.SelStart, 0);
-  EXPECT_EQ(view.SelEnd, 0x15);
+  EXPECT_EQ(Selected(), std::pair(0, 0x15));
   Type("1");
   EXPECT_FALSE(view.HasSelection());
 
@@ -318,8 +272,7 @@ TEST_F(HexView, ANewFileKeepsTheCaretInside) {
   Open(0x200);
   view.OnKeyDown(HexKey::End, {false, true});
   view.SetSize(0x100);
-  EXPECT_EQ(view.CurrentOffset, 0);
-  EXPECT_EQ(view.TopOffset, 0);
+  EXPECT_EQ(All(view.CurrentOffset, view.TopOffset), All(0, 0));
   view.CurrentOffset = 0x80;
   view.SetSize(0x81);
   EXPECT_EQ(view.CurrentOffset, 0x80);

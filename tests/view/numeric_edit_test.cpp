@@ -43,46 +43,22 @@ TEST_F(NumericEdit, Keys) {
   const Key backspace = [](CNumericEdit& f) { f.Backspace(); };
   const Key del = [](CNumericEdit& f) { f.DeleteKey(); };
   const Key cut = [](CNumericEdit& f) { f.CutKey(); };
-  struct Case {
-    const char* before;
-    Key key;
-    const char* after;
-  };
-  for (const Case& c : {
-           Case{"|", type("g -.\xE4"), "|"},
-           Case{"|", type("b9F"), "B9F|"},
-           Case{"|", type("0X1f"), "0x1F|"},
-           Case{"1|", type("x"), "1|"},
-           Case{"|", type("x"), "|"},
-           Case{"00|", type("x"), "00|"},
-           Case{"0|12", type("x"), "0x|12"},
-           // Nothing goes in front of a prefix, but a selection that reaches beyond it may be typed over.
-           Case{"|0x1", type("5"), "|0x1"},
-           Case{"0|x1", type("5"), "0|x1"},
-           Case{"[0]x1", type("5"), "[0]x1"},
-           Case{"0x|1", type("5"), "0x5|1"},
-           Case{"[0x]1", type("a"), "A|1"},
-           Case{"0[x1]", type("x"), "0x|"},
-           // The 0 of a prefix stays while its x stands; the x can go.
-           Case{"0|x1", backspace, "0|x1"},
-           Case{"[0]x1", backspace, "[0]x1"},
-           Case{"0x|1", backspace, "0|1"},
-           Case{"[0x]1", backspace, "|1"},
-           Case{"0|1", backspace, "|1"},
-           Case{"|1", backspace, "|1"},
-           Case{"|0x1", del, "|0x1"},
-           Case{"[0]x1", del, "[0]x1"},
-           Case{"0|x1", del, "0|1"},
-           Case{"[0x]1", del, "|1"},
-           Case{"|01", del, "|1"},
-           Case{"1|", del, "1|"},
-           Case{"[0]x1", cut, "[0]x1"},
-           Case{"[0x]1", cut, "|1"},
-           Case{"[0]1", cut, "|1"},
-       }) {
-    Put(field, c.before);
-    c.key(field);
-    EXPECT_EQ(Shown(field), c.after) << c.before;
+  // Nothing goes in front of a prefix, but a selection that reaches beyond it may be typed over. The 0 of a prefix stays
+  // while its x stands; the x can go.
+  // clang-format off
+  for (const auto& [before, key, after] : Table<const char*, Key, const char*>{
+           {"|", type("g -.\xE4"), "|"}, {"|", type("b9F"), "B9F|"}, {"|", type("0X1f"), "0x1F|"},
+           {"1|", type("x"), "1|"}, {"|", type("x"), "|"}, {"00|", type("x"), "00|"}, {"0|12", type("x"), "0x|12"},
+           {"|0x1", type("5"), "|0x1"}, {"0|x1", type("5"), "0|x1"}, {"[0]x1", type("5"), "[0]x1"},
+           {"0x|1", type("5"), "0x5|1"}, {"[0x]1", type("a"), "A|1"}, {"0[x1]", type("x"), "0x|"},
+           {"0|x1", backspace, "0|x1"}, {"[0]x1", backspace, "[0]x1"}, {"0x|1", backspace, "0|1"},
+           {"[0x]1", backspace, "|1"}, {"0|1", backspace, "|1"}, {"|1", backspace, "|1"}, {"|0x1", del, "|0x1"},
+           {"[0]x1", del, "[0]x1"}, {"0|x1", del, "0|1"}, {"[0x]1", del, "|1"}, {"|01", del, "|1"}, {"1|", del, "1|"},
+           {"[0]x1", cut, "[0]x1"}, {"[0x]1", cut, "|1"}, {"[0]1", cut, "|1"}}) {
+    // clang-format on
+    Put(field, before);
+    key(field);
+    EXPECT_EQ(Shown(field), after) << before;
   }
   Put(field, "1|");
   field.maxLength = 2;
@@ -91,27 +67,20 @@ TEST_F(NumericEdit, Keys) {
 }
 
 TEST_F(NumericEdit, Pastes) {
-  struct Case {
-    const char *before, *pasted, *after;
-  };
-  for (const Case& c : {
-           Case{"|", "12aB", "12aB|"},    Case{"|", "0X1f", "0X1f|"},
-           Case{"|", "1G", "|"},          Case{"|", "12\n", "|"},
-           Case{"|", "0x0x1", "|"},       Case{"|", "1x", "|"},
-           Case{"|", "x1", "|"},          Case{"0|", "x1", "0x1|"},
-           Case{"1|", "x1", "1|"},        Case{"0|", "0x1", "0|"},
-           Case{"|12", "0x5", "0x5|12"},  Case{"0|x1", "5", "0|x1"},
-           Case{"[0]x1", "5", "[0]x1"},   Case{"0x|1", "5", "0x5|1"},
-           Case{"0x|1", "0x5", "0x|1"},   Case{"[0x]1", "0x5", "0x5|1"},
-           Case{"[0x1]2", "34", "34|2"},  Case{"0[x1]2", "x7", "0x7|2"},
-           Case{"0[x1]2", "34", "034|2"}, Case{"0[x1]2", "0x7", "0[x1]2"},
-           Case{"[1]0x", "0x", "[1]0x"},  // no field comes to this by keys; it stays as it is
-       }) {
-    Put(field, c.before);
-    clipboard.text = c.pasted;
-    EXPECT_EQ(field.CommandEnabled(Command::Paste), Shown(field) != c.after) << c.before << " " << c.pasted;
+  // No field comes to the last one by keys; it stays as it is.
+  // clang-format off
+  for (const auto& [before, pasted, after] : Table<const char*, const char*, const char*>{
+           {"|", "12aB", "12aB|"}, {"|", "0X1f", "0X1f|"}, {"|", "1G", "|"}, {"|", "12\n", "|"}, {"|", "0x0x1", "|"},
+           {"|", "1x", "|"}, {"|", "x1", "|"}, {"0|", "x1", "0x1|"}, {"1|", "x1", "1|"}, {"0|", "0x1", "0|"},
+           {"|12", "0x5", "0x5|12"}, {"0|x1", "5", "0|x1"}, {"[0]x1", "5", "[0]x1"}, {"0x|1", "5", "0x5|1"},
+           {"0x|1", "0x5", "0x|1"}, {"[0x]1", "0x5", "0x5|1"}, {"[0x1]2", "34", "34|2"}, {"0[x1]2", "x7", "0x7|2"},
+           {"0[x1]2", "34", "034|2"}, {"0[x1]2", "0x7", "0[x1]2"}, {"[1]0x", "0x", "[1]0x"}}) {
+    // clang-format on
+    Put(field, before);
+    clipboard.text = pasted;
+    EXPECT_EQ(field.CommandEnabled(Command::Paste), Shown(field) != after) << before << " " << pasted;
     field.PasteKey();
-    EXPECT_EQ(Shown(field), c.after) << c.before << " " << c.pasted;
+    EXPECT_EQ(Shown(field), after) << before << " " << pasted;
   }
   Put(field, "1|9");
   field.maxLength = 4;
@@ -128,31 +97,30 @@ TEST_F(NumericEdit, Pastes) {
   clipboard.opens = false;
   EXPECT_FALSE(field.CommandEnabled(Command::Paste));
   field.PasteKey();
-  EXPECT_EQ(op.Texts(), std::vector<std::string>{"Cannot open clipboard!"});
+  EXPECT_EQ(op.Heard(), Texts{"Cannot open clipboard!"});
   Put(field, "[12]");
   field.CutKey();
   EXPECT_EQ(Shown(field), "[12]");
 }
 
 TEST_F(NumericEdit, MenuGreying) {
-  struct Case {
-    const char* before;
-    bool cut, copy, paste, selectAll, convert;
-  };
   clipboard.text = "7";
-  for (const Case& c : {Case{"|", false, false, true, false, false}, Case{"0x|", false, false, true, true, false},
-                        Case{"[0]x1", false, true, false, true, true}, Case{"0[x]1", true, true, true, true, true},
-                        Case{"[12]", true, true, true, false, true}}) {
-    Put(field, c.before);
+  // clang-format off
+  for (const auto& [before, cut, copy, paste, selectAll, convert] : Table<const char*, bool, bool, bool, bool, bool>{
+           {"|", false, false, true, false, false}, {"0x|", false, false, true, true, false},
+           {"[0]x1", false, true, false, true, true}, {"0[x]1", true, true, true, true, true},
+           {"[12]", true, true, true, false, true}}) {
+    // clang-format on
+    Put(field, before);
     for (const bool readOnly : {false, true}) {
       field.readOnly = readOnly;
-      EXPECT_EQ(field.CommandEnabled(Command::Cut), c.cut && !readOnly) << c.before;
-      EXPECT_EQ(field.CommandEnabled(Command::Delete), c.cut && !readOnly) << c.before;
-      EXPECT_EQ(field.CommandEnabled(Command::Copy), c.copy) << c.before;
-      EXPECT_EQ(field.CommandEnabled(Command::Paste), c.paste && !readOnly) << c.before;
-      EXPECT_EQ(field.CommandEnabled(Command::SelectAll), c.selectAll) << c.before;
-      EXPECT_EQ(field.CommandEnabled(Command::Convert), c.convert) << c.before;
-      EXPECT_FALSE(field.CommandEnabled(Command::Undo)) << c.before;
+      EXPECT_EQ(field.CommandEnabled(Command::Cut), cut && !readOnly) << before;
+      EXPECT_EQ(field.CommandEnabled(Command::Delete), cut && !readOnly) << before;
+      EXPECT_EQ(field.CommandEnabled(Command::Copy), copy) << before;
+      EXPECT_EQ(field.CommandEnabled(Command::Paste), paste && !readOnly) << before;
+      EXPECT_EQ(field.CommandEnabled(Command::SelectAll), selectAll) << before;
+      EXPECT_EQ(field.CommandEnabled(Command::Convert), convert) << before;
+      EXPECT_FALSE(field.CommandEnabled(Command::Undo)) << before;
     }
   }
 }
@@ -184,22 +152,18 @@ TEST_F(NumericEdit, MenuActions) {
 }
 
 TEST_F(NumericEdit, RadixAndValue) {
-  struct Case {
-    const char* text;
-    bool hex;
-    std::uint32_t value;
-    const char* converted;
-  };
-  for (const Case& c :
-       {Case{"16", false, 16, "0x10"}, Case{"0x10", true, 16, "16"}, Case{"1F", true, 31, "31"},
-        Case{"0X1f", true, 31, "31"}, Case{"0xFFFFFFFF", true, 0xFFFFFFFF, "4294967295"},
-        Case{"4294967295", false, 0xFFFFFFFF, "0xFFFFFFFF"}, Case{"", false, 0, "0x0"}, Case{"0x", true, 0, "0"},
-        Case{"0x1z", true, 0, "0"}, Case{"123456789ABCDEF01", true, 0, "123456789ABCDEF01"}}) {
-    field.SetText(c.text);
-    EXPECT_EQ(field.HexMode, c.hex) << c.text;
-    EXPECT_EQ(field.GetValue(), c.value) << c.text;
+  // clang-format off
+  for (const auto& [text, hex, value, converted] : Table<const char*, bool, std::uint32_t, const char*>{
+           {"16", false, 16, "0x10"}, {"0x10", true, 16, "16"}, {"1F", true, 31, "31"}, {"0X1f", true, 31, "31"},
+           {"0xFFFFFFFF", true, 0xFFFFFFFF, "4294967295"}, {"4294967295", false, 0xFFFFFFFF, "0xFFFFFFFF"},
+           {"", false, 0, "0x0"}, {"0x", true, 0, "0"}, {"0x1z", true, 0, "0"},
+           {"123456789ABCDEF01", true, 0, "123456789ABCDEF01"}}) {
+    // clang-format on
+    field.SetText(text);
+    EXPECT_EQ(field.HexMode, hex) << text;
+    EXPECT_EQ(field.GetValue(), value) << text;
     field.ConvertRadix();
-    EXPECT_EQ(field.Text(), c.converted) << c.text;
+    EXPECT_EQ(field.Text(), converted) << text;
   }
   field.SetValue(0xAB, true);
   EXPECT_EQ(field.Text(), "0xab");
