@@ -122,40 +122,6 @@ TEST_P(Serial, TheDialogThatCannotBeMade) {
   EXPECT_FALSE(SnProgressDlg());
 }
 
-TEST_P(Serial, ARunToItsEnd) {
-  LoadSample("QV8348");
-  PutTemplate("QV8348");
-  TheAppState().SnMode = 1;
-  ASSERT_TRUE(Set(true, {"1", "0", "0E", "3"}));
-  BringSnProgressUpToDate();
-  CSnProgramDlg& dialog = *SnProgressDlg();
-  EXPECT_TRUE(dialog.visible && dialog.snProgramEnabled && !dialog.snSetEnabled);
-  EXPECT_FALSE(TheMainControls()[ControlId::Auto].enabled);
-  // The start serial behind a press that ends with this verdict.
-  const auto press = [&](bool good) {
-    writer.chip = standin::Chip{};
-    if (!good) writer.faults.failTask = 1;
-    dialog.OnSnProgram();
-    return dialog.startText;
-  };
-  EXPECT_EQ(press(true), "0F");
-  EXPECT_EQ(press(false), "0F");
-  dialog.OnResetCount();
-  EXPECT_EQ(dialog.totalText, "0");
-  EXPECT_EQ(press(true), "10");
-  EXPECT_TRUE(op.told.empty());
-  EXPECT_EQ(press(true), "11");
-  EXPECT_EQ(op.Heard(), Texts{"Serial Number Program Complete"});
-  EXPECT_FALSE(dialog.snProgramEnabled);
-  EXPECT_EQ(dialog.okText + dialog.ngText + dialog.totalText, "202");
-
-  dialog.OnClose();
-  EXPECT_EQ(All(TheSnRecord().SnLength, TheSnRecord().SnAmountText), All(16, "0"));
-  EXPECT_FALSE(dialog.visible);
-  EXPECT_EQ(TheAppState().SnMode, 0U);
-  EXPECT_TRUE(TheMainControls()[ControlId::Auto].enabled);
-}
-
 TEST_P(Serial, TheMenuRoadGoesOnOnlyFromAGoodSetUp) {
   PutTemplate("QV8348");
   op.snSet = [](CSnSetDlg& dialog) {

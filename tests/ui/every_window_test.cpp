@@ -135,7 +135,7 @@ TEST_F(EveryWindow, Screenshots) {
   ASSERT_TRUE(QDir().mkpath(out.path()));
   const int percent = qRound(window->devicePixelRatioF() * 100);
   for (const bool dark : {false, true}) {
-    QApplication::setPalette(dark ? DarkPalette() : light);
+    QApplication::setPalette(dark ? QPalette(QColor(60, 60, 60), QColor(45, 45, 48)) : light);
     window->resize(1180, 720);
     QCoreApplication::processEvents();
     ForEach([&](QWidget& shown, const std::string& name) {
