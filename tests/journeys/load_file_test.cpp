@@ -35,16 +35,13 @@ TEST_F(LoadFile, AGoodRunLeavesEverythingInPlace) {
   const AppState& app = TheAppState();
   EXPECT_EQ(app.LoadedFilePath, Path("samples/QV8348.bin"));
   EXPECT_EQ(TheHexView().Data, Contents("samples/QV8348.bin"));
-  EXPECT_EQ(TheMainControls()[ControlId::ChecksumField].text,
-            Printf("%04X", FieldWord(app.WriterInfoBlock, Field::ImageChecksum)));
   EXPECT_EQ(op.cursor, 1);
   EXPECT_EQ(app.ProgressMode, 0);
   EXPECT_TRUE(app.ReadyText.empty());
   EXPECT_FALSE(TheMainControls()[ControlId::BufferArea].enabled);
-  const int loads = writer.FirmwareLoads();
   TheAppState().MassProduction = 1;
   Load("samples/QV8348.hex");
-  EXPECT_EQ(writer.FirmwareLoads(), loads);
+  EXPECT_EQ(writer.FirmwareLoads(), 1);
   EXPECT_TRUE(TheMainControls()[ControlId::Verify].enabled);
 }
 

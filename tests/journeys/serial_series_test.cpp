@@ -76,6 +76,7 @@ class TwentyChips : public SerialSeriesJourney, public ::testing::WithParamInter
         if (failures % 3 == 1) writer.chip.state = ChipState::Worn;
         if (failures % 3 == 2) writer.faults.failTask = 1;  // burnt, but the verdict is failure
         dialog.OnSnProgram();
+        EXPECT_EQ(dialog.startText, Digits(Plus(first, good)));  // a failure takes no number
         ++failures;
       }
       writer.chip = standin::Chip{};

@@ -39,16 +39,6 @@ TEST_F(Tasks, SixEqualReadingsAreAVerdict) {
   }
 }
 
-TEST_F(Tasks, TheBarFollowsTheReads) {
-  SetProgressRange(0, 50);
-  Script({0, 0, 0, 3, 3, 3, 3, 3, 3});
-  RunTask(16, 4);
-  EXPECT_EQ(TheMainControls().statusBar.position, 2);
-  Script({1, 1, 1, 1, 1, 1});
-  RunTask(16, 28);
-  EXPECT_EQ(TheMainControls().statusBar.position, 50);
-}
-
 TEST_F(Tasks, Guards) {
   auto& block = TheAppState().WriterInfoBlock;
   // clang-format off

@@ -30,10 +30,7 @@ class RecordingWindow : public OptionWindow {
     calls.push_back(Printf("list %d: %zu from %s, %d", list, alternatives.size(),
                            alternatives.empty() ? "" : alternatives[0].c_str(), selection));
   }
-  void SetScroll(OptionScrollBar bar, const OptionScroll& s) override {
-    const char axis = bar == OptionScrollBar::Horizontal ? 'x' : 'y';
-    calls.push_back(Printf("%c %d-%d, %d at %d", axis, s.low, s.high, s.page, s.position));
-  }
+  void SetScroll(OptionScrollBar, const OptionScroll&) override {}  // the program's window has none
   int ScrollPosition(OptionScrollBar bar) override { return bar == OptionScrollBar::Horizontal ? scrollX : scrollY; }
   void DrawLabel(int x, int y, const std::string& text, OptionColor color) override {
     calls.push_back(Printf("%d,%d %s%s", x, y, text.c_str(), color == OptionColor::Blue ? "blue" : "black"));
@@ -78,9 +75,8 @@ TEST_F(SmartOptionDialog, LaysTheRowsOut) {
   EXPECT_EQ(All(rows[1].caption, rows[1].list), All((OptionRect{2, 32, 170, 17}), (OptionRect{174, 28, 192, 127})));
   EXPECT_EQ(rows[2].list, (OptionRect{104, 54, 42, 127}));
   EXPECT_EQ(window.lists, (std::vector<OptionRect>{rows[0].list, rows[1].list, rows[2].list}));
-  // Across: 174 + 192 + 2, and 8, and 100; down: 2 + 3 * 26, and 8, and 100. The last row is past its last alternative.
-  EXPECT_EQ(opening, (Texts{"x 0-476, 101 at 0", "y 0-188, 101 at 0", "list 1: 2 from on, 0",
-                            "list 2: 4 from long alternative, 3", "list 3: 3 from 1, 3"}));
+  // The last row is past its last alternative.
+  EXPECT_EQ(opening, (Texts{"list 1: 2 from on, 0", "list 2: 4 from long alternative, 3", "list 3: 3 from 1, 3"}));
   EXPECT_EQ(window.placement, (OptionRect{0, 0, 368 + 32, 250}));
 
   window.placement = {50, 60, 368, 250};  // what fits isn't moved
@@ -92,8 +88,7 @@ TEST_F(SmartOptionDialog, WithoutAWordTheDefaultsHold) {
   OptionChoices() = {-3, 9, 9};
   Open();
   EXPECT_EQ(window.title, "Smart Option [ System config : FFFFFFFF ]");
-  EXPECT_EQ(Texts(opening.begin() + 2, opening.end()),
-            (Texts{"list 1: 2 from on, 0", "list 2: 4 from long alternative, 1", "list 3: 3 from 1, 7"}));
+  EXPECT_EQ(opening, (Texts{"list 1: 2 from on, 0", "list 2: 4 from long alternative, 1", "list 3: 3 from 1, 7"}));
 }
 
 TEST_F(SmartOptionDialog, PaintsWhatIsInView) {
@@ -109,9 +104,7 @@ TEST_F(SmartOptionDialog, AMissingFileShowsNoRows) {
   Open();
   TheAppState().SelectedChip = "QV8349";
   EXPECT_EQ(Open(), Texts{});
-  EXPECT_TRUE(rows.empty());
-  EXPECT_EQ(opening, (Texts{"x 0-108, 101 at 0", "y 0-110, 101 at 0"}));
-  EXPECT_TRUE(op.told.empty());
+  EXPECT_TRUE(rows.empty() && opening.empty() && op.told.empty());
 }
 
 }  // namespace

@@ -117,9 +117,6 @@ TEST_F(SmartOption, Switches) {
                  "\n   \n.5\nFFFFFFFF 123456789\n;no\nzz\n[x]\n77\n"),
             8);
   EXPECT_EQ(Addresses(), (std::vector<int>{-1, 0x3FC, 0x10, -1, 0, 0x7FFFFFFF, 0, -1}));
-  for (const auto& [row, place, value] :
-       Table<std::size_t, std::size_t, std::uint32_t>{{1, 0, 0x1A}, {1, 1, 0xFF}, {2, 33, 0x34}, {5, 0, 0xFFFFFFFF}})
-    EXPECT_EQ(CurrentRows()[row].SwitchValues[place], value);
 }
 
 TEST_F(SmartOption, HugeFilesAndAMissingTableGiveNoRows) {

@@ -77,12 +77,8 @@ TEST_P(MainDialog, AStrangeIdentityIsNoKnownHardware) {
   EXPECT_EQ(TheAppState().ModelRegister, GetParam() == Transport::Usb ? 0 : kRegisterKm48);
 }
 
-TEST_P(MainDialog, MouseAndMenu) {
+TEST_P(MainDialog, WhatIsNotOffered) {
   Restart();
-  dialog.OnMouseMove(12, 345);
-  EXPECT_EQ(TheMainControls().statusBar.pane0, "X=12 Y=345");
-  SetProgressPosition(1);
-  EXPECT_EQ(TheMainControls().statusBar.pane0, "");
   EXPECT_FALSE(dialog.DropsMousePress());
   TheAppState().TransferBusy = 1;
   EXPECT_TRUE(dialog.DropsMousePress());

@@ -1,6 +1,5 @@
 #include "shell/version_check.h"
 
-#include "platform/files.h"
 #include "platform/main_view.h"
 #include "platform/update_agent.h"
 #include "support/bench.h"
@@ -20,12 +19,10 @@ class VersionCheck : public Bench, public MainView, public UpdateAgent {
   std::int32_t CallUpdateAgent(const char* text) override {
     calls.push_back("call");
     request = text;
-    cursor = op.cursor;
     return answer;
   }
   Texts calls;
   std::string request;
-  CursorHandle cursor = 0;
   std::int32_t answer = 0;
 };
 
@@ -51,18 +48,6 @@ TEST_F(VersionCheck, WhatEachResultMeans) {
                          "&lt;progid&gt;KM48_EN&lt;/progid&gt;\n&lt;verno&gt;1.0.2&lt;/verno&gt;\n"
                          "&lt;buildno&gt;034&lt;/buildno&gt;\n&lt;/oldFileInfo&gt;\n&lt;/root&gt;\n</clientXmlstr>"),
             std::string::npos);
-}
-
-TEST_F(VersionCheck, TheCursorLiesInTheCurrentFolder) {
-  TheAppState().AppDir = "/elsewhere/";
-  for (const bool loads : {true, false}) {
-    op.cursorsLoad = loads;
-    op.cursors.clear();
-    CheckNewVersion();
-    EXPECT_EQ(op.cursors, (Texts{CurrentDirectory() + "/dinosaur.ani"}));
-    EXPECT_EQ(cursor != 1, loads);
-    EXPECT_EQ(op.cursor, 1);
-  }
 }
 
 }  // namespace

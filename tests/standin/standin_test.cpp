@@ -27,14 +27,14 @@ TEST(Standin, LogsBreachesOfTheProtocol) {
   // clang-format off
   for (const auto& [why, named, steps] : Table<const char*, bool, std::vector<Step>>{
            {"unknown opcode", false, {{9, {1}}}}, {"unknown mode", false, {{OP_SET_MODE, {3}}}},
+           {"long mode", false, {{OP_SET_MODE, {7, 7}}}}, {"address without mode 0", false, {{OP_SET_ADDRESS, {1, 2}}}},
            {"vendor address on frames", false, {memory, {OP_SET_ADDRESS, {0, 0, 1, 2}}}},
-           {"address without mode 0", false, {{OP_SET_ADDRESS, {1, 2}}}},
            {"area without selection", false, {testMode, {OP_READ_AREA, {}, 5}}},
            {"area write without a load", false, {testMode, {OP_SELECT_AREA, {4, 23}}, {OP_WRITE_AREA, {1}}}},
            {"memory write without a load", false, {memory, {OP_WRITE_MEMORY, {1}}}},
-           {"unknown task", false, {{OP_START_TASK, {17}}}}, {"no task", false, {{OP_TASK_STATUS, {}, 1}}},
-           {"short identity", false, {{OP_IDENTITY, {}, 25}}}, {"chip data without a read", false, {readChip}},
-           {"chip read started once", true, {readTask, readChip}},
+           {"begin without its task", false, {{OP_CONTROL, {16}}}}, {"unknown task", false, {{OP_START_TASK, {17}}}},
+           {"no task", false, {{OP_TASK_STATUS, {}, 1}}}, {"short identity", false, {{OP_IDENTITY, {}, 25}}},
+           {"chip data without a read", false, {readChip}}, {"chip read started once", true, {readTask, readChip}},
            {"chip read of nobody knows what", false, {readTask, readTask, readChip}},
            {"chip data read twice", true, {readTask, readTask, readChip, readChip}},
            {"self-test out of order", false, {testMode, dac, rvdd}},
@@ -159,9 +159,11 @@ TEST(Standin, WhereASeriesStartsAnew) {
 
 TEST(Standin, SeriesThatAreRefused) {
   // clang-format off
+  // clang-format off
   for (const auto& [why, offset, value] : Table<const char*, std::size_t, std::uint8_t>{
            {"unknown road", 53, 0xF0}, {"no length", 54, 0}, {"17 bytes", 54, 17}, {"behind the data", 56, 3},
            {"end mark", 58, 4}, {"another IC", 0, 'Q'}}) {
+    // clang-format on
     // clang-format on
     WriterModel writer;
     LoadJob(writer, Option(17), {1, 2, 3});

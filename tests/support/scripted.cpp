@@ -39,23 +39,4 @@ CursorHandle ScriptedOperator::SetCursor(CursorHandle handle) {
   return before;
 }
 
-bool TextClipboard::Read(std::optional<std::string>& out) {
-  out = text;
-  return opens;
-}
-
-bool TextClipboard::Write(const std::string& in) {
-  if (opens) text = in;
-  return opens;
-}
-
-int MapProfile::GetProfileInt(const std::string& section, const std::string& name, int defaultValue) {
-  const auto found = values.find(section + "/" + name);
-  return found == values.end() ? defaultValue : found->second;
-}
-
-void MapProfile::WriteProfileInt(const std::string& section, const std::string& name, int value) {
-  values[section + "/" + name] = value;
-}
-
 }  // namespace pyxis::test

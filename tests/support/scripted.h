@@ -75,16 +75,21 @@ class FakeClock : public Clock {
 class MapProfile : public Profile {
  public:
   std::map<std::string, int> values;
-  int GetProfileInt(const std::string& section, const std::string& name, int defaultValue) override;
-  void WriteProfileInt(const std::string& section, const std::string& name, int value) override;
+  int GetProfileInt(const std::string& section, const std::string& name, int defaultValue) override {
+    const auto found = values.find(section + "/" + name);
+    return found == values.end() ? defaultValue : found->second;
+  }
+  void WriteProfileInt(const std::string& section, const std::string& name, int value) override {
+    values[section + "/" + name] = value;
+  }
 };
 
 class TextClipboard : public Clipboard {
  public:
   std::optional<std::string> text;  // nothing: it holds no text
   bool opens = true;
-  bool Read(std::optional<std::string>& out) override;
-  bool Write(const std::string& in) override;
+  bool Read(std::optional<std::string>& out) override { return out = text, opens; }
+  bool Write(const std::string& in) override { return opens && (text = in, true); }
 };
 
 class FixedLanguage : public Language {

@@ -7,6 +7,9 @@
 namespace pyxis::test {
 
 enum class Transport { Usb, Vendor };
+inline void PrintTo(Transport transport, std::ostream* out) {
+  *out << (transport == Transport::Usb ? "Usb" : "Vendor");
+}
 
 class StandinBench : public Bench {
  protected:

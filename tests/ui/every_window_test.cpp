@@ -4,11 +4,81 @@
 #include <QApplication>
 #include <QDir>
 #include <QLabel>
+#include <QTest>
 
-#include "ui/windows.h"
+#include "catalogue/ic_select.h"
+#include "operations/chip_info.h"
+#include "operations/compare_file.h"
+#include "options/option_select.h"
+#include "options/smart_option_dlg.h"
+#include "options/tin_file.h"
+#include "pyxisfolder/folder.h"
+#include "serial/sn_record.h"
+#include "serial/sn_run.h"
+#include "serial/sn_set.h"
+#include "ui/about_window.h"
+#include "ui/chip_info_window.h"
+#include "ui/download_info_window.h"
+#include "ui/goto_address_window.h"
+#include "ui/ic_select_window.h"
+#include "ui/option_select_window.h"
+#include "ui/smart_option_window.h"
+#include "ui/sn_program_window.h"
+#include "ui/sn_set_window.h"
+#include "ui/ui_bench.h"
+#include "view/goto_address.h"
+#include "view/show_file.h"
 
 namespace pyxis::test {
 namespace {
+
+// A writer with a job, and the main window over it.
+class EveryWindow : public UiBench {
+ protected:
+  EveryWindow() {
+    folder::BuildProgramFolder(Path("."));
+    HoldJob("QVL04");
+    Open();
+    ShowFile(Path("samples/QVL04.bin"));
+    QCoreApplication::processEvents();
+  }
+  // Shows each window of the program in turn and hands it over with its name.
+  void ForEach(const std::function<void(QWidget&, const std::string&)>& look) {
+    look(*window, "main");
+    const auto dialog = [&look](QWidget&& widget, const std::string& name) {
+      widget.show();
+      EXPECT_TRUE(QTest::qWaitForWindowExposed(&widget));
+      QCoreApplication::processEvents();
+      look(widget, name);
+    };
+    CIcSelectDlg icSelect;
+    ASSERT_TRUE(icSelect.OnInitDialog());
+    icSelect.OnSeriesChange(7);
+    icSelect.OnTypeChange(4);
+    dialog(ui::IcSelectWindow(icSelect, window.get()), "ic_type_select");
+    COptionSelectDlg optionSelect;
+    optionSelect.OnInitDialog();
+    dialog(ui::OptionSelectWindow(optionSelect, window.get()), "option_select");
+    CGotoAddressDlg gotoAddress;
+    dialog(ui::GotoAddressWindow(gotoAddress, window.get()), "goto_address");
+    ReadTinFile(Path("tin/QV8348.tin"));
+    CSmartOptionDlg smartOption;
+    dialog(ui::SmartOptionWindow(smartOption, window.get()), "smart_option");
+    TheSnRecord().SnStartText = "0123456789ABCDEF0123456789ABCDEF";
+    CSnSetDlg snSet(false, false, false);
+    snSet.OnInitDialog();
+    dialog(ui::SnSetWindow(snSet, window.get()), "serial_number_set");
+    CSnProgramDlg snProgram(false);
+    snProgram.OnInitDialog();
+    dialog(ui::SnProgramWindow(snProgram, window.get()), "serial_number_program");
+    CReadChipInfoDlg chipInfo(true);
+    chipInfo.OnInitDialog();
+    dialog(ui::ChipInfoWindow(chipInfo, window.get()), "read_chip_info");
+    CDownloadInfoDlg downloadInfo("Chip Name : QVL04", "Download File Time :2015/12/31_23:59:59");
+    dialog(ui::DownloadInfoWindow(downloadInfo, window.get()), "compare_file");
+    dialog(ui::AboutWindow(window.get()), "about");
+  }
+};
 
 // A text widget that is narrower or lower than its text.
 bool Clips(const QWidget& widget) {
@@ -65,7 +135,7 @@ TEST_F(EveryWindow, Screenshots) {
   ASSERT_TRUE(QDir().mkpath(out.path()));
   const int percent = qRound(window->devicePixelRatioF() * 100);
   for (const bool dark : {false, true}) {
-    QApplication::setPalette(dark ? DarkPalette() : light);
+    QApplication::setPalette(dark ? QPalette(QColor(60, 60, 60), QColor(45, 45, 48)) : light);
     window->resize(1180, 720);
     QCoreApplication::processEvents();
     ForEach([&](QWidget& shown, const std::string& name) {

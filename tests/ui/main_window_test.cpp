@@ -3,7 +3,6 @@
 
 #include <unistd.h>
 
-#include <QAbstractButton>
 #include <QCheckBox>
 #include <QLineEdit>
 #include <QMenuBar>
@@ -122,18 +121,11 @@ TEST_F(MainWindowTest, OnlyPaintsPassDuringAnOperation) {
 TEST_F(MainWindowTest, AClickMadeDuringAnOperationStartsNothing) {
   HoldJob("QV8348");
   Open();
-  auto& button = Find<QAbstractButton>(*window, "Auto");
-  const auto postClick = [&button] {
-    const QPointF at(5, 5);
-    for (const auto type : {QEvent::MouseButtonPress, QEvent::MouseButtonRelease})
-      QCoreApplication::postEvent(
-          &button, new QMouseEvent(type, at, button.mapToGlobal(at), Qt::LeftButton,
-                                   type == QEvent::MouseButtonPress ? Qt::LeftButton : Qt::NoButton, {}));
-  };
-  window->Gate().Run(postClick);
+  const auto click = [this] { PostClick(Find(*window, "Auto")); };
+  window->Gate().Run(click);
   QCoreApplication::processEvents();
   EXPECT_TRUE(seen.empty());
-  postClick();
+  click();
   QCoreApplication::processEvents();
   EXPECT_EQ(seen, Texts{"Auto OK"});
 }

@@ -122,11 +122,7 @@ class ClickingClock : public FakeClock {
  public:
   QWidget* button = nullptr;
   std::uint32_t TickCount() override {
-    if (QWidget* target = std::exchange(button, nullptr))
-      for (const auto kind : {QEvent::MouseButtonPress, QEvent::MouseButtonRelease})
-        QCoreApplication::postEvent(
-            target, new QMouseEvent(kind, QPointF(5, 5), target->mapToGlobal(QPointF(5, 5)), Qt::LeftButton,
-                                    kind == QEvent::MouseButtonPress ? Qt::LeftButton : Qt::NoButton, Qt::NoModifier));
+    if (QWidget* target = std::exchange(button, nullptr)) PostClick(*target);
     return FakeClock::TickCount();
   }
 };

@@ -33,15 +33,12 @@ QWidget& FindControl(QWidget& within, const QString& name) {
   throw std::runtime_error("no control " + name.toStdString());
 }
 
-QPalette DarkPalette() {
-  QPalette palette(QColor(60, 60, 60), QColor(45, 45, 48));
-  for (const auto role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText}) {
-    palette.setColor(role, QColor(230, 230, 230));
-    palette.setColor(QPalette::Disabled, role, QColor(130, 130, 130));
+void PostClick(QWidget& target) {
+  const QPointF at(5, 5), global = target.mapToGlobal(at);
+  for (const auto kind : {QEvent::MouseButtonPress, QEvent::MouseButtonRelease}) {
+    const auto held = kind == QEvent::MouseButtonPress ? Qt::LeftButton : Qt::NoButton;
+    QCoreApplication::postEvent(&target, new QMouseEvent(kind, at, global, Qt::LeftButton, held, Qt::NoModifier));
   }
-  palette.setColor(QPalette::Base, QColor(30, 30, 32));
-  palette.setColor(QPalette::AlternateBase, QColor(30, 30, 32));
-  return palette;
 }
 
 UiBench::UiBench(Transport transport, int model)

@@ -36,7 +36,7 @@ class UiBench : public StandinBench {
   ui::QtOperator qtOp;
   std::deque<std::function<void(QWidget&)>> script;
   std::deque<QMessageBox::StandardButton> answers;  // to Yes/No boxes; No when empty
-  Texts seen;                    // texts of the message boxes
+  Texts seen;                                       // texts of the message boxes
 
  private:
   void PlaySoon();
@@ -46,8 +46,8 @@ class UiBench : public StandinBench {
   std::filesystem::path before_;
 };
 
-// A dark theme.
-QPalette DarkPalette();
+// A click that waits in the event queue.
+void PostClick(QWidget& target);
 
 // A child by its accessible name, or a button by its caption without the mnemonic. Throws, and so fails the test, when
 // there is none, or none of that class.
