@@ -37,8 +37,7 @@ TEST_F(Hex14, SingleModeFields) {
                {72, 0x86FF},
                {59, 0xFFFF}});
   ExpectBytes({{76, 0xAA}, {207, 152}});
-  EXPECT_EQ(Bytes(option.begin() + 192, option.begin() + 207),
-            (Bytes{0xDF, 0x07, 3, 0, 4, 0, 5, 0, 9, 0, 7, 0, 3, 0, 250}));
+  EXPECT_EQ(Part(option, 192, 15), (Bytes{0xDF, 0x07, 3, 0, 4, 0, 5, 0, 9, 0, 7, 0, 3, 0, 250}));
   ASSERT_EQ(data.size(), 2048U);
   EXPECT_EQ(All(LoadBe16(&data[2 * 99]), LoadBe16(&data[2 * 1022])), All(0x0123, 0x3FFF));
   EXPECT_EQ(All(TheAppState().SystemConfigWord, TheAppState().LoadedFilePath), All(0x3ABC, Path("job.bin")));

@@ -63,7 +63,7 @@ TEST_F(Epm4, PackagesStartAnewBehindTheTemplate) {
   ASSERT_EQ(Convert(0x1392, "a.epm"), 0);
   EXPECT_EQ(TheAppState().ImageUnprotected, 1U);
   ASSERT_EQ(option.size(), 256U);
-  EXPECT_EQ(Bytes(option.begin() + 128, option.begin() + 132), (Bytes{0x0C, 0x6D, 0x00, 0x10}));
+  EXPECT_EQ(Part(option, 128, 4), (Bytes{0x0C, 0x6D, 0x00, 0x10}));
   ExpectBytes({{157, 0x10}, {158, 0}});
   EXPECT_EQ(All(Word(43), data.size()), All(0x0600U, 32768U));
 
@@ -157,8 +157,8 @@ TEST_F(Velmar, OptionBlock) {
   StoreLe16(&image[16384 + 22], 0x00A1);
   request.IspProgram = true;
   ASSERT_EQ(Job("QV8123", 0x3702, image, "a.velmar"), 0);
-  EXPECT_EQ(Bytes(option.begin() + 31, option.begin() + 35), (Bytes{0x03, 0xE0, 0x02, 0x00}));
-  EXPECT_EQ(Bytes(option.begin() + 48, option.begin() + 52), (Bytes{0x04, 0x80, 0xBF, 0x00}));
+  EXPECT_EQ(Part(option, 31, 4), (Bytes{0x03, 0xE0, 0x02, 0x00}));
+  EXPECT_EQ(Part(option, 48, 4), (Bytes{0x04, 0x80, 0xBF, 0x00}));
   ExpectWords(
       {{22, 16384}, {26, 0x200A}, {36, 0x8000U + (((4 * 64) | (0x80 >> 2)) & 0x3F20) + 0x81U}, {39, 4096}, {72, 64}});
   EXPECT_EQ(All(option[76], data.size()), All(2, 16480U));
@@ -169,13 +169,13 @@ TEST_F(Velmar, OptionBlock) {
 TEST_F(Usb, HexIcs) {
   optionValue = 0x61;
   ASSERT_EQ(Job("QVL04", 0x1622, {0x12, 0x34, 0x56}), 0);
-  EXPECT_EQ(All(data.size(), Bytes(data.begin(), data.begin() + 4)), All(32768U, (Bytes{0x12, 0x34, 0x56, 0xFF})));
+  EXPECT_EQ(All(data.size(), Part(data, 0, 4)), All(32768U, (Bytes{0x12, 0x34, 0x56, 0xFF})));
   ExpectWords(
       {{16, Sum({{0x1234}, {0x56FF}, {0xFFFF, 16382}, {0x0061}})}, {22, 3}, {24, 32768}, {36, 0x61AA}, {39, 0}});
   const Bytes otp = Contents("job.otp");
   ASSERT_EQ(otp.size(), 32U + 32768 + 1);
   EXPECT_EQ(std::string(otp.begin(), otp.begin() + 7), "qvl04xx");
-  EXPECT_EQ(All(Bytes(otp.begin() + 15, otp.begin() + 20), otp.back()), All((Bytes{0xFF, 'v', '2', 0x1E, 0x11}), 0x61));
+  EXPECT_EQ(All(Part(otp, 15, 5), otp.back()), All((Bytes{0xFF, 'v', '2', 0x1E, 0x11}), 0x61));
   EXPECT_EQ(TheAppState().SystemConfigWord, -1);
 }
 
@@ -211,8 +211,7 @@ TEST_F(Usb, EepromImages) {
   optionValue = 0x1260;
   ASSERT_EQ(Job("QVL11", 0x1650, {0xB0, 0xB1, 0xB2}, "e.bin"), 0);
   ASSERT_EQ(data.size(), 512U);
-  EXPECT_EQ(Bytes(data.begin(), data.begin() + 10),
-            (Bytes{0x07, 0x82, 0x18, 0xB0, 0x18, 0xB1, 0x18, 0xB2, 0x18, 0x00}));
+  EXPECT_EQ(Part(data, 0, 10), (Bytes{0x07, 0x82, 0x18, 0xB0, 0x18, 0xB1, 0x18, 0xB2, 0x18, 0x00}));
   EXPECT_EQ(option[77], 16);
   ExpectWords({{39, 0x0F00}, {36, 0x1260}});
   EXPECT_LE(TheAppState().ImageChecksum, 0x3FFF);

@@ -68,43 +68,29 @@ Bytes Ramp(std::size_t count) {
 
 Bytes Text(const std::string& text) { return {text.begin(), text.end()}; }
 
-Bytes Join(std::initializer_list<Bytes> parts) {
-  Bytes all;
-  for (const Bytes& part : parts) all.insert(all.end(), part.begin(), part.end());
-  return all;
-}
-
-Bytes Piece(const Bytes& from, std::size_t at, std::size_t count) {
-  return {from.begin() + static_cast<std::ptrdiff_t>(at), from.begin() + static_cast<std::ptrdiff_t>(at + count)};
-}
-
 TEST_F(Compare, TargetsByChip) {
   const std::string velmar = "Kestrel Velmar Files (*.Velmar)|*.Velmar||", obj = "Kestrel Obj Files (*.obj)|*.obj||",
                     otp = "Kestrel Otp Files (*.otp)|*.otp||", epm = "Kestrel Epm Files (*.epm)|*.epm||",
                     hex = "Kestrel Hex Files (*.hex)|*.hex||";
-  const Bytes small = Ramp(40), large = Ramp(16500);
+  const Bytes small = Ramp(40), large = Ramp(16500), left = Text("left by Load File");
   // A hole of four bytes between two records shows the fill.
-  const Bytes records = Text(":01000000AA55\n:01000500BB3F\n:00000001FF\n");
+  const Bytes records = Text(":01000000AA55\n:01000500BB3F\n:00000001FF\n"), words{0xAA, 0x3F, 0xFF, 0x3F, 0xFF, 0xBB};
   // clang-format off
   for (const auto& [chip, filter, file, target] : Table<const char*, std::string, Bytes, Bytes>{
-           {"QVL01", obj, small, Piece(small, 32, 8)},
-           {"QVL03", obj, Ramp(10), {}},
-           {"QV4105", otp, Ramp(8224), Join({Piece(large, 8223, 1), Piece(large, 32, 8192)})},
-           {"QV4103", otp, large, Join({Piece(large, 16414, 2), Piece(large, 32, 13024)})},
-           {"QV4106", otp, Ramp(13000), Join({Bytes{0xFF, 0xFF}, Piece(large, 32, 12968), Bytes(56, 0xFF)})},
-           {"QV4207", epm, small, small},
-           {"QV4101", epm, small, small},
+           {"QVL01", obj, small, Part(small, 32, 8)}, {"QVL03", obj, Ramp(10), {}},
+           {"QV4105", otp, Ramp(8224), Part(large, 8223, 1) + Part(large, 32, 8192)},
+           {"QV4103", otp, large, Part(large, 16414, 2) + Part(large, 32, 13024)},
+           {"QV4106", otp, Ramp(13000), Bytes{0xFF, 0xFF} + Part(large, 32, 12968) + Bytes(56, 0xFF)},
+           {"QV4207", epm, small, small}, {"QV4101", epm, small, small},
            {"QVL13", hex, records, {0xAA, 0xFF, 0xFF, 0xFF, 0xFF, 0xBB}},
            {"QV8201", hex, records, {0xAA, 0, 0, 0, 0, 0xBB}},
-           {"QV8348", hex, records, {0xAA, 0x3F, 0xFF, 0x3F, 0xFF, 0xBB}},
-           {"", hex, records, {0xAA, 0x3F, 0xFF, 0x3F, 0xFF, 0xBB}},
-           {"QV8101", hex, records, {0xAA, 0x3F, 0xFF, 0x3F, 0xFF, 0xBB}},
-           {"QV8401", velmar, records, Text("left by Load File")},
-           {"QV8122", velmar, records, Text("left by Load File")}}) {
+           {"QV8348", hex, records, words},
+           {"", hex, records, words}, {"QV8101", hex, records, words},
+           {"QV8401", velmar, records, left}, {"QV8122", velmar, records, left}}) {
     // clang-format on
     SCOPED_TRACE(chip);
     Write("a.b.dat", file);
-    Write("a.b.bin", Text("left by Load File"));
+    Write("a.b.bin", left);
     SetJob(chip, 1, 2, 2);
     op.files = {Path("a.b.dat")};
     op.filters.clear();

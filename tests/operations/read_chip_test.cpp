@@ -98,8 +98,7 @@ TEST_P(ReadOnWriter, ABurntChipReadsAsItsImage) {
     EXPECT_EQ(op.Heard(), (Texts{"Loading Data Ok", "Auto OK", "Read OK"}));
     const Bytes image = Contents("samples/" + imageFile), data = Contents("readdata.txt");
     ASSERT_EQ(data.size(), read);
-    EXPECT_TRUE(std::equal(data.begin(), data.begin() + static_cast<std::ptrdiff_t>(size),
-                           image.begin() + static_cast<std::ptrdiff_t>(from)));
+    EXPECT_EQ(Part(data, 0, size), Part(image, from, size));
     EXPECT_EQ(writer.OptionArea(), job);
     EXPECT_EQ(TheAppState().LoadedFilePath, Path("readdata.txt"));
     EXPECT_EQ(TheHexView().Data, data);

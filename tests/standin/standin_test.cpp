@@ -159,15 +159,15 @@ TEST(Standin, WhereASeriesStartsAnew) {
 
 TEST(Standin, SeriesThatAreRefused) {
   // clang-format off
-  // clang-format off
   for (const auto& [why, offset, value] : Table<const char*, std::size_t, std::uint8_t>{
            {"unknown road", 53, 0xF0}, {"no length", 54, 0}, {"17 bytes", 54, 17}, {"behind the data", 56, 3},
            {"end mark", 58, 4}, {"another IC", 0, 'Q'}}) {
     // clang-format on
-    // clang-format on
     WriterModel writer;
     LoadJob(writer, Option(17), {1, 2, 3});
     Bytes menu = Series(0x10, 9);
+    LoadJob(writer, menu);
+    EXPECT_EQ(NextSerial(writer), 0x41);
     menu[offset] = value;
     LoadJob(writer, menu);
     EXPECT_EQ(NextSerial(writer), 0) << why;

@@ -20,6 +20,13 @@ namespace pyxis::test {
 
 using Bytes = std::vector<std::uint8_t>;
 using Texts = std::vector<std::string>;
+inline Bytes operator+(Bytes a, const Bytes& b) {
+  a.insert(a.end(), b.begin(), b.end());
+  return a;
+}
+inline Bytes Part(const Bytes& from, std::size_t at, std::size_t count) {
+  return {from.data() + at, from.data() + at + count};
+}
 // The rows of a test.
 template <typename... Columns>
 using Table = std::vector<std::tuple<Columns...>>;

@@ -7,11 +7,6 @@
 namespace pyxis::test {
 namespace {
 
-Bytes operator+(Bytes a, const Bytes& b) {
-  a.insert(a.end(), b.begin(), b.end());
-  return a;
-}
-
 Bytes Le32(std::uint32_t value) {
   Bytes bytes(4);
   StoreLe32(bytes.data(), value);
