@@ -30,10 +30,8 @@ void Open(const std::string& link) {
 bool TakeIcByName(const std::string& chipName) {
   AppState& app = TheAppState();
   if (FindChip(chipName, app.SeriesIndex, app.TypeIndex) != 0) return true;
-  for (int list = 0; list < kListCount; ++list)
-    for (const ChipEntry& row : ChipList(list))
-      if (row.ChipName == chipName) return FindChip(row.TypeLabel, app.SeriesIndex, app.TypeIndex) != 0;
-  return false;
+  const ChipEntry* row = RowOfChip(chipName);
+  return row != nullptr && FindChip(row->TypeLabel, app.SeriesIndex, app.TypeIndex) != 0;
 }
 
 // The writer's job becomes the selection, as at the start of the window program.

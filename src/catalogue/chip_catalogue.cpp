@@ -123,6 +123,13 @@ const ChipEntry& Row(int seriesIndex, int typeIndex) {
   return ChipList(seriesIndex)[static_cast<std::size_t>(typeIndex)];
 }
 
+const ChipEntry* RowOfChip(std::string_view chipName) {
+  for (int list = 0; list < kListCount; ++list)
+    for (const ChipEntry& row : ChipList(list))
+      if (row.ChipName == chipName) return &row;
+  return nullptr;
+}
+
 std::span<const char* const> SeriesCaptions(int model) {
   const std::span<const char* const> all(kCaptions);
   if (model == kModelKm48) return all.first(kFirstKm49List);

@@ -36,6 +36,8 @@ struct Firmware {
 // The rows of a list, in the order of the Type list.
 std::span<const ChipEntry> ChipList(int listIndex);
 const ChipEntry& Row(int seriesIndex, int typeIndex);
+// The first row of an IC by its ChipName, which the KM49 labels don't give; null for a name that no IC has.
+const ChipEntry* RowOfChip(std::string_view chipName);
 
 // The captions of the Series list: eight for model 1, five for model 2, none for any other.
 std::span<const char* const> SeriesCaptions(int model);

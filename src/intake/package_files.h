@@ -54,6 +54,12 @@ inline constexpr char kOptionPackageName[] = "buffer_option.prog";
 inline constexpr char kDataPackageName[] = "buffer_data.prog";
 inline constexpr char kSerialFileName[] = "serial.txt";
 inline constexpr std::uint8_t kSerialNeedsReload = 16;  // first byte of SerialHead
+// High half of SerialHead's first byte: the road on which a series reaches the writer.
+inline constexpr std::uint8_t kSerialByMenu = 0x10;
+inline constexpr std::uint8_t kSerialBySelection = 0x20;
+inline constexpr std::uint8_t kSerialRoadBits = 0xF0;
+// Second half of SerialBlock, 16 bytes: the first serial of the series. The first half is the one behind the last.
+inline constexpr std::size_t kFirstSerialOffset = Field::SerialBlock.offset + Field::SerialBlock.width / 2;
 inline constexpr std::uint8_t kSerialUnitLowFirst = 1;  // words, low byte first
 inline constexpr std::uint8_t kChipClassFlash = 17;     // MTP/Flash
 inline constexpr std::uint8_t kProductionMass = 16;

@@ -21,8 +21,6 @@ namespace pyxis {
 namespace {
 
 constexpr std::size_t kLongestChipText = 10;
-constexpr int kSelectionRoad = 2;                                       // high half of SerialHead's first byte
-constexpr std::size_t kFirstSerialAt = Field::SerialBlock.offset + 16;  // second half of SerialBlock
 
 std::unique_ptr<CSnProgramDlg> snProgressDlg;
 
@@ -136,17 +134,15 @@ bool MakeSnProgressDlg() {
   return false;
 }
 
-}  // namespace
-
 // What Load File has brought into the writer.
 bool WriterCountsSerials() {
-  return FieldByte(TheAppState().WriterInfoBlock, Field::SerialHead) >> 4 == kSelectionRoad;
+  return (FieldByte(TheAppState().WriterInfoBlock, Field::SerialHead) & kSerialRoadBits) == kSerialBySelection;
 }
 
 // A load begins the writer's count at the first serial again, and the shown serial follows that count.
 void FollowTheWriter() {
   SnRecord& record = TheSnRecord();
-  const std::uint8_t* first = &TheAppState().WriterInfoBlock[kFirstSerialAt];
+  const std::uint8_t* first = &TheAppState().WriterInfoBlock[kFirstSerialOffset];
   if (!WriterCountsSerials() || !std::equal(record.SnStartBytes.begin(), record.SnStartBytes.end(), first)) return;
   std::string text;
   for (const std::uint8_t byte : record.SnStartBytes) text += Printf("%02X", byte);
@@ -154,6 +150,8 @@ void FollowTheWriter() {
   start.TakeHex(text);
   record.SnStartText = start.Hex();
 }
+
+}  // namespace
 
 void BringSnProgressUpToDate() {
   const AppState& app = TheAppState();

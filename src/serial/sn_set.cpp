@@ -25,8 +25,6 @@ namespace {
 constexpr std::uint32_t kSettleMs = 1500;
 constexpr std::size_t kSerialFileSize = 256;
 constexpr std::uint8_t kFixedLength = 4;
-constexpr std::uint8_t kMenuRoad = 0x10;
-constexpr std::uint8_t kSelectionRoad = 0x20;
 
 bool LengthIsGood() { return TheSnRecord().SnLength >= 1 && TheSnRecord().SnLength <= 16; }
 
@@ -166,7 +164,7 @@ CSnSetDlg::Written CSnSetDlg::WriteSerialFile() const {
   file->resize(kSerialFileSize, 0xFF);
   std::uint8_t* bytes = file->data();
   std::uint8_t* head = bytes + Field::SerialHead.offset;
-  head[0] = static_cast<std::uint8_t>((record.SnDirection & 0x0F) | (snFromIcSelection_ ? kSelectionRoad : kMenuRoad));
+  head[0] = static_cast<std::uint8_t>((record.SnDirection & 0x0F) | (snFromIcSelection_ ? kSerialBySelection : kSerialByMenu));
   head[1] = record.SnLength;
   StoreBe16(head + 2, record.SnStartAddress);
   StoreBe16(head + 4,

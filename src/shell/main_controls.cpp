@@ -64,10 +64,12 @@ void SetProgressPosition(int position) {
   ProgressMoved();
 }
 
-void ClearStatusText() {
-  theMainControls.statusBar.pane0.clear();
+void SetStatusText(const std::string& text) {
+  theMainControls.statusBar.pane0 = text;
   Changed();
 }
+
+void ClearStatusText() { SetStatusText(""); }
 
 void ShowTransferStep(int position) {
   SetProgressPosition(position);

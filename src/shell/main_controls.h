@@ -73,7 +73,8 @@ void CheckControl(ControlId id, bool checked);
 // visibility changes, pane 0 is cleared first. A position beyond the range shows as the nearer end.
 void SetProgressRange(int low, int high);
 void SetProgressPosition(int position);
-void ClearStatusText();  // pane 0
+void SetStatusText(const std::string& text);  // pane 0
+void ClearStatusText();
 
 // With velmarapi a transfer drives the bar by fixed positions, on a range that ends here; each shows at once.
 inline constexpr int kTransferSteps = 100;

@@ -156,15 +156,9 @@ void CPyxisLoadDlg::RunButton(ControlId button) {
   }
 }
 
-void CPyxisLoadDlg::OnMouseMove(int x, int y) {
-  TheMainControls().statusBar.pane0 = Printf("X=%d Y=%d", x, y);
-  TheMachine().view->ControlsChanged();
-}
+void CPyxisLoadDlg::OnMouseMove(int x, int y) { SetStatusText(Printf("X=%d Y=%d", x, y)); }
 
-void CPyxisLoadDlg::OnMenuPrompt(const std::string& prompt) {
-  TheMainControls().statusBar.pane0 = prompt;
-  TheMachine().view->ControlsChanged();
-}
+void CPyxisLoadDlg::OnMenuPrompt(const std::string& prompt) { SetStatusText(prompt); }
 
 bool CPyxisLoadDlg::DropsMousePress() const { return TheAppState().TransferBusy != 0; }
 

@@ -11,14 +11,12 @@ constexpr int kEndpointOut = 0x02;
 constexpr int kEndpointIn = 0x81;
 constexpr int kVendorModel = 0x9899;
 constexpr UsbDeviceEntry kStrangeDevice{0x1D6B, 0x0002, nullptr};
-constexpr std::uint16_t kVendor = 0x7A31;
-constexpr std::uint16_t kProduct = 0x1602;
 
 }  // namespace
 
 std::vector<UsbBus> StandinUsbHost::FindDevices() {
   UsbBus bus{kStrangeDevice};
-  if (pluggedIn) bus.push_back({kVendor, kProduct, this});
+  if (pluggedIn) bus.push_back({kWriterVendor, kWriterProduct, this});
   return {UsbBus{}, bus};
 }
 

@@ -10,14 +10,13 @@
 #include <cstdlib>
 #include <utility>
 
+#include "platform/usb_host.h"
 #include "standin/usb_descriptors.h"
 
 namespace pyxis::standin {
 
 namespace {
 
-constexpr std::uint16_t kVendor = 0x7A31;
-constexpr std::uint16_t kProduct = 0x1602;
 constexpr std::uint16_t kRelease = 0x0100;
 constexpr std::uint8_t kEndpointOut = 0x02;
 constexpr std::uint8_t kEndpointIn = 0x81;
@@ -182,8 +181,8 @@ void Redirection::Announce() {
   usb_redir_device_connect_header device{};
   device.speed = usb_redir_speed_high;
   device.device_class = 0xFF;
-  device.vendor_id = kVendor;
-  device.product_id = kProduct;
+  device.vendor_id = kWriterVendor;
+  device.product_id = kWriterProduct;
   device.device_version_bcd = kRelease;
   usbredirparser_send_device_connect(parser_, &device);
 }

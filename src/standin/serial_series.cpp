@@ -8,12 +8,12 @@
 namespace pyxis::standin {
 
 SerialSeries::Road SerialSeries::RoadOf(std::span<const std::uint8_t> option) {
-  switch (option[Field::SerialHead.offset] >> 4) {
+  switch (FieldByte(option, Field::SerialHead) & kSerialRoadBits) {
     case 0:
       return Road::None;
-    case 1:
+    case kSerialByMenu:
       return Road::Menu;
-    case 2:
+    case kSerialBySelection:
       return Road::IcSelection;
     default:
       return Road::Unknown;
@@ -29,7 +29,7 @@ SerialSeries::SerialSeries(std::span<const std::uint8_t> option) {
   endMark_ = LoadBe16(head + 4);
   const std::uint8_t* block = &option[Field::SerialBlock.offset];
   std::copy_n(block, end_.size(), end_.begin());
-  std::copy_n(block + end_.size(), first_.size(), first_.begin());
+  std::copy_n(&option[kFirstSerialOffset], first_.size(), first_.begin());
   lowByteFirst_ = FieldByte(option, Field::SerialUnit) == kSerialUnitLowFirst;
   words_ = lowByteFirst_ || (FieldByte(option, Field::LengthUnit) & 0x0F) == 1;
 }

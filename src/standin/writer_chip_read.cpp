@@ -14,13 +14,6 @@ namespace {
 constexpr std::uint8_t kLowNibble = 0x0F;
 constexpr std::uint8_t kOrderOfData = 2;  // low nibble of ReadBackOrder: the data stands as in the program file
 
-const ChipEntry* RowOf(std::string_view chipName) {
-  for (int list = 0; list < kListCount; ++list)
-    for (const ChipEntry& row : ChipList(list))
-      if (row.ChipName == chipName) return &row;
-  return nullptr;
-}
-
 // Data of these ICs begins with the configuration, a byte or a word, which is no part of the memory.
 std::size_t ConfigBytesOf(const ChipEntry& row, std::uint8_t lengthUnit) {
   if (std::string_view(row.FileExtension) != ".otp") return 0;
@@ -46,7 +39,7 @@ std::vector<std::uint8_t> WriterModel::ChipData() {
     return {};
   }
   // Shorter while a load is open.
-  const ChipEntry* row = optionArea_.size() == kInfoBlockSize ? RowOf(ChipNameOf(optionArea_)) : nullptr;
+  const ChipEntry* row = optionArea_.size() == kInfoBlockSize ? RowOfChip(ChipNameOf(optionArea_)) : nullptr;
   if (row == nullptr) {
     Violate("a chip read without a job or a template that names the chip");
     return {};

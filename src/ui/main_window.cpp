@@ -143,12 +143,8 @@ void MainWindow::EndMainWindow() {
   CloseMainWindow();
 }
 
-// Disabling takes the focus away.
-void MainWindow::EnableMainWindow(bool enabled) {
-  if (!enabled) focused_ = focusWidget();
-  setEnabled(enabled);
-  if (enabled && focused_ != nullptr) focused_->setFocus();
-}
+// Disabling takes the focus away; it comes back when the handler has ended.
+void MainWindow::EnableMainWindow(bool enabled) { setEnabled(enabled); }
 
 // A menu entry's prompt shows in pane 0, like the other texts of the status bar.
 bool MainWindow::event(QEvent* event) {

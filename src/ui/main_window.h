@@ -58,7 +58,6 @@ class MainWindow : public QMainWindow, public MainView {
   ProgressStatusBar* statusBar_;
   DeviceWatch* watch_ = nullptr;
   SnProgramWindow* snProgress_ = nullptr;
-  QPointer<QWidget> focused_;  // before the window was disabled
   QPointer<QWidget> worked_;   // had the focus when a handler started
   QElapsedTimer sinceProgress_, sinceRepaint_;
   bool dirty_ = true;
