@@ -14,7 +14,7 @@
 #include "serial/sn_record.h"
 #include "serial/sn_run.h"
 #include "serial/sn_set.h"
-#include "shell/app_state.h"
+#include "shell/ground/app_state.h"
 #include "shell/menu_rules.h"
 #include "shell/on_device.h"
 #include "shell/start_up.h"
@@ -131,7 +131,7 @@ void ReportRun(Job& job, const CSnProgramDlg& dialog, bool good) {
 // Serial Number Program: the series goes to a writer that holds its job already.
 bool MenuRoad(Job& job, const SerialArguments& given) {
   if (!MenuEnabled(MenuEntry::SerialNumberProgram)) {
-    const std::string& chip = TheAppState().ChipNameText;
+    const std::string& chip = TheAppState().selection.ChipNameText;
     Refuse(job, chip.empty() ? "The writer holds no job"
                              : Printf("%s takes serial numbers through --ic only", chip.c_str()));
     return false;

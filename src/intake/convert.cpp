@@ -4,7 +4,7 @@
 #include "intake/package_files.h"
 #include "platform/files.h"
 #include "platform/text.h"
-#include "shell/app_state.h"
+#include "shell/ground/app_state.h"
 
 namespace pyxis {
 
@@ -26,13 +26,13 @@ void WriteModelByte() {
   const File file = OpenFile(OptionPackagePath(), "r+b");
   if (!file) return;
   if (std::fseek(file.get(), static_cast<long>(Field::WriterModelByte.offset), SEEK_SET) != 0) return;
-  std::fputc(TheAppState().WriterModel == kModelKm48 ? kModelByteKm48 : kModelByteOther, file.get());
+  std::fputc(TheAppState().writer.WriterModel == Model::Km48 ? kModelByteKm48 : kModelByteOther, file.get());
 }
 
 }  // namespace
 
 int ConvertFile(const ConvertRequest& request) {
-  TheAppState().SystemConfigWord = kNoSystemConfig;
+  TheAppState().conversion.SystemConfigWord = kNoSystemConfig;
   lastConverterCode = kNoConverter;
   for (const Family convert : kFamilies)
     if (convert(request, lastConverterCode)) break;

@@ -3,6 +3,8 @@
 
 #include <cstdint>
 
+#include "shell/ground/app_state.h"
+
 namespace pyxis {
 
 void OnAuto();
@@ -19,7 +21,7 @@ bool RunTask(std::uint8_t task, std::uint32_t divisor);
 
 // Around an operation with a message at its end: the bar at 1 of 50, ProgressMode (2 to 6: transfers leave the bar alone),
 // the busy cursor; and the cursor back, the bar gone. ProgressMode goes back to 0 before the message.
-void BeginOperation(int progressMode);
+void BeginOperation(Progress progress);
 void EndOperation();
 
 }  // namespace pyxis

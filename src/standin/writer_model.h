@@ -10,6 +10,7 @@
 #include <string>
 #include <vector>
 
+#include "shell/ground/app_state.h"
 #include "operations/firmware.h"
 #include "standin/chip.h"
 #include "standin/measures.h"
@@ -31,7 +32,7 @@ struct Faults {
 
 class WriterModel {
  public:
-  explicit WriterModel(int model = 1, std::string identity = "PYX STANDALONE LOADER_V1.1");
+  explicit WriterModel(Model model = Model::Km48, std::string identity = "PYX STANDALONE LOADER_V1.1");
 
   void Write(std::uint8_t opcode, std::span<const std::uint8_t> data, Door door);
   // Always `length` bytes.

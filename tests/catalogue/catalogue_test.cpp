@@ -19,9 +19,9 @@ TEST_F(Catalogue, FindsRowsByLabel) {
     // clang-format on
     SCOPED_TRACE(label);
     int list = -1, place = -1;
-    TheAppState().ReadSizeBytes = 77;
+    TheAppState().selection.ReadSizeBytes = 77;
     EXPECT_EQ(FindChip(label, list, place), found);
-    EXPECT_EQ(All(list, place, TheAppState().ReadSizeBytes == 77), All(wantedList, wantedPlace, found == 0));
+    EXPECT_EQ(All(list, place, TheAppState().selection.ReadSizeBytes == 77), All(wantedList, wantedPlace, found == 0));
   }
 }
 
@@ -39,12 +39,12 @@ TEST_F(Catalogue, RowsThatDifferFromTheirIc) {
     SCOPED_TRACE(label);
     int list = 0, place = 0;
     ASSERT_EQ(FindChip(label, list, place), 1);
-    EXPECT_EQ(All(TheAppState().ReadSizeBytes, TheAppState().OptionMasks), All(readSize, masks));
+    EXPECT_EQ(All(TheAppState().selection.ReadSizeBytes, TheAppState().selection.OptionMasks), All(readSize, masks));
   }
 }
 
 TEST_F(Catalogue, FirmwareImages) {
-  TheAppState().AppDir = "/p/";
+  TheAppState().program.AppDir = "/p/";
   // clang-format off
   for (const auto& [label, model, path, code] : Table<const char*, int, const char*, std::uint32_t>{
            {"QV4206", 1, "/p/firmware48/QV4207.nce", 0x1393}, {"QV4207", 1, "/p/firmware48/QV4207.nce", 0x1393},
@@ -53,11 +53,11 @@ TEST_F(Catalogue, FirmwareImages) {
     // clang-format on
     int list = 0, place = 0;
     ASSERT_EQ(FindChip(label, list, place), 1);
-    const auto firmware = FirmwareFor(Row(list, place).ChipCode, model);
+    const auto firmware = FirmwareFor(Row(list, place).ChipCode, Model{model});
     ASSERT_TRUE(firmware);
     EXPECT_EQ(All(firmware->path, firmware->FirmwareCode), All(path, code));
   }
-  EXPECT_FALSE(FirmwareFor(0x3702, 1));
+  EXPECT_FALSE(FirmwareFor(0x3702, Model::Km48));
 }
 
 TEST_F(Catalogue, EveryIcHasItsTemplateOnce) {

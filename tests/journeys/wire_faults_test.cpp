@@ -39,7 +39,7 @@ TEST_P(WireFaults, DamagedFirmwareStopsTheLoadUntilAGoodTransfer) {
   writer.faults.damageMemoryByte.reset();
   // the image counts as sent, but the failure stays
   EXPECT_EQ(LoadAgain(), firmwareFailed);
-  EXPECT_EQ(TheAppState().ProgressMode, 0);
+  EXPECT_EQ(TheAppState().writer.ProgressMode, Progress::None);
   EXPECT_TRUE(LoadFirmware(Path("firmware48/QV8348.nce"), true));
   EXPECT_EQ(LoadAgain(), loaded);
 }

@@ -8,7 +8,7 @@
 #include "platform/machine.h"
 #include "platform/operator.h"
 #include "platform/text.h"
-#include "shell/app_state.h"
+#include "shell/ground/app_state.h"
 
 namespace pyxis {
 
@@ -68,7 +68,7 @@ int Convert(const UsbHexRow& row, const ConvertRequest& request) {
   }
 
   OptionPackage& option = frame.option;
-  option.Put(Field::ImageChecksum, app.ImageChecksum);
+  option.Put(Field::ImageChecksum, app.conversion.ImageChecksum);
   option.Put(Field::UsedLength, static_cast<std::uint32_t>(frame.image.Length()));
   option.Put(Field::ImageLength, row.imageBytes);
   option.PutAt(Field::ConfigWord.offset, static_cast<std::uint8_t>(optionValue));

@@ -3,7 +3,7 @@
 #include "intake/converters/families.h"
 #include "intake/converters/frame.h"
 #include "intake/converters/hex14.h"
-#include "shell/app_state.h"
+#include "shell/ground/app_state.h"
 
 namespace pyxis {
 
@@ -72,7 +72,7 @@ int Convert(const UsbObjRow& row, const ConvertRequest& request) {
   std::uint16_t headerChecksum = 0xFFFF;
   if (row.sumHeader) {
     for (std::size_t i = 0; i < kHeader / 2; ++i) ConversionFrame::Sum(image.Word(i));
-    headerChecksum = app.ImageChecksum;
+    headerChecksum = app.conversion.ImageChecksum;
   }
   const std::int32_t words = WordsOf(row, length);
   for (std::int32_t i = 0; i < words; ++i) {
@@ -84,13 +84,13 @@ int Convert(const UsbObjRow& row, const ConvertRequest& request) {
       row.optionSource == OptionSource::Header ? kOptionByte : static_cast<std::size_t>(kHeader + 2 * words);
   const std::uint8_t optionByte = image.Byte(optionAt) & kOptionBits;
   if (row.sumOption) {
-    app.SystemConfigWord = optionByte;
+    app.conversion.SystemConfigWord = optionByte;
     ConversionFrame::Sum(optionByte | 1);
     MaskChecksum();
   }
 
   OptionPackage& option = frame.option;
-  option.Put(Field::ImageChecksum, app.ImageChecksum);
+  option.Put(Field::ImageChecksum, app.conversion.ImageChecksum);
   option.Put(Field::UsedLength, static_cast<std::uint32_t>(words));
   option.Put(Field::ImageLength, static_cast<std::uint32_t>(ImageLengthOf(row, length)));
   if (row.optionSource != OptionSource::None)

@@ -2,7 +2,7 @@
 #include "intake/converters/velmar_flash_table.h"
 #include "intake/file_readers.h"
 #include "platform/text.h"
-#include "shell/app_state.h"
+#include "shell/ground/app_state.h"
 
 namespace pyxis {
 
@@ -25,7 +25,7 @@ int Convert(const VelmarFlashRow& row, const ConvertRequest& request) {
   const std::uint16_t config = CopyVelmarConfig(frame, row.imageBytes, unused);
 
   OptionPackage& option = frame.option;
-  option.Put(Field::ImageChecksum, TheAppState().ImageChecksum);
+  option.Put(Field::ImageChecksum, TheAppState().conversion.ImageChecksum);
   option.Put(Field::ChecksumLength, static_cast<std::uint32_t>(sumLength));
   option.Put(Field::UsedLength, static_cast<std::uint32_t>(row.usedInWords ? sumLength / 2 : sumLength));
   option.Put(Field::ImageLength, static_cast<std::uint32_t>(sumLength));
