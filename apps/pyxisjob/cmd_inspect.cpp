@@ -74,7 +74,8 @@ void Read(Job& job, const ChipOptions& chip) {
     OnRead();
     // A writer that couldn't be told the IC has read something else.
     const AppState& app = TheAppState();
-    const bool good = job.op.messages == Lines{"Read OK"} && ChipNameOf(app.writer.WriterInfoBlock) == app.selection.SelectedChip;
+    const bool good =
+        job.op.messages == Lines{"Read OK"} && ChipNameOf(app.writer.WriterInfoBlock) == app.selection.SelectedChip;
     Report(job, "read", good, {{"loaded_file", app.conversion.LoadedFilePath}});
   }
   CloseTransport();

@@ -12,9 +12,7 @@ namespace pyxis::job {
 
 namespace {
 
-const char* ModelName(Model model) {
-  return model == Model::Km48 ? "KM48" : model == Model::Km49 ? "KM49" : "unknown";
-}
+const char* ModelName(Model model) { return model == Model::Km48 ? "KM48" : model == Model::Km49 ? "KM49" : "unknown"; }
 
 // Two models are possible: what start-up settled needs both witnesses, and a writer without a job has one only.
 const char* RegisterName(std::uint8_t modelRegister) {
@@ -45,7 +43,8 @@ void PrintWriter(const Job& job) {
            {"production_flags", FieldByte(block, Field::ProductionFlags)}});
     return;
   }
-  std::printf("identity   %s (%s, over %s)\n", app.writer.WriterIdentityText.data(), app.writer.HwFolder.c_str(), transport);
+  std::printf("identity   %s (%s, over %s)\n", app.writer.WriterIdentityText.data(), app.writer.HwFolder.c_str(),
+              transport);
   std::printf("model      %s\n", RegisterName(app.writer.ModelRegister));
   std::printf("firmware   code 0x%04X, version %d, level %u\n", app.writer.FirmwareCode, app.writer.FirmwareVersion,
               app.writer.FirmwareLevel);

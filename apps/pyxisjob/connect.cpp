@@ -39,7 +39,8 @@ void TakeOverJob(Job& job) {
   AppState& app = TheAppState();
   RefreshFromWriter();
   job.icKnown = TakeIcByName(app.selection.SelectedChip);
-  if (job.icKnown) app.selection.HasSmartOption = Row(app.selection.SeriesIndex, app.selection.TypeIndex).HasSmartOption;
+  if (job.icKnown)
+    app.selection.HasSmartOption = Row(app.selection.SeriesIndex, app.selection.TypeIndex).HasSmartOption;
 }
 
 }  // namespace

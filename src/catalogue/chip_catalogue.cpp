@@ -52,8 +52,8 @@ constexpr auto MakeCaptions() {
 }
 constexpr auto kCaptions = MakeCaptions();
 
-// A label is all of the IC's name, or the name, "_" and pin counts. Written out, because library calls are too many steps
-// for some compilers' constant evaluation.
+// A label is all of the IC's name, or the name, "_" and pin counts. Written out, because library calls are too many
+// steps for some compilers' constant evaluation.
 constexpr bool BelongsTo(const char* label, const char* name) {
   while (*name != '\0' && *label == *name) ++label, ++name;
   return *name == '\0' && (*label == '\0' || *label == '_');
@@ -178,7 +178,8 @@ std::optional<Firmware> FirmwareFor(std::uint32_t chipCode, Model model) {
 
 std::string FigurePath(std::string_view label, bool exhvIsp, bool isp) {
   const char* suffix = exhvIsp ? "ISP" : isp ? "ISP1" : "";
-  return TheAppState().program.StartDirectory + kPathSeparator + "res" + kPathSeparator + std::string(label) + suffix + ".bmp";
+  return TheAppState().program.StartDirectory + kPathSeparator + "res" + kPathSeparator + std::string(label) + suffix +
+         ".bmp";
 }
 
 }  // namespace pyxis

@@ -1,5 +1,5 @@
-// The fixed knowledge of the ICs: thirteen lists of rows, 0 to 7 for the model KM48, 8 to 12 for the KM49. The rows stand
-// in catalogue/rows/, one file a list.
+// The fixed knowledge of the ICs: thirteen lists of rows, 0 to 7 for the model KM48, 8 to 12 for the KM49. The rows
+// stand in catalogue/rows/, one file a list.
 #pragma once
 
 #include <array>
@@ -53,7 +53,7 @@ int FindChip(std::string_view label, int& seriesIndex, int& typeIndex);
 // without a catalogue row.
 std::optional<Firmware> FirmwareFor(std::uint32_t chipCode, Model model);
 const char* FirmwareFileOf(std::uint32_t chipCode);  // the bare file name, or null
-std::string FirmwareFolder(Model model);               // AppDir and "firmware48" or "firmware49", with a separator
+std::string FirmwareFolder(Model model);             // AppDir and "firmware48" or "firmware49", with a separator
 
 // Path of the package figure of a label (or chip name): normal, EXHV ISP, ISP. The file needn't exist.
 std::string FigurePath(std::string_view label, bool exhvIsp, bool isp);

@@ -17,8 +17,8 @@ constexpr std::uint8_t kModelByteOther = 0x99;
 int lastConverterCode = kNoConverter;
 
 using Family = bool (*)(const ConvertRequest&, int&);
-constexpr Family kFamilies[] = {ConvertHex14Otp,   ConvertHex14Mtp,     ConvertVelmarFlash, ConvertEpm4,
-                                ConvertOtp4,       ConvertUsbHex,       ConvertUsbObj,      ConvertUsbEeprom,
+constexpr Family kFamilies[] = {ConvertHex14Otp,    ConvertHex14Mtp,    ConvertVelmarFlash, ConvertEpm4,
+                                ConvertOtp4,        ConvertUsbHex,      ConvertUsbObj,      ConvertUsbEeprom,
                                 ConvertVelmarBlock, ConvertVelmarEeprom};
 
 // Into the option package as it lies on the disk, whatever became of the conversion.

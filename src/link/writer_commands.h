@@ -54,8 +54,8 @@ inline constexpr std::uint8_t kEndLoad = 144;
 namespace area {
 inline constexpr std::uint8_t kOption = 4;
 inline constexpr std::uint8_t kData = 8;
-inline constexpr std::uint8_t kOpen = 23;   // the action that goes with a selector
-inline constexpr std::uint8_t kNone = 12;   // closes, with the action kClose
+inline constexpr std::uint8_t kOpen = 23;  // the action that goes with a selector
+inline constexpr std::uint8_t kNone = 12;  // closes, with the action kClose
 inline constexpr std::uint8_t kClose = 7;
 }  // namespace area
 

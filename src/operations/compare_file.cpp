@@ -22,8 +22,8 @@ namespace {
 
 constexpr char kResultFormat[] = "Compare Result : %s";
 constexpr std::uint8_t kLowNibble = 0x0F;
-constexpr std::uint8_t kCountsWords = 1;   // low nibble of LengthUnit
-constexpr std::uint8_t kOrderOfData = 2;   // low nibble of ReadBackOrder: words stand as in the program file
+constexpr std::uint8_t kCountsWords = 1;  // low nibble of LengthUnit
+constexpr std::uint8_t kOrderOfData = 2;  // low nibble of ReadBackOrder: words stand as in the program file
 
 // No job is longer than 65,535 words, so that what lies behind them never counts.
 constexpr std::size_t kMostBytes = kTransferBufferSize;
@@ -49,8 +49,7 @@ std::optional<Comparison> ComparisonOf(std::size_t fileLength) {
 
 // The first bytes of the file, as many as can count; nothing when they can't be read.
 std::optional<std::vector<std::uint8_t>> ReadFirstBytes(std::FILE* file) {
-  std::vector<std::uint8_t> bytes(
-      std::min(static_cast<std::size_t>(std::max(FileLength(file), 0L)), kMostBytes));
+  std::vector<std::uint8_t> bytes(std::min(static_cast<std::size_t>(std::max(FileLength(file), 0L)), kMostBytes));
   if (!bytes.empty() && std::fread(bytes.data(), 1, bytes.size(), file) != bytes.size()) return std::nullopt;
   return bytes;
 }

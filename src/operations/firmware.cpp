@@ -82,9 +82,12 @@ bool LoadOverVendor(const std::string& path, bool sendStartByte, const std::vect
 // Whether Update F/W must not send an image of this model to the attached writer.
 bool RefusesImage(std::uint8_t imageModel) {
   switch (TheAppState().writer.WriterModel) {
-    case Model::Km48: return imageModel == kRegisterKm49;
-    case Model::Km49: return imageModel == kRegisterKm48;
-    default: return true;
+    case Model::Km48:
+      return imageModel == kRegisterKm49;
+    case Model::Km49:
+      return imageModel == kRegisterKm48;
+    default:
+      return true;
   }
 }
 
@@ -94,7 +97,7 @@ bool LoadFirmware(const std::string& path, bool sendStartByte) {
   AppState& app = TheAppState();
   const auto image = ReadImage(path);
   const bool good = image && (app.writer.UseVendorApi ? LoadOverVendor(path, sendStartByte, *image)
-                                                    : LoadOverFrames(path, sendStartByte, *image));
+                                                      : LoadOverFrames(path, sendStartByte, *image));
   app.writer.FirmwareLoadFailed = good ? 0 : 1;
   return good;
 }

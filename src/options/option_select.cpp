@@ -26,9 +26,14 @@ void TakeChoices(const COptionSelectDlg& dialog, OptionEffect effect) {
   const std::uint32_t unprotect = BitIfFirst(dialog, COptionSelectDlg::Protection, kUnprotectBit);
   std::uint32_t& value = TheAppState().selection.OptionValue;
   switch (effect) {
-    case OptionEffect::None: break;
-    case OptionEffect::UnprotectAlone: value = unprotect; break;
-    case OptionEffect::UnprotectBit: value |= unprotect; break;
+    case OptionEffect::None:
+      break;
+    case OptionEffect::UnprotectAlone:
+      value = unprotect;
+      break;
+    case OptionEffect::UnprotectBit:
+      value |= unprotect;
+      break;
     case OptionEffect::AllBits:
       value |= unprotect | BitIfFirst(dialog, COptionSelectDlg::Mode, kFastModeBit) |
                BitIfFirst(dialog, COptionSelectDlg::Clock, kClock32kDisableBit);

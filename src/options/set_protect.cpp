@@ -77,10 +77,17 @@ void ChangeBit(const ProtectBit& place, bool protect) {
   if (place.inConfig) ChangeConfigWord(place.bit + 8, set);
   const auto bit = [byte](int number) { return byte >> number & 1; };
   switch (place.panel) {
-    case Panel::None: break;
-    case Panel::Bit: SetFusePanel(bit(0), -1, -1); break;
-    case Panel::Inverse: SetFusePanel(1 - bit(0), -1, -1); break;
-    case Panel::Full: SetFusePanel(bit(0), bit(1), bit(2)); break;
+    case Panel::None:
+      break;
+    case Panel::Bit:
+      SetFusePanel(bit(0), -1, -1);
+      break;
+    case Panel::Inverse:
+      SetFusePanel(1 - bit(0), -1, -1);
+      break;
+    case Panel::Full:
+      SetFusePanel(bit(0), bit(1), bit(2));
+      break;
   }
 }
 

@@ -74,7 +74,8 @@ void CSnProgramDlg::OnSnProgram() {
   totalCount_.Increment();
   ShowCounters();
   SetProgressRange(0, kTaskProgressTop);
-  const bool good = SnFromIcSelection ? RunTask(task::kAuto, app.selection.AutoTicks) : RunTask(task::kProgram, app.selection.ProgramTicks);
+  const bool good = SnFromIcSelection ? RunTask(task::kAuto, app.selection.AutoTicks)
+                                      : RunTask(task::kProgram, app.selection.ProgramTicks);
   SetProgressPosition(0);
   if (!good) {
     ngCount_.Increment();

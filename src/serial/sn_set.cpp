@@ -149,8 +149,7 @@ bool CSnSetDlg::LoadSnSetup() {
     return false;
   }
   written = result == Written::Good;
-  if (written && !snFromIcSelection_)
-    TheAppState().writer.SnLoaded = RewriteOptionArea(SerialFilePath());
+  if (written && !snFromIcSelection_) TheAppState().writer.SnLoaded = RewriteOptionArea(SerialFilePath());
   return true;
 }
 
@@ -164,11 +163,12 @@ CSnSetDlg::Written CSnSetDlg::WriteSerialFile() const {
   file->resize(kSerialFileSize, 0xFF);
   std::uint8_t* bytes = file->data();
   std::uint8_t* head = bytes + Field::SerialHead.offset;
-  head[0] = static_cast<std::uint8_t>((record.SnDirection & 0x0F) | (snFromIcSelection_ ? kSerialBySelection : kSerialByMenu));
+  head[0] = static_cast<std::uint8_t>((record.SnDirection & 0x0F) |
+                                      (snFromIcSelection_ ? kSerialBySelection : kSerialByMenu));
   head[1] = record.SnLength;
   StoreBe16(head + 2, record.SnStartAddress);
-  StoreBe16(head + 4,
-            record.SnStartAddress + (SnCountsWords(app.selection.SelectedChip) ? record.SnLength / 2U : record.SnLength));
+  StoreBe16(head + 4, record.SnStartAddress +
+                          (SnCountsWords(app.selection.SelectedChip) ? record.SnLength / 2U : record.SnLength));
   bytes[Field::IspFlags.offset] = exhvIsp_ || isp_ ? 1 : 0;
   const auto block = file->begin() + static_cast<std::ptrdiff_t>(Field::SerialBlock.offset);
   std::copy(record.SnStartBytes.begin(), record.SnStartBytes.end(),

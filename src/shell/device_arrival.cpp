@@ -11,8 +11,8 @@
 #include "platform/operator.h"
 #include "platform/vendor_api.h"
 #include "shell/ground/app_state.h"
-#include "shell/link_status.h"
 #include "shell/ground/main_controls.h"
+#include "shell/link_status.h"
 #include "shell/mode_labels.h"
 #include "shell/refresh_from_writer.h"
 
@@ -71,8 +71,8 @@ void SettleModel() {
   app.writer.ModelRegister = PeekByte(address::kModel);
   app.writer.WriterInfoBlock[Field::WriterModelByte.offset] = 0;
   app.writer.WriterModel = app.writer.ModelRegister == kRegisterKm48   ? Model::Km48
-                    : app.writer.ModelRegister == kRegisterKm49 ? Model::Km49
-                                                         : Model::None;
+                           : app.writer.ModelRegister == kRegisterKm49 ? Model::Km49
+                                                                       : Model::None;
 }
 
 void EnableAll() {

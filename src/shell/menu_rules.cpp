@@ -30,8 +30,8 @@ bool ChipAndWriter() { return !TheAppState().selection.ChipNameText.empty() && T
 
 bool ChipInfoAllowed() {
   const AppState& app = TheAppState();
-  return !Holds(kNoChipInfo, app.selection.ChipNameText) && app.selection.MassProduction != MassMode::On && app.selection.ProductionLimitOn != 1 &&
-         FieldByte(app.writer.WriterInfoBlock, Field::ProductionFlags) == 0;
+  return !Holds(kNoChipInfo, app.selection.ChipNameText) && app.selection.MassProduction != MassMode::On &&
+         app.selection.ProductionLimitOn != 1 && FieldByte(app.writer.WriterInfoBlock, Field::ProductionFlags) == 0;
 }
 
 }  // namespace

@@ -4,8 +4,8 @@
 #include "options/block_fuses.h"
 #include "options/fuse_panel.h"
 #include "platform/text.h"
-#include "shell/ground/app_state.h"
 #include "shell/chip_selection.h"
+#include "shell/ground/app_state.h"
 #include "shell/ground/main_controls.h"
 #include "shell/mode_labels.h"
 

@@ -40,7 +40,8 @@ TEST_F(Hex14, SingleModeFields) {
   EXPECT_EQ(Part(option, 192, 15), (Bytes{0xDF, 0x07, 3, 0, 4, 0, 5, 0, 9, 0, 7, 0, 3, 0, 250}));
   ASSERT_EQ(data.size(), 2048U);
   EXPECT_EQ(All(LoadBe16(&data[2 * 99]), LoadBe16(&data[2 * 1022])), All(0x0123, 0x3FFF));
-  EXPECT_EQ(All(TheAppState().conversion.SystemConfigWord, TheAppState().conversion.LoadedFilePath), All(0x3ABC, Path("job.bin")));
+  EXPECT_EQ(All(TheAppState().conversion.SystemConfigWord, TheAppState().conversion.LoadedFilePath),
+            All(0x3ABC, Path("job.bin")));
 }
 
 TEST_F(Hex14, DualModeFields) {

@@ -66,7 +66,8 @@ TEST_P(EveryIc, IsComparedAndBurntByteForByte) {
     writer.chip = standin::Chip{};
     LoadSample(row.TypeLabel);
     if (HasFatalFailure()) return;
-    EXPECT_EQ(TheAppState().writer.FirmwareCode, FirmwareFor(row.ChipCode, TheAppState().writer.WriterModel)->FirmwareCode);
+    EXPECT_EQ(TheAppState().writer.FirmwareCode,
+              FirmwareFor(row.ChipCode, TheAppState().writer.WriterModel)->FirmwareCode);
     if (compared.insert(row.ChipName).second) {
       const std::string sample = "samples/" + std::string(row.ChipName) +
                                  (std::string(row.FileExtension) == ".hexbin" ? ".hex" : row.FileExtension);

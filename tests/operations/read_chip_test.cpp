@@ -59,7 +59,8 @@ TEST_F(ReadScripted, AFileThatCantBeMadeFailsBeforeTheWriterIsAsked) {
   OnRead();
   EXPECT_EQ(op.Boxes(), (std::vector<Told>{{"Read FAIL", "Message", MessageIcon::None}}));
   EXPECT_TRUE(vendor.calls.empty());
-  EXPECT_EQ(All(TheAppState().conversion.LoadedFilePath, TheAppState().writer.ProgressMode), All("before", Progress::None));
+  EXPECT_EQ(All(TheAppState().conversion.LoadedFilePath, TheAppState().writer.ProgressMode),
+            All("before", Progress::None));
 }
 
 TEST_F(ReadScripted, AStartBehindTheChipLeavesNothingToRead) {

@@ -46,7 +46,7 @@ TEST_P(SelfTest, ASoundWriterPassesEveryTest) {
     Test();
     EXPECT_GE(clock.tick - before, least);
     EXPECT_EQ(op.Boxes(), (std::vector<Told>{{" Are Disconnect Program Port Cable ? ", " ", MessageIcon::Warning},
-                                          {"Test Complete", "Message", MessageIcon::None}}));
+                                             {"Test Complete", "Message", MessageIcon::None}}));
     const Texts report = Report();
     ASSERT_EQ(report.size(), lines);
     EXPECT_EQ((Texts{report[0], report[5], report.back()}), some);

@@ -95,7 +95,8 @@ TEST_F(Selection, OkTakesEverythingOver) {
   OnDevice();
   const AppState& app = TheAppState();
   EXPECT_EQ(All(app.selection.SelectedChip, app.conversion.SystemConfigWord), All("QV8103", -1));
-  EXPECT_EQ(All(app.selection.IspProgram, app.selection.MassProduction, app.selection.SnMode), All(true, MassMode::On, true));
+  EXPECT_EQ(All(app.selection.IspProgram, app.selection.MassProduction, app.selection.SnMode),
+            All(true, MassMode::On, true));
   EXPECT_EQ(serialRuns, 1);
   EXPECT_TRUE(app.conversion.LoadedFilePath.empty() && app.conversion.ChecksumText.empty());
   const MainControls& controls = TheMainControls();
@@ -108,8 +109,9 @@ TEST_F(Selection, OkTakesEverythingOver) {
 
   op.icSelect = nullptr;  // Cancel keeps the chip
   OnDevice();
-  EXPECT_EQ(All(app.selection.SelectedChip, app.selection.MassProduction, app.selection.SnMode, app.selection.IspProgram),
-            All("QV8103", MassMode::Off, false, true));
+  EXPECT_EQ(
+      All(app.selection.SelectedChip, app.selection.MassProduction, app.selection.SnMode, app.selection.IspProgram),
+      All("QV8103", MassMode::Off, false, true));
 }
 
 }  // namespace

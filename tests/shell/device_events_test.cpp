@@ -140,7 +140,8 @@ TEST_F(UsbEvents, RefreshShowsTheJob) {
     block[78] = static_cast<std::uint8_t>(flags);
     EnableControl(ControlId::Program, true);
     RefreshFromWriter();
-    EXPECT_EQ(All(app.selection.MassProduction, app.selection.ProductionLimitOn), All(static_cast<MassMode>(mass), limit));
+    EXPECT_EQ(All(app.selection.MassProduction, app.selection.ProductionLimitOn),
+              All(static_cast<MassMode>(mass), limit));
     EXPECT_EQ(TheMainControls()[ControlId::Program].enabled, programEnabled);
     EXPECT_EQ(MenuEnabled(MenuEntry::ReadChipInfo), flags == 0);
   }

@@ -18,7 +18,7 @@ constexpr std::size_t kNoOffset = 0;
 
 struct Epm4Row {
   std::uint32_t ChipCode;
-  const char* name;            // of the template
+  const char* name;  // of the template
   std::size_t imageBytes;
   std::size_t protectOffset;
   std::size_t optionOffset;    // of the option words behind the image
@@ -29,9 +29,9 @@ struct Epm4Row {
   ProtectByte protect;
   ExtraPatch extra;
   bool serial;
-  std::size_t packageLength;   // zero-filled up to it; 0: as it comes out
-  std::size_t keyOffset;       // the byte that tells two ICs' images apart
-  const char* keyChip;         // the selected chip that needs kKeyValue there, and the template's name then
+  std::size_t packageLength;  // zero-filled up to it; 0: as it comes out
+  std::size_t keyOffset;      // the byte that tells two ICs' images apart
+  const char* keyChip;        // the selected chip that needs kKeyValue there, and the template's name then
 };
 
 constexpr std::uint8_t kKeyValue = 1;

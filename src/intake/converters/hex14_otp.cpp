@@ -66,10 +66,9 @@ void PatchOption(const Hex14OtpRow& row, std::uint16_t config, ConversionFrame& 
 int MoveSerial(const SerialMove& move, ConversionFrame& frame) {
   if (TheAppState().conversion.DualSkip == 0) return 0;
   const Image before(frame.serial);
-  std::uint8_t moved[4] = {static_cast<std::uint8_t>(before.Byte(kSerialStart) + move.shift),
-                           before.Byte(kSerialStart + 1),
-                           static_cast<std::uint8_t>(before.Byte(kSerialEnd) + move.shift),
-                           before.Byte(kSerialEnd + 1)};
+  std::uint8_t moved[4] = {
+      static_cast<std::uint8_t>(before.Byte(kSerialStart) + move.shift), before.Byte(kSerialStart + 1),
+      static_cast<std::uint8_t>(before.Byte(kSerialEnd) + move.shift), before.Byte(kSerialEnd + 1)};
   if (LoadBe16(moved + 2) >= move.limit) {
     TheMachine().op->Tell(move.message, kPlainCaption);
     return kSourceFailed;

@@ -27,9 +27,9 @@ constexpr std::array<Otp4Row, 3> kTable{{
 }};
 static_assert(KeysAreUnique(kTable));
 
-constexpr unsigned kProtectBit = 1;   // of the configuration: 0 means protected
-constexpr unsigned kClearedOut = 2;   // always 0 in the package
-constexpr unsigned kSummedSet = 3;    // always 1 in the checksum
+constexpr unsigned kProtectBit = 1;  // of the configuration: 0 means protected
+constexpr unsigned kClearedOut = 2;  // always 0 in the package
+constexpr unsigned kSummedSet = 3;   // always 1 in the checksum
 
 // The operator's choice Protect clears the bit.
 unsigned WithProtection(unsigned config, const ConvertRequest& request) {

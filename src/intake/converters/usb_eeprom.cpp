@@ -18,15 +18,15 @@ struct UsbEepromRow {
   std::uint32_t ChipCode;
   const char* name;
   ReadMode mode;
-  std::uint32_t idOffset;   // bytes; kNoId: the image isn't tested
+  std::uint32_t idOffset;  // bytes; kNoId: the image isn't tested
   std::uint8_t idLow, idHigh;
   std::uint32_t words;
   ArgumentClass argumentClass;
-  const char* eepromName;   // that an EEPROM image must carry
-  std::uint8_t eepromStart; // of an EEPROM image, in units of 256 words
+  const char* eepromName;      // that an EEPROM image must carry
+  std::uint8_t eepromStart;    // of an EEPROM image, in units of 256 words
   std::uint32_t forcedLength;  // of the temporary image; 0: up to the highest address
-  bool plainBytes;          // bytes go out and are summed in file order; OptionValue is the configuration byte
-  bool loadsImage;          // LoadedFilePath is the image, else the data package
+  bool plainBytes;             // bytes go out and are summed in file order; OptionValue is the configuration byte
+  bool loadsImage;             // LoadedFilePath is the image, else the data package
 };
 
 // clang-format off

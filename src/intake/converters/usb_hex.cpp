@@ -18,7 +18,7 @@ struct UsbHexRow {
   std::uint32_t ChipCode;
   const char* name;
   std::uint32_t imageBytes;
-  const char* tag;                       // of the .otp copy
+  const char* tag;                         // of the .otp copy
   std::array<std::uint8_t, 14> constants;  // of the .otp copy's header, from offset 18
 };
 

@@ -9,8 +9,8 @@ namespace pyxis {
 
 namespace {
 
-constexpr std::int32_t kHeader = 32;            // bytes
-constexpr std::size_t kOptionByte = 16;         // offset in the header
+constexpr std::int32_t kHeader = 32;     // bytes
+constexpr std::size_t kOptionByte = 16;  // offset in the header
 constexpr std::uint8_t kOptionBits = 0x6F;
 constexpr std::uint32_t kAllWords = 0xFFFFFFFF;
 
@@ -26,7 +26,7 @@ struct UsbObjRow {
   bool swapSum;               // the word fed is the word written with its bytes exchanged
   std::uint32_t summedWords;  // from the first on
   OptionSource optionSource;
-  bool sumOption;             // the option byte is the configuration word, and summed last
+  bool sumOption;  // the option byte is the configuration word, and summed last
 };
 
 // clang-format off
@@ -44,9 +44,12 @@ static_assert(KeysAreUnique(kTable));
 
 std::int32_t WordsOf(const UsbObjRow& row, std::int32_t length) {
   switch (row.count) {
-    case WordCount::File: return (length - kHeader) / 2;
-    case WordCount::FileLessTwo: return (length - kHeader) / 2 - 2;
-    case WordCount::Fixed: break;
+    case WordCount::File:
+      return (length - kHeader) / 2;
+    case WordCount::FileLessTwo:
+      return (length - kHeader) / 2 - 2;
+    case WordCount::Fixed:
+      break;
   }
   return row.fixedWords;
 }

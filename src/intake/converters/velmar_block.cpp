@@ -23,9 +23,9 @@ constexpr std::uint16_t kConfigAddressBase = 0x2000;
 // How the second byte of the option block sets the IC up.
 struct BlockMode {
   std::uint8_t key;
-  std::uint16_t dualSkip;     // words left out of the checksum
-  std::size_t optionIndex;    // block word with the first option word
-  std::uint16_t parameter;    // ProgramParameter
+  std::uint16_t dualSkip;   // words left out of the checksum
+  std::size_t optionIndex;  // block word with the first option word
+  std::uint16_t parameter;  // ProgramParameter
 };
 constexpr std::array<BlockMode, 2> kModes{{{0xFE, 0, 2, 53}, {0xE0, 4096, 10, 64}}};
 

@@ -18,8 +18,7 @@ int Convert(const VelmarFlashRow& row, const ConvertRequest& request) {
   if (!VelmarIdMatches(frame.image, row.idOffset, row.idSecond, row.idThirdHigh)) return frame.TellIdError();
 
   // Negative when the tail is larger than the image: then no word is summed.
-  const std::int32_t sumLength =
-      row.imageBytes - kProtectedTail[frame.image.Byte(row.idOffset + kSizeByte) & 0x0F];
+  const std::int32_t sumLength = row.imageBytes - kProtectedTail[frame.image.Byte(row.idOffset + kSizeByte) & 0x0F];
   CopyVelmarImage(frame, row.imageBytes, sumLength);
   const std::uint16_t unused = row.wholeConfig ? 0 : kUnusedConfigBits;
   const std::uint16_t config = CopyVelmarConfig(frame, row.imageBytes, unused);
