@@ -2,8 +2,10 @@
 #include <cstdio>
 
 #include "folder.h"
+#include "system/broken_pipe.h"
 
 int main(int argc, char** argv) {
+  pyxis::IgnoreBrokenPipes();
   if (argc != 2) {
     std::fprintf(stderr, "usage: pyxisfolder DIR\n");
     return 2;

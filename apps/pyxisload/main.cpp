@@ -6,6 +6,7 @@
 #include "platform/machine.h"
 #include "shell/application.h"
 #include "standin/socket_path.h"
+#include "system/broken_pipe.h"
 #include "system/joined_events.h"
 #include "system/libusb_host.h"
 #include "system/local_writer_events.h"
@@ -23,6 +24,7 @@
 
 int main(int argc, char** argv) {
   using namespace pyxis;
+  IgnoreBrokenPipes();
   QApplication application(argc, argv);
   QApplication::setApplicationName(QStringLiteral("PyxisLoad"));
   QApplication::setWindowIcon(QIcon(ui::FromText(ResolvePath(CurrentDirectory() + "/pyxisload.ico"))));

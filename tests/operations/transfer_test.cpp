@@ -53,7 +53,7 @@ TEST_P(Transfer, EachPackageThatFails) {
 }
 
 TEST_P(Transfer, FirmwareImages) {
-  const Bytes image = pyxis::folder::MakeFirmware(1, 0x1234);
+  const Bytes image = pyxis::folder::MakeFirmware(Model::Km48, 0x1234);
   for (const Bytes& file : {image, image + Bytes{1}}) {
     Write("a.nce", file);
     Start();
@@ -83,7 +83,7 @@ TEST_P(Transfer, FirmwareImages) {
 }
 
 TEST_P(Transfer, UpdateFirmware) {
-  const Bytes image = pyxis::folder::MakeFirmware(1, 0x1234);
+  const Bytes image = pyxis::folder::MakeFirmware(Model::Km48, 0x1234);
   Write("a.nce", image);
   const auto update = [this](bool chosen = true) {
     if (chosen) op.files = {Path("a.nce")};
@@ -128,7 +128,7 @@ class UnknownHardware : public RecordedBench {};
 
 // Without a known identity the memory commands run at the writer's current address.
 TEST_F(UnknownHardware, GetsFirmwareWithoutAnAddress) {
-  const Bytes image = pyxis::folder::MakeFirmware(1, 0x1234);
+  const Bytes image = pyxis::folder::MakeFirmware(Model::Km48, 0x1234);
   Write("a.nce", image);
   writer = standin::WriterModel();
   TheAppState().writer.HwKnown = false;

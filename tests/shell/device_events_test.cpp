@@ -91,7 +91,7 @@ TEST_P(DeviceEvents, AWriterWithoutFirmwareGetsItsTestImage) {
     writer.OptionArea()[207] = inBlock;
     Tell(kWriterCame);
   };
-  const Bytes image = pyxis::folder::MakeFirmware(2, 0);
+  const Bytes image = pyxis::folder::MakeFirmware(Model::Km49, 0);
   Write("firmware49/49test.nce", image);
   arrive(0x99);
   ExpectEvents(Open(true) + Identified() + InfoBlock() +
