@@ -106,28 +106,6 @@ TEST_P(ReadOnWriter, ABurntChipReadsAsItsImage) {
   }
 }
 
-TEST_P(ReadOnWriter, AnUnknownChipGetsItsTemplateOnce) {
-  LoadSample("QV8348");
-  PutFolderFor("QV8121");
-  Select("QV8121");
-  op.cursorsLoad = true;
-  std::uint32_t before = clock.tick;
-  OnRead();
-  EXPECT_GE(clock.tick - before, 3100U);
-  EXPECT_EQ(ChipNameOf(writer.OptionArea()), "QV8121");
-  EXPECT_EQ(ChipNameOf(TheAppState().writer.WriterInfoBlock), "QV8121");
-  before = clock.tick;
-  OnRead();
-  EXPECT_LT(clock.tick - before, 2000U);
-  TheAppState().writer.WriterInfoBlock[53] = 16;  // a serial number set-up lies over the job
-  OnRead();
-  EXPECT_EQ(TheAppState().writer.WriterInfoBlock[53], 0);
-  EXPECT_EQ(op.Heard(), (Texts{"Read OK", "Read OK", "Read OK"}));
-  EXPECT_EQ(All(op.cursors.back(), op.cursor), All(Path("metronom.ani"), 1));
-  EXPECT_TRUE(TheMainControls()[ControlId::Read].enabled);
-  EXPECT_FALSE(TheMainControls().statusBar.progressVisible);
-}
-
 INSTANTIATE_TEST_SUITE_P(BothTransports, ReadOnWriter, kBothTransports);
 
 }  // namespace

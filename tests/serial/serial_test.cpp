@@ -20,16 +20,6 @@ class Serial : public BothTransports {
   }
 };
 
-TEST_P(Serial, OnlyTheMenuRoadSendsAtOnce) {
-  PutTemplate("QV8329");
-  ASSERT_TRUE(Set(true, {"2", "03FA", "00FF", "0002", 1}));
-  EXPECT_EQ(All(TheSnRecord().SnEndText, TheSnRecord().SnEndAddress), All("100", 0x3FBU));
-  EXPECT_EQ(TheAppState().writer.SnLoaded + writer.OptionArea()[53], 0);
-  ASSERT_TRUE(Set(false, {"2", "03FA", "00FF", "0002"}));
-  EXPECT_TRUE(TheAppState().writer.SnLoaded);
-  EXPECT_EQ(writer.OptionArea()[53], 0x10);
-}
-
 TEST_P(Serial, WhatTheDialogRefuses) {
   // QV4203 takes no serial.
   const char* const noAmount = "Please Keyin 'S/N Amount'. ( >= 1 )";
