@@ -55,9 +55,12 @@ class LoadFile : public RecordedOnBoth {
     return Texts{"cursor arrow", "Buffer = ", "paint", "off Buffer", "show HexView", "paint"} +
            (bar ? Texts{"bar off"} : Texts{});
   }
-  Texts Up(const std::string& zeros = std::string(32, '0')) const {
+  // The serial number dialog takes over what has arrived.
+  static Texts Up(bool arrived = true) {
+    const std::string zeros(32, '0');
     return {"on Auto BlankCheck Program Verify", "S/N create",
-            "S/N hidden, Program on, SET off, " + zeros + " to " + zeros, "paint"};
+            std::string("S/N hidden, Program ") + (arrived ? "on" : "off") + ", SET off, " + zeros + " to " + zeros,
+            "paint"};
   }
   Bytes Image() const { return Contents("firmware48/QV8348.nce"); }
   // A download behind a firmware load shows on the bar that stands already.
@@ -137,7 +140,7 @@ TEST_P(LoadFile, AFailedConversion) {
                Texts{"file buffer_data.prog 0", "file buffer_option.prog 0", "box [Message] bad.hex open file error\n",
                      "file buffer_option.prog 208", "Checksum = FFFF", "hex paint", "load cursor dinosaur.ani",
                      "cursor busy"} +
-               InfoBlock() + Restored(false) + Up());
+               InfoBlock() + Restored(false) + Up(false));
 }
 
 TEST_P(LoadFile, NewerFirmware) {

@@ -47,7 +47,7 @@ TEST_P(Tasks, GoodRuns) {
 
 TEST_P(Tasks, FailedRuns) {
   // clang-format off
-  for (const auto& [run, byte, divisor, text, first] : Table<void (*)(), const char*, int, const char*, Texts>{
+  for (const auto& [run, byte, divisor, text, first] : Table<Outcome (*)(), const char*, int, const char*, Texts>{
            {OnAuto, "10", 4, "Auto FAIL", InfoBlock()}, {OnBlankCheck, "12", 1, "BlankCheck FAIL", {}},
            {OnProgram, "14", 3, "Program FAIL", {}}, {OnVerify, "16", 1, "Verify FAIL", {}}}) {
     // clang-format on

@@ -156,27 +156,6 @@ TEST_P(Serial, ARunToItsEnd) {
   EXPECT_TRUE(TheMainControls()[ControlId::Auto].enabled);
 }
 
-TEST_P(Serial, TheMenuRoadGoesOnOnlyFromAGoodSetUp) {
-  PutTemplate("QV8348");
-  op.snSet = [](CSnSetDlg& dialog) {
-    return EnterSerial(dialog, {"2", "0", "12", "1"}) ? DialogEnd::Ok : DialogEnd::Cancel;
-  };
-  CSnProgramDlg dialog(false);
-  dialog.OnInitDialog();
-  EXPECT_EQ(dialog.startText, std::string(32, '0'));
-  dialog.OnSnSet();
-  EXPECT_TRUE(dialog.snProgramEnabled);
-  EXPECT_EQ(dialog.startText, "0012");
-  for (const bool cancelled : {false, true}) {
-    writer.faults.damageAreaByte = 3;
-    if (cancelled) op.snSet = nullptr;
-    dialog.OnSnSet();
-    EXPECT_FALSE(dialog.snProgramEnabled);
-  }
-  dialog.OnSnProgram();  // Enter on the disabled button
-  EXPECT_EQ(dialog.totalText, "0");
-}
-
 INSTANTIATE_TEST_SUITE_P(BothTransports, Serial, kBothTransports);
 
 }  // namespace
