@@ -2,6 +2,7 @@
 #include "operations/tasks.h"
 
 #include "intake/package_files.h"
+#include "operations/run_task.h"
 #include "platform/byte_order.h"
 #include "support/recorded_bench.h"
 #include "support/wire_log.h"
