@@ -1,6 +1,7 @@
 // Set Protect: its events, and the bit that each IC keeps its protection in.
 #include "options/set_protect.h"
 
+#include <cstring>
 #include <sstream>
 
 #include "catalogue/chip_catalogue.h"
