@@ -32,6 +32,19 @@ bool WriterModel::CountsDown(std::optional<int>& counter) {
   return true;
 }
 
+Line WriterModel::Now() const {
+  if (faults.disconnectAfter && *faults.disconnectAfter <= 0) return Line::Gone;
+  return faults.stallAfter && *faults.stallAfter <= 0 ? Line::Silent : Line::Answers;
+}
+
+Line WriterModel::NextTransfer() {
+  const Line line = Now();
+  if (line == Line::Answers)
+    for (std::optional<int>* left : {&faults.stallAfter, &faults.disconnectAfter})
+      if (*left) --**left;
+  return line;
+}
+
 bool WriterModel::LengthIs(std::uint8_t opcode, std::size_t length, std::size_t wanted) {
   if (length == wanted) return true;
   Violate(Printf("opcode %d with %zu bytes, must have %zu", opcode, length, wanted));
@@ -182,14 +195,16 @@ void WriterModel::Control(std::uint8_t control) {
 
 void WriterModel::CloseLoad() {
   if (load_ == Load::Package && optionWritten_) {
-    // The writer's own fields start anew with each job.
     optionArea_.resize(kInfoBlockSize, 0);
-    optionArea_[Field::WriterStatus.offset] = 0;
     std::fill_n(optionArea_.begin() + Field::ChipInfo.offset, Field::ChipInfo.width, std::uint8_t{0});
     if (SerialSeries::RoadOf(optionArea_) != SerialSeries::Road::Menu) {
+      // An option area that comes alone for the same job, as a change of the protection does, is no new production.
+      const bool goesOn = !dataWritten_ && ChipNameOf(optionArea_) == ChipNameOf(jobHeader_) &&
+                          FieldWord(optionArea_, Field::ImageChecksum) == FieldWord(jobHeader_, Field::ImageChecksum);
+      if (!goesOn) produced_ = 0;
       jobHeader_ = optionArea_;
-      produced_ = 0;
     }
+    optionArea_[Field::WriterStatus.offset] = LimitIsUsedUp() ? kLimitUsedUp : 0;
     StartSeries();
   }
   optionWritten_ = dataWritten_ = false;

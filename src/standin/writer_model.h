@@ -1,5 +1,5 @@
-// The stand-in writer: a model of the writer's firmware behind its command set. It refuses what a writer couldn't do and
-// keeps every breach of the protocol in a list.
+// The stand-in writer: a model of the writer's firmware behind its command set. It refuses what a writer couldn't do
+// and keeps every breach of the protocol in a list.
 #pragma once
 
 #include <array>
@@ -12,6 +12,7 @@
 
 #include "operations/firmware.h"
 #include "standin/chip.h"
+#include "standin/faults.h"
 #include "standin/measures.h"
 #include "standin/serial_series.h"
 
@@ -19,15 +20,10 @@ namespace pyxis::standin {
 
 enum class Door { Frames, Vendor };
 
-// What goes wrong on demand. Counters count down to the event; nothing is off.
-struct Faults {
-  std::optional<int> dropStatusBlock;    // the nth status block from now is not delivered (frames only)
-  std::optional<int> disconnectAfter;    // transfers until the device is gone
-  std::optional<std::size_t> damageAreaByte;    // this byte of each area read-back comes back wrong
-  std::optional<std::size_t> damageMemoryByte;  // likewise of memory, for reads of more than a byte
-  std::optional<int> failTask;           // the nth task from now ends with the verdict failure
-  bool noVerdict = false;                // tasks never settle
-};
+inline constexpr std::uint8_t kLimitUsedUp = 0x10;  // in WriterStatus
+
+// How the writer takes the next transfer.
+enum class Line { Answers, Silent, Gone };
 
 class WriterModel {
  public:
@@ -36,6 +32,11 @@ class WriterModel {
   void Write(std::uint8_t opcode, std::span<const std::uint8_t> data, Door door);
   // Always `length` bytes.
   std::vector<std::uint8_t> Read(std::uint8_t opcode, std::size_t length, Door door);
+
+  Line Now() const;
+  // The same, and a transfer less until a fault that counts them. Each door asks it before a transfer, and takes that
+  // to Write or Read only when the writer answers.
+  Line NextTransfer();
 
   const std::vector<std::string>& Violations() const { return violations_; }
   void Violate(const std::string& text) { violations_.push_back(text); }
@@ -93,8 +94,9 @@ class WriterModel {
   void StartSeries();
   void StepSerial();
   std::uint8_t TaskStatus();
-  bool CountsDown(std::optional<int>& counter);
+  static bool CountsDown(std::optional<int>& counter);
   bool HoldsJob() const;
+  bool LimitIsUsedUp() const;
   bool FlashJob() const;
 
   std::vector<std::uint8_t> memory_;
