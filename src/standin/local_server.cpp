@@ -77,8 +77,11 @@ bool LocalServer::Serve(int timeoutMs) {
   if (waits[0].revents != 0) Accept();
   for (std::size_t i = 1; i < waits.size(); ++i) {
     if (waits[i].revents == 0) continue;
+    const int client = waits[i].fd;
+    if (Receive(client) && (waits[i].revents & POLLHUP) == 0) continue;
     // Who has hung up waits for no answer, and what it asked last isn't done any more.
-    if ((waits[i].revents & POLLHUP) != 0 || !Receive(waits[i].fd)) Drop(waits[i].fd);
+    if (!clients_[client].empty()) model_.LoseHost();
+    Drop(client);
   }
   AnswerAll();
   return true;

@@ -59,6 +59,7 @@ struct Redirection::Callbacks {
   }
   static void SetConfiguration(void* self, std::uint64_t id, usb_redir_set_configuration_header* request) {
     const bool ours = request->configuration <= 1;
+    Of(self).door_.Reconnect();
     SendConfiguration(self, id, ours ? usb_redir_success : usb_redir_stall, request->configuration);
   }
   static void GetConfiguration(void* self, std::uint64_t id) { SendConfiguration(self, id, usb_redir_success, 1); }

@@ -39,10 +39,15 @@ Line WriterModel::Now() const {
 
 Line WriterModel::NextTransfer() {
   const Line line = Now();
+  if (line != Line::Answers) LoseHost();
   if (line == Line::Answers)
     for (std::optional<int>* left : {&faults.stallAfter, &faults.disconnectAfter})
       if (*left) --**left;
   return line;
+}
+
+void WriterModel::Violate(const std::string& text) {
+  if (!hostLost_) violations_.push_back(text);
 }
 
 bool WriterModel::LengthIs(std::uint8_t opcode, std::size_t length, std::size_t wanted) {
@@ -59,6 +64,7 @@ void WriterModel::Write(std::uint8_t opcode, std::span<const std::uint8_t> data,
         Violate(Printf("unknown mode %d", data[0]));
       mode_ = data[0];
       if (mode_ != mode::kArea) testSets_ = 0;  // ends a self-test
+      if (mode_ == mode::kIdle && load_ == Load::None) hostLost_ = false;
       return;
     case OP_SET_ADDRESS:
       return SetAddress(data, door);

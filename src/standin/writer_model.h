@@ -39,7 +39,9 @@ class WriterModel {
   Line NextTransfer();
 
   const std::vector<std::string>& Violations() const { return violations_; }
-  void Violate(const std::string& text) { violations_.push_back(text); }
+  void Violate(const std::string& text);
+  // A transfer was lost: what the host sends until its next sequence counts as no breach.
+  void LoseHost() { hostLost_ = true; }
 
   // The job, the memory and the counters, kept over a restart. False when the file can't be written, or isn't a
   // writer's memory.
@@ -116,6 +118,7 @@ class WriterModel {
   std::size_t testSets_ = 0;  // good values of the self-test's set-up
   std::optional<std::uint8_t> testStep_;
   bool dataWritten_ = false;
+  bool hostLost_ = false;
   bool taskStarted_ = false;
   std::uint8_t verdict_ = 0;
   int statusReads_ = 0;

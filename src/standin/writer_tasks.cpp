@@ -1,5 +1,6 @@
 // The tasks of the stand-in writer: what it does with the chip in its socket.
 #include <algorithm>
+#include <utility>
 
 #include "intake/file_readers.h"
 #include "intake/package_files.h"
@@ -83,6 +84,11 @@ bool WriterModel::ChipIsGood() const {
 }
 
 void WriterModel::StartTask(std::uint8_t task) {
+  if (std::exchange(hostLost_, false)) {  // the load of before was broken off
+    load_ = Load::None;
+    selectedArea_ = 0;
+    optionWritten_ = dataWritten_ = false;
+  }
   if (load_ == Load::Package || load_ == Load::Firmware) Violate(Printf("task %d during a load", task));
   if (task != task::kReadChip) chipReadStarts_ = 0;
   switch (task) {

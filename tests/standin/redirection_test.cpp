@@ -7,6 +7,7 @@
 
 #include "link/command_frames.h"
 #include "link/writer_commands.h"
+#include "platform/text.h"
 #include "support/bench.h"
 
 namespace pyxis::test {
@@ -27,8 +28,24 @@ class Redirection : public Bench {
       return static_cast<int>(send(Of(self).Guest(), data, static_cast<std::size_t>(count), 0));
     };
     parser->hello_func = [](void*, usb_redir_hello_header*) {};
-    parser->interface_info_func = [](void*, usb_redir_interface_info_header*) {};
-    parser->ep_info_func = [](void*, usb_redir_ep_info_header*) {};
+    parser->interface_info_func = [](void* self, usb_redir_interface_info_header* h) {
+      Of(self).Hear("%u interface of class %X", h->interface_count, h->interface_class[0]);
+    };
+    parser->ep_info_func = [](void* self, usb_redir_ep_info_header* h) {
+      for (unsigned i = 0; i < 32; ++i)
+        if (h->type[i] != usb_redir_type_invalid) Of(self).Hear("%X: %u, %u", i, h->type[i], h->max_packet_size[i]);
+    };
+    parser->configuration_status_func = [](void* self, std::uint64_t, usb_redir_configuration_status_header* h) {
+      Of(self).Hear("configuration %u: %u", h->configuration, h->status);
+    };
+    parser->alt_setting_status_func = [](void* self, std::uint64_t, usb_redir_alt_setting_status_header* h) {
+      Of(self).Hear("interface %u, %u: %u", h->interface, h->alt, h->status);
+    };
+    parser->control_packet_func = [](void* self, std::uint64_t, usb_redir_control_packet_header* h, std::uint8_t* data,
+                                     int size) {
+      Of(self).Hear("control %u, %u, %d bytes", h->status, h->length, size);
+      usbredirparser_free_packet_data(Of(self).parser, data);
+    };
     parser->device_connect_func = [](void* self, usb_redir_device_connect_header* h) { Of(self).device = *h; };
     parser->bulk_packet_func = [](void* self, std::uint64_t, usb_redir_bulk_packet_header* h, std::uint8_t* data,
                                   int size) { Of(self).Take(h->status, data, size); };
@@ -64,6 +81,15 @@ class Redirection : public Bench {
     Exchange();
   }
 
+  Texts Heard() {
+    Exchange();
+    return std::exchange(heard_, {});
+  }
+  void Control(std::uint8_t type, std::uint8_t request, std::uint16_t value, std::uint16_t length) {
+    usb_redir_control_packet_header h{static_cast<std::uint8_t>(type & 0x80), request, type, 0, value, 0, length};
+    usbredirparser_send_control_packet(parser, 3, &h, nullptr, 0);
+  }
+
   usbredirparser* parser = usbredirparser_create();
   standin::WriterModel model;
   std::unique_ptr<standin::Redirection> writer;
@@ -78,12 +104,37 @@ class Redirection : public Bench {
     answer.assign(bytes, bytes + (bytes == nullptr ? 0 : size));
     usbredirparser_free_packet_data(parser, bytes);
   }
+  template <typename... Values>
+  void Hear(const char* format, Values... values) {
+    heard_.push_back(Printf(format, values...));
+  }
   int sockets_[2];
+  Texts heard_;
 };
+
+// Endpoint types: 0 control, 2 bulk. Status: 0 success, 4 stall.
+TEST_F(Redirection, TellsWhatItIsAndTakesItsConfiguration) {
+  EXPECT_EQ(Heard(), (Texts{"1 interface of class FF", "0: 0, 0", "2: 2, 512", "10: 0, 0", "11: 2, 512"}));
+  EXPECT_EQ(All(device.vendor_id, device.product_id, device.device_version_bcd), All(0x7A31, 0x1602, 0x100));
+  EXPECT_EQ(All(device.speed, device.device_class), All(usb_redir_speed_high, 0xFF));
+  for (const std::uint8_t value : {std::uint8_t{1}, std::uint8_t{2}}) {
+    usb_redir_set_configuration_header configuration{value};
+    usbredirparser_send_set_configuration(parser, 4, &configuration);
+    usb_redir_set_alt_setting_header alternate{0, static_cast<std::uint8_t>(value - 1)};
+    usbredirparser_send_set_alt_setting(parser, 5, &alternate);
+  }
+  usbredirparser_send_get_configuration(parser, 6);
+  usb_redir_get_alt_setting_header which{1};
+  usbredirparser_send_get_alt_setting(parser, 7, &which);
+  EXPECT_EQ(Heard(), (Texts{"configuration 1: 0", "interface 0, 0: 0", "configuration 2: 4", "interface 0, 1: 4",
+                            "configuration 1: 0", "interface 1, 0: 4"}));
+  Control(0x80, 6, 0x0100, 64);
+  Control(0x80, 6, 0x0600, 64);
+  EXPECT_EQ(Heard(), (Texts{"control 0, 18, 18 bytes", "control 4, 0, 0 bytes"}));
+}
 
 TEST_F(Redirection, AGuestReachesTheWriter) {
   Exchange();
-  EXPECT_EQ(All(device.vendor_id, device.product_id), All(0x7A31, 0x1602));
   CommandBlock block = MakeCommandBlock(26, OP_IDENTITY);
   EXPECT_EQ(Bulk(13, block.data()), usb_redir_success);
   Bulk(26);
@@ -91,7 +142,7 @@ TEST_F(Redirection, AGuestReachesTheWriter) {
   Bulk(13);
   EXPECT_EQ(answer.size(), 13U);
   EXPECT_TRUE(model.Violations().empty());
-  EXPECT_EQ(Bulk(13), usb_redir_stall);
+  EXPECT_EQ(Bulk(13), usb_redir_stall);  // nothing to say
 }
 
 TEST_F(Redirection, AStallHoldsTransfersUntilItEndsOrTheyAreCancelled) {

@@ -20,7 +20,8 @@ class Number {
   ~Number() { bdFree(&bd); }
   std::string Text() const {
     char text[40];
-    EXPECT_EQ(bdConvToHex(bd, text, sizeof text), std::string(text).size());
+    const std::size_t size = bdConvToHex(bd, text, sizeof text);
+    EXPECT_EQ(size, std::string(text).size());
     return text;
   }
   BD bd = bdNew();
