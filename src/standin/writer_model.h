@@ -11,6 +11,7 @@
 #include <vector>
 
 #include "operations/firmware.h"
+#include "shell/ground/app_state.h"
 #include "standin/chip.h"
 #include "standin/faults.h"
 #include "standin/measures.h"
@@ -27,7 +28,7 @@ enum class Line { Answers, Silent, Gone };
 
 class WriterModel {
  public:
-  explicit WriterModel(int model = 1, std::string identity = "PYX STANDALONE LOADER_V1.1");
+  explicit WriterModel(Model model = Model::Km48, std::string identity = "PYX STANDALONE LOADER_V1.1");
 
   void Write(std::uint8_t opcode, std::span<const std::uint8_t> data, Door door);
   // Always `length` bytes.

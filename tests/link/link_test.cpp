@@ -48,7 +48,7 @@ class Link : public Bench {
   }
   void OpenFrames() {
     ASSERT_EQ(OpenWriterLink(), 1);
-    TheAppState().HwKnown = 1;
+    TheAppState().writer.HwKnown = true;
   }
   void OpenVendor() {
     vendor.openResult = 0;
@@ -62,12 +62,12 @@ class Link : public Bench {
 
 TEST_F(Link, TakesTheFirstWriterInBusOrder) {
   EXPECT_EQ(OpenWriterLink(), 1);
-  EXPECT_EQ(TheAppState().UseLibusb, 1U);
+  EXPECT_TRUE(TheAppState().writer.UseLibusb);
   EXPECT_EQ(usb.calls, (Texts{"find", "open 1"}));
   CloseWriterLink();
   CloseWriterLink();
   EXPECT_EQ(usb.calls, (Texts{"find", "open 1", "close"}));
-  EXPECT_EQ(TheAppState().UseLibusb, 0U);
+  EXPECT_FALSE(TheAppState().writer.UseLibusb);
   EXPECT_EQ(Printed(), "success: set configuration #1\nsuccess: claim_interface #0\n");
 }
 
@@ -77,7 +77,7 @@ TEST_F(Link, ADeviceThatRefusesIsGivenUp) {
   usb.configurationResult = 0;
   usb.claimResult = -1;
   EXPECT_EQ(OpenWriterLink(), 0);
-  EXPECT_EQ(TheAppState().UseLibusb, 0U);
+  EXPECT_FALSE(TheAppState().writer.UseLibusb);
   EXPECT_EQ(usb.calls, (Texts{"find", "open 1", "close", "find", "open 1", "close"}));
   EXPECT_EQ(Printed(),  // and nothing of pipes, which this system doesn't have
             "error setting config #1: broken\nsuccess: set configuration #1\nerror claiming interface #0:\nbroken\n");
@@ -137,7 +137,7 @@ TEST_F(Link, PipesAreTheLastResort) {
     EXPECT_EQ(OpenWriterLink(), opens);
     EXPECT_EQ(Printed(), printed);
     EXPECT_EQ(All(pipes.calls, usb.calls), All(calls, Texts{"find"}));
-    EXPECT_EQ(All(FrameLinkOpen(), TheAppState().UseLibusb), All(opens == 1, 0U));
+    EXPECT_EQ(All(FrameLinkOpen(), TheAppState().writer.UseLibusb), All(opens == 1, false));
     if (opens == 1) {
       pipes.calls.clear();
       EXPECT_EQ(OpenWriterLink(), 1);  // open already: no search
@@ -167,7 +167,7 @@ TEST_F(Link, VelmarapiComesFirst) {
   const AppState& app = TheAppState();
   vendor.openResult = 0;
   OpenTransport();
-  EXPECT_EQ(All(app.WriterConnected, app.UseVendorApi), All(1U, 1U));
+  EXPECT_EQ(All(app.writer.WriterConnected, app.writer.UseVendorApi), All(true, true));
   CloseTransport();
   EXPECT_EQ(vendor.calls, (Texts{"open 9899 0 0", "timeout 5", "close"}));
   EXPECT_EQ(usb.calls, Texts{});
@@ -176,13 +176,13 @@ TEST_F(Link, VelmarapiComesFirst) {
   vendor.calls.clear();
   vendor.openResult = 1;
   OpenTransport();
-  EXPECT_EQ(All(app.WriterConnected, app.UseVendorApi), All(1U, 0U));
+  EXPECT_EQ(All(app.writer.WriterConnected, app.writer.UseVendorApi), All(true, false));
   CloseTransport();
   EXPECT_EQ(vendor.calls, Texts{"open 9899 0 0"});
   EXPECT_EQ(usb.calls, (Texts{"find", "open 1", "close"}));
   usb.buses.clear();
   OpenTransport();
-  EXPECT_EQ(app.WriterConnected, 0U);
+  EXPECT_FALSE(app.writer.WriterConnected);
 }
 
 TEST_F(Link, EveryCommandInBothForms) {
@@ -210,7 +210,7 @@ TEST_F(Link, EveryCommandInBothForms) {
             {Command(3, 16), "> 00 00 00", "< 13"}, {"write 16: 00 00 00"}},
            {"read", [&] { ReadCommand(OP_READ_CHIP, buffer); }, {Command(512, 24), "< 512", "< 13"}, {"read 24: 512"}},
            {"peek", [] { PeekByte(0xFA8F); }, peek("> FA 8F"), {"write 0: 00", "write 15: 00 00 FA 8F", "read 17: 1"}},
-           {"block", [] { ReadInfoBlock(TheAppState().WriterInfoBlock); },
+           {"block", [] { ReadInfoBlock(TheAppState().writer.WriterInfoBlock); },
             list({mode71, {Command(2, 20), "> 04 17", "< 13", Command(512, 19), "< 512", "< 13",
                            Command(2, 20), "> 0C 07", "< 13"}, mode7}),
             {"write 0: 47", "write 20: 04 17", "read 19: 512", "write 20: 0C 07", "write 0: 07"}},
@@ -247,28 +247,28 @@ TEST_F(Link, PeeksAndTheInfoBlock) {
   AppState& app = TheAppState();
   OpenFrames();
   usb.reads = {{0x98}};
-  app.ProgressMode = 1;
+  app.writer.ProgressMode = Progress::Transfers;
   EXPECT_EQ(PeekByte(address::kModel), 0x98);
   EXPECT_EQ(Texts(usb.wire.end() - 9, usb.wire.end()),
             (Texts{"0 of 100", "1 of 100", Command(1, 17), "0 of 2", "0 of 2", "< 1", "1 of 2", "< 13", "2 of 2"}));
   EXPECT_EQ(std::count(usb.wire.begin(), usb.wire.end(), "0 of 100"), 1);  // none before the read
-  EXPECT_EQ(All(app.ProgressMode, app.TransferBusy), All(0, 0));
-  app.ProgressMode = 1;
-  ReadInfoBlock(app.WriterInfoBlock);
-  EXPECT_EQ(app.ProgressMode, 0);
+  EXPECT_EQ(All(app.writer.ProgressMode, app.writer.TransferBusy), All(Progress::None, false));
+  app.writer.ProgressMode = Progress::Transfers;
+  ReadInfoBlock(app.writer.WriterInfoBlock);
+  EXPECT_EQ(app.writer.ProgressMode, Progress::None);
 
-  app.HwKnown = 0;
-  app.ProgressMode = 1;
+  app.writer.HwKnown = false;
+  app.writer.ProgressMode = Progress::Transfers;
   usb.wire.clear();
   EXPECT_EQ(PeekByte(address::kModel), 0);
-  EXPECT_EQ(All(usb.wire.size(), app.ProgressMode, app.TransferBusy), All(0U, 0, 0));
+  EXPECT_EQ(All(usb.wire.size(), app.writer.ProgressMode, app.writer.TransferBusy), All(0U, Progress::None, false));
 
   OpenVendor();
-  app.ProgressMode = 3;
+  app.writer.ProgressMode = Progress::BlankCheck;
   vendor.reads = {{0x99}};
   EXPECT_EQ(PeekByte(address::kModel), 0x99);
-  ReadInfoBlock(app.WriterInfoBlock);
-  EXPECT_EQ(app.ProgressMode, 3);
+  ReadInfoBlock(app.writer.WriterInfoBlock);
+  EXPECT_EQ(app.writer.ProgressMode, Progress::BlankCheck);
 }
 
 TEST_F(Link, ChunksProgressAndPaints) {
@@ -301,12 +301,12 @@ TEST_F(Link, ChunksProgressAndPaints) {
     const auto check = [&](const auto& command, Texts head, const Texts& rest) {
       const auto isBar = [](const std::string& line) { return line.find(" of ") != std::string::npos; };
       head.insert(head.end(), rest.begin(), rest.end());
-      for (const int mode : {1, 0, 2}) {
-        TheAppState().ProgressMode = mode;
+      for (const Progress mode : {Progress::Transfers, Progress::None, Progress::Auto}) {
+        TheAppState().writer.ProgressMode = mode;
         usb.wire.clear();
         EXPECT_NE(command(length), 0);
-        if (mode == 0) std::erase_if(head, isBar);
-        EXPECT_EQ(usb.wire, head) << mode;
+        if (mode != Progress::Transfers) std::erase_if(head, isBar);
+        EXPECT_EQ(usb.wire, head);
       }
     };
     check(send, {"0 of 100", "1 of 100", "paint", Command(length, 18), "paint"}, sent);
@@ -390,7 +390,7 @@ TEST_F(Link, IdentityTellsTheHardware) {
     usb.reads = {Bytes(identity.begin(), identity.end())};
     usb.wire.clear();
     ReadWriterIdentity();
-    EXPECT_EQ(All(TheAppState().HwFolder, TheAppState().HwKnown), All(hwFolder, known));
+    EXPECT_EQ(All(TheAppState().writer.HwFolder, TheAppState().writer.HwKnown), All(hwFolder, known));
     EXPECT_EQ(usb.wire, (Texts{"> 55 53 42 43 00 00 00 00 1A 00 00 00 04", "< 26", "< 13"}));
   }
 }
@@ -399,8 +399,8 @@ TEST_F(Link, FirmwareBytes) {
   OpenFrames();
   usb.reads = {{0x27}, {0x35}, {0x85}, {0x01}, {0x04}};
   ReadFirmwareBytes();
-  EXPECT_EQ(All(TheAppState().FirmwareCode, TheAppState().FirmwareVersion), All(0x2735U, 0x85));
-  EXPECT_EQ(TheAppState().FirmwareLevel, 0x104U);
+  EXPECT_EQ(All(TheAppState().writer.FirmwareCode, TheAppState().writer.FirmwareVersion), All(0x2735U, 0x85));
+  EXPECT_EQ(TheAppState().writer.FirmwareLevel, 0x104U);
   EXPECT_EQ(usb.wire[usb.wire.size() - 2], "> 07");
 }
 
