@@ -23,14 +23,14 @@ def program(name):
 
 
 def prepare():
-    """The operator's own folders. From a build folder alone the program folder is links to it, as an installed one is."""
+    """The operator's own folders. Where nothing is installed he gets a program folder of his own: its files are opened for
+    writing too."""
     os.makedirs(WORK)
     if INSTALLED:
         return
     os.makedirs(FOLDER)
-    for entry in os.listdir(DATA):
-        if not entry.endswith(".prog") and entry not in ("serial.txt", "readdata.txt"):
-            os.symlink(os.path.join(DATA, entry), os.path.join(FOLDER, entry))
+    subprocess.run(["cp", "-rL", "--no-preserve=mode", *glob.glob(DATA + "/[!r]*"), FOLDER], check=True)
+    os.symlink(os.path.join(DATA, "res"), os.path.join(FOLDER, "res"))
 
 
 def sample(name):
@@ -188,7 +188,8 @@ JOB = [program("pyxisjob")] + ([] if INSTALLED else ["--folder", FOLDER])
 
 
 def start_job(*arguments):
-    return subprocess.Popen([*JOB, "--json", "--link", "usb", *arguments], stdout=subprocess.PIPE, stderr=subprocess.PIPE, text=True, cwd=WORK)
+    return subprocess.Popen([*JOB, "--json", "--link", "usb", *arguments], stdout=subprocess.PIPE,
+                            stderr=subprocess.PIPE, text=True, cwd=WORK)
 
 
 def finish_job(process, seconds=120):

@@ -31,7 +31,7 @@ def installed():
 @step("writer: identity and model")
 def writer():
     seen = job("writer")
-    check(seen["transport"] == "libusb" and seen["model_register"] == 0x98, str(seen))
+    check(seen["transport"] == "usb" and seen["model_register"] == 0x98, str(seen))
     return f"{seen['identity']} over {seen['transport']}"
 
 
