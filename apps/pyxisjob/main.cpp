@@ -10,6 +10,7 @@
 #include "platform/machine.h"
 #include "shell/app_state.h"
 #include "system/libusb_host.h"
+#include "system/program_folder.h"
 #include "system/system_clock.h"
 #include "system/system_language.h"
 #include "system/vendor_library.h"
@@ -19,8 +20,16 @@ namespace pyxis::job {
 
 namespace {
 
+std::string ProgramFolderOrExit() {
+  const ProgramFolder folder = RunnerFolder();
+  if (folder.error.empty()) return folder.path;
+  std::fprintf(stderr, "%s\n", folder.error.c_str());
+  throw CLI::RuntimeError(kExitFailed);
+}
+
 void TakeOver(Job& job) {
   AppState& app = TheAppState();
+  if (job.options.folder.empty()) job.options.folder = ProgramFolderOrExit();
   app.StartDirectory = std::filesystem::absolute(job.options.folder).lexically_normal().string();
   if (app.StartDirectory.size() > 1 && app.StartDirectory.back() == kPathSeparator) app.StartDirectory.pop_back();
   app.AppDir = app.StartDirectory + kPathSeparator;
@@ -62,7 +71,9 @@ int main(int argc, char** argv) {
   CLI::App app{"PyxisLoad without a window"};
   app.require_subcommand(1);
   app.fallthrough();
-  app.add_option("--folder", job.options.folder, "program folder")->check(CLI::ExistingDirectory);
+  app.set_version_flag("--version", "pyxisjob " PYXIS_VERSION);
+  app.add_option("--folder", job.options.folder, "program folder (default: the current one, else the user's)")
+      ->check(CLI::ExistingDirectory);
   app.add_flag("--json", job.options.json, "print one JSON object a line");
   app.add_option("--link", job.options.link, "the one transport to try")->check(CLI::IsMember({"vendor", "usb"}));
   auto* yes = app.add_flag("--yes", job.options.yes, "answer questions with Yes");
@@ -79,7 +90,8 @@ int main(int argc, char** argv) {
   try {
     app.parse(argc, argv);
   } catch (const CLI::ParseError& error) {
-    return app.exit(error) == 0 ? kExitGood : kExitUsage;
+    const int code = app.exit(error);
+    return code <= kExitFailed ? code : kExitUsage;
   }
   ResetMachine();
   return job.exitCode;
