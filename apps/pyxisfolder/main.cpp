@@ -2,8 +2,10 @@
 #include <CLI/CLI.hpp>
 
 #include "folder.h"
+#include "system/broken_pipe.h"
 
 int main(int argc, char** argv) {
+  pyxis::IgnoreBrokenPipes();
   CLI::App app{"Makes a program folder: templates, firmware images, option lists, figures, cursors and sample files"};
   std::string directory;
   bool icons = false;

@@ -10,6 +10,7 @@
 #include "platform/machine.h"
 #include "shell/application.h"
 #include "standin/socket_path.h"
+#include "system/broken_pipe.h"
 #include "system/joined_events.h"
 #include "system/libusb_host.h"
 #include "system/local_writer_events.h"
@@ -63,6 +64,7 @@ bool EnterProgramFolder() {
 int main(int argc, char** argv) {
   using namespace pyxis;
   if (Answered(argc, argv)) return 0;
+  IgnoreBrokenPipes();
   QApplication application(argc, argv);
   QApplication::setApplicationName(QStringLiteral("PyxisLoad"));
   QApplication::setDesktopFileName(QStringLiteral("pyxisload"));

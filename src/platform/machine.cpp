@@ -40,6 +40,7 @@ class NoUsb : public UsbHost {
 };
 
 class NoPipes : public DevicePipes {
+  bool Exist() const override { return false; }
   std::vector<std::string> InterfacePaths() override { return {}; }
   Handle Open(const std::string&, int& error) override {
     error = 0;
