@@ -5,9 +5,17 @@
 #include "catalogue/chip_catalogue.h"
 #include "job.h"
 #include "platform/text.h"
-#include "shell/app_state.h"
+#include "shell/ground/app_state.h"
 
 namespace pyxis::job {
+
+void AddChoices(CLI::App& command, Choices& choices) {
+  command.add_flag("--sn", choices.serial, "serial numbers, from serial.txt in the program folder");
+  command.add_flag("--exhv-isp", choices.exhvIsp, "EXHV ISP program");
+  command.add_flag("--isp", choices.isp, "ISP program");
+  command.add_flag("--mass", choices.mass, "Mass Production Mode");
+  command.add_option("--limit", choices.limit, "Production Limit, a number of ICs")->check(CLI::Range(1, 99999999));
+}
 
 void AddChipOptions(CLI::App& command, ChipOptions& chip) {
   auto* ic = command.add_option("--ic", chip.ic, "IC by its label, such as QV8348 or QV8329_16");
@@ -16,11 +24,7 @@ void AddChipOptions(CLI::App& command, ChipOptions& chip) {
   command.add_option("--hw", chip.hw, "template folder")->check(CLI::IsMember({"hwversion1.0", "hwversion1.1"}));
   command.add_option("--chip", chip.chip, "selected chip, where it differs from the label's IC");
   command.add_option("--option-value", chip.optionValue, "protection choices, 0x60 without a choice");
-  command.add_flag("--sn", chip.serial, "serial numbers, from serial.txt in the program folder");
-  command.add_flag("--exhv-isp", chip.exhvIsp, "EXHV ISP program");
-  command.add_flag("--isp", chip.isp, "ISP program");
-  command.add_flag("--mass", chip.mass, "Mass Production Mode");
-  command.add_option("--limit", chip.limit, "Production Limit, a number of ICs")->check(CLI::Range(1, 99999999));
+  AddChoices(command, chip.choices);
 }
 
 std::optional<std::uint32_t> SelectChip(const ChipOptions& chip) {
@@ -28,13 +32,13 @@ std::optional<std::uint32_t> SelectChip(const ChipOptions& chip) {
   std::uint32_t code = 0;
   std::string name = chip.chip;
   if (!chip.ic.empty()) {
-    if (FindChip(chip.ic, app.SeriesIndex, app.TypeIndex) == 0) {
+    if (FindChip(chip.ic, app.selection.SeriesIndex, app.selection.TypeIndex) == 0) {
       std::fprintf(stderr, "%s is no known IC; pyxisjob ics lists them\n", chip.ic.c_str());
       return std::nullopt;
     }
-    const ChipEntry& row = Row(app.SeriesIndex, app.TypeIndex);
+    const ChipEntry& row = Row(app.selection.SeriesIndex, app.selection.TypeIndex);
     code = row.ChipCode;
-    app.HasSmartOption = row.HasSmartOption ? 1 : 0;
+    app.selection.HasSmartOption = row.HasSmartOption;
     if (name.empty()) name = row.ChipName;
   } else {
     char* end = nullptr;
@@ -45,16 +49,16 @@ std::optional<std::uint32_t> SelectChip(const ChipOptions& chip) {
     }
     code = static_cast<std::uint32_t>(number);
   }
-  if (!chip.model.empty()) app.WriterModel = chip.model == "KM48" ? kModelKm48 : kModelKm49;
-  if (!chip.hw.empty()) app.HwFolder = chip.hw;
-  app.SelectedChip = name;
-  app.ChipNameText = name;
-  app.SnMode = chip.serial ? 1 : 0;
-  app.ExhvIsp = chip.exhvIsp ? 1 : 0;
-  app.IspProgram = chip.isp ? 1 : 0;
-  app.MassProduction = chip.mass ? 1 : 0;
-  app.ProductionLimitOn = chip.limit > 0 ? 1 : 0;
-  app.ProductionLimitCount = chip.limit;
+  if (!chip.model.empty()) app.writer.WriterModel = chip.model == "KM48" ? Model::Km48 : Model::Km49;
+  if (!chip.hw.empty()) app.writer.HwFolder = chip.hw;
+  app.selection.SelectedChip = name;
+  app.selection.ChipNameText = name;
+  app.selection.SnMode = chip.choices.serial;
+  app.selection.ExhvIsp = chip.choices.exhvIsp;
+  app.selection.IspProgram = chip.choices.isp;
+  app.selection.MassProduction = chip.choices.mass ? MassMode::On : MassMode::Off;
+  app.selection.ProductionLimitOn = chip.choices.limit > 0;
+  app.selection.ProductionLimitCount = chip.choices.limit;
   return code;
 }
 

@@ -9,8 +9,8 @@
 #include "platform/files.h"
 #include "platform/machine.h"
 #include "platform/operator.h"
-#include "shell/app_state.h"
-#include "shell/main_controls.h"
+#include "shell/ground/app_state.h"
+#include "shell/ground/main_controls.h"
 
 namespace pyxis {
 
@@ -18,19 +18,21 @@ namespace {
 
 struct Operation {
   std::uint8_t task;
-  int progressMode;
-  std::uint32_t AppState::*divisor;
+  Progress progress;
+  std::uint32_t Selection::*divisor;
   bool refreshesBlock;  // and so heeds the production limit
   bool asksBeforeErase;
   const char* okText;
   const char* failText;
 };
 
-constexpr Operation kAuto{task::kAuto, 2, &AppState::AutoTicks, true, false, "Auto OK", "Auto FAIL"};
-constexpr Operation kBlankCheck{task::kBlankCheck, 3, &AppState::BlankTicks, false, true, "BlankCheck OK",
-                                "BlankCheck FAIL"};
-constexpr Operation kProgram{task::kProgram, 4, &AppState::ProgramTicks, false, false, "Program OK", "Program FAIL"};
-constexpr Operation kVerify{task::kVerify, 5, &AppState::VerifyTicks, false, false, "Verify OK", "Verify FAIL"};
+constexpr Operation kAuto{task::kAuto, Progress::Auto, &Selection::AutoTicks, true, false, "Auto OK", "Auto FAIL"};
+constexpr Operation kBlankCheck{task::kBlankCheck, Progress::BlankCheck, &Selection::BlankTicks, false, true,
+                                "BlankCheck OK",   "BlankCheck FAIL"};
+constexpr Operation kProgram{task::kProgram, Progress::Program, &Selection::ProgramTicks, false, false,
+                             "Program OK",   "Program FAIL"};
+constexpr Operation kVerify{task::kVerify, Progress::Verify, &Selection::VerifyTicks, false, false,
+                            "Verify OK",   "Verify FAIL"};
 
 constexpr std::uint8_t kStatusBits = 3;
 constexpr std::uint8_t kStatusFailed = 3;
@@ -41,16 +43,29 @@ constexpr int kEqualReadsWanted = 5;
 constexpr std::uint8_t kUnread[] = {0xA4, 0x58};
 static_assert((kUnread[0] & kStatusBits) == 0 && (kUnread[1] & kStatusBits) == 0);
 
-// The message of the first guard that fails, or null.
-const char* RefusalOf(const Operation& operation) {
+// The first guard that fails.
+Outcome Guard(const Operation& operation) {
   AppState& app = TheAppState();
-  if (operation.refreshesBlock) ReadInfoBlock(app.WriterInfoBlock);
-  const auto& block = app.WriterInfoBlock;
-  if (ChipNameOf(block) != app.SelectedChip) return "HW and SW Chip Name is discordant";
-  if (FieldByte(block, Field::SerialHead) == kSerialNeedsReload) return "Please Reload Program File";
-  if (FieldWord(block, Field::ImageChecksum) == 0) return "Please Download File";
-  if (operation.refreshesBlock && FieldByte(block, Field::WriterStatus) >> 4 == 1) return "Production Limit Complete";
-  return nullptr;
+  if (operation.refreshesBlock) ReadInfoBlock(app.writer.WriterInfoBlock);
+  const auto& block = app.writer.WriterInfoBlock;
+  if (ChipNameOf(block) != app.selection.SelectedChip) return Refused(Reason::OtherChip);
+  if (FieldByte(block, Field::SerialHead) == kSerialNeedsReload) return Refused(Reason::NeedsReload);
+  if (FieldWord(block, Field::ImageChecksum) == 0) return Refused(Reason::NothingLoaded);
+  if (operation.refreshesBlock && FieldByte(block, Field::WriterStatus) >> 4 == 1) return Refused(Reason::LimitReached);
+  return kGood;
+}
+
+const char* RefusalText(Reason reason) {
+  switch (reason) {
+    case Reason::OtherChip:
+      return "HW and SW Chip Name is discordant";
+    case Reason::NeedsReload:
+      return "Please Reload Program File";
+    case Reason::NothingLoaded:
+      return "Please Download File";
+    default:
+      return "Production Limit Complete";
+  }
 }
 
 // From the file, not from the block. A file that is gone asks nothing.
@@ -60,24 +75,25 @@ bool PackageIsFlash() {
          FieldByte(*package, Field::ChipClass) == kChipClassFlash;
 }
 
-void Run(const Operation& operation) {
-  AppState& app = TheAppState();
-  Operator& op = *TheMachine().op;
-  if (const char* refusal = RefusalOf(operation); refusal != nullptr) {
-    op.Tell(refusal, kMessageCaption, MessageIcon::Warning);
-    return;
-  }
-  BeginOperation(operation.progressMode);
+Outcome Perform(const Operation& operation) {
   if (operation.asksBeforeErase && PackageIsFlash() &&
-      !op.Ask(" MTP/Flash series IC will clear all data ", kBlankCaption, MessageIcon::Question)) {
-    app.ProgressMode = 0;
-    EndOperation();
-    return;
+      !TheMachine().op->Ask(" MTP/Flash series IC will clear all data ", kBlankCaption, MessageIcon::Question))
+    return Cancelled(Reason::NotConfirmed);
+  return RunTask(operation.task, TheAppState().selection.*operation.divisor) ? kGood : Failed(Reason::VerdictFailed);
+}
+
+Outcome Run(const Operation& operation) {
+  Operator& op = *TheMachine().op;
+  if (const Outcome guard = Guard(operation); !guard.Good()) {
+    op.Tell(RefusalText(guard.reason), kMessageCaption, MessageIcon::Warning);
+    return guard;
   }
-  const bool good = RunTask(operation.task, app.*operation.divisor);
-  app.ProgressMode = 0;
-  op.Tell(good ? operation.okText : operation.failText, kMessageCaption);
+  BeginOperation(operation.progress);
+  const Outcome outcome = Perform(operation);
+  TheAppState().writer.ProgressMode = Progress::None;
+  if (outcome.end != End::Cancelled) op.Tell(outcome.Good() ? operation.okText : operation.failText);
   EndOperation();
+  return outcome;
 }
 
 // Polls until one value has held; failure when the link is gone or the bound is over.
@@ -114,11 +130,11 @@ std::uint8_t PollVerdict(std::uint32_t divisor) {
 
 }  // namespace
 
-void BeginOperation(int progressMode) {
+void BeginOperation(Progress progress) {
   SetProgressRange(0, kTaskProgressTop);
   SetProgressPosition(1);
   ClearStatusText();
-  TheAppState().ProgressMode = progressMode;
+  TheAppState().writer.ProgressMode = progress;
   BeginBusyCursor("metronom.ani");
 }
 
@@ -139,9 +155,9 @@ bool RunTask(std::uint8_t task, std::uint32_t divisor) {
   return true;
 }
 
-void OnAuto() { Run(kAuto); }
-void OnBlankCheck() { Run(kBlankCheck); }
-void OnProgram() { Run(kProgram); }
-void OnVerify() { Run(kVerify); }
+Outcome OnAuto() { return Run(kAuto); }
+Outcome OnBlankCheck() { return Run(kBlankCheck); }
+Outcome OnProgram() { return Run(kProgram); }
+Outcome OnVerify() { return Run(kVerify); }
 
 }  // namespace pyxis

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <new>
+#include <span>
 
 #include "intake/package_files.h"
 #include "link/writer_commands.h"
@@ -13,8 +14,8 @@
 #include "serial/sn_buttons.h"
 #include "serial/sn_record.h"
 #include "serial/sn_set.h"
-#include "shell/app_state.h"
-#include "shell/main_controls.h"
+#include "shell/ground/app_state.h"
+#include "shell/ground/main_controls.h"
 
 namespace pyxis {
 
@@ -49,7 +50,7 @@ void CSnProgramDlg::OnInitDialog() {
 
 void CSnProgramDlg::RefreshFields() {
   const SnRecord& record = TheSnRecord();
-  chipText = TheAppState().SelectedChip.substr(0, kLongestChipText);
+  chipText = TheAppState().selection.SelectedChip.substr(0, kLongestChipText);
   startText = HexPadded(record.SnStartText);
   endText = HexPadded(record.SnEndText);
   startAddressText = Printf("%04X", record.SnStartAddress);
@@ -59,27 +60,29 @@ void CSnProgramDlg::RefreshFields() {
 
 void CSnProgramDlg::OnSnSet() {
   const AppState& app = TheAppState();
-  CSnSetDlg dialog(SnFromIcSelection, app.ExhvIsp != 0, app.IspProgram != 0);
+  CSnSetDlg dialog(SnFromIcSelection, app.selection.ExhvIsp, app.selection.IspProgram);
   dialog.OnInitDialog();
   const bool loaded = TheMachine().op->RunDialog(dialog) == DialogEnd::Ok;
-  snProgramEnabled = loaded && app.SnLoaded != 0;
+  snProgramEnabled = loaded && app.writer.SnLoaded;
   if (loaded) RefreshFields();
   Changed();
 }
 
-void CSnProgramDlg::OnSnProgram() {
-  if (!snProgramEnabled) return;
+Outcome CSnProgramDlg::OnSnProgram() {
+  if (!snProgramEnabled) return Refused(Reason::NothingLoaded);
   const AppState& app = TheAppState();
   SnRecord& record = TheSnRecord();
   totalCount_.Increment();
   ShowCounters();
+  TheAppState().writer.ProgressMode = Progress::None;  // the task's own bar
   SetProgressRange(0, kTaskProgressTop);
-  const bool good = SnFromIcSelection ? RunTask(task::kAuto, app.AutoTicks) : RunTask(task::kProgram, app.ProgramTicks);
+  const bool good = SnFromIcSelection ? RunTask(task::kAuto, app.selection.AutoTicks)
+                                      : RunTask(task::kProgram, app.selection.ProgramTicks);
   SetProgressPosition(0);
   if (!good) {
     ngCount_.Increment();
     ShowCounters();
-    return;
+    return Failed(Reason::VerdictFailed);
   }
   workSerial_.TakeHex(record.SnStartText);
   workSerial_.Increment();
@@ -89,10 +92,11 @@ void CSnProgramDlg::OnSnProgram() {
   ShowCounters();
   endSerial_.TakeHex(record.SnEndText);
   workSerial_.Decrement();  // the serial that this chip received
-  if (!workSerial_.Equals(endSerial_)) return;
+  if (!workSerial_.Equals(endSerial_)) return kGood;
   snProgramEnabled = false;
   Changed();
   TheMachine().op->Tell("Serial Number Program Complete");
+  return kGood;
 }
 
 void CSnProgramDlg::OnResetCount() {
@@ -108,10 +112,10 @@ void CSnProgramDlg::OnClose() {
   OnResetCount();
   SnFromIcSelection = false;
   ended = true;
-  if (app.WriterConnected != 0) ReadInfoBlock(app.WriterInfoBlock);
-  app.SnMode = 0;
+  if (app.writer.WriterConnected) ReadInfoBlock(app.writer.WriterInfoBlock);
+  app.selection.SnMode = false;
   if (snProgressDlg) snProgressDlg->visible = false;
-  if (app.WriterConnected != 0) SwitchTaskButtonsBySnMode();
+  if (app.writer.WriterConnected) SwitchTaskButtonsBySnMode();
   Changed();
   TheMachine().view->SnProgressChanged();
 }
@@ -122,7 +126,7 @@ namespace {
 
 // False, with the operator told and nothing kept, when there is no dialog; the next Load File tries again.
 bool MakeSnProgressDlg() {
-  snProgressDlg.reset(new (std::nothrow) CSnProgramDlg(TheAppState().SnMode != 0));
+  snProgressDlg.reset(new (std::nothrow) CSnProgramDlg(TheAppState().selection.SnMode));
   if (!snProgressDlg) {
     TheMachine().op->Tell("Error Creating Dialog Object", kMessageCaption, MessageIcon::Stop);
     return false;
@@ -134,37 +138,49 @@ bool MakeSnProgressDlg() {
   return false;
 }
 
-// What Load File has brought into the writer.
-bool WriterCountsSerials() {
-  return (FieldByte(TheAppState().WriterInfoBlock, Field::SerialHead) & kSerialRoadBits) == kSerialBySelection;
+std::string TextOf(std::span<const std::uint8_t> bytes) {
+  std::string text;
+  for (const std::uint8_t byte : bytes) text += Printf("%02X", byte);
+  BigNumber number;
+  number.TakeHex(text);
+  return number.Hex();
 }
 
-// A load begins the writer's count at the first serial again, and the shown serial follows that count.
+// A job of an IC whose converter knows no serials has none.
+bool WriterCountsSerials() {
+  return (FieldByte(TheAppState().writer.WriterInfoBlock, Field::SerialHead) & kSerialRoadBits) == kSerialBySelection;
+}
+
+// The series that the load has taken to the writer, which counts from its first serial on. It is the one of the record
+// unless an older serial.txt lay there.
 void FollowTheWriter() {
   SnRecord& record = TheSnRecord();
-  const std::uint8_t* first = &TheAppState().WriterInfoBlock[kFirstSerialOffset];
-  if (!WriterCountsSerials() || !std::equal(record.SnStartBytes.begin(), record.SnStartBytes.end(), first)) return;
-  std::string text;
-  for (const std::uint8_t byte : record.SnStartBytes) text += Printf("%02X", byte);
-  BigNumber start;
-  start.TakeHex(text);
-  record.SnStartText = start.Hex();
+  const std::span<const std::uint8_t> block = TheAppState().writer.WriterInfoBlock;
+  const std::span<const std::uint8_t> first = block.subspan(kFirstSerialOffset, record.SnStartBytes.size());
+  const std::span<const std::uint8_t> behindLast = block.subspan(Field::SerialBlock.offset, record.SnEndBytes.size());
+  record.SnStartText = TextOf(first);
+  if (std::ranges::equal(record.SnStartBytes, first) && std::ranges::equal(record.SnEndBytes, behindLast)) return;
+  record.SnLength = block[Field::SerialHead.offset + 1];
+  BigNumber end;
+  end.TakeHex(TextOf(behindLast));
+  end.Decrement();
+  record.SnEndText = end.Hex();
 }
 
 }  // namespace
 
-void BringSnProgressUpToDate() {
+void BringSnProgressUpToDate(bool arrived) {
   const AppState& app = TheAppState();
   SwitchTaskButtonsBySnMode();
-  if (app.SnMode != 0) FollowTheWriter();
+  const bool counts = arrived && app.selection.SnMode && WriterCountsSerials();
+  if (counts) FollowTheWriter();
   if (!snProgressDlg && !MakeSnProgressDlg()) return;
   CSnProgramDlg& dialog = *snProgressDlg;
-  dialog.SnFromIcSelection = app.SnMode != 0;
+  dialog.SnFromIcSelection = app.selection.SnMode;
   dialog.ended = false;
   dialog.snSetEnabled = false;
-  // A load that failed leaves a job without serials: a press would burn it.
-  dialog.snProgramEnabled = app.SnMode == 0 || WriterCountsSerials();
-  dialog.visible = app.SnMode != 0;
+  if (arrived) dialog.snProgramEnabled = counts || !app.selection.SnMode;
+  dialog.visible = app.selection.SnMode;
   dialog.RefreshFields();
   TheMachine().view->SnProgressChanged();
 }
