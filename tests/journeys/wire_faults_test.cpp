@@ -1,6 +1,5 @@
 // What the operator hears when the wire or the writer fails, and that nothing hangs.
 #include "link/identification.h"
-#include "operations/firmware.h"
 #include "operations/tasks.h"
 #include "support/standin_bench.h"
 
