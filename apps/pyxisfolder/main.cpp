@@ -2,11 +2,13 @@
 #include <cstdio>
 
 #include "folder.h"
+#include "pyxisfolder/drawing/pictures.h"
 
 int main(int argc, char** argv) {
   if (argc != 2) {
     std::fprintf(stderr, "usage: pyxisfolder DIR\n");
     return 2;
   }
-  return pyxis::folder::BuildProgramFolder(argv[1]) ? 0 : 1;
+  const bool files = pyxis::folder::BuildProgramFolder(argv[1]);
+  return pyxis::folder::DrawPictures(argv[1]) && files ? 0 : 1;
 }
