@@ -19,7 +19,7 @@ namespace {
 struct Setup {
   Setup() {
     static std::FILE* const nowhere = std::fopen("/dev/null", "w");
-    DiagnosticsStream() = nowhere;
+    TraceStream() = nowhere;
     TheMachine().usb = &usb;
     OpenWriterLink();
     StartTask(task::kOpenFirmwareLoad);

@@ -3,8 +3,10 @@
 
 #include "folder.h"
 #include "pyxisfolder/drawing/pictures.h"
+#include "system/broken_pipe.h"
 
 int main(int argc, char** argv) {
+  pyxis::IgnoreBrokenPipes();
   if (argc != 2) {
     std::fprintf(stderr, "usage: pyxisfolder DIR\n");
     return 2;

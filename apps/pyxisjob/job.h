@@ -49,6 +49,7 @@ class HeadlessOperator : public Operator {
 struct Options {
   std::string folder = ".";
   bool json = false;
+  bool trace = false;
   std::string link;  // "vendor", "usb" or empty: the usual order
   bool yes = false;
   bool no = false;

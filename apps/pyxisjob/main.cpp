@@ -9,6 +9,7 @@
 #include "platform/files.h"
 #include "platform/machine.h"
 #include "shell/app_state.h"
+#include "system/broken_pipe.h"
 #include "system/libusb_host.h"
 #include "system/system_clock.h"
 #include "system/system_language.h"
@@ -26,8 +27,8 @@ void TakeOver(Job& job) {
   app.AppDir = app.StartDirectory + kPathSeparator;
   job.op.answer = job.options.yes;
   job.op.quiet = job.options.json;
-  // Standard output is for results; the link's lines go there only where nobody waits for results.
-  DiagnosticsStream() = stderr;
+  DiagnosticsStream() = stderr;  // standard output is for results
+  TraceStream() = job.options.trace ? stderr : nullptr;
 }
 
 }  // namespace
@@ -44,6 +45,7 @@ void Print(const nlohmann::json& object) {
 int main(int argc, char** argv) {
   using namespace pyxis;
   using namespace pyxis::job;
+  IgnoreBrokenPipes();
   Job job;
   SystemClock clock;
   SystemLanguage language;
@@ -65,6 +67,7 @@ int main(int argc, char** argv) {
   app.add_option("--folder", job.options.folder, "program folder")->check(CLI::ExistingDirectory);
   app.add_flag("--json", job.options.json, "print one JSON object a line");
   app.add_option("--link", job.options.link, "the one transport to try")->check(CLI::IsMember({"vendor", "usb"}));
+  app.add_flag("--trace", job.options.trace, "print a line for each transfer on standard error");
   auto* yes = app.add_flag("--yes", job.options.yes, "answer questions with Yes");
   app.add_flag("--no", job.options.no, "answer questions with No (the default)")->excludes(yes);
   app.parse_complete_callback([&job] { TakeOver(job); });

@@ -6,6 +6,7 @@
 #include "platform/machine.h"
 #include "shell/application.h"
 #include "standin/socket_path.h"
+#include "system/broken_pipe.h"
 #include "system/joined_events.h"
 #include "system/libusb_host.h"
 #include "system/local_writer_events.h"
@@ -16,13 +17,13 @@
 #include "system/vendor_library.h"
 #include "system/windows_pipes.h"
 #include "ui/main_window.h"
-#include "ui/qt_clipboard.h"
 #include "ui/qt_operator.h"
 #include "ui/qt_text.h"
 #include "ui/settings_profile.h"
 
 int main(int argc, char** argv) {
   using namespace pyxis;
+  IgnoreBrokenPipes();
   QApplication application(argc, argv);
   QApplication::setApplicationName(QStringLiteral("PyxisLoad"));
   QApplication::setWindowIcon(QIcon(ui::FromText(ResolvePath(CurrentDirectory() + "/pyxisload.ico"))));
@@ -36,7 +37,6 @@ int main(int argc, char** argv) {
   UdevEvents usbEvents;
   LocalWriterEvents standinEvents(standin::SocketPath());
   JoinedEvents events({&usbEvents, &standinEvents});
-  ui::QtClipboard clipboard;
   Machine& machine = TheMachine();
 #ifdef _WIN32
   WindowsPipes pipes;
@@ -49,7 +49,6 @@ int main(int argc, char** argv) {
   machine.vendor = &vendor;
   machine.update = &update;
   machine.profile = &profile;
-  machine.clipboard = &clipboard;
 
   CPyxisLoadApp app;
   app.InitInstance();

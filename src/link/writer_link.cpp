@@ -44,17 +44,17 @@ bool OpenLibusb() {
   CloseLibusb();
   if (!OpenFirstWriter()) return false;
   if (Usb().SetConfiguration(theWriterLink.LibusbHandle, kConfiguration) < 0) {
-    Diagnose("error setting config #%d: %s\n", kConfiguration, Usb().Error().c_str());
+    Trace("error setting config #%d: %s\n", kConfiguration, Usb().Error().c_str());
     CloseLibusb();
     return false;
   }
-  Diagnose("success: set configuration #%d\n", kConfiguration);
+  Trace("success: set configuration #%d\n", kConfiguration);
   if (Usb().ClaimInterface(theWriterLink.LibusbHandle, kInterface) < 0) {
-    Diagnose("error claiming interface #%d:\n%s\n", kInterface, Usb().Error().c_str());
+    Trace("error claiming interface #%d:\n%s\n", kInterface, Usb().Error().c_str());
     CloseLibusb();
     return false;
   }
-  Diagnose("success: claim_interface #%d\n", kInterface);
+  Trace("success: claim_interface #%d\n", kInterface);
   return true;
 }
 
@@ -63,31 +63,31 @@ bool FindDevicePath() {
   DevicePipes& pipes = *TheMachine().pipes;
   for (const std::string& path : pipes.InterfacePaths()) {
     theWriterLink.DevicePath = path;
-    Diagnose("Attempting to open %s\n", path.c_str());
+    Trace("Attempting to open %s\n", path.c_str());
     int error = 0;
     if (const DevicePipes::Handle trial = pipes.Open(path, error); trial != nullptr) {
       pipes.Close(trial);
       return true;
     }
-    Diagnose("FAILED to open %s\n", path.c_str());
+    Trace("FAILED to open %s\n", path.c_str());
   }
   return false;
 }
 
 DevicePipes::Handle OpenPipe(const char* name) {
   if (!FindDevicePath()) {
-    Diagnose("Failed to GetUsbDeviceFileName\n");
+    Trace("Failed to GetUsbDeviceFileName\n");
     return nullptr;
   }
   theWriterLink.DevicePath += std::string("\\") + name;
   const char* path = theWriterLink.DevicePath.c_str();
-  Diagnose("completeDeviceName = (%s)\n", path);
+  Trace("completeDeviceName = (%s)\n", path);
   int error = 0;
   const DevicePipes::Handle handle = TheMachine().pipes->Open(theWriterLink.DevicePath, error);
   if (handle != nullptr) {
-    Diagnose("Opened successfully.\n");
+    Trace("Opened successfully.\n");
   } else {
-    Diagnose("Failed to open (%s) = %d", path, error);
+    Trace("Failed to open (%s) = %d", path, error);
   }
   return handle;
 }
@@ -108,6 +108,7 @@ void ResetWriterLink() { theWriterLink = WriterLink{}; }
 int OpenWriterLink() {
   if (PipesOpen()) return 1;
   if (OpenLibusb()) return 1;
+  if (!TheMachine().pipes->Exist()) return 0;
   theWriterLink.ReadPipe = OpenPipe(kReadPipeName);
   theWriterLink.WritePipe = OpenPipe(kWritePipeName);
   return PipesOpen() ? 1 : 0;
@@ -123,25 +124,23 @@ bool FrameLinkOpen() { return TheAppState().UseLibusb != 0 || PipesOpen(); }
 
 bool LinkWrite(const std::uint8_t* data, std::uint32_t count) {
   if (TheAppState().UseLibusb == 0) return TheMachine().pipes->Write(theWriterLink.WritePipe, data, count);
-  const int result =
-      Usb().BulkWrite(theWriterLink.LibusbHandle, kEndpointOut, data, static_cast<int>(count), kTimeout);
+  const int result = Usb().BulkWrite(theWriterLink.LibusbHandle, kEndpointOut, data, static_cast<int>(count), kTimeout);
   if (result < 0) {
-    Diagnose("error writing:\n%s\n", Usb().Error().c_str());
+    Trace("error writing:\n%s\n", Usb().Error().c_str());
     return false;
   }
-  Diagnose("success: bulk write %d bytes\n", result);
+  Trace("success: bulk write %d bytes\n", result);
   return true;
 }
 
 bool LinkRead(std::uint8_t* buffer, std::uint32_t count) {
   if (TheAppState().UseLibusb == 0) return TheMachine().pipes->Read(theWriterLink.ReadPipe, buffer, count);
-  const int result =
-      Usb().BulkRead(theWriterLink.LibusbHandle, kEndpointIn, buffer, static_cast<int>(count), kTimeout);
+  const int result = Usb().BulkRead(theWriterLink.LibusbHandle, kEndpointIn, buffer, static_cast<int>(count), kTimeout);
   if (result < 0) {
-    Diagnose("error reading:\n%s\n", Usb().Error().c_str());
+    Trace("error reading:\n%s\n", Usb().Error().c_str());
     return false;
   }
-  Diagnose("success: bulk read %d bytes\n", result);
+  Trace("success: bulk read %d bytes\n", result);
   return true;
 }
 

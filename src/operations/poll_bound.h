@@ -5,8 +5,9 @@
 
 namespace pyxis {
 
-// Failed status reads in a row after which the link counts as gone.
-inline constexpr int kLostLinkReads = 100;
+// Milliseconds from the first failed status read to the last, with none good between them, after which the link counts
+// as gone. The first one may have taken its time-out already, so what counts begins at its end.
+inline constexpr std::uint32_t kLostLinkMs = 1000;
 // Milliseconds without a verdict. The longest task, Auto on the largest IC, takes a few minutes.
 inline constexpr std::uint32_t kLongestTaskMs = 30 * 60 * 1000;
 

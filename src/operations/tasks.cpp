@@ -1,5 +1,7 @@
 #include "operations/tasks.h"
 
+#include <optional>
+
 #include "intake/package_files.h"
 #include "link/writer_commands.h"
 #include "operations/poll_bound.h"
@@ -25,8 +27,8 @@ struct Operation {
 };
 
 constexpr Operation kAuto{task::kAuto, 2, &AppState::AutoTicks, true, false, "Auto OK", "Auto FAIL"};
-constexpr Operation kBlankCheck{task::kBlankCheck,     3,    &AppState::BlankTicks, false, true,
-                                "BlankCheck OK", "BlankCheck FAIL"};
+constexpr Operation kBlankCheck{task::kBlankCheck, 3, &AppState::BlankTicks, false, true, "BlankCheck OK",
+                                "BlankCheck FAIL"};
 constexpr Operation kProgram{task::kProgram, 4, &AppState::ProgramTicks, false, false, "Program OK", "Program FAIL"};
 constexpr Operation kVerify{task::kVerify, 5, &AppState::VerifyTicks, false, false, "Verify OK", "Verify FAIL"};
 
@@ -84,14 +86,13 @@ std::uint8_t PollVerdict(std::uint32_t divisor) {
   const std::uint32_t start = clock.TickCount();
   std::uint32_t reads = 0;
   int equalReads = 0;
-  int failedReads = 0;
+  std::optional<std::uint32_t> lostSince;  // the first failed read of those in a row
   std::uint8_t last = 0;
   while (equalReads != kEqualReadsWanted) {
     ++reads;
     const std::uint8_t unread = kUnread[reads % 2];
     std::uint8_t byte = unread;
     const bool good = ReadCommand(OP_TASK_STATUS, std::span(&byte, 1)) != 0 && byte != unread;
-    failedReads = good ? 0 : failedReads + 1;
     const std::uint8_t status = byte & kStatusBits;
     if (status == last && status != 0) {
       ++equalReads;
@@ -100,7 +101,13 @@ std::uint8_t PollVerdict(std::uint32_t divisor) {
       last = status;
     }
     SetProgressPosition(static_cast<int>(reads / divisor));
-    if (failedReads >= kLostLinkReads || clock.TickCount() - start >= kLongestTaskMs) return kStatusFailed;
+    const std::uint32_t now = clock.TickCount();
+    if (good) {
+      lostSince.reset();
+    } else if (!lostSince) {
+      lostSince = now;
+    }
+    if ((lostSince && now - *lostSince >= kLostLinkMs) || now - start >= kLongestTaskMs) return kStatusFailed;
   }
   return last;
 }

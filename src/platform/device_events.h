@@ -1,5 +1,5 @@
-// Coming and going of devices, as two events with the device's name. A device with the writer's USB numbers carries the
-// writer's interface class in its name.
+// Coming and going of the writer's device, as two events with the device's name, in which the writer's interface class
+// stands. Nothing is told of any other device: with velmarapi an arrival is taken for the writer's whatever its name.
 #pragma once
 
 #include <string>

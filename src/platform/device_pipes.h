@@ -1,4 +1,4 @@
-// The two pipes of the writer's device-interface driver. They exist on Windows only; elsewhere there is no interface.
+// The two pipes of the writer's device-interface driver. They exist on Windows only.
 #pragma once
 
 #include <cstdint>
@@ -11,6 +11,8 @@ class DevicePipes {
  public:
   using Handle = void*;
   virtual ~DevicePipes() = default;
+  // Whether this system has such pipes at all.
+  virtual bool Exist() const = 0;
   // Paths of the present interfaces of the writer's class, in enumeration order.
   virtual std::vector<std::string> InterfacePaths() = 0;
   // For reading and writing, shared, existing; null when it can't be opened, with the system's error code.

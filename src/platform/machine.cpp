@@ -1,6 +1,5 @@
 #include "platform/machine.h"
 
-#include "platform/clipboard.h"
 #include "platform/clock.h"
 #include "platform/device_pipes.h"
 #include "platform/language.h"
@@ -40,6 +39,7 @@ class NoUsb : public UsbHost {
 };
 
 class NoPipes : public DevicePipes {
+  bool Exist() const override { return false; }
   std::vector<std::string> InterfacePaths() override { return {}; }
   Handle Open(const std::string&, int& error) override {
     error = 0;
@@ -71,14 +71,6 @@ class NoUpdate : public UpdateAgent {
   std::int32_t CallUpdateAgent(const char*) override { return kUpdateAgentMissing; }
 };
 
-class NoClipboard : public Clipboard {
-  bool Read(std::optional<std::string>& text) override {
-    text.reset();
-    return true;
-  }
-  bool Write(const std::string&) override { return true; }
-};
-
 NoOperator noOperator;
 NoClock noClock;
 MainView noView;
@@ -88,11 +80,9 @@ NoVendor noVendor;
 NoProfile noProfile;
 NoLanguage noLanguage;
 NoUpdate noUpdate;
-NoClipboard noClipboard;
 
 Machine Nothing() {
-  return {&noOperator, &noClock,   &noView,     &noUsb,    &noPipes,
-          &noVendor,   &noProfile, &noLanguage, &noUpdate, &noClipboard};
+  return {&noOperator, &noClock, &noView, &noUsb, &noPipes, &noVendor, &noProfile, &noLanguage, &noUpdate};
 }
 
 Machine theMachine = Nothing();

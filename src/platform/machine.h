@@ -4,7 +4,6 @@
 
 namespace pyxis {
 
-class Clipboard;
 class Clock;
 class DevicePipes;
 class Language;
@@ -25,7 +24,6 @@ struct Machine {
   Profile* profile;
   Language* language;
   UpdateAgent* update;
-  Clipboard* clipboard;
 };
 
 Machine& TheMachine();

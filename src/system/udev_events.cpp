@@ -49,13 +49,11 @@ bool IsWriter(const std::map<std::string, std::string>& properties) {
 }  // namespace
 
 std::optional<DeviceEvent> EventOfUdev(const std::map<std::string, std::string>& properties) {
-  if (Find(properties, "DEVTYPE") != "usb_device") return std::nullopt;
+  if (Find(properties, "DEVTYPE") != "usb_device" || !IsWriter(properties)) return std::nullopt;
   const std::string_view action = Find(properties, "ACTION");
   if (action != "add" && action != "remove") return std::nullopt;
-  DeviceEvent event{action == "add" ? DeviceEvent::Kind::Arrival : DeviceEvent::Kind::Removal,
-                    std::string(Find(properties, "DEVPATH"))};
-  if (IsWriter(properties)) event.deviceName += std::string("#{") + kWriterInterfaceClass + "}";
-  return event;
+  return DeviceEvent{action == "add" ? DeviceEvent::Kind::Arrival : DeviceEvent::Kind::Removal,
+                     std::string(Find(properties, "DEVPATH")) + "#{" + kWriterInterfaceClass + "}"};
 }
 
 void UdevEvents::Release::operator()(udev* handle) const { udev_unref(handle); }

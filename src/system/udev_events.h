@@ -1,4 +1,4 @@
-// Coming and going of USB devices by udev.
+// Coming and going of the writer on the USB, by udev.
 #pragma once
 
 #include <map>
@@ -13,10 +13,9 @@ struct udev_monitor;
 
 namespace pyxis {
 
-// A udev event of subsystem usb as ours; nothing for what is neither a whole device nor its coming or going. The name
-// is the device's path, with the interface class in braces behind it for a device with the writer's numbers. They are
-// read from ID_VENDOR_ID and ID_MODEL_ID, else from PRODUCT ("7a31/1602/100"), which the kernel sends with removals
-// too.
+// A udev event of subsystem usb as ours; nothing for what is not the coming or going of a whole device with the
+// writer's numbers. They are read from ID_VENDOR_ID and ID_MODEL_ID, else from PRODUCT ("7a31/1602/100"), which the
+// kernel sends with removals too. The event's name is the device's path with the interface class in braces behind it.
 std::optional<DeviceEvent> EventOfUdev(const std::map<std::string, std::string>& properties);
 
 class UdevEvents : public DeviceEvents {

@@ -9,6 +9,7 @@ namespace pyxis {
 
 class WindowsPipes : public DevicePipes {
  public:
+  bool Exist() const override { return true; }
   std::vector<std::string> InterfacePaths() override;
   Handle Open(const std::string& path, int& error) override;
   bool Write(Handle handle, const std::uint8_t* data, std::uint32_t count) override;

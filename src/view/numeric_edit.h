@@ -1,6 +1,6 @@
-// The number field of the serial number dialogs: hexadecimal and decimal numbers with an optional leading "0x". Here are
-// its rules: what a key or a paste may do to the text, how the text reads, what the menu offers. The text, the selection
-// and the undo steps are those of the line edit that asks.
+// The number field of the serial number dialogs: hexadecimal and decimal numbers with an optional leading "0x". Here
+// are its rules: what a key or a paste may do to the text, how the text reads, what the menu offers. The text, the
+// selection and the undo steps are those of the line edit that asks.
 #pragma once
 
 #include <array>
@@ -35,13 +35,13 @@ struct CNumericEdit {
   static const std::array<MenuRow, 7> kMenu;
 
   std::string text;
-  std::size_t start = 0, end = 0;    // `end` is behind the last selected character; both are the caret without selection
+  std::size_t start = 0, end = 0;  // `end` is behind the last selected character; both are the caret without selection
   std::size_t maxLength = SIZE_MAX;  // characters that the operator can enter
   bool readOnly = false;
   bool canUndo = false;
 
-  bool HexMode() const;             // the text reads as hexadecimal
-  std::uint32_t GetValue() const;   // 0 for a text that is no number of 32 bits
+  bool HexMode() const;              // the text reads as hexadecimal
+  std::uint32_t GetValue() const;    // 0 for a text that is no number of 32 bits
   std::string ConvertRadix() const;  // the text afterwards
 
   // What goes in for a typed character, from 32 upward; nothing when it is dropped.

@@ -57,9 +57,8 @@ TEST_F(Link, ADeviceThatRefusesIsGivenUp) {
   EXPECT_EQ(OpenWriterLink(), 0);
   EXPECT_EQ(TheAppState().UseLibusb, 0U);
   EXPECT_EQ(usb.calls, (Texts{"find", "open 1", "close", "find", "open 1", "close"}));
-  const std::string noPipes = "Failed to GetUsbDeviceFileName\nFailed to GetUsbDeviceFileName\n";
-  EXPECT_EQ(Printed(), "error setting config #1: broken\n" + noPipes +
-                           "success: set configuration #1\nerror claiming interface #0:\nbroken\n" + noPipes);
+  EXPECT_EQ(Printed(),  // and nothing of pipes, which this system doesn't have
+            "error setting config #1: broken\nsuccess: set configuration #1\nerror claiming interface #0:\nbroken\n");
 }
 
 // Two interfaces, the first of which can't be opened; remembers what was opened.
@@ -67,6 +66,7 @@ class TwoPipes : public DevicePipes {
  public:
   Texts opened;
   bool writePipe = true;
+  bool Exist() const override { return true; }
   Texts InterfacePaths() override { return {"busy", "dev"}; }
   Handle Open(const std::string& path, int& error) override {
     opened.push_back(path);

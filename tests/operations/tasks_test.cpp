@@ -39,6 +39,42 @@ TEST_F(Tasks, SixEqualReadingsAreAVerdict) {
   }
 }
 
+// Each read takes a while and brings a status, or ' ' nothing; the last of them repeats.
+class SlowWriter : public VendorLog {
+ public:
+  SlowWriter(FakeClock& clock, std::uint32_t milliseconds, const char* statuses)
+      : clock_(clock), milliseconds_(milliseconds), next_(statuses) {}
+  int count = 0;
+  int VMRead(std::uint8_t, std::uint8_t* buffer, std::uint32_t) override {
+    ++count;
+    clock_.tick += milliseconds_;
+    const char status = *next_;
+    if (next_[1] != '\0') ++next_;
+    if (status == ' ') return -1;
+    *buffer = static_cast<std::uint8_t>(status - '0');
+    return 0;
+  }
+
+ private:
+  FakeClock& clock_;
+  std::uint32_t milliseconds_;
+  const char* next_;
+};
+
+TEST_F(Tasks, LostReadsAreBoundedByTime) {
+  // clang-format off
+  for (const auto& [why, milliseconds, statuses, good, reads] : Table<const char*, std::uint32_t, const char*, bool, int>{
+           {"a cable pulled", 0, "0 ", false, 1002}, {"each a time-out", 5000, "0 ", false, 3},
+           {"one late answer", 120000, "0 111111", true, 8}, {"good ones between", 900, " 0 0 0 0111111", true, 14},
+           {"one lost too many", 500, "0  0   111111", false, 7}, {"no verdict", 60000, "0", false, 30}}) {
+    // clang-format on
+    SlowWriter writer(clock, milliseconds, statuses);
+    TheMachine().vendor = &writer;
+    EXPECT_EQ(RunTask(16, 1), good) << why;
+    EXPECT_EQ(writer.count, reads) << why;
+  }
+}
+
 TEST_F(Tasks, Guards) {
   auto& block = TheAppState().WriterInfoBlock;
   // clang-format off

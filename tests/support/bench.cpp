@@ -3,7 +3,6 @@
 #include <stdlib.h>
 
 #include <fstream>
-#include <iterator>
 
 #include "link/writer_link.h"
 #include "options/smart_option.h"
@@ -36,7 +35,6 @@ Bench::Bench() {
   machine.clock = &clock;
   machine.profile = &profile;
   machine.language = &language;
-  machine.clipboard = &clipboard;
 }
 
 Bench::~Bench() {
@@ -52,8 +50,7 @@ void Bench::Write(const std::string& name, std::span<const std::uint8_t> bytes) 
 
 Bytes Bench::Contents(const std::string& name) const {
   if (std::filesystem::is_directory(folder / name)) return {};
-  std::ifstream in(folder / name, std::ios::binary);
-  return {std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>()};
+  return ReadWholeFile(Path(name)).value_or(Bytes());
 }
 
 }  // namespace pyxis::test

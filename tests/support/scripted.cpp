@@ -8,35 +8,45 @@ std::vector<std::string> ScriptedOperator::Heard() {
   return texts;
 }
 
+namespace {
+
+std::string BoxOf(const Told& t) {
+  constexpr const char* kIcons[] = {"", ", question", ", warning", ", stop"};
+  return "[" + t.caption + kIcons[static_cast<int>(t.icon)] + "] " + t.text;
+}
+
+}  // namespace
+
 void ScriptedOperator::Tell(const std::string& text, const std::string& caption, MessageIcon icon) {
   told.push_back({text, caption, icon});
+  heard("box " + BoxOf(told.back()));
 }
 
 bool ScriptedOperator::Ask(const std::string& text, const std::string& caption, MessageIcon icon) {
   told.push_back({text, caption, icon});
-  if (answers.empty()) return false;
-  const bool answer = answers.front();
-  answers.pop_front();
+  const bool answer = !answers.empty() && answers.front();
+  if (!answers.empty()) answers.pop_front();
+  heard("ask " + BoxOf(told.back()) + (answer ? ": Yes" : ": No"));
   return answer;
 }
 
 std::optional<std::string> ScriptedOperator::ChooseFile(const std::string& filter) {
   filters.push_back(filter);
-  if (files.empty()) return std::nullopt;
-  auto file = files.front();
-  files.pop_front();
+  auto file = files.empty() ? std::nullopt : files.front();
+  if (!files.empty()) files.pop_front();
+  heard("choose " + filter + (file ? ": " + *file : ": Cancel"));
   return file;
 }
 
 CursorHandle ScriptedOperator::LoadCursorFromFile(const std::string& path) {
   cursors.push_back(path);
+  heard((cursorsLoad ? "load cursor " : "no cursor ") + path);
   return cursorsLoad ? static_cast<CursorHandle>(cursors.size()) + 1 : 0;
 }
 
 CursorHandle ScriptedOperator::SetCursor(CursorHandle handle) {
-  const CursorHandle before = cursor;
-  cursor = handle;
-  return before;
+  heard(handle == 1 ? "cursor arrow" : "cursor busy");
+  return std::exchange(cursor, handle);
 }
 
 }  // namespace pyxis::test

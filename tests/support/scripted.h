@@ -9,7 +9,6 @@
 #include <utility>
 #include <vector>
 
-#include "platform/clipboard.h"
 #include "platform/clock.h"
 #include "platform/language.h"
 #include "platform/main_view.h"
@@ -42,6 +41,7 @@ class ScriptedOperator : public Operator {
   std::function<DialogEnd(CSmartOptionDlg&)> smartOption;
   std::function<DialogEnd(CGotoAddressDlg&)> gotoAddress;
   int aboutRuns = 0;
+  std::function<void(const std::string&)> heard = [](const std::string&) {};  // each event as a line of text
 
   // What was told since the last call of one of them: the texts, or all of it.
   std::vector<std::string> Heard();
@@ -50,17 +50,26 @@ class ScriptedOperator : public Operator {
   void Tell(const std::string& text, const std::string& caption, MessageIcon icon) override;
   bool Ask(const std::string& text, const std::string& caption, MessageIcon icon) override;
   std::optional<std::string> ChooseFile(const std::string& filter) override;
-  DialogEnd RunDialog(CIcSelectDlg& d) override { return icSelect ? icSelect(d) : DialogEnd::Cancel; }
-  DialogEnd RunDialog(COptionSelectDlg& d) override { return optionSelect ? optionSelect(d) : DialogEnd::Cancel; }
-  DialogEnd RunDialog(CSnSetDlg& d) override { return snSet ? snSet(d) : DialogEnd::Cancel; }
-  DialogEnd RunDialog(CSnProgramDlg& d) override { return snProgram ? snProgram(d) : DialogEnd::Cancel; }
-  DialogEnd RunDialog(CReadChipInfoDlg& d) override { return chipInfo ? chipInfo(d) : DialogEnd::Cancel; }
-  DialogEnd RunDialog(CDownloadInfoDlg& d) override { return downloadInfo ? downloadInfo(d) : DialogEnd::Cancel; }
-  DialogEnd RunDialog(CSmartOptionDlg& d) override { return smartOption ? smartOption(d) : DialogEnd::Cancel; }
-  DialogEnd RunDialog(CGotoAddressDlg& d) override { return gotoAddress ? gotoAddress(d) : DialogEnd::Cancel; }
-  void RunAbout() override { ++aboutRuns; }
+  DialogEnd RunDialog(CIcSelectDlg& d) override { return Run("IC Type Select", icSelect, d); }
+  DialogEnd RunDialog(COptionSelectDlg& d) override { return Run("Option Select 1", optionSelect, d); }
+  DialogEnd RunDialog(CSnSetDlg& d) override { return Run("Serial Number Set", snSet, d); }
+  DialogEnd RunDialog(CSnProgramDlg& d) override { return Run("Serial Number Program", snProgram, d); }
+  DialogEnd RunDialog(CReadChipInfoDlg& d) override { return Run("Read CHIP Information", chipInfo, d); }
+  DialogEnd RunDialog(CDownloadInfoDlg& d) override { return Run("Download File Information", downloadInfo, d); }
+  DialogEnd RunDialog(CSmartOptionDlg& d) override { return Run("Smart Option", smartOption, d); }
+  DialogEnd RunDialog(CGotoAddressDlg& d) override { return Run("Goto Address", gotoAddress, d); }
+  void RunAbout() override { ++aboutRuns, heard("dialog About"); }
   CursorHandle LoadCursorFromFile(const std::string& path) override;
   CursorHandle SetCursor(CursorHandle handle) override;
+
+ private:
+  template <typename Dialog>
+  DialogEnd Run(const char* title, const std::function<DialogEnd(Dialog&)>& script, Dialog& dialog) {
+    heard(std::string("dialog ") + title);
+    const DialogEnd end = script ? script(dialog) : DialogEnd::Cancel;
+    heard(end == DialogEnd::Ok ? "OK" : "Cancel");
+    return end;
+  }
 };
 
 class FakeClock : public Clock {
@@ -68,8 +77,19 @@ class FakeClock : public Clock {
   std::uint32_t tick = 0;
   LocalTime now{2015, 3, 4, 5, 9, 7, 3, 250};
   std::uint32_t step = 1;  // milliseconds that each look takes
-  std::uint32_t TickCount() override { return tick += step; }
+  std::uint32_t TickCount() override {
+    tick += step;
+    if (!looked_) first_ = tick;
+    looked_ = true;
+    return tick;
+  }
+  // Milliseconds between the first and the last of the looks since the last call.
+  std::uint32_t Waited() { return std::exchange(looked_, false) ? tick - first_ : 0; }
   LocalTime Now() override { return now; }
+
+ private:
+  bool looked_ = false;
+  std::uint32_t first_ = 0;
 };
 
 class MapProfile : public Profile {
@@ -82,14 +102,6 @@ class MapProfile : public Profile {
   void WriteProfileInt(const std::string& section, const std::string& name, int value) override {
     values[section + "/" + name] = value;
   }
-};
-
-class TextClipboard : public Clipboard {
- public:
-  std::optional<std::string> text;  // nothing: it holds no text
-  bool opens = true;
-  bool Read(std::optional<std::string>& out) override { return out = text, opens; }
-  bool Write(const std::string& in) override { return opens && (text = in, true); }
 };
 
 class FixedLanguage : public Language {

@@ -14,6 +14,7 @@ namespace pyxis::test {
 StandinBench::StandinBench(Transport transport, int model) : writer(model) {
   static std::FILE* const nowhere = std::fopen("/dev/null", "w");
   DiagnosticsStream() = nowhere;
+  TraceStream() = nullptr;
   if (transport == Transport::Usb) {
     TheMachine().usb = &usb;
   } else {
@@ -27,7 +28,7 @@ StandinBench::StandinBench(Transport transport, int model) : writer(model) {
 StandinBench::~StandinBench() {
   EXPECT_EQ(writer.Violations(), Texts{});
   CloseTransport();
-  DiagnosticsStream() = stdout;
+  DiagnosticsStream() = TraceStream() = stdout;
 }
 
 std::string StandinBench::PutFolderFor(const std::string& label) {

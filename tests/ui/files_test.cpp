@@ -32,7 +32,8 @@ Bytes Cursor() {
   header[32] = 2;  // colours
   colors[6] = 0xFF;
   const Bytes bitmap = header + colors + Bytes{1, 1, 0, 0, 1, 0, 1, 0} + Bytes{0x20, 0, 0, 0, 0x40, 0, 0, 0};
-  return Bytes{0, 0, 2, 0, 1, 0, 3, 2, 0, 0, 2, 0, 1, 0, static_cast<std::uint8_t>(bitmap.size()), 0, 0, 0, 22, 0, 0, 0} +
+  return Bytes{0, 0, 2, 0,  1, 0, 3, 2, 0, 0, 2, 0, 1, 0, static_cast<std::uint8_t>(bitmap.size()),
+               0, 0, 0, 22, 0, 0, 0} +
          bitmap;
 }
 

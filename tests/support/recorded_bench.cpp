@@ -1,0 +1,58 @@
+#include "support/recorded_bench.h"
+
+#include "platform/text.h"
+
+namespace pyxis::test {
+
+RecordedBench::RecordedBench(Transport transport, int model)
+    : StandinBench(transport, model), record(usb, vendor, op, clock, folder), transport_(transport) {
+  Machine& machine = TheMachine();
+  machine.view = &record;
+  machine.update = &record;
+  if (transport == Transport::Usb) {
+    machine.usb = &record;
+  } else {
+    machine.vendor = &record;
+  }
+  op.cursorsLoad = true;
+}
+
+void RecordedBench::Compare(const Texts& got, const Texts& wanted) const {
+  Texts lines = wanted;
+  for (std::string& line : lines)
+    if (line.starts_with("w ")) line.replace(0, 1, Usb() ? "usb" : "api");
+  for (std::size_t i = 0; i < std::max(got.size(), lines.size()); ++i) {
+    if (i < got.size() && i < lines.size() && got[i] == lines[i]) continue;
+    ADD_FAILURE() << "event " << i << ": " << (i < got.size() ? got[i] : "none")
+                  << "\n  wanted: " << (i < lines.size() ? lines[i] : "none")
+                  << "\n  before: " << (i > 0 && i <= got.size() ? got[i - 1] : "");
+    break;
+  }
+}
+
+Texts RecordedBench::Peek(const std::string& address) const {
+  return Texts{"w SET_MODE 00", "w SET_ADDRESS " + std::string(Usb() ? "" : "00 00 ") + address} + BarBefore() +
+         Texts{"w READ_MEMORY 1"} + BarBehind(1);
+}
+
+Texts RecordedBench::FirmwareBytes() const {
+  return Peek("FA 90") + Peek("FA 91") + Peek("FA 92") + Peek("FA 94") + Peek("FA 95") + Texts{"w SET_MODE 07"};
+}
+
+Texts RecordedBench::InfoBlock() {
+  return {"w SET_MODE 47", "w SELECT_AREA 04 17", "w READ_AREA 512", "w SELECT_AREA 0C 07", "w SET_MODE 07"};
+}
+
+Texts RecordedBench::PackageFile(const std::string& area, const Bytes& bytes) const {
+  return Texts{"w SET_MODE 47", "w SELECT_AREA " + area + " 17"} + BarBefore() + Texts{"w WRITE_AREA " + Shown(bytes)} +
+         BarBehind(bytes.size()) + BarBefore() + Texts{Printf("w READ_AREA %zu", bytes.size())} +
+         BarBehind(bytes.size()) + Texts{"w SELECT_AREA 0C 07"};
+}
+
+// One step a chunk of 512 bytes, and one for the status block; the range ends at the whole chunks, or at 2 without one.
+Texts RecordedBench::BarBehind(std::size_t bytes) const {
+  const std::size_t whole = bytes / 512, top = whole == 0 ? 2 : whole;
+  return OnUsb({Printf("bar 0-%zu", top) + (top == 1 ? " 1" : top == 2 ? " 1 2" : Printf(" 1..%zu", top))});
+}
+
+}  // namespace pyxis::test

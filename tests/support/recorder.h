@@ -1,0 +1,91 @@
+// What a run does at the seams, in order, one short line of text each. It stands in front of the transports' bodies, so
+// that the answers are real, and is the main window's view. docs/testing.md tells how the lines read.
+#pragma once
+
+#include <map>
+
+#include "platform/main_view.h"
+#include "platform/update_agent.h"
+#include "platform/usb_host.h"
+#include "platform/vendor_api.h"
+#include "support/bench.h"
+
+namespace pyxis::test {
+
+class Recorder : public MainView, public UsbHost, public VendorApi, public UpdateAgent {
+ public:
+  Recorder(UsbHost& usb, VendorApi& vendor, ScriptedOperator& op, FakeClock& clock, std::filesystem::path folder);
+
+  // The lines since the last call. What changed before it is no event of the next run.
+  Texts Take();
+  void Line(const std::string& text);
+  std::function<void()> afterLine = [] {};  // called behind each line, to break something in the middle of a run
+  std::int32_t updateResult = 1;            // of the update client
+
+  void ControlsChanged() override { FindControlChanges(); }
+  void ProgressChanged() override;
+  void HexViewChanged() override;
+  void SnProgressChanged() override;
+  bool CreateSnProgress() override;
+  void PumpPaint() override;
+  void CloseMainWindow() override { Line("close main window"); }
+  void EndMainWindow() override { Line("end main window"); }
+  void EnableMainWindow(bool enabled) override { Line(enabled ? "main window on" : "main window off"); }
+
+  std::vector<UsbBus> FindDevices() override { return usb_.FindDevices(); }
+  Handle Open(const UsbDeviceEntry& device) override;
+  int SetConfiguration(Handle handle, int configuration) override {
+    return usb_.SetConfiguration(handle, configuration);
+  }
+  int ClaimInterface(Handle handle, int interface) override { return usb_.ClaimInterface(handle, interface); }
+  int BulkWrite(Handle handle, int endpoint, const std::uint8_t* data, int count, int timeout) override;
+  int BulkRead(Handle handle, int endpoint, std::uint8_t* data, int count, int timeout) override;
+  void Close(Handle handle) override;
+  std::string Error() override { return usb_.Error(); }
+
+  int VMOpen(int model, int a, int b) override;
+  void VMSetTimeout(int timeout) override;
+  void VMClose() override;
+  int VMWrite(std::uint8_t opcode, const std::uint8_t* data, std::uint32_t length) override;
+  int VMRead(std::uint8_t opcode, std::uint8_t* buffer, std::uint32_t length) override;
+
+  std::int32_t CallUpdateAgent(const char* request) override;
+
+ private:
+  void Add(const std::string& text);  // without a look at what else has happened
+  void AddTo(const std::string& verb, const std::string& object);
+  void FindWaits();
+  void FindFiles();
+  void FindControlChanges();
+  void BarToken(const std::string& token);
+  void CloseRun();
+  void BeginFrame(const std::uint8_t* block, int count);
+  void EndFrame(bool good);
+
+  UsbHost& usb_;
+  VendorApi& vendor_;
+  FakeClock& clock_;
+  const std::filesystem::path folder_;
+  Texts lines_;
+  MainControls shown_;
+  int low_ = -1, high_ = -1;  // no range has been seen yet
+  int firstOfRun_ = -1, lastOfRun_ = -1;
+  std::size_t hexBytes_ = 0;
+  bool hexBlank_ = false;
+  std::string series_;
+
+  // The frame under way.
+  bool inFrame_ = false, sends_ = false, paintDue_ = false;
+  std::size_t frameLine_ = 0, wanted_ = 0;
+  int paints_ = 0;
+  Bytes frameData_;
+  std::string frameName_;
+  std::size_t transfers_ = 0;
+};
+
+// "OP_SET_MODE" without its prefix.
+std::string NameOf(std::uint8_t opcode);
+// Data on the wire: up to 16 bytes as they are, else their number and a hash.
+std::string Shown(std::span<const std::uint8_t> data);
+
+}  // namespace pyxis::test
