@@ -77,46 +77,51 @@ void RestoreDisplay() {
   TheAppState().writer.ProgressMode = Progress::None;
 }
 
-// What goes to the writer; false when the run stops here.
-bool SendToWriter(std::uint32_t chipCode) {
+// What goes to the writer.
+Outcome SendToWriter(std::uint32_t chipCode) {
   SelectFirmware(chipCode);
-  if (TheAppState().writer.FirmwareLoadFailed) {
-    TheMachine().op->Tell("Update Firmware Fail");
-    SetWriterMode(mode::kIdle);
-    SendControl(control::kEndLoad);
-    return false;
-  }
-  DownloadPackages();
-  return true;
+  if (!TheAppState().writer.FirmwareLoadFailed) return DownloadPackages();
+  TheMachine().op->Tell("Update Firmware Fail");
+  SetWriterMode(mode::kIdle);
+  SendControl(control::kEndLoad);
+  return Failed(Reason::FirmwareFailed);
 }
 
-void Run(const ChipEntry& row, const std::string& path) {
+// The whole run behind the file dialog, up to what has become of the job.
+Outcome LoadJob(const ChipEntry& row, const std::string& path) {
+  AppState& app = TheAppState();
+  const bool converted = Convert(row, path) == 0;
+  if (ProtectionComesFromFile(row.ChipCode)) SetFusePanel(app.conversion.ImageUnprotected ? 1 : 0, -1, -1);
+  ShowResult();
+  BeginBusyCursor("dinosaur.ani");
+  if (app.writer.FirmwareLevel > kHostFirmwareLevel &&
+      !TheMachine().op->Ask("Software Version is Old, Still continue to use ?", kBlankCaption, MessageIcon::Warning))
+    return Cancelled(Reason::NotConfirmed);
+  return converted ? SendToWriter(row.ChipCode) : Failed(Reason::NotConverted);
+}
+
+// Two ends leave the writer and the serial numbers' dialog as they were: an old program that the operator doesn't want
+// to use, and firmware that didn't arrive.
+bool EndsEarly(const Outcome& outcome) {
+  return outcome.reason == Reason::NotConfirmed || outcome.reason == Reason::FirmwareFailed;
+}
+
+Outcome Run(const ChipEntry& row, const std::string& path) {
   AppState& app = TheAppState();
   app.selection.OptionValue = kDefaultOptionValue;
   if (row.HasOptionDialog) ChooseOptions(row.ChipCode);
   if (path.empty()) {
     TheMachine().op->Tell("File is empty.", kPlainCaption);
-    return;
+    return Cancelled(Reason::NoFile);
   }
   SetReadyText(ComposeReadyText(TheMachine().language->GetSystemDefaultLangID()));
-
-  const bool converted = Convert(row, path) == 0;
-  if (ProtectionComesFromFile(row.ChipCode)) SetFusePanel(static_cast<int>(app.conversion.ImageUnprotected), -1, -1);
-  ShowResult();
-  BeginBusyCursor("dinosaur.ani");
-  if (app.writer.FirmwareLevel > kHostFirmwareLevel &&
-      !TheMachine().op->Ask("Software Version is Old, Still continue to use ?", kBlankCaption, MessageIcon::Warning)) {
-    RestoreDisplay();
-    return;
-  }
-  if (converted && !SendToWriter(row.ChipCode)) {
-    RestoreDisplay();
-    return;
-  }
-  if (app.writer.WriterConnected) ReadInfoBlock(app.writer.WriterInfoBlock);
+  const Outcome outcome = LoadJob(row, path);
+  if (!EndsEarly(outcome) && app.writer.WriterConnected) ReadInfoBlock(app.writer.WriterInfoBlock);
   RestoreDisplay();
-  BringSnProgressUpToDate();
+  if (EndsEarly(outcome)) return outcome;
+  BringSnProgressUpToDate(outcome.Good());
   PaintNow();
+  return outcome;
 }
 
 }  // namespace
@@ -127,7 +132,7 @@ const char* FileFilter(const char* fileExtension) {
   return kOtherFilter;
 }
 
-void OnLoadFile() {
+Outcome OnLoadFile() {
   AppState& app = TheAppState();
   FrontBufferArea();
   EmptyLoadedFile();
@@ -140,10 +145,10 @@ void OnLoadFile() {
     EmptyLoadedFile();
     SetControlText(ControlId::FileField, "");
     TheMachine().view->HexViewChanged();
-    return;
+    return Cancelled(Reason::NoFile);
   }
   PaintNow();
-  Run(row, *path);
+  return Run(row, *path);
 }
 
 }  // namespace pyxis

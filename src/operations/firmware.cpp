@@ -123,10 +123,10 @@ void SelectFirmware(std::uint32_t chipCode) {
   }
 }
 
-void OnUpdateFirmware() {
+Outcome OnUpdateFirmware() {
   Operator& op = *TheMachine().op;
   const auto path = op.ChooseFile("Kestrel Nce Files (*.nce)|*.nce||");
-  if (!path) return;
+  if (!path) return Cancelled(Reason::NoFile);
   PumpPaint();
   BeginBusyCursor("dinosaur.ani");
   const auto image = ReadForUpdate(*path);
@@ -134,10 +134,12 @@ void OnUpdateFirmware() {
   if (!image || image->size() <= address::kModel || RefusesImage((*image)[address::kModel])) {
     op.Tell(Printf("%s open file error\n", path->c_str()), kPlainCaption);
     EndBusyCursor();
-    return;
+    return Refused(Reason::NotReadable);
   }
-  op.Tell(LoadFirmware(*path, true) ? "Update Firmware Ok" : "Update Firmware Fail");
+  const bool good = LoadFirmware(*path, true);
+  op.Tell(good ? "Update Firmware Ok" : "Update Firmware Fail");
   EndBusyCursor();
+  return good ? kGood : Failed(Reason::FirmwareFailed);
 }
 
 }  // namespace pyxis
