@@ -22,7 +22,6 @@
 #include "system/vendor_library.h"
 #include "system/windows_pipes.h"
 #include "ui/main_window.h"
-#include "ui/qt_clipboard.h"
 #include "ui/qt_operator.h"
 #include "ui/qt_text.h"
 #include "ui/settings_profile.h"
@@ -80,7 +79,6 @@ int main(int argc, char** argv) {
   UdevEvents usbEvents;
   LocalWriterEvents standinEvents(standin::SocketPath());
   JoinedEvents events({&usbEvents, &standinEvents});
-  ui::QtClipboard clipboard;
   Machine& machine = TheMachine();
 #ifdef _WIN32
   WindowsPipes pipes;
@@ -93,7 +91,6 @@ int main(int argc, char** argv) {
   machine.vendor = &vendor;
   machine.update = &update;
   machine.profile = &profile;
-  machine.clipboard = &clipboard;
 
   CPyxisLoadApp app;
   app.InitInstance();
