@@ -57,7 +57,7 @@ int main(int argc, char** argv) {
   app.InitInstance();
   int result = 0;
   {
-    ui::MainWindow window;
+    ui::MainWindow window(op.Gate());
     machine.view = &window;
     op.SetMainWindow(&window);
     update.SetMainWindow(reinterpret_cast<void*>(window.winId()));

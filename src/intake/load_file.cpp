@@ -134,7 +134,7 @@ void OnLoadFile() {
   app.ProgressMode = 1;
   ClearStatusText();
   const ChipEntry& row = Row(app.SeriesIndex, app.TypeIndex);
-  const auto path = TheMachine().op->ChooseFile(FileFilter(row.FileExtension));
+  const auto path = TheMachine().op->ChooseFile({FileKind::Program, FileFilter(row.FileExtension)});
   if (!path) {
     FrontHexView();
     EmptyLoadedFile();

@@ -105,7 +105,7 @@ void CDownloadInfoDlg::OnCompareFile() {
   lines[2] = Printf(kResultFormat, "");
   Enable(false);
   const CompareKind& kind = CompareKindOf(ChipNameOf(TheAppState().WriterInfoBlock));
-  const auto chosen = TheMachine().op->ChooseFile(kind.filter);
+  const auto chosen = TheMachine().op->ChooseFile({FileKind::Comparison, kind.filter});
   if (chosen && MakeCompareTarget(kind, *chosen))
     lines[2] = Printf(kResultFormat, CompareWithWriter(CompareTargetPath(*chosen)) ? "OK" : "Fail");
   SetProgressPosition(0);

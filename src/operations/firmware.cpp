@@ -122,7 +122,8 @@ void SelectFirmware(std::uint32_t chipCode) {
 
 void OnUpdateFirmware() {
   Operator& op = *TheMachine().op;
-  const auto path = op.ChooseFile("Kestrel Nce Files (*.nce)|*.nce||");
+  const auto path = op.ChooseFile(
+      {FileKind::Firmware, "Kestrel Nce Files (*.nce)|*.nce||", FirmwareFolder(TheAppState().WriterModel)});
   if (!path) return;
   PumpPaint();
   BeginBusyCursor("dinosaur.ani");

@@ -58,12 +58,7 @@ IcSelectWindow::IcSelectWindow(CIcSelectDlg& dialog, QWidget* parent) : QDialog(
   });
   connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
   all->addWidget(buttons);
-  dialog_.Changed = [this] { Sync(); };
-  Sync();
-}
-
-IcSelectWindow::~IcSelectWindow() {
-  dialog_.Changed = [] {};
+  mirror_.Show([this] { Sync(); });
 }
 
 QLayout* IcSelectWindow::MakeLists() {

@@ -3,6 +3,8 @@
 
 #include <QDialog>
 
+#include "ui/dialog_mirror.h"
+
 class QCheckBox;
 class QLabel;
 class QLineEdit;
@@ -17,7 +19,6 @@ namespace pyxis::ui {
 class IcSelectWindow : public QDialog {
  public:
   IcSelectWindow(CIcSelectDlg& dialog, QWidget* parent);
-  ~IcSelectWindow() override;
 
  private:
   QLayout* MakeLists();
@@ -27,6 +28,7 @@ class IcSelectWindow : public QDialog {
   void SyncLists();
 
   CIcSelectDlg& dialog_;
+  DialogMirror<CIcSelectDlg> mirror_{dialog_};
   QListWidget *series_, *types_;
   QLabel *seriesCaption_, *chipName_;
   QCheckBox *displaySerial_, *exhvIsp_, *isp_, *massProduction_, *productionLimit_;

@@ -12,7 +12,8 @@
 
 namespace pyxis::ui {
 
-SnSetWindow::SnSetWindow(CSnSetDlg& dialog, QWidget* parent) : QDialog(parent), dialog_(dialog) {
+SnSetWindow::SnSetWindow(CSnSetDlg& dialog, HandlerGate& gate, QWidget* parent)
+    : QDialog(parent), dialog_(dialog), gate_(gate) {
   setWindowTitle(QStringLiteral("Serial Number Set"));
   auto* all = new QVBoxLayout(this);
   auto* grid = new QGridLayout;
@@ -31,19 +32,14 @@ SnSetWindow::SnSetWindow(CSnSetDlg& dialog, QWidget* parent) : QDialog(parent), 
   load->setDefault(true);
   auto* cancel = buttons->addButton(QStringLiteral("&Cancel"), QDialogButtonBox::RejectRole);
   connect(load, &QPushButton::clicked, this, [this] {
-    presses_.Run([this] { dialog_.OnLoad(); });
+    gate_.Run([this] { dialog_.OnLoad(); });
     if (dialog_.ended) accept();
   });
   connect(cancel, &QPushButton::clicked, this, &SnSetWindow::reject);
   all->addWidget(buttons);
   layout()->setSizeConstraint(QLayout::SetFixedSize);
-  dialog_.Changed = [this] { Sync(); };
-  Sync();
+  mirror_.Show([this] { Sync(); });
   length_->selectAll();
-}
-
-SnSetWindow::~SnSetWindow() {
-  dialog_.Changed = [] {};
 }
 
 NumericEditField* SnSetWindow::AddField(QGridLayout& grid, const char* caption, std::size_t limit,
@@ -74,7 +70,7 @@ void SnSetWindow::AddDirection(QGridLayout& grid) {
 }
 
 void SnSetWindow::reject() {
-  if (!presses_.Busy()) QDialog::reject();
+  if (!gate_.Busy()) QDialog::reject();
 }
 
 void SnSetWindow::Sync() {

@@ -53,7 +53,7 @@ TEST_P(SelfTest, ASoundWriterPassesEveryTest) {
     for (const std::string& line : report) EXPECT_EQ(line.find("Fail"), std::string::npos) << line;
   }
   EXPECT_EQ(TheMainControls()[ControlId::BufferArea].text, TheAppState().ReadyText);
-  EXPECT_TRUE(TheMainControls()[ControlId::HexView].visible && TheHexView().WideAddress);
+  EXPECT_TRUE(TheMainControls()[ControlId::HexView].visible && TheHexView().geometry.WideAddress);
 }
 
 TEST_P(SelfTest, RangesAreInclusive) {
@@ -90,7 +90,7 @@ TEST_P(SelfTest, NoChangesNothing) {
   WriterTest();
   EXPECT_EQ(TheAppState().ReadyText, "before");
   EXPECT_EQ(op.Heard().size(), 1U);
-  EXPECT_FALSE(TheHexView().WideAddress);
+  EXPECT_FALSE(TheHexView().geometry.WideAddress);
 }
 
 TEST_P(SelfTest, AWriterThatIsGonePassesNothing) {

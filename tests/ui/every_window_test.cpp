@@ -67,15 +67,15 @@ class EveryWindow : public UiBench {
     TheSnRecord().SnStartText = "0123456789ABCDEF0123456789ABCDEF";
     CSnSetDlg snSet(false, false, false);
     snSet.OnInitDialog();
-    dialog(ui::SnSetWindow(snSet, window.get()), "serial_number_set");
+    dialog(ui::SnSetWindow(snSet, qtOp.Gate(), window.get()), "serial_number_set");
     CSnProgramDlg snProgram(false);
     snProgram.OnInitDialog();
-    dialog(ui::SnProgramWindow(snProgram, window.get()), "serial_number_program");
+    dialog(ui::SnProgramWindow(snProgram, qtOp.Gate(), window.get()), "serial_number_program");
     CReadChipInfoDlg chipInfo(true);
     chipInfo.OnInitDialog();
-    dialog(ui::ChipInfoWindow(chipInfo, window.get()), "read_chip_info");
+    dialog(ui::ChipInfoWindow(chipInfo, qtOp.Gate(), window.get()), "read_chip_info");
     CDownloadInfoDlg downloadInfo("Chip Name : QVL04", "Download File Time :2015/12/31_23:59:59");
-    dialog(ui::DownloadInfoWindow(downloadInfo, window.get()), "compare_file");
+    dialog(ui::DownloadInfoWindow(downloadInfo, qtOp.Gate(), window.get()), "compare_file");
     dialog(ui::AboutWindow(window.get()), "about");
   }
 };

@@ -122,7 +122,7 @@ TEST_F(MainWindowTest, AClickMadeDuringAnOperationStartsNothing) {
   HoldJob("QV8348");
   Open();
   const auto click = [this] { PostClick(Find(*window, "Auto")); };
-  window->Gate().Run(click);
+  qtOp.Gate().Run(click);
   QCoreApplication::processEvents();
   EXPECT_TRUE(seen.empty());
   click();
@@ -155,12 +155,12 @@ TEST_F(MainWindowTest, HexViewByMouseAndKeys) {
   auto& hex = Find<QAbstractScrollArea>(*window, "Buffer");
   hex.viewport()->grab();  // paints
   CMiniHexEditView& view = TheHexView();
-  const int cell = view.CharWidth;
-  QTest::mouseClick(hex.viewport(), Qt::LeftButton, {}, QPoint(9 * cell + 1, view.LineHeight + 1));
-  EXPECT_EQ(view.CurrentOffset, static_cast<int>(view.m_lpr));
+  const int cell = view.geometry.CharWidth;
+  QTest::mouseClick(hex.viewport(), Qt::LeftButton, {}, QPoint(9 * cell + 1, view.geometry.LineHeight + 1));
+  EXPECT_EQ(view.caret.CurrentOffset, static_cast<int>(view.geometry.m_lpr));
   EXPECT_TRUE(hex.hasFocus());
   QTest::keyClicks(&hex, "5a");
-  EXPECT_EQ(view.Data[view.m_lpr], 0x5A);
+  EXPECT_EQ(view.Data[view.geometry.m_lpr], 0x5A);
   QTest::keyClick(&hex, Qt::Key_Tab);
   EXPECT_TRUE(hex.hasFocus());
   script.push_back([](QWidget& dialog) {
@@ -169,10 +169,10 @@ TEST_F(MainWindowTest, HexViewByMouseAndKeys) {
     QTest::keyClick(&dialog, Qt::Key_Return);
   });
   QTest::keyClick(&hex, Qt::Key_G, Qt::ControlModifier);
-  EXPECT_EQ(view.TopOffset, view.DataLength() - view.LinesPerPage * static_cast<int>(view.m_lpr));
+  EXPECT_EQ(view.geometry.TopOffset, view.DataLength() - view.geometry.LinesPerPage * static_cast<int>(view.geometry.m_lpr));
   QTest::mousePress(hex.viewport(), Qt::LeftButton, {}, QPoint(9 * cell + 1, 1));
   QTest::mouseMove(hex.viewport(), QPoint(9 * cell + 40 * cell, 1));
-  EXPECT_TRUE(view.HasSelection());
+  EXPECT_TRUE(view.selection.Exists());
   QTest::mouseRelease(hex.viewport(), Qt::LeftButton, {}, QPoint(9 * cell + 40 * cell, 1));
 }
 

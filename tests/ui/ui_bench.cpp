@@ -85,7 +85,7 @@ void UiBench::Open() {
   ResetAppState();
   ResetMainControls();
   OpenTransport();
-  window = std::make_unique<ui::MainWindow>();
+  window = std::make_unique<ui::MainWindow>(qtOp.Gate());
   TheMachine().view = window.get();
   qtOp.SetMainWindow(window.get());
   window->Start();
