@@ -7,7 +7,7 @@
 #include "intake/convert.h"
 #include "platform/files.h"
 #include "pyxisfolder/folder.h"
-#include "shell/app_state.h"
+#include "shell/ground/app_state.h"
 
 namespace pyxis {
 namespace {
@@ -15,8 +15,8 @@ namespace {
 void BM_Convert(benchmark::State& state, const char* chip, std::uint32_t code) {
   char name[] = "/tmp/pyxis-bench-XXXXXX";
   const std::string dir = std::string(mkdtemp(name)) + "/";
-  TheAppState().AppDir = dir;
-  TheAppState().SelectedChip = chip;
+  TheAppState().program.AppDir = dir;
+  TheAppState().selection.SelectedChip = chip;
   std::filesystem::create_directories(dir + "hwversion1.0");
   WriteWholeFile(dir + "hwversion1.0/" + chip + ".txt", folder::MakeTemplate(chip));
   const folder::Sample sample = folder::MakeSamples(chip).front();

@@ -8,6 +8,7 @@ function(pyxis_library name)
   add_library(${name} STATIC ${sources})
   target_include_directories(${name} PUBLIC ${CMAKE_SOURCE_DIR}/src)
   target_link_libraries(${name} PRIVATE pyxis_warnings)
+  pyxis_precompile(${name})
 endfunction()
 
 # pyxis_check_no_windows(TARGET): the configuration fails when the target links Qt or a USB library, at any depth.

@@ -3,7 +3,7 @@
 #include "intake/convert.h"
 #include "intake/package_files.h"
 #include "scratch.h"
-#include "shell/app_state.h"
+#include "shell/ground/app_state.h"
 
 namespace {
 
@@ -24,7 +24,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   scratch.Put(kSerialFileName, data, size < 256 ? size : 256);
   scratch.PutTemplates(data[3], data[2]);
   std::uint32_t optionValue = data[3];
-  TheAppState().SelectedChip = listed ? kIcs[choice].ChipName : "";
+  TheAppState().selection.SelectedChip = listed ? kIcs[choice].ChipName : "";
   ConvertFile({.ChipCode = listed ? kIcs[choice].ChipCode : kOthers[choice - kIcs.size()],
                .OptionValue = &optionValue,
                .Path = scratch.Path(std::string("job") + extension),

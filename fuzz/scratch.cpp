@@ -9,7 +9,7 @@
 #include "platform/diagnostics.h"
 #include "platform/files.h"
 #include "pyxisfolder/folder.h"
-#include "shell/app_state.h"
+#include "shell/ground/app_state.h"
 
 namespace pyxis::fuzz {
 
@@ -31,10 +31,10 @@ Scratch::Scratch() {
   static const std::string folder = MakeFolder();
   static std::FILE* const nowhere = std::fopen("/dev/null", "w");
   DiagnosticsStream() = nowhere;
-  TheAppState().AppDir = folder;
+  TheAppState().program.AppDir = folder;
 }
 
-std::string Scratch::Path(const std::string& name) const { return TheAppState().AppDir + name; }
+std::string Scratch::Path(const std::string& name) const { return TheAppState().program.AppDir + name; }
 
 void Scratch::Put(const std::string& name, const std::uint8_t* data, std::size_t size) const {
   WriteWholeFile(Path(name), std::span(data, size));

@@ -7,7 +7,7 @@
 #include "platform/files.h"
 #include "pyxisfolder/drawing/cursors.h"
 #include "pyxisfolder/drawing/figure.h"
-#include "shell/app_state.h"
+#include "shell/ground/app_state.h"
 
 namespace pyxis::folder {
 
@@ -49,8 +49,8 @@ bool PutOptionLists(const fs::path& dir) {
 
 bool PutFirmware(const fs::path& dir) {
   bool good = true;
-  for (const int model : {kModelKm48, kModelKm49}) {
-    const fs::path folder = dir / (model == kModelKm48 ? "firmware48" : "firmware49");
+  for (const Model model : {Model::Km48, Model::Km49}) {
+    const fs::path folder = dir / (model == Model::Km48 ? "firmware48" : "firmware49");
     std::set<std::string> made;
     for (int list = 0; list < kListCount; ++list)
       for (const ChipEntry& row : ChipList(list)) {
@@ -59,7 +59,7 @@ bool PutFirmware(const fs::path& dir) {
         if (firmware && made.insert(file).second)
           good = Put(folder / file, MakeFirmware(model, firmware->FirmwareCode)) && good;
       }
-    good = Put(folder / (model == kModelKm48 ? "48test.nce" : "49test.nce"), MakeFirmware(model, 0)) && good;
+    good = Put(folder / (model == Model::Km48 ? "48test.nce" : "49test.nce"), MakeFirmware(model, 0)) && good;
   }
   return good;
 }

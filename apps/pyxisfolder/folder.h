@@ -6,6 +6,8 @@
 #include <string>
 #include <vector>
 
+#include "shell/ground/app_state.h"
+
 namespace pyxis::folder {
 
 using Bytes = std::vector<std::uint8_t>;
@@ -21,7 +23,7 @@ std::vector<std::string> TemplateNames();
 Bytes MakeTin(const std::string& chipName);
 
 // A firmware image of model 1 or 2. The test images have the code 0 as well.
-Bytes MakeFirmware(int model, std::uint32_t firmwareCode);
+Bytes MakeFirmware(Model model, std::uint32_t firmwareCode);
 
 struct Sample {
   std::string fileName;

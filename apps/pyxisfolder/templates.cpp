@@ -7,7 +7,7 @@
 #include "intake/converters/velmar_flash_table.h"
 #include "intake/package_files.h"
 #include "platform/byte_order.h"
-#include "shell/app_state.h"
+#include "shell/ground/app_state.h"
 
 namespace pyxis::folder {
 

@@ -5,7 +5,7 @@
 #include "catalogue/chip_catalogue.h"
 #include "job.h"
 #include "platform/text.h"
-#include "shell/app_state.h"
+#include "shell/ground/app_state.h"
 
 namespace pyxis::job {
 
@@ -28,13 +28,13 @@ std::optional<std::uint32_t> SelectChip(const ChipOptions& chip) {
   std::uint32_t code = 0;
   std::string name = chip.chip;
   if (!chip.ic.empty()) {
-    if (FindChip(chip.ic, app.SeriesIndex, app.TypeIndex) == 0) {
+    if (FindChip(chip.ic, app.selection.SeriesIndex, app.selection.TypeIndex) == 0) {
       std::fprintf(stderr, "%s is no known IC; pyxisjob ics lists them\n", chip.ic.c_str());
       return std::nullopt;
     }
-    const ChipEntry& row = Row(app.SeriesIndex, app.TypeIndex);
+    const ChipEntry& row = Row(app.selection.SeriesIndex, app.selection.TypeIndex);
     code = row.ChipCode;
-    app.HasSmartOption = row.HasSmartOption ? 1 : 0;
+    app.selection.HasSmartOption = row.HasSmartOption;
     if (name.empty()) name = row.ChipName;
   } else {
     char* end = nullptr;
@@ -45,16 +45,16 @@ std::optional<std::uint32_t> SelectChip(const ChipOptions& chip) {
     }
     code = static_cast<std::uint32_t>(number);
   }
-  if (!chip.model.empty()) app.WriterModel = chip.model == "KM48" ? kModelKm48 : kModelKm49;
-  if (!chip.hw.empty()) app.HwFolder = chip.hw;
-  app.SelectedChip = name;
-  app.ChipNameText = name;
-  app.SnMode = chip.serial ? 1 : 0;
-  app.ExhvIsp = chip.exhvIsp ? 1 : 0;
-  app.IspProgram = chip.isp ? 1 : 0;
-  app.MassProduction = chip.mass ? 1 : 0;
-  app.ProductionLimitOn = chip.limit > 0 ? 1 : 0;
-  app.ProductionLimitCount = chip.limit;
+  if (!chip.model.empty()) app.writer.WriterModel = chip.model == "KM48" ? Model::Km48 : Model::Km49;
+  if (!chip.hw.empty()) app.writer.HwFolder = chip.hw;
+  app.selection.SelectedChip = name;
+  app.selection.ChipNameText = name;
+  app.selection.SnMode = chip.serial;
+  app.selection.ExhvIsp = chip.exhvIsp;
+  app.selection.IspProgram = chip.isp;
+  app.selection.MassProduction = chip.mass ? MassMode::On : MassMode::Off;
+  app.selection.ProductionLimitOn = chip.limit > 0;
+  app.selection.ProductionLimitCount = chip.limit;
   return code;
 }
 

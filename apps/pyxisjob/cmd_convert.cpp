@@ -6,7 +6,7 @@
 #include "intake/convert.h"
 #include "job.h"
 #include "platform/text.h"
-#include "shell/app_state.h"
+#include "shell/ground/app_state.h"
 
 namespace pyxis::job {
 
@@ -31,19 +31,19 @@ void ConvertOne(Job& job, const ChipOptions& chip, std::uint32_t code, const std
                                   .ProductionLimitBcd = PackedDecimal(chip.limit),
                                   .IspProgram = chip.isp});
   if (result != 0) job.exitCode = kExitFailed;
-  const std::string checksum = Printf("%04X", app.ImageChecksum);
+  const std::string checksum = Printf("%04X", app.conversion.ImageChecksum);
   if (job.options.json) {
     Print({{"file", file},
            {"result", result},
            {"code", LastConverterCode()},
            {"messages", job.op.messages},
            {"checksum", checksum},
-           {"system_config", app.SystemConfigWord},
-           {"dual_skip", app.DualSkip},
-           {"image_unprotected", app.ImageUnprotected},
-           {"used_length", app.UsedLength},
-           {"partial_checksum", app.PartialChecksum},
-           {"loaded_file", app.LoadedFilePath}});
+           {"system_config", app.conversion.SystemConfigWord},
+           {"dual_skip", app.conversion.DualSkip},
+           {"image_unprotected", app.conversion.ImageUnprotected},
+           {"used_length", app.conversion.UsedLength},
+           {"partial_checksum", app.conversion.PartialChecksum},
+           {"loaded_file", app.conversion.LoadedFilePath}});
   } else {
     std::printf("%s: %s, checksum %s\n", file.c_str(), result == 0 ? "converted" : "failed", checksum.c_str());
   }
@@ -57,7 +57,7 @@ void AddConvert(CLI::App& app, Job& job) {
   AddChipOptions(*command, arguments->chip);
   command->add_option("FILE", arguments->files, "program files")->required();
   command->callback([&job, arguments] {
-    TheAppState().WriterModel = kModelKm48;
+    TheAppState().writer.WriterModel = Model::Km48;
     const auto code = SelectChip(arguments->chip);
     if (!code) {
       job.exitCode = kExitUsage;

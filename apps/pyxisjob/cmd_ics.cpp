@@ -10,8 +10,8 @@ namespace pyxis::job {
 
 namespace {
 
-void PrintRow(const Job& job, int model, int list, const ChipEntry& row) {
-  const char* modelName = model == 1 ? "KM48" : "KM49";
+void PrintRow(const Job& job, Model model, int list, const ChipEntry& row) {
+  const char* modelName = model == Model::Km48 ? "KM48" : "KM49";
   if (!job.options.json) {
     std::printf("%s %2d %-18s %-8s 0x%-6X %s\n", modelName, list, row.TypeLabel, row.ChipName, row.ChipCode,
                 row.FileExtension);
@@ -42,8 +42,8 @@ void AddIcs(CLI::App& app, Job& job) {
   command->add_option("--model", *model, "writer model")->check(CLI::IsMember({"KM48", "KM49"}));
   command->callback([&job, model] {
     for (int list = 0; list < kListCount; ++list) {
-      const int listModel = list < kFirstKm49List ? 1 : 2;
-      if (!model->empty() && (*model == "KM48") != (listModel == 1)) continue;
+      const Model listModel = list < kFirstKm49List ? Model::Km48 : Model::Km49;
+      if (!model->empty() && (*model == "KM48") != (listModel == Model::Km48)) continue;
       for (const ChipEntry& row : ChipList(list)) PrintRow(job, listModel, list, row);
     }
   });

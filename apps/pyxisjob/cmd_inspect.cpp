@@ -12,7 +12,7 @@
 #include "operations/compare_file.h"
 #include "operations/read_chip.h"
 #include "operations/self_test.h"
-#include "shell/app_state.h"
+#include "shell/ground/app_state.h"
 
 namespace pyxis::job {
 
@@ -74,8 +74,9 @@ void Read(Job& job, const ChipOptions& chip) {
     OnRead();
     // A writer that couldn't be told the IC has read something else.
     const AppState& app = TheAppState();
-    const bool good = job.op.messages == Lines{"Read OK"} && ChipNameOf(app.WriterInfoBlock) == app.SelectedChip;
-    Report(job, "read", good, {{"loaded_file", app.LoadedFilePath}});
+    const bool good =
+        job.op.messages == Lines{"Read OK"} && ChipNameOf(app.writer.WriterInfoBlock) == app.selection.SelectedChip;
+    Report(job, "read", good, {{"loaded_file", app.conversion.LoadedFilePath}});
   }
   CloseTransport();
 }
@@ -84,8 +85,8 @@ void SelfTest(Job& job) {
   if (!Connect(job)) return Report(job, "self-test", false);
   WriterTest();
   Lines lines;
-  std::istringstream report(TheAppState().ReadyText);
-  bool good = !TheAppState().ReadyText.empty();
+  std::istringstream report(TheAppState().program.ReadyText);
+  bool good = !TheAppState().program.ReadyText.empty();
   for (std::string line; std::getline(report, line);) {
     lines.push_back(line.substr(0, line.find_last_not_of(" \r") + 1));
     good = good && !lines.back().ends_with("Fail");

@@ -9,7 +9,7 @@
 #include "link/identification.h"
 #include "options/option_select.h"
 #include "platform/text.h"
-#include "shell/app_state.h"
+#include "shell/ground/app_state.h"
 #include "shell/start_up.h"
 
 namespace pyxis::job {

@@ -11,7 +11,7 @@
 #include "link/writer_commands.h"
 #include "options/option_select.h"
 #include "options/set_protect.h"
-#include "shell/app_state.h"
+#include "shell/ground/app_state.h"
 
 namespace pyxis::job {
 
@@ -36,7 +36,7 @@ bool Set(Job& job, bool on) {
     return DialogEnd::Ok;
   };
   OnSetProtect();
-  return job.op.messages.empty() && WriterHolds(TheAppState().WriterInfoBlock);
+  return job.op.messages.empty() && WriterHolds(TheAppState().writer.WriterInfoBlock);
 }
 
 }  // namespace

@@ -14,7 +14,7 @@
 #include "serial/sn_record.h"
 #include "serial/sn_run.h"
 #include "serial/sn_set.h"
-#include "shell/app_state.h"
+#include "shell/ground/app_state.h"
 #include "shell/menu_rules.h"
 #include "shell/on_device.h"
 #include "shell/start_up.h"
@@ -93,8 +93,8 @@ std::uint32_t ChipsOf(const SerialArguments& given) {
 
 unsigned long Count(const std::string& hex) { return std::strtoul(hex.c_str(), nullptr, 16); }
 
-// One press a chip, to the end of the run or of the chips. True when every chip is good, and there were as many as asked
-// for or as there are serials.
+// One press a chip, to the end of the run or of the chips. True when every chip is good, and there were as many as
+// asked for or as there are serials.
 bool PressThrough(const Job& job, const SerialArguments& given, CSnProgramDlg& dialog) {
   const std::uint32_t chips = ChipsOf(given);
   std::string line;
@@ -131,7 +131,7 @@ void ReportRun(Job& job, const CSnProgramDlg& dialog, bool good) {
 // Serial Number Program: the series goes to a writer that holds its job already.
 bool MenuRoad(Job& job, const SerialArguments& given) {
   if (!MenuEnabled(MenuEntry::SerialNumberProgram)) {
-    const std::string& chip = TheAppState().ChipNameText;
+    const std::string& chip = TheAppState().selection.ChipNameText;
     Refuse(job, chip.empty() ? "The writer holds no job"
                              : Printf("%s takes serial numbers through --ic only", chip.c_str()));
     return false;
@@ -228,7 +228,8 @@ void AddSerial(CLI::App& app, Job& job) {
   command->add_option("--amount", given->amount, "how many serials, hexadecimal")->required();
   command->add_option("--direction", given->direction, "where the most significant byte goes in: low or high")
       ->check(CLI::IsMember({"low", "high"}));
-  command->add_option("--chips", given->chips, "chips to put through, decimal; default: 1, with --wait as many as serials")
+  command
+      ->add_option("--chips", given->chips, "chips to put through, decimal; default: 1, with --wait as many as serials")
       ->check(CLI::Range(1U, kMostChips));
   command->add_flag("--wait", given->wait, "each chip waits for a line on standard input");
   command->add_option("--ic", given->ic, "take the road through IC selection, with this IC and FILE");

@@ -5,8 +5,8 @@
 #include "job.h"
 #include "link/identification.h"
 #include "operations/tasks.h"
-#include "shell/app_state.h"
-#include "shell/main_controls.h"
+#include "shell/ground/app_state.h"
+#include "shell/ground/main_controls.h"
 
 namespace pyxis::job {
 

@@ -6,15 +6,13 @@
 #include "job.h"
 #include "link/identification.h"
 #include "platform/text.h"
-#include "shell/app_state.h"
+#include "shell/ground/app_state.h"
 
 namespace pyxis::job {
 
 namespace {
 
-const char* ModelName(int model) {
-  return model == kModelKm48 ? "KM48" : model == kModelKm49 ? "KM49" : "unknown";
-}
+const char* ModelName(Model model) { return model == Model::Km48 ? "KM48" : model == Model::Km49 ? "KM49" : "unknown"; }
 
 // Two models are possible: what start-up settled needs both witnesses, and a writer without a job has one only.
 const char* RegisterName(std::uint8_t modelRegister) {
@@ -23,32 +21,33 @@ const char* RegisterName(std::uint8_t modelRegister) {
 
 void PrintWriter(const Job& job) {
   const AppState& app = TheAppState();
-  const auto& block = app.WriterInfoBlock;
+  const auto& block = app.writer.WriterInfoBlock;
   const std::string chip = ChipNameOf(block);
   const std::string checksum = Printf("%04X", FieldWord(block, Field::ImageChecksum));
-  const char* transport = app.UseVendorApi != 0 ? "vendor" : app.UseLibusb != 0 ? "usb" : "pipes";
+  const char* transport = app.writer.UseVendorApi ? "vendor" : app.writer.UseLibusb ? "usb" : "pipes";
   if (job.options.json) {
     Print({{"command", "writer"},
            {"result", 0},
            {"messages", job.op.messages},
            {"transport", transport},
-           {"identity", app.WriterIdentityText.data()},
-           {"hw_folder", app.HwFolder},
-           {"model", ModelName(app.WriterModel)},
-           {"model_register", app.ModelRegister},
-           {"firmware_code", app.FirmwareCode},
-           {"firmware_version", app.FirmwareVersion},
-           {"firmware_level", app.FirmwareLevel},
+           {"identity", app.writer.WriterIdentityText.data()},
+           {"hw_folder", app.writer.HwFolder},
+           {"model", ModelName(app.writer.WriterModel)},
+           {"model_register", app.writer.ModelRegister},
+           {"firmware_code", app.writer.FirmwareCode},
+           {"firmware_version", app.writer.FirmwareVersion},
+           {"firmware_level", app.writer.FirmwareLevel},
            {"chip", chip},
            {"checksum", checksum},
            {"image_length", FieldWord(block, Field::ImageLength)},
            {"production_flags", FieldByte(block, Field::ProductionFlags)}});
     return;
   }
-  std::printf("identity   %s (%s, over %s)\n", app.WriterIdentityText.data(), app.HwFolder.c_str(), transport);
-  std::printf("model      %s\n", RegisterName(app.ModelRegister));
-  std::printf("firmware   code 0x%04X, version %d, level %u\n", app.FirmwareCode, app.FirmwareVersion,
-              app.FirmwareLevel);
+  std::printf("identity   %s (%s, over %s)\n", app.writer.WriterIdentityText.data(), app.writer.HwFolder.c_str(),
+              transport);
+  std::printf("model      %s\n", RegisterName(app.writer.ModelRegister));
+  std::printf("firmware   code 0x%04X, version %d, level %u\n", app.writer.FirmwareCode, app.writer.FirmwareVersion,
+              app.writer.FirmwareLevel);
   if (FieldWord(block, Field::ImageChecksum) == 0) {
     std::printf("job        none\n");
   } else {

@@ -8,7 +8,7 @@
 #include "link/writer_commands.h"
 #include "link/writer_link.h"
 #include "platform/text.h"
-#include "shell/app_state.h"
+#include "shell/ground/app_state.h"
 #include "shell/refresh_from_writer.h"
 #include "shell/start_up.h"
 
@@ -20,7 +20,7 @@ void Open(const std::string& link) {
   if (link == "vendor") {
     OpenVendorTransport();
   } else if (link == "usb") {
-    TheAppState().WriterConnected = static_cast<std::uint32_t>(OpenWriterLink());
+    TheAppState().writer.WriterConnected = OpenWriterLink() != 0;
   } else {
     OpenTransport();
   }
@@ -29,24 +29,25 @@ void Open(const std::string& link) {
 // By the label, or, since the KM49 labels carry pin counts, by any row of the IC.
 bool TakeIcByName(const std::string& chipName) {
   AppState& app = TheAppState();
-  if (FindChip(chipName, app.SeriesIndex, app.TypeIndex) != 0) return true;
+  if (FindChip(chipName, app.selection.SeriesIndex, app.selection.TypeIndex) != 0) return true;
   const ChipEntry* row = RowOfChip(chipName);
-  return row != nullptr && FindChip(row->TypeLabel, app.SeriesIndex, app.TypeIndex) != 0;
+  return row != nullptr && FindChip(row->TypeLabel, app.selection.SeriesIndex, app.selection.TypeIndex) != 0;
 }
 
 // The writer's job becomes the selection, as at the start of the window program.
 void TakeOverJob(Job& job) {
   AppState& app = TheAppState();
   RefreshFromWriter();
-  job.icKnown = TakeIcByName(app.SelectedChip);
-  if (job.icKnown) app.HasSmartOption = Row(app.SeriesIndex, app.TypeIndex).HasSmartOption ? 1 : 0;
+  job.icKnown = TakeIcByName(app.selection.SelectedChip);
+  if (job.icKnown)
+    app.selection.HasSmartOption = Row(app.selection.SeriesIndex, app.selection.TypeIndex).HasSmartOption;
 }
 
 }  // namespace
 
 bool Connect(Job& job) {
   Open(job.options.link);
-  if (TheAppState().WriterConnected == 0) {
+  if (!TheAppState().writer.WriterConnected) {
     job.op.Tell("USB was not connected", kMessageCaption, MessageIcon::Stop);
     return false;
   }
@@ -67,7 +68,7 @@ void Report(Job& job, const char* command, bool good, const nlohmann::json& memb
 
 bool Allowed(Job& job, MenuEntry entry, const char* name) {
   if (MenuEnabled(entry)) return true;
-  const std::string& chip = TheAppState().ChipNameText;
+  const std::string& chip = TheAppState().selection.ChipNameText;
   job.op.Tell(chip.empty() ? Printf("%s: the writer holds no job", name)
                            : Printf("%s is not available for the job in the writer (%s)", name, chip.c_str()),
               kMessageCaption, MessageIcon::Warning);

@@ -8,7 +8,7 @@
 #include "platform/diagnostics.h"
 #include "platform/files.h"
 #include "platform/machine.h"
-#include "shell/app_state.h"
+#include "shell/ground/app_state.h"
 #include "system/broken_pipe.h"
 #include "system/libusb_host.h"
 #include "system/system_clock.h"
@@ -22,9 +22,10 @@ namespace {
 
 void TakeOver(Job& job) {
   AppState& app = TheAppState();
-  app.StartDirectory = std::filesystem::absolute(job.options.folder).lexically_normal().string();
-  if (app.StartDirectory.size() > 1 && app.StartDirectory.back() == kPathSeparator) app.StartDirectory.pop_back();
-  app.AppDir = app.StartDirectory + kPathSeparator;
+  app.program.StartDirectory = std::filesystem::absolute(job.options.folder).lexically_normal().string();
+  if (app.program.StartDirectory.size() > 1 && app.program.StartDirectory.back() == kPathSeparator)
+    app.program.StartDirectory.pop_back();
+  app.program.AppDir = app.program.StartDirectory + kPathSeparator;
   job.op.answer = job.options.yes;
   job.op.quiet = job.options.json;
   DiagnosticsStream() = stderr;  // standard output is for results

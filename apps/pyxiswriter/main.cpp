@@ -8,7 +8,7 @@
 #include <tuple>
 #include <vector>
 
-#include "shell/app_state.h"
+#include "shell/ground/app_state.h"
 #include "standin/local_server.h"
 #include "standin/redirection.h"
 #include "standin/socket_path.h"
@@ -28,7 +28,7 @@ int main(int argc, char** argv) {
   using namespace pyxis::standin;
   std::string socket = SocketPath();
   std::string state;
-  int model = kModelKm48;
+  Model model = Model::Km48;
   std::string hw = "1.1";
   std::string identity;
   ChipState chip = ChipState::Blank;
@@ -45,7 +45,7 @@ int main(int argc, char** argv) {
   app.add_option("--usbredir", port, "TCP port of this machine for a virtual machine's USB redirection");
   app.add_option("--state", state, "file that keeps the job over a restart");
   app.add_option("--model", model)
-      ->transform(CLI::CheckedTransformer(std::map<std::string, int>{{"KM48", kModelKm48}, {"KM49", kModelKm49}}));
+      ->transform(CLI::CheckedTransformer(std::map<std::string, Model>{{"KM48", Model::Km48}, {"KM49", Model::Km49}}));
   app.add_option("--hw", hw, "hardware revision")->check(CLI::IsMember({"1.0", "1.1", "2.0"}));
   app.add_option("--identity", identity, "identity text, in the place of the revision's");
   app.add_option("--chip", chip, "what the socket holds")

@@ -8,7 +8,7 @@
 #include "catalogue/lists.h"
 #include "platform/files.h"
 #include "platform/text.h"
-#include "shell/app_state.h"
+#include "shell/ground/app_state.h"
 
 namespace pyxis {
 
@@ -52,8 +52,8 @@ constexpr auto MakeCaptions() {
 }
 constexpr auto kCaptions = MakeCaptions();
 
-// A label is all of the IC's name, or the name, "_" and pin counts. Written out, because library calls are too many steps
-// for some compilers' constant evaluation.
+// A label is all of the IC's name, or the name, "_" and pin counts. Written out, because library calls are too many
+// steps for some compilers' constant evaluation.
 constexpr bool BelongsTo(const char* label, const char* name) {
   while (*name != '\0' && *label == *name) ++label, ++name;
   return *name == '\0' && (*label == '\0' || *label == '_');
@@ -130,14 +130,14 @@ const ChipEntry* RowOfChip(std::string_view chipName) {
   return nullptr;
 }
 
-std::span<const char* const> SeriesCaptions(int model) {
+std::span<const char* const> SeriesCaptions(Model model) {
   const std::span<const char* const> all(kCaptions);
-  if (model == kModelKm48) return all.first(kFirstKm49List);
-  if (model == kModelKm49) return all.subspan(kFirstKm49List);
+  if (model == Model::Km48) return all.first(kFirstKm49List);
+  if (model == Model::Km49) return all.subspan(kFirstKm49List);
   return {};
 }
 
-int ListIndex(int model, int position) { return model == kModelKm49 ? position + kFirstKm49List : position; }
+int ListIndex(Model model, int position) { return model == Model::Km49 ? position + kFirstKm49List : position; }
 
 int FindChip(std::string_view label, int& seriesIndex, int& typeIndex) {
   for (int list = 0; list < kListCount; ++list) {
@@ -148,13 +148,13 @@ int FindChip(std::string_view label, int& seriesIndex, int& typeIndex) {
       seriesIndex = list;
       typeIndex = static_cast<int>(i);
       AppState& app = TheAppState();
-      app.AutoTicks = row.AutoTicks;
-      app.BlankTicks = row.BlankTicks;
-      app.ProgramTicks = row.ProgramTicks;
-      app.VerifyTicks = row.VerifyTicks;
-      app.ReadSizeBytes = row.ReadSizeBytes;
-      app.ReadSwapBytes = row.ReadSwapBytes;
-      app.OptionMasks = row.OptionMasks;
+      app.selection.AutoTicks = row.AutoTicks;
+      app.selection.BlankTicks = row.BlankTicks;
+      app.selection.ProgramTicks = row.ProgramTicks;
+      app.selection.VerifyTicks = row.VerifyTicks;
+      app.selection.ReadSizeBytes = row.ReadSizeBytes;
+      app.selection.ReadSwapBytes = row.ReadSwapBytes;
+      app.selection.OptionMasks = row.OptionMasks;
       return 1;
     }
   }
@@ -166,11 +166,11 @@ const char* FirmwareFileOf(std::uint32_t chipCode) {
   return ic == nullptr ? nullptr : ic->FirmwareFile;
 }
 
-std::string FirmwareFolder(int model) {
-  return TheAppState().AppDir + (model == kModelKm48 ? "firmware48" : "firmware49") + kPathSeparator;
+std::string FirmwareFolder(Model model) {
+  return TheAppState().program.AppDir + (model == Model::Km48 ? "firmware48" : "firmware49") + kPathSeparator;
 }
 
-std::optional<Firmware> FirmwareFor(std::uint32_t chipCode, int model) {
+std::optional<Firmware> FirmwareFor(std::uint32_t chipCode, Model model) {
   const Ic* ic = IcWithCode(chipCode);
   if (ic == nullptr) return std::nullopt;
   return Firmware{FirmwareFolder(model) + ic->FirmwareFile, ic->FirmwareCode};
@@ -178,7 +178,8 @@ std::optional<Firmware> FirmwareFor(std::uint32_t chipCode, int model) {
 
 std::string FigurePath(std::string_view label, bool exhvIsp, bool isp) {
   const char* suffix = exhvIsp ? "ISP" : isp ? "ISP1" : "";
-  return TheAppState().StartDirectory + kPathSeparator + "res" + kPathSeparator + std::string(label) + suffix + ".bmp";
+  return TheAppState().program.StartDirectory + kPathSeparator + "res" + kPathSeparator + std::string(label) + suffix +
+         ".bmp";
 }
 
 }  // namespace pyxis

@@ -1,5 +1,5 @@
-// The fixed knowledge of the ICs: thirteen lists of rows, 0 to 7 for the model KM48, 8 to 12 for the KM49. The rows stand
-// in catalogue/rows/, one file a list.
+// The fixed knowledge of the ICs: thirteen lists of rows, 0 to 7 for the model KM48, 8 to 12 for the KM49. The rows
+// stand in catalogue/rows/, one file a list.
 #pragma once
 
 #include <array>
@@ -8,6 +8,8 @@
 #include <span>
 #include <string>
 #include <string_view>
+
+#include "shell/ground/app_state.h"
 
 namespace pyxis {
 
@@ -40,8 +42,8 @@ const ChipEntry& Row(int seriesIndex, int typeIndex);
 const ChipEntry* RowOfChip(std::string_view chipName);
 
 // The captions of the Series list: eight for model 1, five for model 2, none for any other.
-std::span<const char* const> SeriesCaptions(int model);
-int ListIndex(int model, int position);
+std::span<const char* const> SeriesCaptions(Model model);
+int ListIndex(Model model, int position);
 
 // Looks a row up by TypeLabel, without regard to case, list 0 first. 1 when found: the two indexes are stored and the
 // row's per-chip values are copied into AppState. 0: nothing has changed.
@@ -49,9 +51,9 @@ int FindChip(std::string_view label, int& seriesIndex, int& typeIndex);
 
 // The image that a ChipCode runs on. Model 1 takes it from firmware48, any other from firmware49. Nothing for a code
 // without a catalogue row.
-std::optional<Firmware> FirmwareFor(std::uint32_t chipCode, int model);
+std::optional<Firmware> FirmwareFor(std::uint32_t chipCode, Model model);
 const char* FirmwareFileOf(std::uint32_t chipCode);  // the bare file name, or null
-std::string FirmwareFolder(int model);               // AppDir and "firmware48" or "firmware49", with a separator
+std::string FirmwareFolder(Model model);             // AppDir and "firmware48" or "firmware49", with a separator
 
 // Path of the package figure of a label (or chip name): normal, EXHV ISP, ISP. The file needn't exist.
 std::string FigurePath(std::string_view label, bool exhvIsp, bool isp);

@@ -9,7 +9,7 @@
 #include "catalogue/chip_catalogue.h"
 #include "platform/machine.h"
 #include "platform/operator.h"
-#include "shell/app_state.h"
+#include "shell/ground/app_state.h"
 
 namespace pyxis {
 
@@ -51,7 +51,7 @@ std::optional<std::int32_t> ParseLimit(std::string_view text) {
 }  // namespace
 
 bool CIcSelectDlg::OnInitDialog() {
-  const auto captions = SeriesCaptions(TheAppState().WriterModel);
+  const auto captions = SeriesCaptions(TheAppState().writer.WriterModel);
   if (captions.empty()) {
     TheMachine().op->Tell("Please Power On The Writer", kMessageCaption, MessageIcon::Stop);
     return false;
@@ -67,7 +67,7 @@ bool CIcSelectDlg::OnInitDialog() {
 
 void CIcSelectDlg::OnSeriesChange(int position) {
   seriesPosition = position;
-  seriesIndex = ListIndex(TheAppState().WriterModel, position);
+  seriesIndex = ListIndex(TheAppState().writer.WriterModel, position);
   typeIndex = typePosition = 0;
   typeList.clear();
   for (const ChipEntry& row : ChipList(seriesIndex)) typeList.emplace_back(row.TypeLabel);

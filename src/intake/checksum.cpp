@@ -1,7 +1,7 @@
 #include <array>
 
 #include "intake/file_readers.h"
-#include "shell/app_state.h"
+#include "shell/ground/app_state.h"
 
 namespace pyxis {
 
@@ -33,8 +33,8 @@ std::uint16_t ChecksumAfter(std::uint16_t accumulator, std::uint16_t word) {
 
 void UpdateChecksum() {
   AppState& app = TheAppState();
-  app.ImageChecksum = ChecksumAfter(app.ImageChecksum, app.ChecksumInput);
-  app.ChecksumInput = 0;
+  app.conversion.ImageChecksum = ChecksumAfter(app.conversion.ImageChecksum, app.conversion.ChecksumInput);
+  app.conversion.ChecksumInput = 0;
 }
 
 }  // namespace pyxis

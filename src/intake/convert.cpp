@@ -4,7 +4,7 @@
 #include "intake/package_files.h"
 #include "platform/files.h"
 #include "platform/text.h"
-#include "shell/app_state.h"
+#include "shell/ground/app_state.h"
 
 namespace pyxis {
 
@@ -17,8 +17,8 @@ constexpr std::uint8_t kModelByteOther = 0x99;
 int lastConverterCode = kNoConverter;
 
 using Family = bool (*)(const ConvertRequest&, int&);
-constexpr Family kFamilies[] = {ConvertHex14Otp,   ConvertHex14Mtp,     ConvertVelmarFlash, ConvertEpm4,
-                                ConvertOtp4,       ConvertUsbHex,       ConvertUsbObj,      ConvertUsbEeprom,
+constexpr Family kFamilies[] = {ConvertHex14Otp,    ConvertHex14Mtp,    ConvertVelmarFlash, ConvertEpm4,
+                                ConvertOtp4,        ConvertUsbHex,      ConvertUsbObj,      ConvertUsbEeprom,
                                 ConvertVelmarBlock, ConvertVelmarEeprom};
 
 // Into the option package as it lies on the disk, whatever became of the conversion.
@@ -26,13 +26,13 @@ void WriteModelByte() {
   const File file = OpenFile(OptionPackagePath(), "r+b");
   if (!file) return;
   if (std::fseek(file.get(), static_cast<long>(Field::WriterModelByte.offset), SEEK_SET) != 0) return;
-  std::fputc(TheAppState().WriterModel == kModelKm48 ? kModelByteKm48 : kModelByteOther, file.get());
+  std::fputc(TheAppState().writer.WriterModel == Model::Km48 ? kModelByteKm48 : kModelByteOther, file.get());
 }
 
 }  // namespace
 
 int ConvertFile(const ConvertRequest& request) {
-  TheAppState().SystemConfigWord = kNoSystemConfig;
+  TheAppState().conversion.SystemConfigWord = kNoSystemConfig;
   lastConverterCode = kNoConverter;
   for (const Family convert : kFamilies)
     if (convert(request, lastConverterCode)) break;

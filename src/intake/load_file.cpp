@@ -14,8 +14,8 @@
 #include "platform/operator.h"
 #include "platform/text.h"
 #include "serial/sn_run.h"
-#include "shell/app_state.h"
-#include "shell/main_controls.h"
+#include "shell/ground/app_state.h"
+#include "shell/ground/main_controls.h"
 #include "view/buffer_area.h"
 #include "view/show_file.h"
 
@@ -43,29 +43,29 @@ constexpr std::uint32_t kDefaultOptionValue = 0x60;
 void PaintNow() { PumpPaint(); }
 
 void EmptyLoadedFile() {
-  TheAppState().LoadedFilePath.clear();
+  TheAppState().conversion.LoadedFilePath.clear();
   ShowFile("");
 }
 
 int Convert(const ChipEntry& row, const std::string& path) {
   AppState& app = TheAppState();
   return ConvertFile({.ChipCode = row.ChipCode,
-                      .OptionValue = &app.OptionValue,
+                      .OptionValue = &app.selection.OptionValue,
                       .Path = path,
-                      .SnMode = app.SnMode != 0,
-                      .ExhvIsp = app.ExhvIsp != 0,
-                      .MassProduction = app.MassProduction != 0,
-                      .ProductionLimitOn = app.ProductionLimitOn != 0,
-                      .ProductionLimitBcd = PackedDecimal(app.ProductionLimitCount),
-                      .IspProgram = app.IspProgram != 0});
+                      .SnMode = app.selection.SnMode,
+                      .ExhvIsp = app.selection.ExhvIsp,
+                      .MassProduction = app.selection.MassProduction != MassMode::Off,
+                      .ProductionLimitOn = app.selection.ProductionLimitOn,
+                      .ProductionLimitBcd = PackedDecimal(app.selection.ProductionLimitCount),
+                      .IspProgram = app.selection.IspProgram});
 }
 
 void ShowResult() {
   AppState& app = TheAppState();
-  app.ChecksumText = Printf("%04X", app.ImageChecksum);
-  SetControlText(ControlId::ChecksumField, app.ChecksumText);
-  SetControlText(ControlId::FileField, app.LoadedFilePath);
-  ShowFile(app.LoadedFilePath);
+  app.conversion.ChecksumText = Printf("%04X", app.conversion.ImageChecksum);
+  SetControlText(ControlId::ChecksumField, app.conversion.ChecksumText);
+  SetControlText(ControlId::FileField, app.conversion.LoadedFilePath);
+  ShowFile(app.conversion.LoadedFilePath);
 }
 
 // The end of every run that got as far as showing ReadyText.
@@ -74,13 +74,13 @@ void RestoreDisplay() {
   SetReadyText("");
   FrontHexView();
   SetProgressPosition(0);
-  TheAppState().ProgressMode = 0;
+  TheAppState().writer.ProgressMode = Progress::None;
 }
 
 // What goes to the writer; false when the run stops here.
 bool SendToWriter(std::uint32_t chipCode) {
   SelectFirmware(chipCode);
-  if (TheAppState().FirmwareLoadFailed != 0) {
+  if (TheAppState().writer.FirmwareLoadFailed) {
     TheMachine().op->Tell("Update Firmware Fail");
     SetWriterMode(mode::kIdle);
     SendControl(control::kEndLoad);
@@ -92,7 +92,7 @@ bool SendToWriter(std::uint32_t chipCode) {
 
 void Run(const ChipEntry& row, const std::string& path) {
   AppState& app = TheAppState();
-  app.OptionValue = kDefaultOptionValue;
+  app.selection.OptionValue = kDefaultOptionValue;
   if (row.HasOptionDialog) ChooseOptions(row.ChipCode);
   if (path.empty()) {
     TheMachine().op->Tell("File is empty.", kPlainCaption);
@@ -101,10 +101,10 @@ void Run(const ChipEntry& row, const std::string& path) {
   SetReadyText(ComposeReadyText(TheMachine().language->GetSystemDefaultLangID()));
 
   const bool converted = Convert(row, path) == 0;
-  if (ProtectionComesFromFile(row.ChipCode)) SetFusePanel(static_cast<int>(app.ImageUnprotected), -1, -1);
+  if (ProtectionComesFromFile(row.ChipCode)) SetFusePanel(static_cast<int>(app.conversion.ImageUnprotected), -1, -1);
   ShowResult();
   BeginBusyCursor("dinosaur.ani");
-  if (app.FirmwareLevel > kHostFirmwareLevel &&
+  if (app.writer.FirmwareLevel > kHostFirmwareLevel &&
       !TheMachine().op->Ask("Software Version is Old, Still continue to use ?", kBlankCaption, MessageIcon::Warning)) {
     RestoreDisplay();
     return;
@@ -113,7 +113,7 @@ void Run(const ChipEntry& row, const std::string& path) {
     RestoreDisplay();
     return;
   }
-  if (app.WriterConnected != 0) ReadInfoBlock(app.WriterInfoBlock);
+  if (app.writer.WriterConnected) ReadInfoBlock(app.writer.WriterInfoBlock);
   RestoreDisplay();
   BringSnProgressUpToDate();
   PaintNow();
@@ -131,9 +131,9 @@ void OnLoadFile() {
   AppState& app = TheAppState();
   FrontBufferArea();
   EmptyLoadedFile();
-  app.ProgressMode = 1;
+  app.writer.ProgressMode = Progress::Transfers;
   ClearStatusText();
-  const ChipEntry& row = Row(app.SeriesIndex, app.TypeIndex);
+  const ChipEntry& row = Row(app.selection.SeriesIndex, app.selection.TypeIndex);
   const auto path = TheMachine().op->ChooseFile({FileKind::Program, FileFilter(row.FileExtension)});
   if (!path) {
     FrontHexView();

@@ -2,16 +2,16 @@
 
 #include "platform/byte_order.h"
 #include "platform/files.h"
-#include "shell/app_state.h"
+#include "shell/ground/app_state.h"
 
 namespace pyxis {
 
-std::string OptionPackagePath() { return TheAppState().AppDir + kOptionPackageName; }
-std::string DataPackagePath() { return TheAppState().AppDir + kDataPackageName; }
-std::string SerialFilePath() { return TheAppState().AppDir + kSerialFileName; }
+std::string OptionPackagePath() { return TheAppState().program.AppDir + kOptionPackageName; }
+std::string DataPackagePath() { return TheAppState().program.AppDir + kDataPackageName; }
+std::string SerialFilePath() { return TheAppState().program.AppDir + kSerialFileName; }
 
 std::string TemplatePath(const std::string& name) {
-  return TheAppState().AppDir + TheAppState().HwFolder + kPathSeparator + name + ".txt";
+  return TheAppState().program.AppDir + TheAppState().writer.HwFolder + kPathSeparator + name + ".txt";
 }
 
 std::uint8_t FieldByte(std::span<const std::uint8_t> package, FieldPlace field) { return package[field.offset]; }

@@ -7,8 +7,8 @@
 #include "platform/byte_order.h"
 #include "platform/machine.h"
 #include "platform/main_view.h"
-#include "shell/app_state.h"
-#include "shell/main_controls.h"
+#include "shell/ground/app_state.h"
+#include "shell/ground/main_controls.h"
 
 namespace pyxis {
 
@@ -17,7 +17,7 @@ namespace {
 constexpr std::size_t kLengthOffset = 8;
 constexpr std::size_t kOpcodeOffset = 12;
 
-bool ShowsProgress() { return TheAppState().ProgressMode == 1; }
+bool ShowsProgress() { return TheAppState().writer.ProgressMode == Progress::Transfers; }
 
 void BeginProgress() {
   if (!ShowsProgress()) return;

@@ -7,7 +7,7 @@
 #include "link/writer_link.h"
 #include "platform/machine.h"
 #include "platform/vendor_api.h"
-#include "shell/app_state.h"
+#include "shell/ground/app_state.h"
 
 namespace pyxis {
 
@@ -39,18 +39,18 @@ bool VendorWriterAnswers() { return TheMachine().vendor->VMOpen(kVendorModel, 0,
 bool OpenVendorTransport() {
   AppState& app = TheAppState();
   if (!VendorWriterAnswers()) return false;
-  app.UseVendorApi = 1;
-  app.WriterConnected = 1;
+  app.writer.UseVendorApi = true;
+  app.writer.WriterConnected = true;
   TheMachine().vendor->VMSetTimeout(kVendorTimeout);
   return true;
 }
 
 void OpenTransport() {
-  if (!OpenVendorTransport()) TheAppState().WriterConnected = static_cast<std::uint32_t>(OpenWriterLink());
+  if (!OpenVendorTransport()) TheAppState().writer.WriterConnected = OpenWriterLink() != 0;
 }
 
 void CloseTransport() {
-  if (TheAppState().UseVendorApi != 0) {
+  if (TheAppState().writer.UseVendorApi) {
     TheMachine().vendor->VMClose();
   } else {
     CloseWriterLink();
@@ -60,7 +60,7 @@ void CloseTransport() {
 void ReadIdentityText(std::array<char, kIdentitySize + 1>& text) {
   text.fill('\0');
   const auto buffer = reinterpret_cast<std::uint8_t*>(text.data());
-  if (TheAppState().UseVendorApi != 0) {
+  if (TheAppState().writer.UseVendorApi) {
     TheMachine().vendor->VMRead(OP_IDENTITY, buffer, kIdentitySize);
   } else {
     ReadIdentity(buffer);
@@ -68,27 +68,27 @@ void ReadIdentityText(std::array<char, kIdentitySize + 1>& text) {
 }
 
 void ReadWriterIdentity() {
-  ReadIdentityText(TheAppState().WriterIdentityText);
+  ReadIdentityText(TheAppState().writer.WriterIdentityText);
   IdentifyWriter();
 }
 
 void IdentifyWriter() {
   AppState& app = TheAppState();
-  app.HwFolder = kUnknownHwFolder;
-  app.HwKnown = 0;
+  app.writer.HwFolder = kUnknownHwFolder;
+  app.writer.HwKnown = false;
   for (const KnownIdentity& known : kIdentities) {
-    if (known.text != app.WriterIdentityText.data()) continue;
-    app.HwFolder = known.hwFolder;
-    app.HwKnown = 1;
+    if (known.text != app.writer.WriterIdentityText.data()) continue;
+    app.writer.HwFolder = known.hwFolder;
+    app.writer.HwKnown = true;
     return;
   }
 }
 
 void ReadFirmwareBytes() {
   AppState& app = TheAppState();
-  app.FirmwareCode = PeekBe16(address::kFirmwareCode);
-  app.FirmwareVersion = PeekByte(address::kFirmwareVersion);
-  app.FirmwareLevel = PeekBe16(address::kFirmwareLevel);
+  app.writer.FirmwareCode = PeekBe16(address::kFirmwareCode);
+  app.writer.FirmwareVersion = PeekByte(address::kFirmwareVersion);
+  app.writer.FirmwareLevel = PeekBe16(address::kFirmwareLevel);
   SetWriterMode(mode::kIdle);
 }
 

@@ -3,7 +3,7 @@
 
 #include <array>
 
-#include "shell/app_state.h"
+#include "shell/ground/app_state.h"
 
 namespace pyxis {
 

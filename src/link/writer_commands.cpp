@@ -9,7 +9,7 @@ namespace pyxis {
 
 namespace {
 
-bool Vendor() { return TheAppState().UseVendorApi != 0; }
+bool Vendor() { return TheAppState().writer.UseVendorApi; }
 
 void WriteByte(Opcode opcode, std::uint8_t byte) { WriteCommand(opcode, std::span(&byte, 1)); }
 
@@ -22,17 +22,17 @@ void SetAddress(std::uint16_t address) {
 
 std::uint8_t PeekByteOverFrames(std::uint16_t address) {
   AppState& app = TheAppState();
-  app.TransferBusy = 1;
-  app.ProgressMode = 0;
+  app.writer.TransferBusy = true;
+  app.writer.ProgressMode = Progress::None;
   std::uint8_t byte = 0;
-  if (app.HwKnown != 0) {
+  if (app.writer.HwKnown) {
     SetWriterMode(mode::kMemory);
     SetAddress(address);
-    app.ProgressMode = 1;
+    app.writer.ProgressMode = Progress::Transfers;
     ReceiveBlock(&byte, 1, OP_READ_MEMORY);
-    app.ProgressMode = 0;
+    app.writer.ProgressMode = Progress::None;
   }
-  app.TransferBusy = 0;
+  app.writer.TransferBusy = false;
   return byte;
 }
 
@@ -52,8 +52,8 @@ int ReadCommand(Opcode opcode, std::span<std::uint8_t> buffer) {
   return 1;
 }
 
-void SetFrameProgress(int progressMode) {
-  if (!Vendor()) TheAppState().ProgressMode = progressMode;
+void SetFrameProgress(Progress progress) {
+  if (!Vendor()) TheAppState().writer.ProgressMode = progress;
 }
 
 void SetWriterMode(std::uint8_t mode) { WriteByte(OP_SET_MODE, mode); }
@@ -78,7 +78,7 @@ std::uint8_t PeekByte(std::uint16_t address) {
 }
 
 int ReadInfoBlock(std::span<std::uint8_t, kInfoBlockSize> target) {
-  SetFrameProgress(0);
+  SetFrameProgress(Progress::None);
   SetWriterMode(mode::kArea);
   SelectArea(area::kOption);
   ReadCommand(OP_READ_AREA, target);

@@ -6,7 +6,7 @@
 #include <cstdint>
 #include <span>
 
-#include "shell/app_state.h"
+#include "shell/ground/app_state.h"
 
 namespace pyxis {
 
@@ -54,8 +54,8 @@ inline constexpr std::uint8_t kEndLoad = 144;
 namespace area {
 inline constexpr std::uint8_t kOption = 4;
 inline constexpr std::uint8_t kData = 8;
-inline constexpr std::uint8_t kOpen = 23;   // the action that goes with a selector
-inline constexpr std::uint8_t kNone = 12;   // closes, with the action kClose
+inline constexpr std::uint8_t kOpen = 23;  // the action that goes with a selector
+inline constexpr std::uint8_t kNone = 12;  // closes, with the action kClose
 inline constexpr std::uint8_t kClose = 7;
 }  // namespace area
 
@@ -76,7 +76,7 @@ int WriteCommand(Opcode opcode, std::span<const std::uint8_t> data);
 int ReadCommand(Opcode opcode, std::span<std::uint8_t> buffer);
 
 // ProgressMode of the next transfers, on the frame link alone: velmarapi reports no progress.
-void SetFrameProgress(int progressMode);
+void SetFrameProgress(Progress progress);
 
 void SetWriterMode(std::uint8_t mode);
 void StartTask(std::uint8_t task);

@@ -2,7 +2,7 @@
 
 #include "platform/diagnostics.h"
 #include "platform/machine.h"
-#include "shell/app_state.h"
+#include "shell/ground/app_state.h"
 
 namespace pyxis {
 
@@ -24,7 +24,7 @@ UsbHost& Usb() { return *TheMachine().usb; }
 void CloseLibusb() {
   if (theWriterLink.LibusbHandle != nullptr) Usb().Close(theWriterLink.LibusbHandle);
   theWriterLink.LibusbHandle = nullptr;
-  TheAppState().UseLibusb = 0;
+  TheAppState().writer.UseLibusb = false;
 }
 
 // The first device with the writer's numbers, in bus order; true when there is one, and it has been opened.
@@ -33,7 +33,7 @@ bool OpenFirstWriter() {
     for (const UsbDeviceEntry& entry : bus) {
       if (entry.vendor != kWriterVendor || entry.product != kWriterProduct) continue;
       theWriterLink.LibusbHandle = Usb().Open(entry);  // a failure shows at the next call
-      TheAppState().UseLibusb = 1;
+      TheAppState().writer.UseLibusb = true;
       return true;
     }
   return false;
@@ -120,10 +120,10 @@ void CloseWriterLink() {
   CloseLibusb();
 }
 
-bool FrameLinkOpen() { return TheAppState().UseLibusb != 0 || PipesOpen(); }
+bool FrameLinkOpen() { return TheAppState().writer.UseLibusb || PipesOpen(); }
 
 bool LinkWrite(const std::uint8_t* data, std::uint32_t count) {
-  if (TheAppState().UseLibusb == 0) return TheMachine().pipes->Write(theWriterLink.WritePipe, data, count);
+  if (!TheAppState().writer.UseLibusb) return TheMachine().pipes->Write(theWriterLink.WritePipe, data, count);
   const int result = Usb().BulkWrite(theWriterLink.LibusbHandle, kEndpointOut, data, static_cast<int>(count), kTimeout);
   if (result < 0) {
     Trace("error writing:\n%s\n", Usb().Error().c_str());
@@ -134,7 +134,7 @@ bool LinkWrite(const std::uint8_t* data, std::uint32_t count) {
 }
 
 bool LinkRead(std::uint8_t* buffer, std::uint32_t count) {
-  if (TheAppState().UseLibusb == 0) return TheMachine().pipes->Read(theWriterLink.ReadPipe, buffer, count);
+  if (!TheAppState().writer.UseLibusb) return TheMachine().pipes->Read(theWriterLink.ReadPipe, buffer, count);
   const int result = Usb().BulkRead(theWriterLink.LibusbHandle, kEndpointIn, buffer, static_cast<int>(count), kTimeout);
   if (result < 0) {
     Trace("error reading:\n%s\n", Usb().Error().c_str());

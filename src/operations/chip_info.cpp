@@ -10,8 +10,8 @@
 #include "platform/machine.h"
 #include "platform/operator.h"
 #include "platform/text.h"
-#include "shell/app_state.h"
-#include "shell/main_controls.h"
+#include "shell/ground/app_state.h"
+#include "shell/ground/main_controls.h"
 
 namespace pyxis {
 
@@ -23,17 +23,17 @@ constexpr char kNoSupport[] = "NO Support";
 
 constexpr std::uint32_t kSettleMs = 1000;
 constexpr std::uint8_t kLowNibble = 0x0F;
-constexpr std::uint8_t kHiddenConfig = 18;        // LengthUnit of chips whose configuration can't be shown
-constexpr std::uint8_t kLastDualClass = 15;       // ChipClass of the chips with a dual mode: up to this
-constexpr std::uint8_t kNotDualBit = 0x10;        // of the configuration's high byte
-constexpr std::size_t kConfigAt = 0;              // places in ChipInfo; words, high byte first
+constexpr std::uint8_t kHiddenConfig = 18;   // LengthUnit of chips whose configuration can't be shown
+constexpr std::uint8_t kLastDualClass = 15;  // ChipClass of the chips with a dual mode: up to this
+constexpr std::uint8_t kNotDualBit = 0x10;   // of the configuration's high byte
+constexpr std::size_t kConfigAt = 0;         // places in ChipInfo; words, high byte first
 constexpr std::size_t kUpperChecksumAt = 2;
 constexpr std::size_t kIdAt = 4;
 constexpr std::size_t kChecksumAt = 6;
 
-std::uint8_t* ChipInfo() { return &TheAppState().WriterInfoBlock[Field::ChipInfo.offset]; }
+std::uint8_t* ChipInfo() { return &TheAppState().writer.WriterInfoBlock[Field::ChipInfo.offset]; }
 
-std::uint8_t NibbleOf(FieldPlace field) { return FieldByte(TheAppState().WriterInfoBlock, field) & kLowNibble; }
+std::uint8_t NibbleOf(FieldPlace field) { return FieldByte(TheAppState().writer.WriterInfoBlock, field) & kLowNibble; }
 
 // Chips with one configuration byte have no checksum and no ID.
 bool HasChecksumAndId() { return NibbleOf(Field::LengthUnit) != 0; }
@@ -47,8 +47,8 @@ unsigned WordAt(std::size_t at) { return LoadBe16(ChipInfo() + at); }
 // In dual mode only the upper half of the memory counts.
 bool UpperHalfCounts() {
   const AppState& app = TheAppState();
-  return FieldByte(app.WriterInfoBlock, Field::ChipClass) <= kLastDualClass && (*ChipInfo() & kNotDualBit) == 0 &&
-         app.DualSkip != 0;
+  return FieldByte(app.writer.WriterInfoBlock, Field::ChipClass) <= kLastDualClass &&
+         (*ChipInfo() & kNotDualBit) == 0 && app.conversion.DualSkip != 0;
 }
 
 void ShowChip(std::array<std::string, 4>& lines) {
@@ -56,7 +56,7 @@ void ShowChip(std::array<std::string, 4>& lines) {
     lines[kConfig] = LineOf(kConfig, *ChipInfo());
     return;
   }
-  const bool hidden = FieldByte(TheAppState().WriterInfoBlock, Field::LengthUnit) == kHiddenConfig;
+  const bool hidden = FieldByte(TheAppState().writer.WriterInfoBlock, Field::LengthUnit) == kHiddenConfig;
   lines[kConfig] = hidden ? LineOf(kConfig, kNoSupport) : LineOf(kConfig, WordAt(kConfigAt));
   lines[kChecksum] = LineOf(kChecksum, WordAt(UpperHalfCounts() ? kUpperChecksumAt : kChecksumAt));
   lines[kId] = LineOf(kId, WordAt(kIdAt));
@@ -85,13 +85,13 @@ void CReadChipInfoDlg::OnRead() {
   Show();
 
   SetProgressRange(0, kTaskProgressTop);
-  RunTask(task::kVerify, app.VerifyTicks);
+  RunTask(task::kVerify, app.selection.VerifyTicks);
   SetProgressPosition(0);
   WaitMs(kSettleMs);
   // A block that can't be read must not show the chip that was in the socket before.
   std::fill_n(ChipInfo(), Field::ChipInfo.width, std::uint8_t{0});
-  ReadInfoBlock(app.WriterInfoBlock);
-  lines[kName] = LineOf(kName, ChipNameOf(app.WriterInfoBlock));
+  ReadInfoBlock(app.writer.WriterInfoBlock);
+  lines[kName] = LineOf(kName, ChipNameOf(app.writer.WriterInfoBlock));
   if (IsSupported()) ShowChip(lines);
   readEnabled = cancelEnabled = true;
   Show();

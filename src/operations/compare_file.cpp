@@ -13,8 +13,8 @@
 #include "platform/machine.h"
 #include "platform/operator.h"
 #include "platform/text.h"
-#include "shell/app_state.h"
-#include "shell/main_controls.h"
+#include "shell/ground/app_state.h"
+#include "shell/ground/main_controls.h"
 
 namespace pyxis {
 
@@ -22,8 +22,8 @@ namespace {
 
 constexpr char kResultFormat[] = "Compare Result : %s";
 constexpr std::uint8_t kLowNibble = 0x0F;
-constexpr std::uint8_t kCountsWords = 1;   // low nibble of LengthUnit
-constexpr std::uint8_t kOrderOfData = 2;   // low nibble of ReadBackOrder: words stand as in the program file
+constexpr std::uint8_t kCountsWords = 1;  // low nibble of LengthUnit
+constexpr std::uint8_t kOrderOfData = 2;  // low nibble of ReadBackOrder: words stand as in the program file
 
 // No job is longer than 65,535 words, so that what lies behind them never counts.
 constexpr std::size_t kMostBytes = kTransferBufferSize;
@@ -38,7 +38,7 @@ struct Comparison {
 
 // Nothing when the file can't be compared over the whole length, or when that leaves nothing to compare.
 std::optional<Comparison> ComparisonOf(std::size_t fileLength) {
-  const auto& block = TheAppState().WriterInfoBlock;
+  const auto& block = TheAppState().writer.WriterInfoBlock;
   const std::size_t units = FieldWord(block, Field::ImageLength);
   if (units == 0 || fileLength == 0) return std::nullopt;
   if ((FieldByte(block, Field::LengthUnit) & kLowNibble) != kCountsWords)
@@ -49,8 +49,7 @@ std::optional<Comparison> ComparisonOf(std::size_t fileLength) {
 
 // The first bytes of the file, as many as can count; nothing when they can't be read.
 std::optional<std::vector<std::uint8_t>> ReadFirstBytes(std::FILE* file) {
-  std::vector<std::uint8_t> bytes(
-      std::min(static_cast<std::size_t>(std::max(FileLength(file), 0L)), kMostBytes));
+  std::vector<std::uint8_t> bytes(std::min(static_cast<std::size_t>(std::max(FileLength(file), 0L)), kMostBytes));
   if (!bytes.empty() && std::fread(bytes.data(), 1, bytes.size(), file) != bytes.size()) return std::nullopt;
   return bytes;
 }
@@ -64,9 +63,9 @@ bool DataAreaEquals(const std::vector<std::uint8_t>& expected) {
     for (std::size_t at = 0; at < comparison->length; ++at)
       received[comparison->WriterAt(at)] = static_cast<std::uint8_t>(~expected[at]);
   SelectArea(area::kData);
-  SetFrameProgress(1);
+  SetFrameProgress(Progress::Transfers);
   ReadCommand(OP_READ_AREA, std::span(received).first(expected.size()));
-  SetFrameProgress(0);
+  SetFrameProgress(Progress::None);
   CloseArea();
   SetWriterMode(mode::kIdle);
   if (!comparison) return false;
@@ -77,14 +76,14 @@ bool DataAreaEquals(const std::vector<std::uint8_t>& expected) {
 
 // Year, month, day, hour, minute, second. Only the year is taken as a whole.
 std::string TimeLine() {
-  const std::uint8_t* time = &TheAppState().WriterInfoBlock[Field::DownloadTime.offset];
+  const std::uint8_t* time = &TheAppState().writer.WriterInfoBlock[Field::DownloadTime.offset];
   return Printf("Download File Time :%d/%d/%d_%d:%d:%d", LoadLe16(time), time[2], time[6], time[8], time[10], time[12]);
 }
 
 }  // namespace
 
 bool CompareWithWriter(const std::string& path) {
-  SetFrameProgress(0);
+  SetFrameProgress(Progress::None);
   SetWriterMode(mode::kArea);
   const File file = OpenFile(path, "rb");
   const auto expected = file ? ReadFirstBytes(file.get()) : std::nullopt;
@@ -104,7 +103,7 @@ void CDownloadInfoDlg::Enable(bool enabled) {
 void CDownloadInfoDlg::OnCompareFile() {
   lines[2] = Printf(kResultFormat, "");
   Enable(false);
-  const CompareKind& kind = CompareKindOf(ChipNameOf(TheAppState().WriterInfoBlock));
+  const CompareKind& kind = CompareKindOf(ChipNameOf(TheAppState().writer.WriterInfoBlock));
   const auto chosen = TheMachine().op->ChooseFile({FileKind::Comparison, kind.filter});
   if (chosen && MakeCompareTarget(kind, *chosen))
     lines[2] = Printf(kResultFormat, CompareWithWriter(CompareTargetPath(*chosen)) ? "OK" : "Fail");
@@ -114,8 +113,8 @@ void CDownloadInfoDlg::OnCompareFile() {
 
 void OnDownloadInfo() {
   AppState& app = TheAppState();
-  ReadInfoBlock(app.WriterInfoBlock);
-  CDownloadInfoDlg dialog("Chip Name : " + ChipNameOf(app.WriterInfoBlock), TimeLine());
+  ReadInfoBlock(app.writer.WriterInfoBlock);
+  CDownloadInfoDlg dialog("Chip Name : " + ChipNameOf(app.writer.WriterInfoBlock), TimeLine());
   TheMachine().op->RunDialog(dialog);
 }
 

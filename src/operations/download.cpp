@@ -11,8 +11,8 @@
 #include "platform/main_view.h"
 #include "platform/operator.h"
 #include "platform/text.h"
-#include "shell/app_state.h"
-#include "shell/main_controls.h"
+#include "shell/ground/app_state.h"
+#include "shell/ground/main_controls.h"
 
 namespace pyxis {
 
@@ -30,13 +30,13 @@ constexpr int kDone = 101;
 }  // namespace bar
 
 void ShowVendorStep(int position) {
-  if (TheAppState().UseVendorApi != 0) ShowTransferStep(position);
+  if (TheAppState().writer.UseVendorApi) ShowTransferStep(position);
 }
 
 }  // namespace
 
 bool DownloadPackageFile(const std::string& path, std::uint8_t areaSelector) {
-  SetFrameProgress(0);
+  SetFrameProgress(Progress::None);
   SetWriterMode(mode::kArea);
   const File file = OpenFile(path, "r+b");
   if (!file) {
@@ -49,15 +49,15 @@ bool DownloadPackageFile(const std::string& path, std::uint8_t areaSelector) {
   // An empty file still sends its block of length 0, which needs a buffer to point to.
   static const std::uint8_t nothing = 0;
   const std::span<const std::uint8_t> out = sent->empty() ? std::span(&nothing, 0) : std::span(*sent);
-  SetFrameProgress(1);
+  SetFrameProgress(Progress::Transfers);
   WriteCommand(OP_WRITE_AREA, out);
-  SetFrameProgress(0);
+  SetFrameProgress(Progress::None);
 
   std::vector<std::uint8_t> received(static_cast<std::size_t>(std::max(FileLength(file.get()), 0L)) + 1);
   const std::span<std::uint8_t> in = std::span(received).first(received.size() - 1);
-  SetFrameProgress(1);
+  SetFrameProgress(Progress::Transfers);
   ReadCommand(OP_READ_AREA, in);
-  SetFrameProgress(0);
+  SetFrameProgress(Progress::None);
   CloseArea();
   const auto again = ReadStream(file.get());
   return again && std::equal(again->begin(), again->end(), in.begin(), in.end());
@@ -74,7 +74,7 @@ bool RewriteOptionArea(const std::string& path) {
 
 void DownloadPackages() {
   Operator& op = *TheMachine().op;
-  if (TheAppState().UseVendorApi != 0) SetProgressRange(0, kTransferSteps);
+  if (TheAppState().writer.UseVendorApi) SetProgressRange(0, kTransferSteps);
   ShowVendorStep(bar::kStart);
   StartTask(task::kOpenPackageLoad);
   SendControl(control::kBeginLoad);

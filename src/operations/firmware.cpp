@@ -10,8 +10,8 @@
 #include "platform/machine.h"
 #include "platform/operator.h"
 #include "platform/text.h"
-#include "shell/app_state.h"
-#include "shell/main_controls.h"
+#include "shell/ground/app_state.h"
+#include "shell/ground/main_controls.h"
 
 namespace pyxis {
 
@@ -42,22 +42,22 @@ void CloseLoad() {
 
 bool LoadOverFrames(const std::string& path, bool sendStartByte, const std::vector<std::uint8_t>& image) {
   AppState& app = TheAppState();
-  app.TransferBusy = 1;
-  app.ProgressMode = 0;
+  app.writer.TransferBusy = true;
+  app.writer.ProgressMode = Progress::None;
   if (sendStartByte) StartTask(task::kOpenFirmwareLoad);
   SetWriterMode(mode::kMemory);
-  if (app.HwKnown == 1) SetAddressZero();
-  app.ProgressMode = 1;
+  if (app.writer.HwKnown) SetAddressZero();
+  app.writer.ProgressMode = Progress::Transfers;
   WriteCommand(OP_WRITE_MEMORY, image);
-  app.ProgressMode = 0;
-  if (app.HwKnown == 1) SetAddressZero();
+  app.writer.ProgressMode = Progress::None;
+  if (app.writer.HwKnown) SetAddressZero();
   std::vector<std::uint8_t> received(kFirmwareImageSize);
-  app.ProgressMode = 1;
+  app.writer.ProgressMode = Progress::Transfers;
   ReadCommand(OP_READ_MEMORY, received);
-  app.ProgressMode = 0;
+  app.writer.ProgressMode = Progress::None;
   const bool good = ReadImage(path) == received;
   if (good) CloseLoad();  // after a difference the closing commands are the caller's
-  app.TransferBusy = 0;
+  app.writer.TransferBusy = false;
   return good;
 }
 
@@ -81,10 +81,13 @@ bool LoadOverVendor(const std::string& path, bool sendStartByte, const std::vect
 
 // Whether Update F/W must not send an image of this model to the attached writer.
 bool RefusesImage(std::uint8_t imageModel) {
-  switch (TheAppState().WriterModel) {
-    case kModelKm48: return imageModel == kRegisterKm49;
-    case kModelKm49: return imageModel == kRegisterKm48;
-    default: return true;
+  switch (TheAppState().writer.WriterModel) {
+    case Model::Km48:
+      return imageModel == kRegisterKm49;
+    case Model::Km49:
+      return imageModel == kRegisterKm48;
+    default:
+      return true;
   }
 }
 
@@ -93,29 +96,29 @@ bool RefusesImage(std::uint8_t imageModel) {
 bool LoadFirmware(const std::string& path, bool sendStartByte) {
   AppState& app = TheAppState();
   const auto image = ReadImage(path);
-  const bool good = image && (app.UseVendorApi != 0 ? LoadOverVendor(path, sendStartByte, *image)
-                                                    : LoadOverFrames(path, sendStartByte, *image));
-  app.FirmwareLoadFailed = good ? 0 : 1;
+  const bool good = image && (app.writer.UseVendorApi ? LoadOverVendor(path, sendStartByte, *image)
+                                                      : LoadOverFrames(path, sendStartByte, *image));
+  app.writer.FirmwareLoadFailed = good ? 0 : 1;
   return good;
 }
 
 void SelectFirmware(std::uint32_t chipCode) {
   AppState& app = TheAppState();
-  const auto firmware = FirmwareFor(chipCode, app.WriterModel);
+  const auto firmware = FirmwareFor(chipCode, app.writer.WriterModel);
   const auto image = firmware ? ReadWholeFile(firmware->path) : std::nullopt;
   if (!image || image->size() <= address::kFirmwareVersion) {
-    app.FirmwareLoadFailed = 1;
+    app.writer.FirmwareLoadFailed = true;
     return;
   }
   const auto version = static_cast<std::int8_t>((*image)[address::kFirmwareVersion]);
-  if (app.FirmwareCode != firmware->FirmwareCode) {
+  if (app.writer.FirmwareCode != firmware->FirmwareCode) {
     LoadFirmware(firmware->path, true);
-    app.FirmwareCode = firmware->FirmwareCode;
+    app.writer.FirmwareCode = firmware->FirmwareCode;
     WaitMs(kRestartMs);
-  } else if (app.FirmwareVersion < version || app.FirmwareLevel != kHostFirmwareLevel) {
+  } else if (app.writer.FirmwareVersion < version || app.writer.FirmwareLevel != kHostFirmwareLevel) {
     LoadFirmware(firmware->path, true);
-    app.FirmwareVersion = static_cast<std::uint8_t>(version);
-    app.FirmwareLevel = kHostFirmwareLevel;
+    app.writer.FirmwareVersion = static_cast<std::uint8_t>(version);
+    app.writer.FirmwareLevel = kHostFirmwareLevel;
     WaitMs(kRestartMs);
   }
 }
@@ -123,7 +126,7 @@ void SelectFirmware(std::uint32_t chipCode) {
 void OnUpdateFirmware() {
   Operator& op = *TheMachine().op;
   const auto path = op.ChooseFile(
-      {FileKind::Firmware, "Kestrel Nce Files (*.nce)|*.nce||", FirmwareFolder(TheAppState().WriterModel)});
+      {FileKind::Firmware, "Kestrel Nce Files (*.nce)|*.nce||", FirmwareFolder(TheAppState().writer.WriterModel)});
   if (!path) return;
   PumpPaint();
   BeginBusyCursor("dinosaur.ani");

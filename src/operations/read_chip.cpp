@@ -12,15 +12,14 @@
 #include "platform/files.h"
 #include "platform/machine.h"
 #include "platform/operator.h"
-#include "shell/app_state.h"
-#include "shell/main_controls.h"
+#include "shell/ground/app_state.h"
+#include "shell/ground/main_controls.h"
 #include "view/show_file.h"
 
 namespace pyxis {
 
 namespace {
 
-constexpr int kProgressMode = 6;
 constexpr std::uint32_t kTemplateSettleMs = 2000;
 constexpr std::uint32_t kBeforeReadMs = 100;
 constexpr std::uint32_t kBetweenStartsMs = 1000;
@@ -28,10 +27,10 @@ constexpr std::uint32_t kBetweenStartsMs = 1000;
 // Lets the writer know the chip where its job doesn't.
 void LoadTemplateIfNeeded() {
   AppState& app = TheAppState();
-  const bool knowsChip = ChipNameOf(app.WriterInfoBlock) == app.SelectedChip;
-  if (knowsChip && FieldByte(app.WriterInfoBlock, Field::SerialHead) != kSerialNeedsReload) return;
-  if (!RewriteOptionArea(TemplatePath(app.SelectedChip))) return;
-  ReadInfoBlock(app.WriterInfoBlock);
+  const bool knowsChip = ChipNameOf(app.writer.WriterInfoBlock) == app.selection.SelectedChip;
+  if (knowsChip && FieldByte(app.writer.WriterInfoBlock, Field::SerialHead) != kSerialNeedsReload) return;
+  if (!RewriteOptionArea(TemplatePath(app.selection.SelectedChip))) return;
+  ReadInfoBlock(app.writer.WriterInfoBlock);
   WaitMs(kTemplateSettleMs);
 }
 
@@ -39,7 +38,7 @@ void LoadTemplateIfNeeded() {
 std::int64_t LengthToRead() {
   std::array<std::uint8_t, kInfoBlockSize> block{};
   ReadInfoBlock(block);
-  return std::int64_t{TheAppState().ReadSizeBytes} - 2 * std::int64_t{FieldWord(block, Field::DualStart)};
+  return std::int64_t{TheAppState().selection.ReadSizeBytes} - 2 * std::int64_t{FieldWord(block, Field::DualStart)};
 }
 
 // Whole words: the last one of an odd length takes a byte from behind it.
@@ -55,15 +54,15 @@ std::vector<std::uint8_t> WordsOf(const std::vector<std::uint8_t>& received, std
 
 void ShowResult(const std::string& path) {
   AppState& app = TheAppState();
-  app.LoadedFilePath.clear();
+  app.conversion.LoadedFilePath.clear();
   ShowFile("");
-  app.LoadedFilePath = path;
+  app.conversion.LoadedFilePath = path;
   ShowFile(path);
 }
 
 }  // namespace
 
-std::string ReadDataPath() { return TheAppState().AppDir + "readdata.txt"; }
+std::string ReadDataPath() { return TheAppState().program.AppDir + "readdata.txt"; }
 
 bool ReadChip() {
   const std::string path = ReadDataPath();
@@ -77,10 +76,10 @@ bool ReadChip() {
   StartTask(task::kReadChip);
   WaitMs(kBetweenStartsMs);
   StartTask(task::kReadChip);
-  SetFrameProgress(0);
-  std::vector<std::uint8_t> received(std::size_t{TheAppState().ReadSizeBytes} + 1);
+  SetFrameProgress(Progress::None);
+  std::vector<std::uint8_t> received(std::size_t{TheAppState().selection.ReadSizeBytes} + 1);
   ReadCommand(OP_READ_CHIP, std::span(received).first(length));
-  const bool written = file.Write(WordsOf(received, length, TheAppState().ReadSwapBytes));
+  const bool written = file.Write(WordsOf(received, length, TheAppState().selection.ReadSwapBytes));
   if (written) ShowResult(path);
   EnableOperations();
   return written;
@@ -89,9 +88,9 @@ bool ReadChip() {
 void OnRead() {
   LoadTemplateIfNeeded();
   WaitMs(kBeforeReadMs);
-  BeginOperation(kProgressMode);
+  BeginOperation(Progress::Read);
   const bool good = ReadChip();
-  TheAppState().ProgressMode = 0;
+  TheAppState().writer.ProgressMode = Progress::None;
   TheMachine().op->Tell(good ? "Read OK" : "Read FAIL");
   EndOperation();
 }

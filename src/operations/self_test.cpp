@@ -9,7 +9,7 @@
 #include "platform/machine.h"
 #include "platform/main_view.h"
 #include "platform/operator.h"
-#include "shell/app_state.h"
+#include "shell/ground/app_state.h"
 #include "view/buffer_area.h"
 #include "view/hex_view.h"
 
@@ -86,7 +86,7 @@ std::string MeasureAll() {
   for (const std::uint16_t value : kSetUp) SendTestSet(value);
   Meter meter;
   meter.Run(kFirstStep);
-  const std::span<const TestRow> rows = TheAppState().HwFolder == kDacBoardFolder
+  const std::span<const TestRow> rows = TheAppState().writer.HwFolder == kDacBoardFolder
                                             ? std::span<const TestRow>(kWithDacBoard)
                                             : std::span<const TestRow>(kWithoutDacBoard);
   std::string report;

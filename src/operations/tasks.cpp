@@ -9,8 +9,8 @@
 #include "platform/files.h"
 #include "platform/machine.h"
 #include "platform/operator.h"
-#include "shell/app_state.h"
-#include "shell/main_controls.h"
+#include "shell/ground/app_state.h"
+#include "shell/ground/main_controls.h"
 
 namespace pyxis {
 
@@ -18,19 +18,21 @@ namespace {
 
 struct Operation {
   std::uint8_t task;
-  int progressMode;
-  std::uint32_t AppState::*divisor;
+  Progress progress;
+  std::uint32_t Selection::*divisor;
   bool refreshesBlock;  // and so heeds the production limit
   bool asksBeforeErase;
   const char* okText;
   const char* failText;
 };
 
-constexpr Operation kAuto{task::kAuto, 2, &AppState::AutoTicks, true, false, "Auto OK", "Auto FAIL"};
-constexpr Operation kBlankCheck{task::kBlankCheck, 3, &AppState::BlankTicks, false, true, "BlankCheck OK",
-                                "BlankCheck FAIL"};
-constexpr Operation kProgram{task::kProgram, 4, &AppState::ProgramTicks, false, false, "Program OK", "Program FAIL"};
-constexpr Operation kVerify{task::kVerify, 5, &AppState::VerifyTicks, false, false, "Verify OK", "Verify FAIL"};
+constexpr Operation kAuto{task::kAuto, Progress::Auto, &Selection::AutoTicks, true, false, "Auto OK", "Auto FAIL"};
+constexpr Operation kBlankCheck{task::kBlankCheck, Progress::BlankCheck, &Selection::BlankTicks, false, true,
+                                "BlankCheck OK",   "BlankCheck FAIL"};
+constexpr Operation kProgram{task::kProgram, Progress::Program, &Selection::ProgramTicks, false, false,
+                             "Program OK",   "Program FAIL"};
+constexpr Operation kVerify{task::kVerify, Progress::Verify, &Selection::VerifyTicks, false, false,
+                            "Verify OK",   "Verify FAIL"};
 
 constexpr std::uint8_t kStatusBits = 3;
 constexpr std::uint8_t kStatusFailed = 3;
@@ -44,9 +46,9 @@ static_assert((kUnread[0] & kStatusBits) == 0 && (kUnread[1] & kStatusBits) == 0
 // The message of the first guard that fails, or null.
 const char* RefusalOf(const Operation& operation) {
   AppState& app = TheAppState();
-  if (operation.refreshesBlock) ReadInfoBlock(app.WriterInfoBlock);
-  const auto& block = app.WriterInfoBlock;
-  if (ChipNameOf(block) != app.SelectedChip) return "HW and SW Chip Name is discordant";
+  if (operation.refreshesBlock) ReadInfoBlock(app.writer.WriterInfoBlock);
+  const auto& block = app.writer.WriterInfoBlock;
+  if (ChipNameOf(block) != app.selection.SelectedChip) return "HW and SW Chip Name is discordant";
   if (FieldByte(block, Field::SerialHead) == kSerialNeedsReload) return "Please Reload Program File";
   if (FieldWord(block, Field::ImageChecksum) == 0) return "Please Download File";
   if (operation.refreshesBlock && FieldByte(block, Field::WriterStatus) >> 4 == 1) return "Production Limit Complete";
@@ -67,15 +69,15 @@ void Run(const Operation& operation) {
     op.Tell(refusal, kMessageCaption, MessageIcon::Warning);
     return;
   }
-  BeginOperation(operation.progressMode);
+  BeginOperation(operation.progress);
   if (operation.asksBeforeErase && PackageIsFlash() &&
       !op.Ask(" MTP/Flash series IC will clear all data ", kBlankCaption, MessageIcon::Question)) {
-    app.ProgressMode = 0;
+    app.writer.ProgressMode = Progress::None;
     EndOperation();
     return;
   }
-  const bool good = RunTask(operation.task, app.*operation.divisor);
-  app.ProgressMode = 0;
+  const bool good = RunTask(operation.task, app.selection.*operation.divisor);
+  app.writer.ProgressMode = Progress::None;
   op.Tell(good ? operation.okText : operation.failText, kMessageCaption);
   EndOperation();
 }
@@ -114,11 +116,11 @@ std::uint8_t PollVerdict(std::uint32_t divisor) {
 
 }  // namespace
 
-void BeginOperation(int progressMode) {
+void BeginOperation(Progress progress) {
   SetProgressRange(0, kTaskProgressTop);
   SetProgressPosition(1);
   ClearStatusText();
-  TheAppState().ProgressMode = progressMode;
+  TheAppState().writer.ProgressMode = progress;
   BeginBusyCursor("metronom.ani");
 }
 

@@ -3,6 +3,8 @@
 
 #include <cstdint>
 
+#include "shell/ground/app_state.h"
+
 namespace pyxis {
 
 void OnAuto();
@@ -17,9 +19,9 @@ inline constexpr int kTaskProgressTop = 50;  // a task's progress runs from 0 to
 // the bar's range of 50.
 bool RunTask(std::uint8_t task, std::uint32_t divisor);
 
-// Around an operation with a message at its end: the bar at 1 of 50, ProgressMode (2 to 6: transfers leave the bar alone),
-// the busy cursor; and the cursor back, the bar gone. ProgressMode goes back to 0 before the message.
-void BeginOperation(int progressMode);
+// Around an operation with a message at its end: the bar at 1 of 50, ProgressMode (2 to 6: transfers leave the bar
+// alone), the busy cursor; and the cursor back, the bar gone. ProgressMode goes back to 0 before the message.
+void BeginOperation(Progress progress);
 void EndOperation();
 
 }  // namespace pyxis

@@ -3,7 +3,7 @@
 #include <string_view>
 
 #include "options/fuse_panel.h"
-#include "shell/app_state.h"
+#include "shell/ground/app_state.h"
 
 namespace pyxis {
 
@@ -34,8 +34,8 @@ constexpr BlockFuse kBlockFuses[] = {
 void ShowFuseBitsOfBlock() {
   const AppState& app = TheAppState();
   for (const BlockFuse& fuse : kBlockFuses) {
-    if (fuse.chip != app.SelectedChip) continue;
-    const std::uint8_t byte = app.WriterInfoBlock[fuse.byte];
+    if (fuse.chip != app.selection.SelectedChip) continue;
+    const std::uint8_t byte = app.writer.WriterInfoBlock[fuse.byte];
     const auto bit = [byte](int number) { return byte >> number & 1; };
     SetFusePanel(fuse.inverse ? 1 - bit(0) : bit(0), fuse.full ? bit(1) : -1, fuse.full ? bit(2) : -1);
   }

@@ -2,8 +2,8 @@
 
 #include "catalogue/chip_catalogue.h"
 #include "options/fuse_ics.h"
-#include "shell/app_state.h"
-#include "shell/main_controls.h"
+#include "shell/ground/app_state.h"
+#include "shell/ground/main_controls.h"
 
 namespace pyxis {
 
@@ -49,7 +49,7 @@ bool ProtectionComesFromFile(std::uint32_t chipCode) {
 
 void ResetFusePanel() {
   const AppState& app = TheAppState();
-  const PanelKind kind = PanelKindOf(Row(app.SeriesIndex, app.TypeIndex).ChipCode);
+  const PanelKind kind = PanelKindOf(Row(app.selection.SeriesIndex, app.selection.TypeIndex).ChipCode);
   ResetPair(kProtection, kind != PanelKind::None);
   ResetPair(kMode, kind == PanelKind::Full);
   ResetPair(kClock, kind == PanelKind::Full);

@@ -5,7 +5,7 @@
 #include "options/fuse_ics.h"
 #include "platform/machine.h"
 #include "platform/operator.h"
-#include "shell/app_state.h"
+#include "shell/ground/app_state.h"
 
 namespace pyxis {
 
@@ -24,11 +24,16 @@ std::uint32_t BitIfFirst(const COptionSelectDlg& dialog, COptionSelectDlg::Pair 
 
 void TakeChoices(const COptionSelectDlg& dialog, OptionEffect effect) {
   const std::uint32_t unprotect = BitIfFirst(dialog, COptionSelectDlg::Protection, kUnprotectBit);
-  std::uint32_t& value = TheAppState().OptionValue;
+  std::uint32_t& value = TheAppState().selection.OptionValue;
   switch (effect) {
-    case OptionEffect::None: break;
-    case OptionEffect::UnprotectAlone: value = unprotect; break;
-    case OptionEffect::UnprotectBit: value |= unprotect; break;
+    case OptionEffect::None:
+      break;
+    case OptionEffect::UnprotectAlone:
+      value = unprotect;
+      break;
+    case OptionEffect::UnprotectBit:
+      value |= unprotect;
+      break;
     case OptionEffect::AllBits:
       value |= unprotect | BitIfFirst(dialog, COptionSelectDlg::Mode, kFastModeBit) |
                BitIfFirst(dialog, COptionSelectDlg::Clock, kClock32kDisableBit);

@@ -12,7 +12,7 @@
 #include "platform/machine.h"
 #include "platform/operator.h"
 #include "platform/text.h"
-#include "shell/app_state.h"
+#include "shell/ground/app_state.h"
 
 namespace pyxis {
 
@@ -66,28 +66,35 @@ const ProtectBit& BitOf(std::string_view chip) {
 
 // With no word known, -1, setting a bit leaves -1; clearing one leaves a 16-bit word.
 void ChangeConfigWord(int bit, bool set) {
-  std::int32_t& word = TheAppState().SystemConfigWord;
+  std::int32_t& word = TheAppState().conversion.SystemConfigWord;
   word = set ? word | 1 << bit : word & 0xFFFF & ~(1 << bit);
 }
 
 void ChangeBit(const ProtectBit& place, bool protect) {
-  std::uint8_t& byte = TheAppState().WriterInfoBlock[place.byte];
+  std::uint8_t& byte = TheAppState().writer.WriterInfoBlock[place.byte];
   const bool set = protect == place.setProtects;
   byte = static_cast<std::uint8_t>(set ? byte | 1 << place.bit : byte & ~(1 << place.bit));
   if (place.inConfig) ChangeConfigWord(place.bit + 8, set);
   const auto bit = [byte](int number) { return byte >> number & 1; };
   switch (place.panel) {
-    case Panel::None: break;
-    case Panel::Bit: SetFusePanel(bit(0), -1, -1); break;
-    case Panel::Inverse: SetFusePanel(1 - bit(0), -1, -1); break;
-    case Panel::Full: SetFusePanel(bit(0), bit(1), bit(2)); break;
+    case Panel::None:
+      break;
+    case Panel::Bit:
+      SetFusePanel(bit(0), -1, -1);
+      break;
+    case Panel::Inverse:
+      SetFusePanel(1 - bit(0), -1, -1);
+      break;
+    case Panel::Full:
+      SetFusePanel(bit(0), bit(1), bit(2));
+      break;
   }
 }
 
 void SendOptionArea() {
   StartTask(task::kOpenPackageLoad);
   SendControl(control::kBeginLoad);
-  if (WriteWholeFile(OptionPackagePath(), TheAppState().WriterInfoBlock)) {
+  if (WriteWholeFile(OptionPackagePath(), TheAppState().writer.WriterInfoBlock)) {
     DownloadPackageFile(OptionPackagePath(), area::kOption);
   } else {
     TheMachine().op->Tell(Printf("Open Fail ! (%s)", OptionPackagePath().c_str()), kPlainCaption);
@@ -100,10 +107,10 @@ void SendOptionArea() {
 
 void OnSetProtect() {
   AppState& app = TheAppState();
-  ReadInfoBlock(app.WriterInfoBlock);
-  const ChipEntry& row = Row(app.SeriesIndex, app.TypeIndex);
+  ReadInfoBlock(app.writer.WriterInfoBlock);
+  const ChipEntry& row = Row(app.selection.SeriesIndex, app.selection.TypeIndex);
   // After a start on a job whose IC isn't found by its bare name the row is another IC's, and so would be the bit.
-  if (!EqualsNoCase(row.ChipName, app.SelectedChip)) {
+  if (!EqualsNoCase(row.ChipName, app.selection.SelectedChip)) {
     TheMachine().op->Tell("HW and SW Chip Name is discordant", kMessageCaption, MessageIcon::Warning);
     return;
   }

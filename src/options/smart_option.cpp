@@ -5,7 +5,7 @@
 #include <cstring>
 #include <memory>
 
-#include "shell/app_state.h"
+#include "shell/ground/app_state.h"
 
 namespace pyxis {
 
@@ -55,7 +55,7 @@ std::vector<std::string> AlternativesOf(const SmartOptionRow& row) {
 
 int UnpackSystemConfig(std::int32_t word) {
   if (word == kNoSystemConfig) return 0;
-  const auto& masks = TheAppState().OptionMasks;
+  const auto& masks = TheAppState().selection.OptionMasks;
   for (std::size_t i = 0; i < kSmartOptionSlots; ++i) {
     const std::uint32_t mask = masks[i];
     const int shift = std::min(std::countr_zero(mask), kMaxShift);

@@ -8,7 +8,7 @@
 #include "platform/machine.h"
 #include "platform/operator.h"
 #include "platform/text.h"
-#include "shell/app_state.h"
+#include "shell/ground/app_state.h"
 
 namespace pyxis {
 
@@ -51,7 +51,7 @@ void WidenFor(int right, OptionWindow& window) {
 }  // namespace
 
 void CSmartOptionDlg::OnInitDialog(OptionWindow& window) {
-  const std::int32_t word = TheAppState().SystemConfigWord;
+  const std::int32_t word = TheAppState().conversion.SystemConfigWord;
   UnpackSystemConfig(word);
   BuildOptionControls(window);
   window.SetTitle(Printf("Smart Option [ System config : %04X ]", static_cast<std::uint32_t>(word)));
@@ -97,7 +97,7 @@ void CSmartOptionDlg::PaintOptionLabels(OptionWindow& window) const {
 
 void OnSmartOption() {
   const AppState& app = TheAppState();
-  ReadTinFile(app.AppDir + "tin" + kPathSeparator + app.SelectedChip + ".tin");
+  ReadTinFile(app.program.AppDir + "tin" + kPathSeparator + app.selection.SelectedChip + ".tin");
   CSmartOptionDlg dialog;
   TheMachine().op->RunDialog(dialog);
 }

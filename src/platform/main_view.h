@@ -1,4 +1,4 @@
-// How the main window hears that its model changed. The model is TheMainControls() (shell/main_controls.h),
+// How the main window hears that its model changed. The model is TheMainControls() (shell/ground/main_controls.h),
 // TheHexView() and SnProgressDlg; a view reads it, it decides nothing.
 #pragma once
 

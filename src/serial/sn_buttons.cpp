@@ -1,12 +1,12 @@
 #include "serial/sn_buttons.h"
 
-#include "shell/app_state.h"
-#include "shell/main_controls.h"
+#include "shell/ground/app_state.h"
+#include "shell/ground/main_controls.h"
 
 namespace pyxis {
 
 void SwitchTaskButtonsBySnMode() {
-  const bool enabled = TheAppState().SnMode == 0;
+  const bool enabled = !TheAppState().selection.SnMode;
   for (ControlId id : {ControlId::Auto, ControlId::BlankCheck, ControlId::Program, ControlId::Verify})
     EnableControl(id, enabled);
 }

@@ -13,8 +13,8 @@
 #include "serial/sn_buttons.h"
 #include "serial/sn_record.h"
 #include "serial/sn_set.h"
-#include "shell/app_state.h"
-#include "shell/main_controls.h"
+#include "shell/ground/app_state.h"
+#include "shell/ground/main_controls.h"
 
 namespace pyxis {
 
@@ -49,7 +49,7 @@ void CSnProgramDlg::OnInitDialog() {
 
 void CSnProgramDlg::RefreshFields() {
   const SnRecord& record = TheSnRecord();
-  chipText = TheAppState().SelectedChip.substr(0, kLongestChipText);
+  chipText = TheAppState().selection.SelectedChip.substr(0, kLongestChipText);
   startText = HexPadded(record.SnStartText);
   endText = HexPadded(record.SnEndText);
   startAddressText = Printf("%04X", record.SnStartAddress);
@@ -59,10 +59,10 @@ void CSnProgramDlg::RefreshFields() {
 
 void CSnProgramDlg::OnSnSet() {
   const AppState& app = TheAppState();
-  CSnSetDlg dialog(SnFromIcSelection, app.ExhvIsp != 0, app.IspProgram != 0);
+  CSnSetDlg dialog(SnFromIcSelection, app.selection.ExhvIsp, app.selection.IspProgram);
   dialog.OnInitDialog();
   const bool loaded = TheMachine().op->RunDialog(dialog) == DialogEnd::Ok;
-  snProgramEnabled = loaded && app.SnLoaded != 0;
+  snProgramEnabled = loaded && app.writer.SnLoaded;
   if (loaded) RefreshFields();
   Changed();
 }
@@ -74,7 +74,8 @@ void CSnProgramDlg::OnSnProgram() {
   totalCount_.Increment();
   ShowCounters();
   SetProgressRange(0, kTaskProgressTop);
-  const bool good = SnFromIcSelection ? RunTask(task::kAuto, app.AutoTicks) : RunTask(task::kProgram, app.ProgramTicks);
+  const bool good = SnFromIcSelection ? RunTask(task::kAuto, app.selection.AutoTicks)
+                                      : RunTask(task::kProgram, app.selection.ProgramTicks);
   SetProgressPosition(0);
   if (!good) {
     ngCount_.Increment();
@@ -108,10 +109,10 @@ void CSnProgramDlg::OnClose() {
   OnResetCount();
   SnFromIcSelection = false;
   ended = true;
-  if (app.WriterConnected != 0) ReadInfoBlock(app.WriterInfoBlock);
-  app.SnMode = 0;
+  if (app.writer.WriterConnected) ReadInfoBlock(app.writer.WriterInfoBlock);
+  app.selection.SnMode = false;
   if (snProgressDlg) snProgressDlg->visible = false;
-  if (app.WriterConnected != 0) SwitchTaskButtonsBySnMode();
+  if (app.writer.WriterConnected) SwitchTaskButtonsBySnMode();
   Changed();
   TheMachine().view->SnProgressChanged();
 }
@@ -122,7 +123,7 @@ namespace {
 
 // False, with the operator told and nothing kept, when there is no dialog; the next Load File tries again.
 bool MakeSnProgressDlg() {
-  snProgressDlg.reset(new (std::nothrow) CSnProgramDlg(TheAppState().SnMode != 0));
+  snProgressDlg.reset(new (std::nothrow) CSnProgramDlg(TheAppState().selection.SnMode));
   if (!snProgressDlg) {
     TheMachine().op->Tell("Error Creating Dialog Object", kMessageCaption, MessageIcon::Stop);
     return false;
@@ -136,13 +137,13 @@ bool MakeSnProgressDlg() {
 
 // What Load File has brought into the writer.
 bool WriterCountsSerials() {
-  return (FieldByte(TheAppState().WriterInfoBlock, Field::SerialHead) & kSerialRoadBits) == kSerialBySelection;
+  return (FieldByte(TheAppState().writer.WriterInfoBlock, Field::SerialHead) & kSerialRoadBits) == kSerialBySelection;
 }
 
 // A load begins the writer's count at the first serial again, and the shown serial follows that count.
 void FollowTheWriter() {
   SnRecord& record = TheSnRecord();
-  const std::uint8_t* first = &TheAppState().WriterInfoBlock[kFirstSerialOffset];
+  const std::uint8_t* first = &TheAppState().writer.WriterInfoBlock[kFirstSerialOffset];
   if (!WriterCountsSerials() || !std::equal(record.SnStartBytes.begin(), record.SnStartBytes.end(), first)) return;
   std::string text;
   for (const std::uint8_t byte : record.SnStartBytes) text += Printf("%02X", byte);
@@ -156,15 +157,15 @@ void FollowTheWriter() {
 void BringSnProgressUpToDate() {
   const AppState& app = TheAppState();
   SwitchTaskButtonsBySnMode();
-  if (app.SnMode != 0) FollowTheWriter();
+  if (app.selection.SnMode) FollowTheWriter();
   if (!snProgressDlg && !MakeSnProgressDlg()) return;
   CSnProgramDlg& dialog = *snProgressDlg;
-  dialog.SnFromIcSelection = app.SnMode != 0;
+  dialog.SnFromIcSelection = app.selection.SnMode;
   dialog.ended = false;
   dialog.snSetEnabled = false;
   // A load that failed leaves a job without serials: a press would burn it.
-  dialog.snProgramEnabled = app.SnMode == 0 || WriterCountsSerials();
-  dialog.visible = app.SnMode != 0;
+  dialog.snProgramEnabled = !app.selection.SnMode || WriterCountsSerials();
+  dialog.visible = app.selection.SnMode;
   dialog.RefreshFields();
   TheMachine().view->SnProgressChanged();
 }

@@ -16,7 +16,7 @@
 #include "serial/big_number.h"
 #include "serial/sn_limits.h"
 #include "serial/sn_record.h"
-#include "shell/app_state.h"
+#include "shell/ground/app_state.h"
 
 namespace pyxis {
 
@@ -106,7 +106,7 @@ void CSnSetDlg::OnLoad() {
 
 bool CSnSetDlg::PlaceIsGood() {
   const SnRecord& record = TheSnRecord();
-  const std::string& chip = TheAppState().SelectedChip;
+  const std::string& chip = TheAppState().selection.SelectedChip;
   if (const auto fixed = FixedSnAddress(chip)) {
     // These two are told and pass all the same.
     if (record.SnLength != kFixedLength) Refuse("S/N Length Enter 4");
@@ -149,8 +149,7 @@ bool CSnSetDlg::LoadSnSetup() {
     return false;
   }
   written = result == Written::Good;
-  if (written && !snFromIcSelection_)
-    TheAppState().SnLoaded = RewriteOptionArea(SerialFilePath()) ? 1 : 0;
+  if (written && !snFromIcSelection_) TheAppState().writer.SnLoaded = RewriteOptionArea(SerialFilePath());
   return true;
 }
 
@@ -159,21 +158,22 @@ bool CSnSetDlg::LoadSnSetup() {
 CSnSetDlg::Written CSnSetDlg::WriteSerialFile() const {
   const SnRecord& record = TheSnRecord();
   const AppState& app = TheAppState();
-  auto file = ReadWholeFile(TemplatePath(app.SelectedChip));
+  auto file = ReadWholeFile(TemplatePath(app.selection.SelectedChip));
   if (!file) return Written::NotOpened;
   file->resize(kSerialFileSize, 0xFF);
   std::uint8_t* bytes = file->data();
   std::uint8_t* head = bytes + Field::SerialHead.offset;
-  head[0] = static_cast<std::uint8_t>((record.SnDirection & 0x0F) | (snFromIcSelection_ ? kSerialBySelection : kSerialByMenu));
+  head[0] = static_cast<std::uint8_t>((record.SnDirection & 0x0F) |
+                                      (snFromIcSelection_ ? kSerialBySelection : kSerialByMenu));
   head[1] = record.SnLength;
   StoreBe16(head + 2, record.SnStartAddress);
-  StoreBe16(head + 4,
-            record.SnStartAddress + (SnCountsWords(app.SelectedChip) ? record.SnLength / 2U : record.SnLength));
+  StoreBe16(head + 4, record.SnStartAddress +
+                          (SnCountsWords(app.selection.SelectedChip) ? record.SnLength / 2U : record.SnLength));
   bytes[Field::IspFlags.offset] = exhvIsp_ || isp_ ? 1 : 0;
   const auto block = file->begin() + static_cast<std::ptrdiff_t>(Field::SerialBlock.offset);
   std::copy(record.SnStartBytes.begin(), record.SnStartBytes.end(),
             std::copy(record.SnEndBytes.begin(), record.SnEndBytes.end(), block));
-  bytes[Field::WriterModelByte.offset] = app.WriterModel == kModelKm48 ? kRegisterKm48 : kRegisterKm49;
+  bytes[Field::WriterModelByte.offset] = app.writer.WriterModel == Model::Km48 ? kRegisterKm48 : kRegisterKm49;
   ReplacedFile serial(SerialFilePath());
   if (!serial.IsOpen()) return Written::NotOpened;
   if (serial.Write(*file)) return Written::Good;

@@ -4,28 +4,28 @@
 #include "platform/files.h"
 #include "platform/machine.h"
 #include "platform/main_view.h"
-#include "shell/app_state.h"
-#include "shell/main_controls.h"
+#include "shell/ground/app_state.h"
+#include "shell/ground/main_controls.h"
 
 namespace pyxis {
 
 void ShowChipName(const std::string& name) {
   AppState& app = TheAppState();
-  app.SelectedChip = name;
-  app.ChipNameText = name;
+  app.selection.SelectedChip = name;
+  app.selection.ChipNameText = name;
   TheMainControls().title = "PyxisLoad  " + name + "  ";
   SetControlText(ControlId::ChipNameField, name);
 }
 
 void TakeCatalogueRow(const std::string& label) {
   AppState& app = TheAppState();
-  if (FindChip(label, app.SeriesIndex, app.TypeIndex) != 0)
-    app.HasSmartOption = Row(app.SeriesIndex, app.TypeIndex).HasSmartOption ? 1 : 0;
+  if (FindChip(label, app.selection.SeriesIndex, app.selection.TypeIndex) != 0)
+    app.selection.HasSmartOption = Row(app.selection.SeriesIndex, app.selection.TypeIndex).HasSmartOption;
 }
 
 void ShowPinFigure(const std::string& label) {
   const AppState& app = TheAppState();
-  const std::string path = FigurePath(label, app.ExhvIsp != 0, app.IspProgram != 0);
+  const std::string path = FigurePath(label, app.selection.ExhvIsp, app.selection.IspProgram);
   TheMainControls().pinFigure = OpenFile(path, "rb") ? path : "";
   TheMachine().view->ControlsChanged();
 }

@@ -10,9 +10,9 @@
 #include "platform/machine.h"
 #include "platform/operator.h"
 #include "platform/vendor_api.h"
-#include "shell/app_state.h"
+#include "shell/ground/app_state.h"
+#include "shell/ground/main_controls.h"
 #include "shell/link_status.h"
-#include "shell/main_controls.h"
 #include "shell/mode_labels.h"
 #include "shell/refresh_from_writer.h"
 
@@ -26,7 +26,7 @@ constexpr ControlId kTaskButtons[] = {ControlId::Auto, ControlId::BlankCheck, Co
                                       ControlId::Read};
 
 bool IsWriter(const DeviceEvent& event) {
-  return event.deviceName.find(kWriterInterfaceClass) != std::string::npos || TheAppState().UseVendorApi != 0;
+  return event.deviceName.find(kWriterInterfaceClass) != std::string::npos || TheAppState().writer.UseVendorApi;
 }
 
 void DisableAll() {
@@ -38,26 +38,26 @@ void DisableAll() {
 // A model that has lost its firmware but still has its job.
 struct TestImage {
   std::uint8_t modelByte;
-  int model;
+  Model model;
   const char* text;
   const char* file;
 };
 constexpr TestImage kTestImages[] = {
-    {kRegisterKm48, kModelKm48, "KM48 Error About To Enter The Test Mode.\nPlease Wait", "48test.nce"},
-    {kRegisterKm49, kModelKm49, "KM49 Error About To Enter The Test Mode.\nPlease Wait", "49test.nce"},
+    {kRegisterKm48, Model::Km48, "KM48 Error About To Enter The Test Mode.\nPlease Wait", "48test.nce"},
+    {kRegisterKm49, Model::Km49, "KM49 Error About To Enter The Test Mode.\nPlease Wait", "49test.nce"},
 };
 
 void RecoverFirmware() {
   AppState& app = TheAppState();
   Operator& op = *TheMachine().op;
-  ReadInfoBlock(app.WriterInfoBlock);
+  ReadInfoBlock(app.writer.WriterInfoBlock);
   for (const TestImage& image : kTestImages) {
-    if (FieldByte(app.WriterInfoBlock, Field::WriterModelByte) != image.modelByte) continue;
+    if (FieldByte(app.writer.WriterInfoBlock, Field::WriterModelByte) != image.modelByte) continue;
     op.Tell("Hardware/Firmware Error", kMessageCaption, MessageIcon::Stop);
     op.Tell(image.text, kMessageCaption, MessageIcon::Warning);
     const bool good = LoadFirmware(FirmwareFolder(image.model) + image.file, true);
     op.Tell(good ? "Test Ok.\nPlease Re-select The IC" : "Test Fail");
-    SetControlText(ControlId::BufferArea, app.ReadyText);
+    SetControlText(ControlId::BufferArea, app.program.ReadyText);
     return;
   }
   op.Tell("Hardware Error", kMessageCaption, MessageIcon::Stop);
@@ -67,55 +67,55 @@ void RecoverFirmware() {
 // The register alone decides here.
 void SettleModel() {
   AppState& app = TheAppState();
-  app.ModelRegister = 0;
-  app.ModelRegister = PeekByte(address::kModel);
-  app.WriterInfoBlock[Field::WriterModelByte.offset] = 0;
-  app.WriterModel = app.ModelRegister == kRegisterKm48   ? kModelKm48
-                    : app.ModelRegister == kRegisterKm49 ? kModelKm49
-                                                         : kModelNone;
+  app.writer.ModelRegister = 0;
+  app.writer.ModelRegister = PeekByte(address::kModel);
+  app.writer.WriterInfoBlock[Field::WriterModelByte.offset] = 0;
+  app.writer.WriterModel = app.writer.ModelRegister == kRegisterKm48   ? Model::Km48
+                           : app.writer.ModelRegister == kRegisterKm49 ? Model::Km49
+                                                                       : Model::None;
 }
 
 void EnableAll() {
   for (ControlId id : kTaskButtons) EnableControl(id, true);
-  if (TheAppState().HasSmartOption != 0) EnableControl(ControlId::SmartOption, true);
+  if (TheAppState().selection.HasSmartOption) EnableControl(ControlId::SmartOption, true);
   EnableControl(ControlId::WriterTest, true);
 }
 
 void OnArrival(const DeviceEvent& event) {
   AppState& app = TheAppState();
   TheMachine().vendor->VMClose();
-  if (!OpenVendorTransport()) app.UseVendorApi = 0;
+  if (!OpenVendorTransport()) app.writer.UseVendorApi = false;
   if (!IsWriter(event)) return;
-  if (app.UseVendorApi == 0) app.WriterConnected = static_cast<std::uint32_t>(OpenWriterLink());
-  if (app.WriterConnected == 0) {
+  if (!app.writer.UseVendorApi) app.writer.WriterConnected = OpenWriterLink() != 0;
+  if (!app.writer.WriterConnected) {
     DisableAll();
     return;
   }
   ReadWriterIdentity();
   SetWriterMode(mode::kArrival);
   SettleModel();
-  if (app.WriterModel == kModelNone) RecoverFirmware();
+  if (app.writer.WriterModel == Model::None) RecoverFirmware();
   ReadFirmwareBytes();
   WaitMs(kSettleMs);
   ShowLinkStatus();
   EnableAll();
-  ReadInfoBlock(app.WriterInfoBlock);
+  ReadInfoBlock(app.writer.WriterInfoBlock);
   RefreshFromWriter();
   ShowModeLabels();
-  if (app.MassProduction != 0 || app.ProductionLimitOn != 0)
+  if (app.selection.MassProduction != MassMode::Off || app.selection.ProductionLimitOn)
     for (ControlId id : {ControlId::BlankCheck, ControlId::Program, ControlId::Verify}) EnableControl(id, false);
 }
 
 void OnRemoval(const DeviceEvent& event) {
   AppState& app = TheAppState();
   if (!IsWriter(event)) return;
-  if (app.UseVendorApi != 0) {
+  if (app.writer.UseVendorApi) {
     if (VendorWriterAnswers()) return;  // another device went away
     TheMachine().vendor->VMClose();
   } else {
     CloseWriterLink();
   }
-  app.WriterConnected = 0;
+  app.writer.WriterConnected = false;
   ShowLinkStatus();
   DisableAll();
 }

@@ -5,8 +5,8 @@
 #include "link/identification.h"
 #include "platform/machine.h"
 #include "platform/main_view.h"
-#include "shell/app_state.h"
-#include "shell/main_controls.h"
+#include "shell/ground/app_state.h"
+#include "shell/ground/main_controls.h"
 
 namespace pyxis {
 
@@ -20,7 +20,7 @@ void ShowLinkStatus() {
   bar.pane1.assign(1, ' ');
   std::array<char, kIdentitySize + 1> identity;
   ReadIdentityText(identity);
-  bar.connectedIcon = TheAppState().WriterConnected != 0;
+  bar.connectedIcon = TheAppState().writer.WriterConnected;
   bar.pane1 = bar.connectedIcon ? std::string(identity.data(), strnlen(identity.data(), kShownIdentity))
                                 : std::string("USB was not connected");
   TheMachine().view->ControlsChanged();

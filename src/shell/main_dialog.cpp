@@ -19,9 +19,9 @@
 #include "platform/text.h"
 #include "serial/sn_record.h"
 #include "serial/sn_run.h"
-#include "shell/app_state.h"
 #include "shell/chip_selection.h"
 #include "shell/device_arrival.h"
+#include "shell/ground/app_state.h"
 #include "shell/link_status.h"
 #include "shell/mode_labels.h"
 #include "shell/on_device.h"
@@ -43,14 +43,14 @@ constexpr ControlId kWriterButtons[] = {ControlId::Auto,   ControlId::BlankCheck
 
 void ShowWriterAndJob() {
   AppState& app = TheAppState();
-  const bool connected = app.WriterConnected != 0;
+  const bool connected = app.writer.WriterConnected;
   for (const ControlId id : kWriterButtons) EnableControl(id, connected);
   if (connected) {
-    ReadInfoBlock(app.WriterInfoBlock);
+    ReadInfoBlock(app.writer.WriterInfoBlock);
     RefreshFromWriter();
   }
   ShowModeLabels();
-  EnableControl(ControlId::SmartOption, app.HasSmartOption != 0 && connected);
+  EnableControl(ControlId::SmartOption, app.selection.HasSmartOption && connected);
   ShowControl(ControlId::ProductionLimitLabel, false);
 }
 
@@ -66,20 +66,20 @@ bool AskExit() { return TheMachine().op->Ask("Are you sure to Exit ?", kBlankCap
 void CPyxisLoadDlg::OnInitDialog() {
   AppState& app = TheAppState();
   const std::string directory = CurrentDirectory();
-  app.StartDirectory = directory.substr(0, kLongestStartDirectory);
+  app.program.StartDirectory = directory.substr(0, kLongestStartDirectory);
   ResetSnRecord();
-  app.ChipNameText.clear();
-  app.SelectedChip.clear();
+  app.selection.ChipNameText.clear();
+  app.selection.SelectedChip.clear();
   ClearPinFigure();
   ConfigureHexView();
   ShowControl(ControlId::HexView, true);
   EnableControl(ControlId::BufferArea, false);
   ShowControl(ControlId::Read, false);
   ShowControl(ControlId::WriterTest, false);
-  app.AppDir = directory.substr(0, kLongestAppDir) + kPathSeparator;
+  app.program.AppDir = directory.substr(0, kLongestAppDir) + kPathSeparator;
   IdentifyAtStart();
   TheMainControls().title = "PyxisLoad";
-  app.BusyCursor = 0;
+  app.cursors.BusyCursor = 0;
   ShowLinkStatus();
   HideFusePanel();
   ShowWriterAndJob();
@@ -160,7 +160,7 @@ void CPyxisLoadDlg::OnMouseMove(int x, int y) { SetStatusText(Printf("X=%d Y=%d"
 
 void CPyxisLoadDlg::OnMenuPrompt(const std::string& prompt) { SetStatusText(prompt); }
 
-bool CPyxisLoadDlg::DropsMousePress() const { return TheAppState().TransferBusy != 0; }
+bool CPyxisLoadDlg::DropsMousePress() const { return TheAppState().writer.TransferBusy; }
 
 bool CPyxisLoadDlg::OnSysClose() { return AskExit(); }
 

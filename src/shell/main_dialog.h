@@ -2,7 +2,7 @@
 #pragma once
 
 #include "platform/device_events.h"
-#include "shell/main_controls.h"
+#include "shell/ground/main_controls.h"
 #include "shell/menu_rules.h"
 
 namespace pyxis {

@@ -4,7 +4,7 @@
 #include <string_view>
 
 #include "intake/package_files.h"
-#include "shell/app_state.h"
+#include "shell/ground/app_state.h"
 
 namespace pyxis {
 
@@ -26,12 +26,12 @@ bool Holds(const List& list, std::string_view name) {
   return std::find(std::begin(list), std::end(list), name) != std::end(list);
 }
 
-bool ChipAndWriter() { return !TheAppState().ChipNameText.empty() && TheAppState().WriterConnected != 0; }
+bool ChipAndWriter() { return !TheAppState().selection.ChipNameText.empty() && TheAppState().writer.WriterConnected; }
 
 bool ChipInfoAllowed() {
   const AppState& app = TheAppState();
-  return !Holds(kNoChipInfo, app.ChipNameText) && app.MassProduction != 1 && app.ProductionLimitOn != 1 &&
-         FieldByte(app.WriterInfoBlock, Field::ProductionFlags) == 0;
+  return !Holds(kNoChipInfo, app.selection.ChipNameText) && app.selection.MassProduction != MassMode::On &&
+         app.selection.ProductionLimitOn != 1 && FieldByte(app.writer.WriterInfoBlock, Field::ProductionFlags) == 0;
 }
 
 }  // namespace
@@ -43,7 +43,7 @@ bool MenuEnabled(MenuEntry entry) {
     case MenuEntry::SetProtect:
       return ChipAndWriter();
     case MenuEntry::SerialNumberProgram:
-      return ChipAndWriter() && !Holds(kNoSerialProgram, TheAppState().ChipNameText);
+      return ChipAndWriter() && !Holds(kNoSerialProgram, TheAppState().selection.ChipNameText);
     case MenuEntry::ReadChipInfo:
       return ChipAndWriter() && ChipInfoAllowed();
     case MenuEntry::SaveAs:

@@ -1,16 +1,16 @@
 #include "shell/mode_labels.h"
 
-#include "shell/app_state.h"
-#include "shell/main_controls.h"
+#include "shell/ground/app_state.h"
+#include "shell/ground/main_controls.h"
 
 namespace pyxis {
 
 void ShowModeLabels() {
   const AppState& app = TheAppState();
-  ShowControl(ControlId::ExhvIspLabel, app.ExhvIsp == 1);
-  ShowControl(ControlId::IspLabel, app.IspProgram == 1);
-  ShowControl(ControlId::MassProductionLabel, app.MassProduction == 1);
-  ShowControl(ControlId::ProductionLimitLabel, app.ProductionLimitOn == 1);
+  ShowControl(ControlId::ExhvIspLabel, app.selection.ExhvIsp);
+  ShowControl(ControlId::IspLabel, app.selection.IspProgram);
+  ShowControl(ControlId::MassProductionLabel, app.selection.MassProduction == MassMode::On);
+  ShowControl(ControlId::ProductionLimitLabel, app.selection.ProductionLimitOn);
 }
 
 }  // namespace pyxis

@@ -7,9 +7,9 @@
 #include "platform/operator.h"
 #include "serial/sn_run.h"
 #include "serial/sn_set.h"
-#include "shell/app_state.h"
 #include "shell/chip_selection.h"
-#include "shell/main_controls.h"
+#include "shell/ground/app_state.h"
+#include "shell/ground/main_controls.h"
 #include "shell/mode_labels.h"
 #include "shell/start_up.h"
 #include "view/show_file.h"
@@ -21,26 +21,26 @@ namespace {
 void TakeSelection(const CIcSelectDlg& dialog) {
   AppState& app = TheAppState();
   const std::string label = Row(dialog.seriesIndex, dialog.typeIndex).TypeLabel;
-  app.SystemConfigWord = kNoSystemConfig;
+  app.conversion.SystemConfigWord = kNoSystemConfig;
   ShowChipName(dialog.chipName);
   TakeCatalogueRow(label);
   ClearPinFigure();
-  app.ExhvIsp = static_cast<std::uint32_t>(dialog.exhvIspValue);
-  app.IspProgram = static_cast<std::uint32_t>(dialog.ispValue);
-  app.MassProduction = static_cast<std::uint32_t>(dialog.massProductionValue);
-  app.ProductionLimitOn = static_cast<std::uint32_t>(dialog.productionLimitValue);
-  app.ProductionLimitCount = dialog.productionLimitCount;
+  app.selection.ExhvIsp = dialog.exhvIspValue != 0;
+  app.selection.IspProgram = dialog.ispValue != 0;
+  app.selection.MassProduction = dialog.massProductionValue != 0 ? MassMode::On : MassMode::Off;
+  app.selection.ProductionLimitOn = dialog.productionLimitValue != 0;
+  app.selection.ProductionLimitCount = dialog.productionLimitCount;
   EnableOperations();  // by the serial number mode of before
   ShowPinFigure(label);
-  app.LoadedFilePath.clear();
+  app.conversion.LoadedFilePath.clear();
   SetControlText(ControlId::FileField, "");
   ShowFile("");
-  app.ChecksumText.clear();
+  app.conversion.ChecksumText.clear();
   SetControlText(ControlId::ChecksumField, "");
-  app.SnMode = static_cast<std::uint32_t>(dialog.displaySerialValue);
+  app.selection.SnMode = dialog.displaySerialValue != 0;
   StopSnProgress();
-  if (app.SnMode == 1) {
-    CSnSetDlg serial(true, app.ExhvIsp != 0, app.IspProgram != 0);
+  if (app.selection.SnMode) {
+    CSnSetDlg serial(true, app.selection.ExhvIsp, app.selection.IspProgram);
     serial.OnInitDialog();
     TheMachine().op->RunDialog(serial);
   }
@@ -56,10 +56,10 @@ void OnDevice() {
   if (dialog.OnInitDialog() && TheMachine().op->RunDialog(dialog) == DialogEnd::Ok) {
     TakeSelection(dialog);
   } else {
-    app.SnMode = 0;
-    app.MassProduction = 0;
+    app.selection.SnMode = false;
+    app.selection.MassProduction = MassMode::Off;
   }
-  EnableControl(ControlId::SmartOption, app.HasSmartOption != 0);
+  EnableControl(ControlId::SmartOption, app.selection.HasSmartOption);
   ResetFusePanel();
 }
 

@@ -4,9 +4,9 @@
 #include "options/block_fuses.h"
 #include "options/fuse_panel.h"
 #include "platform/text.h"
-#include "shell/app_state.h"
 #include "shell/chip_selection.h"
-#include "shell/main_controls.h"
+#include "shell/ground/app_state.h"
+#include "shell/ground/main_controls.h"
 #include "shell/mode_labels.h"
 
 namespace pyxis {
@@ -20,25 +20,26 @@ constexpr std::uint8_t kProductionBits = 0x11;
 
 void TakeIspFlags() {
   AppState& app = TheAppState();
-  const std::uint8_t flags = FieldByte(app.WriterInfoBlock, Field::IspFlags);
-  app.ExhvIsp = (flags & kExhvIspBit) != 0 ? 1 : 0;
-  app.IspProgram = (flags & kIspBit) != 0 ? 1 : 0;
-  ShowControl(ControlId::ExhvIspLabel, app.ExhvIsp != 0);
-  ShowControl(ControlId::IspLabel, app.IspProgram != 0);
+  const std::uint8_t flags = FieldByte(app.writer.WriterInfoBlock, Field::IspFlags);
+  app.selection.ExhvIsp = (flags & kExhvIspBit) != 0;
+  app.selection.IspProgram = (flags & kIspBit) != 0;
+  ShowControl(ControlId::ExhvIspLabel, app.selection.ExhvIsp);
+  ShowControl(ControlId::IspLabel, app.selection.IspProgram);
 }
 
 void TakeProductionFlags() {
   AppState& app = TheAppState();
-  const std::uint8_t flags = FieldByte(app.WriterInfoBlock, Field::ProductionFlags) & kProductionBits;
+  const std::uint8_t flags = FieldByte(app.writer.WriterInfoBlock, Field::ProductionFlags) & kProductionBits;
   if (flags == kProductionMass) {
-    app.MassProduction = 1;
+    app.selection.MassProduction = MassMode::On;
     ShowControl(ControlId::MassProductionLabel, true);
   } else if (flags == kProductionLimit) {
-    app.ProductionLimitOn = 1;
-    app.MassProduction = flags;
+    app.selection.ProductionLimitOn = true;
+    app.selection.MassProduction = MassMode::WithLimit;
     ShowControl(ControlId::ProductionLimitLabel, true);
   } else {
-    app.MassProduction = app.ProductionLimitOn = 0;
+    app.selection.MassProduction = MassMode::Off;
+    app.selection.ProductionLimitOn = false;
     ShowControl(ControlId::MassProductionLabel, false);
     ShowControl(ControlId::ProductionLimitLabel, false);
     return;
@@ -50,7 +51,7 @@ void TakeProductionFlags() {
 
 void RefreshFromWriter() {
   AppState& app = TheAppState();
-  const auto& block = app.WriterInfoBlock;
+  const auto& block = app.writer.WriterInfoBlock;
   if (block[0] != kNameStart[0] || block[1] != kNameStart[1]) return;
   const std::string name = ChipNameOf(block);
   ShowChipName(name);
@@ -58,12 +59,12 @@ void RefreshFromWriter() {
   ClearPinFigure();
   TakeIspFlags();
   TakeProductionFlags();
-  if (app.WriterModel == kModelKm48) ShowPinFigure(name);
-  app.ImageChecksum = FieldWord(block, Field::ImageChecksum);
-  app.ChecksumText = Printf("%04X", app.ImageChecksum);
-  SetControlText(ControlId::ChecksumField, app.ChecksumText);
-  EnableControl(ControlId::SmartOption, app.HasSmartOption != 0);
-  if (app.HasSmartOption != 0) app.SystemConfigWord = FieldWord(block, Field::ConfigWord);
+  if (app.writer.WriterModel == Model::Km48) ShowPinFigure(name);
+  app.conversion.ImageChecksum = FieldWord(block, Field::ImageChecksum);
+  app.conversion.ChecksumText = Printf("%04X", app.conversion.ImageChecksum);
+  SetControlText(ControlId::ChecksumField, app.conversion.ChecksumText);
+  EnableControl(ControlId::SmartOption, app.selection.HasSmartOption);
+  if (app.selection.HasSmartOption) app.conversion.SystemConfigWord = FieldWord(block, Field::ConfigWord);
   ResetFusePanel();
   ShowFuseBitsOfBlock();
 }

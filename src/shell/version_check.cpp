@@ -5,7 +5,7 @@
 #include "platform/main_view.h"
 #include "platform/operator.h"
 #include "platform/update_agent.h"
-#include "shell/main_controls.h"
+#include "shell/ground/main_controls.h"
 
 namespace pyxis {
 

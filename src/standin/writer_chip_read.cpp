@@ -4,7 +4,7 @@
 
 #include "catalogue/chip_catalogue.h"
 #include "intake/package_files.h"
-#include "shell/app_state.h"
+#include "shell/ground/app_state.h"
 #include "standin/writer_model.h"
 
 namespace pyxis::standin {

@@ -15,12 +15,12 @@ constexpr std::uint8_t kErased = 0xFF;
 
 }  // namespace
 
-WriterModel::WriterModel(int model, std::string identityText)
+WriterModel::WriterModel(Model model, std::string identityText)
     : identity(std::move(identityText)),
       memory_(kFirmwareImageSize, kErased),
       optionArea_(kInfoBlockSize, 0),
       jobHeader_(kInfoBlockSize, 0) {
-  memory_[address::kModel] = model == kModelKm48 ? kRegisterKm48 : kRegisterKm49;
+  memory_[address::kModel] = model == Model::Km48 ? kRegisterKm48 : kRegisterKm49;
   StoreBe16(&memory_[address::kFirmwareCode], 0);
   memory_[address::kFirmwareVersion] = 1;
   StoreBe16(&memory_[address::kFirmwareLevel], kHostFirmwareLevel);

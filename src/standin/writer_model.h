@@ -1,5 +1,5 @@
-// The stand-in writer: a model of the writer's firmware behind its command set. It refuses what a writer couldn't do and
-// keeps every breach of the protocol in a list.
+// The stand-in writer: a model of the writer's firmware behind its command set. It refuses what a writer couldn't do
+// and keeps every breach of the protocol in a list.
 #pragma once
 
 #include <array>
@@ -11,6 +11,7 @@
 #include <vector>
 
 #include "operations/firmware.h"
+#include "shell/ground/app_state.h"
 #include "standin/chip.h"
 #include "standin/measures.h"
 #include "standin/serial_series.h"
@@ -21,17 +22,17 @@ enum class Door { Frames, Vendor };
 
 // What goes wrong on demand. Counters count down to the event; nothing is off.
 struct Faults {
-  std::optional<int> dropStatusBlock;    // the nth status block from now is not delivered (frames only)
-  std::optional<int> disconnectAfter;    // transfers until the device is gone
+  std::optional<int> dropStatusBlock;           // the nth status block from now is not delivered (frames only)
+  std::optional<int> disconnectAfter;           // transfers until the device is gone
   std::optional<std::size_t> damageAreaByte;    // this byte of each area read-back comes back wrong
   std::optional<std::size_t> damageMemoryByte;  // likewise of memory, for reads of more than a byte
-  std::optional<int> failTask;           // the nth task from now ends with the verdict failure
-  bool noVerdict = false;                // tasks never settle
+  std::optional<int> failTask;                  // the nth task from now ends with the verdict failure
+  bool noVerdict = false;                       // tasks never settle
 };
 
 class WriterModel {
  public:
-  explicit WriterModel(int model = 1, std::string identity = "PYX STANDALONE LOADER_V1.1");
+  explicit WriterModel(Model model = Model::Km48, std::string identity = "PYX STANDALONE LOADER_V1.1");
 
   void Write(std::uint8_t opcode, std::span<const std::uint8_t> data, Door door);
   // Always `length` bytes.

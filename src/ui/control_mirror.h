@@ -3,7 +3,7 @@
 
 #include <array>
 
-#include "shell/main_controls.h"
+#include "shell/ground/main_controls.h"
 
 class QWidget;
 

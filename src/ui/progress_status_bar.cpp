@@ -4,7 +4,7 @@
 #include <QPainter>
 #include <QProgressBar>
 
-#include "shell/main_controls.h"
+#include "shell/ground/main_controls.h"
 #include "ui/qt_text.h"
 
 namespace pyxis::ui {

@@ -1,7 +1,7 @@
 #include "view/buffer_area.h"
 
-#include "shell/app_state.h"
-#include "shell/main_controls.h"
+#include "shell/ground/app_state.h"
+#include "shell/ground/main_controls.h"
 
 namespace pyxis {
 
@@ -19,7 +19,7 @@ void FrontHexView() {
 }
 
 void SetReadyText(const std::string& text) {
-  TheAppState().ReadyText = text;
+  TheAppState().program.ReadyText = text;
   SetControlText(ControlId::BufferArea, text);
   PumpPaint();
 }

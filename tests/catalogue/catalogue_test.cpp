@@ -23,7 +23,7 @@ TEST_F(Catalogue, EveryFieldOfEveryRow) {
     ASSERT_EQ(place, static_cast<int>(counts.at(static_cast<std::size_t>(list))++));
     ASSERT_LT(static_cast<std::size_t>(place), ChipList(list).size());
     const ChipEntry& row = Row(list, place);
-    const auto firmware = FirmwareFor(row.ChipCode, kModelKm48);
+    const auto firmware = FirmwareFor(row.ChipCode, Model::Km48);
     ASSERT_TRUE(firmware) << row.TypeLabel;
     std::string masks;
     for (const std::uint32_t mask : row.OptionMasks) masks += Printf("%s%X", masks.empty() ? "" : ",", mask);
@@ -39,10 +39,11 @@ TEST_F(Catalogue, EveryFieldOfEveryRow) {
     int foundList = -1, foundPlace = -1;
     EXPECT_EQ(FindChip(wanted[2], foundList, foundPlace), 1);
     EXPECT_EQ(All(foundList, foundPlace), All(list, place));
-    EXPECT_EQ(All(app.AutoTicks, app.BlankTicks, app.ProgramTicks, app.VerifyTicks, app.ReadSizeBytes,
-                  app.ReadSwapBytes, app.OptionMasks),
-              All(row.AutoTicks, row.BlankTicks, row.ProgramTicks, row.VerifyTicks, row.ReadSizeBytes,
-                  row.ReadSwapBytes, row.OptionMasks));
+    EXPECT_EQ(
+        All(app.selection.AutoTicks, app.selection.BlankTicks, app.selection.ProgramTicks, app.selection.VerifyTicks,
+            app.selection.ReadSizeBytes, app.selection.ReadSwapBytes, app.selection.OptionMasks),
+        All(row.AutoTicks, row.BlankTicks, row.ProgramTicks, row.VerifyTicks, row.ReadSizeBytes, row.ReadSwapBytes,
+            row.OptionMasks));
   }
   for (int list = 0; list < kListCount; ++list)
     EXPECT_EQ(ChipList(list).size(), counts[static_cast<std::size_t>(list)]) << list;
@@ -57,14 +58,14 @@ TEST_F(Catalogue, FindsRowsByLabel) {
     // clang-format on
     SCOPED_TRACE(label);
     int list = -1, place = -1;
-    TheAppState().ReadSizeBytes = 77;
+    TheAppState().selection.ReadSizeBytes = 77;
     EXPECT_EQ(FindChip(label, list, place), found);
-    EXPECT_EQ(All(list, place, TheAppState().ReadSizeBytes == 77), All(wantedList, wantedPlace, found == 0));
+    EXPECT_EQ(All(list, place, TheAppState().selection.ReadSizeBytes == 77), All(wantedList, wantedPlace, found == 0));
   }
 }
 
 TEST_F(Catalogue, FirmwareImages) {
-  TheAppState().AppDir = "/p/";
+  TheAppState().program.AppDir = "/p/";
   // clang-format off
   for (const auto& [label, model, path, code] : Table<const char*, int, const char*, std::uint32_t>{
            {"QV4206", 1, "/p/firmware48/QV4207.nce", 0x1393}, {"QV4207", 1, "/p/firmware48/QV4207.nce", 0x1393},
@@ -73,11 +74,11 @@ TEST_F(Catalogue, FirmwareImages) {
     // clang-format on
     int list = 0, place = 0;
     ASSERT_EQ(FindChip(label, list, place), 1);
-    const auto firmware = FirmwareFor(Row(list, place).ChipCode, model);
+    const auto firmware = FirmwareFor(Row(list, place).ChipCode, Model{model});
     ASSERT_TRUE(firmware);
     EXPECT_EQ(All(firmware->path, firmware->FirmwareCode), All(path, code));
   }
-  EXPECT_FALSE(FirmwareFor(0x3702, 1));
+  EXPECT_FALSE(FirmwareFor(0x3702, Model::Km48));
 }
 
 TEST_F(Catalogue, EveryIcHasItsTemplateOnce) {

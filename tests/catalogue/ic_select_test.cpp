@@ -8,7 +8,7 @@ namespace {
 
 class IcSelect : public Bench {
  protected:
-  IcSelect() { TheAppState().WriterModel = kModelKm48; }
+  IcSelect() { TheAppState().writer.WriterModel = Model::Km48; }
   // A dialog that has just opened, with a click on the IC.
   CIcSelectDlg Clicked(const std::string& label) {
     CIcSelectDlg dialog;
@@ -19,7 +19,7 @@ class IcSelect : public Bench {
   void Click(CIcSelectDlg& dialog, const std::string& label) {
     int series = 0, type = 0;
     ASSERT_EQ(FindChip(label, series, type), 1) << label;
-    const int position = TheAppState().WriterModel == kModelKm49 ? series - kFirstKm49List : series;
+    const int position = TheAppState().writer.WriterModel == Model::Km49 ? series - kFirstKm49List : series;
     if (position != dialog.seriesPosition) dialog.OnSeriesChange(position);
     dialog.OnTypeChange(type);
     EXPECT_EQ(All(dialog.seriesIndex, dialog.chipName), All(series, Row(series, type).ChipName));
@@ -106,11 +106,11 @@ TEST_F(IcSelect, TheLimitIsChecked) {
 }
 
 TEST_F(IcSelect, NeedsAKnownWriter) {
-  TheAppState().WriterModel = kModelNone;
+  TheAppState().writer.WriterModel = Model::None;
   CIcSelectDlg dialog;
   EXPECT_FALSE(dialog.OnInitDialog());
   EXPECT_EQ(op.Boxes(), (std::vector<Told>{{"Please Power On The Writer", "Message", MessageIcon::Stop}}));
-  TheAppState().WriterModel = kModelKm49;
+  TheAppState().writer.WriterModel = Model::Km49;
   CIcSelectDlg km49;
   ASSERT_TRUE(km49.OnInitDialog());
   km49.OnSeriesChange(4);

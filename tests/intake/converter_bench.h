@@ -16,7 +16,7 @@ class ConverterBench : public Bench {
   std::uint32_t optionValue = 0x60;
   Bytes option, data;
 
-  ConverterBench() { TheAppState().WriterModel = kModelKm48; }
+  ConverterBench() { TheAppState().writer.WriterModel = Model::Km48; }
 
   void PutTemplate(const std::string& name, Bytes bytes = Bytes(512, 0xAA)) {
     Write("hwversion1.0/" + name + ".txt", bytes);

@@ -38,7 +38,7 @@ TEST_F(Frame, FailuresInTheirOrder) {
     std::filesystem::remove(folder / blocked);
   }
   fails(4, "none.hex", Path("none.hex") + " open file error\n");
-  EXPECT_EQ(TheAppState().ImageChecksum, 0xFFFF);
+  EXPECT_EQ(TheAppState().conversion.ImageChecksum, 0xFFFF);
   EXPECT_EQ(Convert(0x9999, "job.hex"), -1);
 }
 
@@ -63,7 +63,7 @@ TEST_F(Frame, ProductionFlags) {
 }
 
 TEST_F(Frame, ShortTemplatesAndTheOtherModel) {
-  TheAppState().WriterModel = kModelKm49;
+  TheAppState().writer.WriterModel = Model::Km49;
   for (const std::size_t length : {0U, 100U, 208U, 600U}) {
     PutTemplate("QV8348", Bytes(length, 0x33));
     ASSERT_EQ(ConvertHex(kQv8348, image), 0);
@@ -75,7 +75,7 @@ TEST_F(Frame, ShortTemplatesAndTheOtherModel) {
 TEST_F(Frame, NamesWithPointsAndCapitals) {
   PutTemplate("QV8348");
   ASSERT_EQ(ConvertHex(kQv8348, image, "Job.v2.HEX"), 0);
-  EXPECT_EQ(TheAppState().LoadedFilePath, Path("Job.v2.bin"));
+  EXPECT_EQ(TheAppState().conversion.LoadedFilePath, Path("Job.v2.bin"));
   EXPECT_EQ(Contents("Job.v2.bin").size(), image.size());
 }
 

@@ -40,7 +40,8 @@ TEST_F(Hex14, SingleModeFields) {
   EXPECT_EQ(Part(option, 192, 15), (Bytes{0xDF, 0x07, 3, 0, 4, 0, 5, 0, 9, 0, 7, 0, 3, 0, 250}));
   ASSERT_EQ(data.size(), 2048U);
   EXPECT_EQ(All(LoadBe16(&data[2 * 99]), LoadBe16(&data[2 * 1022])), All(0x0123, 0x3FFF));
-  EXPECT_EQ(All(TheAppState().SystemConfigWord, TheAppState().LoadedFilePath), All(0x3ABC, Path("job.bin")));
+  EXPECT_EQ(All(TheAppState().conversion.SystemConfigWord, TheAppState().conversion.LoadedFilePath),
+            All(0x3ABC, Path("job.bin")));
 }
 
 TEST_F(Hex14, DualModeFields) {
@@ -51,7 +52,7 @@ TEST_F(Hex14, DualModeFields) {
                {39, 0x0200},
                {72, 0x86FD}});
   EXPECT_EQ(data.size(), 2048U);
-  EXPECT_EQ(TheAppState().DualSkip, 0x200U);
+  EXPECT_EQ(TheAppState().conversion.DualSkip, 0x200U);
 }
 
 TEST_F(Hex14, PartialChecksumAndUsedLengthOutliveAConversion) {
@@ -62,7 +63,7 @@ TEST_F(Hex14, PartialChecksumAndUsedLengthOutliveAConversion) {
   const unsigned partial = Word(84);
   ASSERT_EQ(Job("QV8336", kQv8336, Image14(4095, {{4000, 1}, {4094, 0x0109}})), 0);
   EXPECT_EQ(Word(22), 4092U);
-  EXPECT_EQ(TheAppState().UsedLength, 10U);
+  EXPECT_EQ(TheAppState().conversion.UsedLength, 10U);
   ASSERT_EQ(Job("QV8366", kQv8366, blank), 0);
   EXPECT_NE(Word(84), partial);  // QV8336 has been through word 598 since
   EXPECT_EQ(Word(22), 10U);
@@ -144,7 +145,7 @@ TEST_F(Hex14, MultiTimeFields) {
   EXPECT_EQ(LoadBe16(&data[4094]), 0x0777);
 
   ASSERT_EQ(Job("QV8306", kQv8306, Image14(1028, {{1024, 1}, {1025, 0x1234}, {1026, 0x2805}, {1027, 0x00F2}})), 0);
-  EXPECT_EQ(TheAppState().SystemConfigWord, 0x1234);
+  EXPECT_EQ(TheAppState().conversion.SystemConfigWord, 0x1234);
   EXPECT_EQ(Word(72), 0xC006U);
 }
 

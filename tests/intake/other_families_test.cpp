@@ -61,7 +61,7 @@ TEST_F(Epm4, PackagesStartAnewBehindTheTemplate) {
   PutTemplate("QV4204", from);
   Write("a.epm", file);
   ASSERT_EQ(Convert(0x1392, "a.epm"), 0);
-  EXPECT_EQ(TheAppState().ImageUnprotected, 1U);
+  EXPECT_EQ(TheAppState().conversion.ImageUnprotected, 1U);
   ASSERT_EQ(option.size(), 256U);
   EXPECT_EQ(Part(option, 128, 4), (Bytes{0x0C, 0x6D, 0x00, 0x10}));
   ExpectBytes({{157, 0x10}, {158, 0}});
@@ -70,7 +70,7 @@ TEST_F(Epm4, PackagesStartAnewBehindTheTemplate) {
   file[32770] = 0x01;
   Write("a.epm", file);
   ASSERT_EQ(Convert(0x1392, "a.epm"), 0);
-  EXPECT_EQ(TheAppState().ImageUnprotected, 0U);
+  EXPECT_EQ(TheAppState().conversion.ImageUnprotected, 0U);
   EXPECT_EQ(option[43], 0x03);
 }
 
@@ -78,7 +78,7 @@ TEST_F(Epm4, IcsThatDiffer) {
   Bytes file(70000, 0);
   file[8194] = 1;
   ASSERT_EQ(Job("QV4104", 0x1357, file, "a.epm"), 0);  // 1 is not protected, and byte 44 stays
-  EXPECT_EQ(TheAppState().ImageUnprotected, 1U);
+  EXPECT_EQ(TheAppState().conversion.ImageUnprotected, 1U);
   ExpectWords({{43, 0x01AA}, {16, Sum({{0, 4096}})}});
   ASSERT_EQ(Job("QV4301", 0x1390, file, "a.epm"), 0);
   EXPECT_EQ(option.size(), 208U);
@@ -95,10 +95,10 @@ TEST_F(Epm4, TwoIcsShareACode) {
     for (const int key : {0, 1}) {
       file[65598] = static_cast<std::uint8_t>(key);
       Write("a.epm", file);
-      TheAppState().SelectedChip = "QV4206";
+      TheAppState().selection.SelectedChip = "QV4206";
       ASSERT_EQ(Convert(code, "a.epm"), 0);
       EXPECT_EQ(option[0], 0x06);
-      TheAppState().SelectedChip = "QV4207";
+      TheAppState().selection.SelectedChip = "QV4207";
       EXPECT_EQ(Convert(code, "a.epm"), key == 1 ? 0 : 1);
       if (key == 1) {
         EXPECT_EQ(option[0], 0x07);
@@ -141,7 +141,7 @@ TEST_F(Velmar, CapitalsFindTheirFiles) {
   Write("Work/Job1.VELMAR", pyxis::folder::ToIntelHex(VelmarImage(4096, 0x0630, 0)));
   ASSERT_EQ(Convert(0x37060, "Work/Job1.VELMAR"), 0);
   EXPECT_EQ(Contents("Work/job1.bin").size(), 4104U);
-  EXPECT_EQ(TheAppState().LoadedFilePath, ToLower(Path("Work/Job1.bin")));
+  EXPECT_EQ(TheAppState().conversion.LoadedFilePath, ToLower(Path("Work/Job1.bin")));
   PutTemplate("QV8121");
   EXPECT_EQ(Convert(0x3706, "Work/Job1.VELMAR"), 2);
   EXPECT_EQ(op.Heard(), Texts{ToLower(Path("Work/Job1.VELMAR")) + " ID error\n"});
@@ -176,7 +176,7 @@ TEST_F(Usb, HexIcs) {
   ASSERT_EQ(otp.size(), 32U + 32768 + 1);
   EXPECT_EQ(std::string(otp.begin(), otp.begin() + 7), "qvl04xx");
   EXPECT_EQ(All(Part(otp, 15, 5), otp.back()), All((Bytes{0xFF, 'v', '2', 0x1E, 0x11}), 0x61));
-  EXPECT_EQ(TheAppState().SystemConfigWord, -1);
+  EXPECT_EQ(TheAppState().conversion.SystemConfigWord, -1);
 }
 
 TEST_F(Usb, ObjIcs) {
@@ -214,8 +214,8 @@ TEST_F(Usb, EepromImages) {
   EXPECT_EQ(Part(data, 0, 10), (Bytes{0x07, 0x82, 0x18, 0xB0, 0x18, 0xB1, 0x18, 0xB2, 0x18, 0x00}));
   EXPECT_EQ(option[77], 16);
   ExpectWords({{39, 0x0F00}, {36, 0x1260}});
-  EXPECT_LE(TheAppState().ImageChecksum, 0x3FFF);
-  EXPECT_EQ(TheAppState().LoadedFilePath, ToLower(Path("e_new.bin")));
+  EXPECT_LE(TheAppState().conversion.ImageChecksum, 0x3FFF);
+  EXPECT_EQ(TheAppState().conversion.LoadedFilePath, ToLower(Path("e_new.bin")));
   EXPECT_EQ(Convert(0x1645, "e.bin"), 4);
   EXPECT_EQ(op.Heard(), Texts{ToLower(Path("e.bin")) + " open file error\n"});
 }

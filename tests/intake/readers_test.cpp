@@ -18,13 +18,13 @@ class Readers : public Bench {
 };
 
 std::uint16_t SumOf(std::initializer_list<std::uint16_t> words) {
-  TheAppState().ImageChecksum = 0xFFFF;
+  TheAppState().conversion.ImageChecksum = 0xFFFF;
   for (const std::uint16_t word : words) {
-    TheAppState().ChecksumInput = word;
+    TheAppState().conversion.ChecksumInput = word;
     UpdateChecksum();
-    EXPECT_EQ(TheAppState().ChecksumInput, 0);
+    EXPECT_EQ(TheAppState().conversion.ChecksumInput, 0);
   }
-  return TheAppState().ImageChecksum;
+  return TheAppState().conversion.ImageChecksum;
 }
 
 TEST_F(Readers, Checksum) {

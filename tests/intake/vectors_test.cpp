@@ -75,7 +75,7 @@ class Vectors : public ConverterBench {
     return Fnv(bytes);
   }
   std::string Shown() const {
-    const std::string& path = TheAppState().LoadedFilePath;
+    const std::string& path = TheAppState().conversion.LoadedFilePath;
     return path.empty() ? "-" : path.substr(path.rfind('.') + 1);
   }
 };
@@ -92,12 +92,12 @@ TEST_F(Vectors, EveryConversion) {
     const std::string &kind = row[3], &flags = row[8], &limit = row[10];
     const auto code = static_cast<std::uint32_t>(std::stoul(row[0], nullptr, 16));
     AppState& app = TheAppState();
-    const std::string appDir = app.AppDir;
+    const std::string appDir = app.program.AppDir;
     ResetAppState();
-    app.AppDir = appDir;
-    app.HwFolder = "hwversion1.1";
-    app.WriterModel = kModelKm48;
-    app.SelectedChip = row[1];
+    app.program.AppDir = appDir;
+    app.writer.HwFolder = "hwversion1.1";
+    app.writer.WriterModel = Model::Km48;
+    app.selection.SelectedChip = row[1];
     std::filesystem::remove_all(folder);
     Write("hwversion1.1/" + row[2] + ".txt", Random(512, code));
     Bytes serial = Random(256, code + 1);
@@ -118,12 +118,13 @@ TEST_F(Vectors, EveryConversion) {
     Write("job." + kind, kind == "hex" || kind == "velmar" ? IntelHex(image) : image);
     const int own = Convert(code, "job." + kind);
     const auto number = [](auto value) { return std::to_string(value); };
-    ExpectCells(
-        Printf("row %d, code %s (%s)", ++line, row[0].c_str(), row[1].c_str()), columns,
-        {number(own), number(own == 0 ? 0 : 1), Printf("%04X", app.ImageChecksum), number(app.SystemConfigWord),
-         number(app.DualSkip), number(app.ImageUnprotected), number(app.UsedLength), number(app.PartialChecksum),
-         Shown(), HashOf(kOptionPackageName, true), HashOf(kDataPackageName), HashOf(kSerialFileName)},
-        {row.begin() + 11, row.end()});
+    ExpectCells(Printf("row %d, code %s (%s)", ++line, row[0].c_str(), row[1].c_str()), columns,
+                {number(own), number(own == 0 ? 0 : 1), Printf("%04X", app.conversion.ImageChecksum),
+                 number(app.conversion.SystemConfigWord), number(app.conversion.DualSkip),
+                 number(app.conversion.ImageUnprotected), number(app.conversion.UsedLength),
+                 number(app.conversion.PartialChecksum), Shown(), HashOf(kOptionPackageName, true),
+                 HashOf(kDataPackageName), HashOf(kSerialFileName)},
+                {row.begin() + 11, row.end()});
   }
 }
 

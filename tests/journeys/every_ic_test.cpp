@@ -17,9 +17,9 @@ namespace {
 class EveryIc : public StandinBench, public ::testing::WithParamInterface<std::tuple<Transport, int>> {
  protected:
   EveryIc()
-      : StandinBench(std::get<0>(GetParam()), std::get<1>(GetParam()) < kFirstKm49List ? kModelKm48 : kModelKm49) {
+      : StandinBench(std::get<0>(GetParam()), std::get<1>(GetParam()) < kFirstKm49List ? Model::Km48 : Model::Km49) {
     op.downloadInfo = [this](CDownloadInfoDlg& dialog) {
-      EXPECT_EQ(dialog.lines[0], "Chip Name : " + TheAppState().SelectedChip);
+      EXPECT_EQ(dialog.lines[0], "Chip Name : " + TheAppState().selection.SelectedChip);
       dialog.OnCompareFile();
       result = dialog.lines[2];
       return DialogEnd::Cancel;
@@ -28,7 +28,7 @@ class EveryIc : public StandinBench, public ::testing::WithParamInterface<std::t
 
   std::string Compare(const std::string& file) {
     op.files = {Path(file)};
-    TheAppState().WriterInfoBlock.fill(0);  // the command reads it anew
+    TheAppState().writer.WriterInfoBlock.fill(0);  // the command reads it anew
     OnDownloadInfo();
     EXPECT_TRUE(op.told.empty());
     return result;
@@ -43,7 +43,7 @@ class EveryIc : public StandinBench, public ::testing::WithParamInterface<std::t
         Contents(text ? std::filesystem::exists(Path(stem + ".bin")) ? stem + ".bin" : ToLower(stem) + ".bin" : sample);
     std::size_t offset = extension == ".obj" ? 32 + at : at;
     if (extension == ".otp") {
-      const bool wide = TheAppState().SelectedChip != "QV4105";
+      const bool wide = TheAppState().selection.SelectedChip != "QV4105";
       const std::size_t config = wide ? 2 : 1;
       offset = at < config ? (wide ? 16414 : 8223) + at : 32 + at - config;
     }
@@ -66,12 +66,13 @@ TEST_P(EveryIc, IsComparedAndBurntByteForByte) {
     writer.chip = standin::Chip{};
     LoadSample(row.TypeLabel);
     if (HasFatalFailure()) return;
-    EXPECT_EQ(TheAppState().FirmwareCode, FirmwareFor(row.ChipCode, TheAppState().WriterModel)->FirmwareCode);
+    EXPECT_EQ(TheAppState().writer.FirmwareCode,
+              FirmwareFor(row.ChipCode, TheAppState().writer.WriterModel)->FirmwareCode);
     if (compared.insert(row.ChipName).second) {
       const std::string sample = "samples/" + std::string(row.ChipName) +
                                  (std::string(row.FileExtension) == ".hexbin" ? ".hex" : row.FileExtension);
       EXPECT_EQ(Compare(sample), "Compare Result : OK");
-      const auto& block = TheAppState().WriterInfoBlock;
+      const auto& block = TheAppState().writer.WriterInfoBlock;
       const std::size_t counted =
           std::size_t{FieldWord(block, Field::ImageLength)} * ((block[Field::LengthUnit.offset] & 15) == 1 ? 2 : 1);
       ASSERT_GT(counted, 0U);

@@ -21,25 +21,25 @@ TEST_F(LoadFile, Filters) {
 
 TEST_F(LoadFile, CancelEmptiesTheView) {
   LoadSample("QV8348");
-  EXPECT_FALSE(TheAppState().LoadedFilePath.empty());
+  EXPECT_FALSE(TheAppState().conversion.LoadedFilePath.empty());
   op.files.clear();
   OnLoadFile();
-  EXPECT_TRUE(op.told.empty() && TheAppState().LoadedFilePath.empty());
+  EXPECT_TRUE(op.told.empty() && TheAppState().conversion.LoadedFilePath.empty());
   EXPECT_TRUE(TheHexView().Blanked && TheMainControls()[ControlId::HexView].visible);
-  EXPECT_EQ(TheAppState().ProgressMode, 1);
+  EXPECT_EQ(TheAppState().writer.ProgressMode, Progress::Transfers);
 }
 
 TEST_F(LoadFile, AGoodRunLeavesEverythingInPlace) {
   op.cursorsLoad = true;
   LoadSample("QV8348");
   const AppState& app = TheAppState();
-  EXPECT_EQ(app.LoadedFilePath, Path("samples/QV8348.bin"));
+  EXPECT_EQ(app.conversion.LoadedFilePath, Path("samples/QV8348.bin"));
   EXPECT_EQ(TheHexView().Data, Contents("samples/QV8348.bin"));
   EXPECT_EQ(op.cursor, 1);
-  EXPECT_EQ(app.ProgressMode, 0);
-  EXPECT_TRUE(app.ReadyText.empty());
+  EXPECT_EQ(app.writer.ProgressMode, Progress::None);
+  EXPECT_TRUE(app.program.ReadyText.empty());
   EXPECT_FALSE(TheMainControls()[ControlId::BufferArea].enabled);
-  TheAppState().MassProduction = 1;
+  TheAppState().selection.MassProduction = MassMode::On;
   Load("samples/QV8348.hex");
   EXPECT_EQ(writer.FirmwareLoads(), 1);
   EXPECT_TRUE(TheMainControls()[ControlId::Verify].enabled);
@@ -59,17 +59,17 @@ TEST_F(LoadFile, AFailedConversionSendsNothingButReadsTheBlock) {
 TEST_F(LoadFile, NewerFirmwareIsAskedAbout) {
   PutFolderFor("QV8348");
   Select("QV8348");
-  TheAppState().FirmwareLevel = 5;
+  TheAppState().writer.FirmwareLevel = 5;
   Load("samples/QV8348.hex");
   EXPECT_EQ(op.Boxes(),
             (std::vector<Told>{{"Software Version is Old, Still continue to use ?", " ", MessageIcon::Warning}}));
   EXPECT_EQ(writer.FirmwareLoads(), 0);
-  TheAppState().FirmwareCode = 0x2710;
+  TheAppState().writer.FirmwareCode = 0x2710;
   op.answers = {true};
   Load("samples/QV8348.hex");
   EXPECT_EQ(op.Heard().back(), "Loading Data Ok");
   EXPECT_EQ(writer.FirmwareLoads(), 1);
-  EXPECT_EQ(TheAppState().FirmwareLevel, 4U);
+  EXPECT_EQ(TheAppState().writer.FirmwareLevel, 4U);
 }
 
 TEST_F(LoadFile, AnEmptyPathEndsTheRun) {
@@ -99,7 +99,7 @@ TEST_F(LoadFile, OptionsReachTheJob) {
       return ok ? DialogEnd::Ok : DialogEnd::Cancel;
     };
     LoadSample(chip);
-    EXPECT_EQ(TheAppState().OptionValue, value);
+    EXPECT_EQ(TheAppState().selection.OptionValue, value);
     const MainControls& controls = TheMainControls();
     EXPECT_EQ(controls[ControlId::FastMode].visible, modeVisible);
     EXPECT_TRUE(controls[ControlId::Protect].visible);

@@ -52,7 +52,7 @@ class SerialSeriesJourney : public StandinBench {
   void EnterAndLoad(const std::string& sample, std::size_t address, const Bytes& first, unsigned amount,
                     int direction) {
     CSnSetDlg set(true, false, false);
-    TheAppState().SnMode = 1;
+    TheAppState().selection.SnMode = true;
     Enter(set, address, first, amount, direction);
     Load(sample);
     ASSERT_EQ(op.Heard(), Texts{"Loading Data Ok"});
@@ -146,7 +146,7 @@ TEST_F(SerialSeriesJourney, EachKindOfIcTakesASerialAtItsEnd) {
       SCOPED_TRACE(Printf("%s, direction %d", label, direction));
       const std::size_t address = limit - length;
       const Bytes serial = Plus(Bytes(length, 0x81), 0x2345);
-      TheAppState().SnMode = 0;
+      TheAppState().selection.SnMode = false;
       const std::string sample = PutFolderFor(label);
       Select(label);
       EnterAndLoad(sample, address, serial, 1, direction);

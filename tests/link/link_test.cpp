@@ -26,7 +26,7 @@ class Link : public Bench {
   }
   void OpenFrames() {
     ASSERT_EQ(OpenWriterLink(), 1);
-    TheAppState().HwKnown = 1;
+    TheAppState().writer.HwKnown = true;
   }
   void OpenVendor() {
     vendor.openResult = 0;
@@ -40,12 +40,12 @@ class Link : public Bench {
 
 TEST_F(Link, TakesTheFirstWriterInBusOrder) {
   EXPECT_EQ(OpenWriterLink(), 1);
-  EXPECT_EQ(TheAppState().UseLibusb, 1U);
+  EXPECT_EQ(TheAppState().writer.UseLibusb, 1U);
   EXPECT_EQ(usb.calls, (Texts{"find", "open 1"}));
   CloseWriterLink();
   CloseWriterLink();
   EXPECT_EQ(usb.calls, (Texts{"find", "open 1", "close"}));
-  EXPECT_EQ(TheAppState().UseLibusb, 0U);
+  EXPECT_EQ(TheAppState().writer.UseLibusb, 0U);
   EXPECT_EQ(Printed(), "success: set configuration #1\nsuccess: claim_interface #0\n");
 }
 
@@ -55,7 +55,7 @@ TEST_F(Link, ADeviceThatRefusesIsGivenUp) {
   usb.configurationResult = 0;
   usb.claimResult = -1;
   EXPECT_EQ(OpenWriterLink(), 0);
-  EXPECT_EQ(TheAppState().UseLibusb, 0U);
+  EXPECT_EQ(TheAppState().writer.UseLibusb, 0U);
   EXPECT_EQ(usb.calls, (Texts{"find", "open 1", "close", "find", "open 1", "close"}));
   EXPECT_EQ(Printed(),  // and nothing of pipes, which this system doesn't have
             "error setting config #1: broken\nsuccess: set configuration #1\nerror claiming interface #0:\nbroken\n");
@@ -102,24 +102,24 @@ TEST_F(Link, VelmarapiComesFirst) {
   OpenTransport();
   EXPECT_EQ(vendor.calls, (Texts{"open 9899 0 0", "timeout 5"}));
   EXPECT_EQ(usb.calls, Texts{});
-  EXPECT_EQ(TheAppState().WriterConnected, 1U);
+  EXPECT_EQ(TheAppState().writer.WriterConnected, 1U);
 }
 
 TEST_F(Link, PeekOnBothTransports) {
   OpenFrames();
   usb.reads = {{0x98}};
-  TheAppState().ProgressMode = 1;
+  TheAppState().writer.ProgressMode = Progress::Transfers;
   EXPECT_EQ(PeekByte(address::kModel), 0x98);
   EXPECT_EQ(usb.wire, (Texts{"> 55 53 42 43 00 00 00 00 01 00 00 00 00", "> 00", "< 13",
                              "> 55 53 42 43 00 00 00 00 02 00 00 00 0F", "> FA 8F", "< 13",
                              "> 55 53 42 43 00 00 00 00 01 00 00 00 11", "< 1", "< 13"}));
-  EXPECT_EQ(TheAppState().ProgressMode, 0);
+  EXPECT_EQ(TheAppState().writer.ProgressMode, Progress::None);
 
   usb.wire.clear();
-  TheAppState().HwKnown = 0;
+  TheAppState().writer.HwKnown = false;
   EXPECT_EQ(PeekByte(address::kModel), 0);
   EXPECT_TRUE(usb.wire.empty());
-  EXPECT_EQ(TheAppState().TransferBusy, 0);
+  EXPECT_FALSE(TheAppState().writer.TransferBusy);
 
   OpenVendor();
   vendor.reads = {{0x99}};
@@ -129,17 +129,17 @@ TEST_F(Link, PeekOnBothTransports) {
 
 TEST_F(Link, InfoBlockAndSelfTestOnBothTransports) {
   OpenFrames();
-  TheAppState().ProgressMode = 1;
-  ReadInfoBlock(TheAppState().WriterInfoBlock);
+  TheAppState().writer.ProgressMode = Progress::Transfers;
+  ReadInfoBlock(TheAppState().writer.WriterInfoBlock);
   EXPECT_EQ(All(usb.wire[3], usb.wire[4]), All("> 55 53 42 43 00 00 00 00 02 00 00 00 14", "> 04 17"));
   EXPECT_EQ(usb.wire[6], "> 55 53 42 43 00 00 00 00 00 02 00 00 13");
-  EXPECT_EQ(TheAppState().ProgressMode, 0);
+  EXPECT_EQ(TheAppState().writer.ProgressMode, Progress::None);
   usb.wire.clear();
   SendTestSet(0x8D01);
   EXPECT_EQ(usb.wire[4], "> 01 8D");
 
   OpenVendor();
-  ReadInfoBlock(TheAppState().WriterInfoBlock);
+  ReadInfoBlock(TheAppState().writer.WriterInfoBlock);
   SendTestSet(0x8D01);
   EXPECT_EQ(vendor.calls, (Texts{"write 0: 47", "write 20: 04 17", "read 19: 512", "write 20: 0C 07", "write 0: 07",
                                  "write 0: 47", "write 3: 8D 01"}));
@@ -147,7 +147,7 @@ TEST_F(Link, InfoBlockAndSelfTestOnBothTransports) {
 
 TEST_F(Link, ChunksAndProgress) {
   OpenFrames();
-  TheAppState().ProgressMode = 1;
+  TheAppState().writer.ProgressMode = Progress::Transfers;
   // clang-format off
   for (const auto& [length, range, chunks] : Table<std::uint32_t, int, std::vector<int>>{
            {0, 2, {}}, {1, 2, {1}}, {512, 1, {512}}, {513, 1, {512, 1}}, {2048, 4, {512, 512, 512, 512}}}) {
@@ -199,7 +199,7 @@ TEST_F(Link, IdentityTellsTheHardware) {
     usb.reads = {Bytes(identity.begin(), identity.end())};
     usb.wire.clear();
     ReadWriterIdentity();
-    EXPECT_EQ(All(TheAppState().HwFolder, TheAppState().HwKnown), All(hwFolder, known));
+    EXPECT_EQ(All(TheAppState().writer.HwFolder, TheAppState().writer.HwKnown), All(hwFolder, known));
     EXPECT_EQ(usb.wire, (Texts{"> 55 53 42 43 00 00 00 00 1A 00 00 00 04", "< 26", "< 13"}));
   }
 }
@@ -208,8 +208,8 @@ TEST_F(Link, FirmwareBytes) {
   OpenFrames();
   usb.reads = {{0x27}, {0x35}, {0x85}, {0x01}, {0x04}};
   ReadFirmwareBytes();
-  EXPECT_EQ(All(TheAppState().FirmwareCode, TheAppState().FirmwareVersion), All(0x2735U, 0x85));
-  EXPECT_EQ(TheAppState().FirmwareLevel, 0x104U);
+  EXPECT_EQ(All(TheAppState().writer.FirmwareCode, TheAppState().writer.FirmwareVersion), All(0x2735U, 0x85));
+  EXPECT_EQ(TheAppState().writer.FirmwareLevel, 0x104U);
   EXPECT_EQ(usb.wire[usb.wire.size() - 2], "> 07");
 }
 

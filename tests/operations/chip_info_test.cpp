@@ -22,7 +22,7 @@ class ChipInfo : public ScriptedWriter {
     std::copy(info.begin(), info.end(), block.begin() + 248);
     return block;
   }
-  void Hold(const Bytes& block) { std::copy(block.begin(), block.end(), TheAppState().WriterInfoBlock.begin()); }
+  void Hold(const Bytes& block) { std::copy(block.begin(), block.end(), TheAppState().writer.WriterInfoBlock.begin()); }
 };
 
 TEST_F(ChipInfo, Opening) {
@@ -63,7 +63,7 @@ TEST_F(ChipInfo, Lines) {
     // clang-format on
     SCOPED_TRACE(why);
     Hold(Block(lengthUnit, configKind, chipClass, {}));
-    TheAppState().DualSkip = dualSkip;
+    TheAppState().conversion.DualSkip = dualSkip;
     vendor.calls.clear();
     vendor.reads.assign(6, Bytes{3});  // the verdict doesn't matter
     vendor.reads.push_back(Block(lengthUnit, configKind, chipClass, info));
@@ -104,7 +104,7 @@ TEST_P(ChipInfoOnWriter, ABurntChipTellsItsJob) {
     LoadSample(chip);
     if (sample != chip) {
       Load("samples/" + sample + ".hex");
-      ASSERT_EQ(TheAppState().DualSkip, 0x200U);
+      ASSERT_EQ(TheAppState().conversion.DualSkip, 0x200U);
     }
     const Bytes package = Contents(kOptionPackageName);
     OnAuto();
@@ -112,8 +112,8 @@ TEST_P(ChipInfoOnWriter, ABurntChipTellsItsJob) {
     const bool byteOnly = chip == "QVL04";
     EXPECT_EQ(lines[0], "Chip Name : " + chip);
     EXPECT_EQ(lines[1], Printf("System Config : %x", byteOnly ? package[36] : package[36] * 256 + package[37]));
-    EXPECT_EQ(lines[2], byteOnly ? "" : Printf("Checksum : %x", TheAppState().ImageChecksum));
-    TheAppState().DualSkip = 0;
+    EXPECT_EQ(lines[2], byteOnly ? "" : Printf("Checksum : %x", TheAppState().conversion.ImageChecksum));
+    TheAppState().conversion.DualSkip = 0;
   }
 }
 

@@ -13,7 +13,7 @@ namespace pyxis::test {
 namespace {
 
 void SetJob(const std::string& chip, unsigned imageLength, std::uint8_t lengthUnit, std::uint8_t order) {
-  auto& block = TheAppState().WriterInfoBlock;
+  auto& block = TheAppState().writer.WriterInfoBlock;
   block.fill(0);
   std::copy(chip.begin(), chip.end(), block.begin());
   StoreBe16(&block[24], imageLength);

@@ -15,9 +15,9 @@ class ReadScripted : public ScriptedWriter {
  protected:
   ReadScripted() {
     AppState& app = TheAppState();
-    app.SelectedChip = "QV8348";
-    app.ReadSizeBytes = 8;
-    std::copy(app.SelectedChip.begin(), app.SelectedChip.end(), app.WriterInfoBlock.begin());
+    app.selection.SelectedChip = "QV8348";
+    app.selection.ReadSizeBytes = 8;
+    std::copy(app.selection.SelectedChip.begin(), app.selection.SelectedChip.end(), app.writer.WriterInfoBlock.begin());
   }
   Bytes Block(unsigned dualStart) const {
     Bytes block(512, 0);
@@ -38,8 +38,8 @@ TEST_F(ReadScripted, WordsAndLengths) {
            {"dual mode", 8192, 0x200, false, Bytes(7168, 5), Bytes(7168, 5)}}) {
     // clang-format on
     SCOPED_TRACE(why);
-    TheAppState().ReadSizeBytes = size;
-    TheAppState().ReadSwapBytes = swap;
+    TheAppState().selection.ReadSizeBytes = size;
+    TheAppState().selection.ReadSwapBytes = swap;
     vendor.Script({Block(dualStart), chip});
     const std::uint32_t before = clock.tick;
     OnRead();
@@ -55,11 +55,12 @@ TEST_F(ReadScripted, WordsAndLengths) {
 
 TEST_F(ReadScripted, AFileThatCantBeMadeFailsBeforeTheWriterIsAsked) {
   std::filesystem::create_directory(Path("readdata.txt"));
-  TheAppState().LoadedFilePath = "before";
+  TheAppState().conversion.LoadedFilePath = "before";
   OnRead();
   EXPECT_EQ(op.Boxes(), (std::vector<Told>{{"Read FAIL", "Message", MessageIcon::None}}));
   EXPECT_TRUE(vendor.calls.empty());
-  EXPECT_EQ(All(TheAppState().LoadedFilePath, TheAppState().ProgressMode), All("before", 0));
+  EXPECT_EQ(All(TheAppState().conversion.LoadedFilePath, TheAppState().writer.ProgressMode),
+            All("before", Progress::None));
 }
 
 TEST_F(ReadScripted, AStartBehindTheChipLeavesNothingToRead) {
@@ -100,7 +101,7 @@ TEST_P(ReadOnWriter, ABurntChipReadsAsItsImage) {
     ASSERT_EQ(data.size(), read);
     EXPECT_EQ(Part(data, 0, size), Part(image, from, size));
     EXPECT_EQ(writer.OptionArea(), job);
-    EXPECT_EQ(TheAppState().LoadedFilePath, Path("readdata.txt"));
+    EXPECT_EQ(TheAppState().conversion.LoadedFilePath, Path("readdata.txt"));
     EXPECT_EQ(TheHexView().Data, data);
   }
 }
@@ -114,13 +115,13 @@ TEST_P(ReadOnWriter, AnUnknownChipGetsItsTemplateOnce) {
   OnRead();
   EXPECT_GE(clock.tick - before, 3100U);
   EXPECT_EQ(ChipNameOf(writer.OptionArea()), "QV8121");
-  EXPECT_EQ(ChipNameOf(TheAppState().WriterInfoBlock), "QV8121");
+  EXPECT_EQ(ChipNameOf(TheAppState().writer.WriterInfoBlock), "QV8121");
   before = clock.tick;
   OnRead();
   EXPECT_LT(clock.tick - before, 2000U);
-  TheAppState().WriterInfoBlock[53] = 16;  // a serial number set-up lies over the job
+  TheAppState().writer.WriterInfoBlock[53] = 16;  // a serial number set-up lies over the job
   OnRead();
-  EXPECT_EQ(TheAppState().WriterInfoBlock[53], 0);
+  EXPECT_EQ(TheAppState().writer.WriterInfoBlock[53], 0);
   EXPECT_EQ(op.Heard(), (Texts{"Read OK", "Read OK", "Read OK"}));
   EXPECT_EQ(All(op.cursors.back(), op.cursor), All(Path("metronom.ani"), 1));
   EXPECT_TRUE(TheMainControls()[ControlId::Read].enabled);

@@ -13,7 +13,7 @@ namespace {
 
 Texts Report() {
   Texts lines;
-  std::istringstream in(TheAppState().ReadyText);
+  std::istringstream in(TheAppState().program.ReadyText);
   for (std::string line; std::getline(in, line);) lines.push_back(line);
   return lines;
 }
@@ -46,13 +46,13 @@ TEST_P(SelfTest, ASoundWriterPassesEveryTest) {
     Test();
     EXPECT_GE(clock.tick - before, least);
     EXPECT_EQ(op.Boxes(), (std::vector<Told>{{" Are Disconnect Program Port Cable ? ", " ", MessageIcon::Warning},
-                                          {"Test Complete", "Message", MessageIcon::None}}));
+                                             {"Test Complete", "Message", MessageIcon::None}}));
     const Texts report = Report();
     ASSERT_EQ(report.size(), lines);
     EXPECT_EQ((Texts{report[0], report[5], report.back()}), some);
     for (const std::string& line : report) EXPECT_EQ(line.find("Fail"), std::string::npos) << line;
   }
-  EXPECT_EQ(TheMainControls()[ControlId::BufferArea].text, TheAppState().ReadyText);
+  EXPECT_EQ(TheMainControls()[ControlId::BufferArea].text, TheAppState().program.ReadyText);
   EXPECT_TRUE(TheMainControls()[ControlId::HexView].visible && TheHexView().geometry.WideAddress);
 }
 
@@ -86,9 +86,9 @@ TEST_P(SelfTest, RangesAreInclusive) {
 }
 
 TEST_P(SelfTest, NoChangesNothing) {
-  TheAppState().ReadyText = "before";
+  TheAppState().program.ReadyText = "before";
   WriterTest();
-  EXPECT_EQ(TheAppState().ReadyText, "before");
+  EXPECT_EQ(TheAppState().program.ReadyText, "before");
   EXPECT_EQ(op.Heard().size(), 1U);
   EXPECT_FALSE(TheHexView().geometry.WideAddress);
 }

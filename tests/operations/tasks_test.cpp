@@ -11,11 +11,11 @@ namespace {
 class Tasks : public ScriptedWriter {
  protected:
   Tasks() {
-    TheAppState().SelectedChip = "QV8348";
+    TheAppState().selection.SelectedChip = "QV8348";
     PutJob("QV8348", 0x1234);
   }
   void PutJob(const std::string& chip, unsigned checksum) {
-    auto& block = TheAppState().WriterInfoBlock;
+    auto& block = TheAppState().writer.WriterInfoBlock;
     block.fill(0);
     std::copy(chip.begin(), chip.end(), block.begin());
     StoreBe16(&block[16], checksum);
@@ -76,17 +76,17 @@ TEST_F(Tasks, LostReadsAreBoundedByTime) {
 }
 
 TEST_F(Tasks, Guards) {
-  auto& block = TheAppState().WriterInfoBlock;
+  auto& block = TheAppState().writer.WriterInfoBlock;
   // clang-format off
   for (const auto& [why, spoil, text] : Table<const char*, std::function<void()>, const char*>{
            {"other chip", [&] { PutJob("QV8349", 1); }, "HW and SW Chip Name is discordant"},
            {"letter case", [&] { PutJob("qv8348", 1); }, "HW and SW Chip Name is discordant"},
            {"serial set-up", [&] { block[53] = 16; }, "Please Reload Program File"},
            {"no checksum", [&] { PutJob("QV8348", 0); }, "Please Download File"},
-           {"nothing at all", [&] { PutJob("", 0); TheAppState().SelectedChip.clear(); }, "Please Download File"}}) {
+           {"nothing at all", [&] { PutJob("", 0); TheAppState().selection.SelectedChip.clear(); }, "Please Download File"}}) {
     // clang-format on
     SCOPED_TRACE(why);
-    TheAppState().SelectedChip = "QV8348";
+    TheAppState().selection.SelectedChip = "QV8348";
     PutJob("QV8348", 1);
     spoil();
     for (const auto& handler : {OnBlankCheck, OnProgram, OnVerify}) {
@@ -99,7 +99,7 @@ TEST_F(Tasks, Guards) {
 }
 
 TEST_F(Tasks, AutoReadsTheBlockFirstAndHeedsTheLimit) {
-  Bytes block(TheAppState().WriterInfoBlock.begin(), TheAppState().WriterInfoBlock.end());
+  Bytes block(TheAppState().writer.WriterInfoBlock.begin(), TheAppState().writer.WriterInfoBlock.end());
   block[244] = 0x1F;
   vendor.reads = {block};
   OnAuto();
@@ -124,14 +124,14 @@ TEST_F(Tasks, BlankCheckAsksBeforeItErases) {
     OnBlankCheck();
     EXPECT_EQ(op.Heard(), told);
     EXPECT_EQ(vendor.calls.empty(), told.size() == 1 && chipClass == 17);
-    EXPECT_EQ(TheAppState().ProgressMode, 0);
+    EXPECT_EQ(TheAppState().writer.ProgressMode, Progress::None);
     EXPECT_FALSE(TheMainControls().statusBar.progressVisible);
   }
 }
 
 TEST_F(Tasks, ButtonsAndCursorComeBack) {
   op.cursorsLoad = true;
-  TheAppState().MassProduction = 1;
+  TheAppState().selection.MassProduction = MassMode::On;
   Script({3, 3, 3, 3, 3, 3});
   OnVerify();
   EXPECT_EQ(op.Heard(), Texts{"Verify FAIL"});

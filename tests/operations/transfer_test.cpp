@@ -63,7 +63,7 @@ TEST_F(Transfer, EmptyAndOversizedFiles) {
 }
 
 TEST_F(Transfer, FirmwareOverVelmarapi) {
-  Bytes image = pyxis::folder::MakeFirmware(1, 0x1234);
+  Bytes image = pyxis::folder::MakeFirmware(Model::Km48, 0x1234);
   Bytes longer = image;
   longer.push_back(1);
   for (const Bytes& file : {image, longer}) {
@@ -75,7 +75,7 @@ TEST_F(Transfer, FirmwareOverVelmarapi) {
   }
   vendor.reads = {};
   EXPECT_FALSE(LoadFirmware(Path("a.nce"), true));
-  EXPECT_EQ(TheAppState().FirmwareLoadFailed, 1);
+  EXPECT_TRUE(TheAppState().writer.FirmwareLoadFailed);
   EXPECT_EQ(vendor.calls.back(), "write 23: 90");
 }
 
@@ -85,10 +85,10 @@ TEST_F(Transfer, UpdateRefusesTheOtherModel) {
            {1, 0x98, true}, {1, 0x99, false}, {2, 0x98, false}, {2, 0x99, true}, {0, 0x98, false}, {0, 0x11, false},
            {1, 0x11, true}}) {
     // clang-format on
-    Bytes image = pyxis::folder::MakeFirmware(1, 1);
+    Bytes image = pyxis::folder::MakeFirmware(Model::Km48, 1);
     image[0xFA8F] = imageModel;
     Write("a.nce", image);
-    TheAppState().WriterModel = writerModel;
+    TheAppState().writer.WriterModel = Model{writerModel};
     op.files = {Path("a.nce")};
     vendor.reads = {image};
     OnUpdateFirmware();
@@ -117,15 +117,15 @@ TEST_F(FirmwareSelection, SendsAnImageOnlyWhenItMust) {
            {"newer level", kQv8334, 0x2801, 1, 5, 1, 0x2801, 1}}) {
     // clang-format on
     SCOPED_TRACE(why);
-    app.FirmwareCode = code;
-    app.FirmwareVersion = static_cast<std::uint8_t>(version);
-    app.FirmwareLevel = level;
+    app.writer.FirmwareCode = code;
+    app.writer.FirmwareVersion = static_cast<std::uint8_t>(version);
+    app.writer.FirmwareLevel = level;
     const int before = writer.FirmwareLoads();
     const std::uint32_t tick = clock.tick;
     SelectFirmware(chip);
     EXPECT_EQ(writer.FirmwareLoads() - before, loads);
     EXPECT_EQ(clock.tick - tick >= 3000, loads == 1);
-    EXPECT_EQ(All(app.FirmwareCode, app.FirmwareVersion), All(codeAfter, versionAfter));
+    EXPECT_EQ(All(app.writer.FirmwareCode, app.writer.FirmwareVersion), All(codeAfter, versionAfter));
   }
 }
 

@@ -40,12 +40,12 @@ TEST_F(SetProtect, ChangesOneBitOfTheJob) {
     LoadSample(chip);
     const Bytes data = Contents(kDataPackageName);
     for (const bool protect : {true, false, true}) {
-      TheAppState().SystemConfigWord = 0xFFFF;
+      TheAppState().conversion.SystemConfigWord = 0xFFFF;
       Protect(protect);
       const bool set = protect == setWithProtect;
       EXPECT_EQ((writer.OptionArea()[byte] & mask) != 0, set);
       EXPECT_EQ(All(Contents(kOptionPackageName), Contents(kOptionPackageName).size()), All(writer.OptionArea(), 512U));
-      EXPECT_EQ(TheAppState().SystemConfigWord, inConfig && !set ? 0xFFFF & ~(mask << 8) : 0xFFFF);
+      EXPECT_EQ(TheAppState().conversion.SystemConfigWord, inConfig && !set ? 0xFFFF & ~(mask << 8) : 0xFFFF);
       EXPECT_EQ(TheMainControls()[ControlId::Protect].visible, panel);
       if (panel) {
         EXPECT_EQ(TheMainControls()[ControlId::Protect].checked, protect);
@@ -57,11 +57,11 @@ TEST_F(SetProtect, ChangesOneBitOfTheJob) {
 
 TEST_F(SetProtect, AnUnknownWordStaysUnknownOrLosesTheBit) {
   LoadSample("QV8348");
-  TheAppState().SystemConfigWord = -1;
+  TheAppState().conversion.SystemConfigWord = -1;
   Protect(true);
-  EXPECT_EQ(TheAppState().SystemConfigWord, -1);
+  EXPECT_EQ(TheAppState().conversion.SystemConfigWord, -1);
   Protect(false);
-  EXPECT_EQ(TheAppState().SystemConfigWord, 0xDFFF);
+  EXPECT_EQ(TheAppState().conversion.SystemConfigWord, 0xDFFF);
 }
 
 // Another one: a job whose IC isn't found by its bare name leaves another IC's row selected.
@@ -70,7 +70,7 @@ TEST_F(SetProtect, CancelAndAnotherIcsRowChangeNothing) {
   const Bytes before = writer.OptionArea();
   OnSetProtect();
   EXPECT_EQ(op.Heard(), Texts{});
-  TheAppState().SelectedChip = "QV8305";
+  TheAppState().selection.SelectedChip = "QV8305";
   OnSetProtect();
   EXPECT_EQ(op.Heard(), Texts{"HW and SW Chip Name is discordant"});
   EXPECT_EQ(writer.OptionArea(), before);
@@ -81,7 +81,7 @@ class Selection : public StandinBench {};
 TEST_F(Selection, OkTakesEverythingOver) {
   LoadSample("QV8348");
   Write("res/QV8103ISP1.bmp", Bytes{1});
-  TheAppState().SystemConfigWord = 5;
+  TheAppState().conversion.SystemConfigWord = 5;
   op.icSelect = [](CIcSelectDlg& dialog) {
     dialog.OnSeriesChange(2);
     dialog.OnTypeChange(4);
@@ -94,10 +94,11 @@ TEST_F(Selection, OkTakesEverythingOver) {
   op.snSet = [&](CSnSetDlg&) { return ++serialRuns, DialogEnd::Cancel; };
   OnDevice();
   const AppState& app = TheAppState();
-  EXPECT_EQ(All(app.SelectedChip, app.SystemConfigWord), All("QV8103", -1));
-  EXPECT_EQ(app.IspProgram + app.MassProduction + app.SnMode, 3U);
+  EXPECT_EQ(All(app.selection.SelectedChip, app.conversion.SystemConfigWord), All("QV8103", -1));
+  EXPECT_EQ(All(app.selection.IspProgram, app.selection.MassProduction, app.selection.SnMode),
+            All(true, MassMode::On, true));
   EXPECT_EQ(serialRuns, 1);
-  EXPECT_TRUE(app.LoadedFilePath.empty() && app.ChecksumText.empty());
+  EXPECT_TRUE(app.conversion.LoadedFilePath.empty() && app.conversion.ChecksumText.empty());
   const MainControls& controls = TheMainControls();
   EXPECT_EQ(controls.pinFigure, Path("res/QV8103ISP1.bmp"));
   EXPECT_TRUE(controls[ControlId::IspLabel].visible && controls[ControlId::MassProductionLabel].visible);
@@ -108,7 +109,9 @@ TEST_F(Selection, OkTakesEverythingOver) {
 
   op.icSelect = nullptr;  // Cancel keeps the chip
   OnDevice();
-  EXPECT_EQ(All(app.SelectedChip, app.MassProduction + app.SnMode, app.IspProgram), All("QV8103", 0U, 1U));
+  EXPECT_EQ(
+      All(app.selection.SelectedChip, app.selection.MassProduction, app.selection.SnMode, app.selection.IspProgram),
+      All("QV8103", MassMode::Off, false, true));
 }
 
 }  // namespace

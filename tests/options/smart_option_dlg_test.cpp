@@ -41,7 +41,7 @@ class SmartOptionDialog : public Bench {
  protected:
   SmartOptionDialog() {
     AllocateSmartOptionBuffer();
-    TheAppState().SelectedChip = "QV8348";
+    TheAppState().selection.SelectedChip = "QV8348";
     WriteText("tin/QV8348.tin",
               "[MENU]\nWdt\nOscillator\nLvr\n[ITEM]\non\1off\nlong alternative\1x\1y\1z\n1\0012\0013\n[FIRST]\n17\n"
               "[DIPSWITCH]\n3F 1\nSW\n");
@@ -65,8 +65,8 @@ class SmartOptionDialog : public Bench {
 };
 
 TEST_F(SmartOptionDialog, LaysTheRowsOut) {
-  TheAppState().OptionMasks = {0x2000, 0xC00, 0x300};
-  TheAppState().SystemConfigWord = 0xF0FF;  // every field but the first all zeros
+  TheAppState().selection.OptionMasks = {0x2000, 0xC00, 0x300};
+  TheAppState().conversion.SystemConfigWord = 0xF0FF;  // every field but the first all zeros
   Open();
   EXPECT_EQ(window.title, "Smart Option [ System config : F0FF ]");
   // U 17: caption 17 high, open list 127, rows 25 + 1 apart.
@@ -102,7 +102,7 @@ TEST_F(SmartOptionDialog, PaintsWhatIsInView) {
 
 TEST_F(SmartOptionDialog, AMissingFileShowsNoRows) {
   Open();
-  TheAppState().SelectedChip = "QV8349";
+  TheAppState().selection.SelectedChip = "QV8349";
   EXPECT_EQ(Open(), Texts{});
   EXPECT_TRUE(rows.empty() && opening.empty() && op.told.empty());
 }

@@ -150,7 +150,7 @@ TEST_F(SmartOption, UnpackingForEveryRowOfTheCatalogue) {
           EXPECT_EQ(OptionChoices()[i], InvertedField(static_cast<std::uint32_t>(word), chip.OptionMasks[i]));
       }
     }
-  TheAppState().OptionMasks = {0xC00, 0, 0x80000000};
+  TheAppState().selection.OptionMasks = {0xC00, 0, 0x80000000};
   UnpackSystemConfig(0x03FF);
   EXPECT_EQ(OptionChoices(), (std::array<std::int32_t, 9>{3, 0, 0x4000}));  // at most 17 bits of shift
   OptionChoices().fill(4);

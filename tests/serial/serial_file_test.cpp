@@ -62,8 +62,8 @@ class SerialFile : public StandinBench {
  protected:
   bool Enter(const Entry& entry) {
     AppState& app = TheAppState();
-    app.SelectedChip = entry.chip;
-    app.WriterModel = entry.model;
+    app.selection.SelectedChip = entry.chip;
+    app.writer.WriterModel = Model{entry.model};
     std::string digits;
     for (std::size_t i = 16 - entry.length; i < 16; ++i) digits += Printf("%02x", entry.start[i]);
     CSnSetDlg dialog(entry.selectionRoad, entry.exhvIsp, entry.isp);
@@ -82,7 +82,7 @@ class SerialFile : public StandinBench {
     const Bytes want = Expected(entry, file);
     EXPECT_EQ(Contents("serial.txt"), want);
     if (entry.selectionRoad) return;
-    EXPECT_EQ(TheAppState().SnLoaded, 1);
+    EXPECT_TRUE(TheAppState().writer.SnLoaded);
     // The writer's own fields begin at 244.
     EXPECT_TRUE(std::equal(want.begin(), want.begin() + 244, writer.OptionArea().begin()));
   }

@@ -11,7 +11,7 @@ namespace {
 class Serial : public BothTransports {
  protected:
   void PutTemplate(const std::string& chip) {
-    TheAppState().SelectedChip = chip;
+    TheAppState().selection.SelectedChip = chip;
     Write("hwversion1.1/" + chip + ".txt", Bytes(512, 0x5A));
   }
   bool Set(bool selectionRoad, const SerialEntry& entry) {
@@ -24,9 +24,9 @@ TEST_P(Serial, OnlyTheMenuRoadSendsAtOnce) {
   PutTemplate("QV8329");
   ASSERT_TRUE(Set(true, {"2", "03FA", "00FF", "0002", 1}));
   EXPECT_EQ(All(TheSnRecord().SnEndText, TheSnRecord().SnEndAddress), All("100", 0x3FBU));
-  EXPECT_EQ(TheAppState().SnLoaded + writer.OptionArea()[53], 0);
+  EXPECT_EQ(TheAppState().writer.SnLoaded + writer.OptionArea()[53], 0);
   ASSERT_TRUE(Set(false, {"2", "03FA", "00FF", "0002"}));
-  EXPECT_EQ(TheAppState().SnLoaded, 1);
+  EXPECT_TRUE(TheAppState().writer.SnLoaded);
   EXPECT_EQ(writer.OptionArea()[53], 0x10);
 }
 
@@ -69,8 +69,8 @@ TEST_P(Serial, WhatARefusalLeavesBehind) {
 }
 
 TEST_P(Serial, FilesThatFail) {
-  TheAppState().SelectedChip = "QV8329";
-  TheAppState().SnLoaded = 5;
+  TheAppState().selection.SelectedChip = "QV8329";
+  TheAppState().writer.SnLoaded = true;
   const std::uint32_t before = clock.tick;
   EXPECT_TRUE(Set(false, {"1", "0", "1", "1"}));  // no template
   EXPECT_GE(clock.tick - before, 1500U);
@@ -78,7 +78,7 @@ TEST_P(Serial, FilesThatFail) {
   PutTemplate("QV8329");
   std::filesystem::create_directory(Path("serial.txt"));
   EXPECT_TRUE(Set(false, {"1", "0", "1", "1"}));
-  EXPECT_EQ(TheAppState().SnLoaded, 5);
+  EXPECT_TRUE(TheAppState().writer.SnLoaded);
   EXPECT_TRUE(op.told.empty());
   EXPECT_EQ(writer.OptionArea()[53], 0);
   std::filesystem::remove(Path("serial.txt"));
@@ -116,7 +116,7 @@ TEST_P(Serial, TheDialogThatCannotBeMade) {
     bool CreateSnProgress() override { return false; }
   } view;
   TheMachine().view = &view;
-  TheAppState().SnMode = 1;
+  TheAppState().selection.SnMode = true;
   BringSnProgressUpToDate();
   EXPECT_EQ(op.Heard(), Texts{"Error creating Dialog"});
   EXPECT_FALSE(SnProgressDlg());
@@ -125,7 +125,7 @@ TEST_P(Serial, TheDialogThatCannotBeMade) {
 TEST_P(Serial, ARunToItsEnd) {
   PutFolderFor("QV8348");
   Select("QV8348");
-  TheAppState().SnMode = 1;
+  TheAppState().selection.SnMode = true;
   ASSERT_TRUE(Set(true, {"1", "0", "0E", "3"}));
   BringSnProgressUpToDate();  // as after a load that failed: the writer holds no series
   EXPECT_FALSE(SnProgressDlg()->snProgramEnabled);
@@ -162,7 +162,7 @@ TEST_P(Serial, ARunToItsEnd) {
   dialog.OnClose();
   EXPECT_EQ(All(TheSnRecord().SnLength, TheSnRecord().SnAmountText), All(16, "0"));
   EXPECT_FALSE(dialog.visible);
-  EXPECT_EQ(TheAppState().SnMode, 0U);
+  EXPECT_EQ(TheAppState().selection.SnMode, 0U);
   EXPECT_TRUE(TheMainControls()[ControlId::Auto].enabled);
 }
 

@@ -22,7 +22,7 @@ class EventBench : public StandinBench {
   using StandinBench::StandinBench;
   static bool ConnectedAfter(const DeviceEvent& event) {
     OnDeviceEvent(event);
-    return TheAppState().WriterConnected == 1;
+    return TheAppState().writer.WriterConnected;
   }
   static bool Enabled(ControlId id) { return TheMainControls()[id].enabled; }
 };
@@ -43,18 +43,18 @@ TEST_F(UsbEvents, WitnessesOfTheModel) {
     writer.Memory()[address::kModel] = inRegister;
     writer.OptionArea()[207] = inBlock;
     IdentifyAtStart();
-    EXPECT_EQ(TheAppState().WriterModel, atStart);
+    EXPECT_EQ(TheAppState().writer.WriterModel, Model{atStart});
     if (atArrival >= 0) {
       OnDeviceEvent(kWriterCame);
-      EXPECT_EQ(TheAppState().WriterModel, atArrival);
+      EXPECT_EQ(TheAppState().writer.WriterModel, Model{atArrival});
     }
     OnDevice();
-    EXPECT_EQ(TheAppState().WriterModel, atDevice);
+    EXPECT_EQ(TheAppState().writer.WriterModel, Model{atDevice});
   }
 }
 
 TEST_F(UsbEvents, AWriterWithoutFirmwareGetsItsTestImage) {
-  Write("firmware48/48test.nce", pyxis::folder::MakeFirmware(1, 0));
+  Write("firmware48/48test.nce", pyxis::folder::MakeFirmware(Model::Km48, 0));
   writer.Memory()[address::kModel] = 0;
   writer.OptionArea()[207] = 0x98;
   OnDeviceEvent(kWriterCame);
@@ -83,7 +83,7 @@ TEST_F(UsbEvents, PulledOutAndPutBack) {
   for (ControlId id :
        {ControlId::Auto, ControlId::Verify, ControlId::Read, ControlId::SmartOption, ControlId::WriterTest})
     EXPECT_FALSE(Enabled(id));
-  EXPECT_EQ(TheAppState().SelectedChip, "QV8348");
+  EXPECT_EQ(TheAppState().selection.SelectedChip, "QV8348");
   EXPECT_FALSE(MenuEnabled(MenuEntry::LoadFile));
 
   EXPECT_FALSE(ConnectedAfter(kOtherCame));   // the class in capitals is no writer's name
@@ -101,16 +101,16 @@ TEST_F(VendorEvents, AnotherDeviceWentAway) {
   EXPECT_TRUE(ConnectedAfter(kOtherWent));
   vendor.pluggedIn = false;
   EXPECT_FALSE(ConnectedAfter(kOtherWent));
-  EXPECT_EQ(TheAppState().UseVendorApi, 1U);
+  EXPECT_EQ(TheAppState().writer.UseVendorApi, 1U);
   OnDeviceEvent(kOtherCame);
-  EXPECT_EQ(TheAppState().UseVendorApi, 0U);
+  EXPECT_EQ(TheAppState().writer.UseVendorApi, 0U);
   vendor.pluggedIn = true;
   EXPECT_TRUE(ConnectedAfter(kOtherCame));
 }
 
 TEST_F(UsbEvents, RefreshShowsTheJob) {
   AppState& app = TheAppState();
-  auto& block = app.WriterInfoBlock;
+  auto& block = app.writer.WriterInfoBlock;
   Write("res/QVL04isp.bmp", Bytes{1});
   const auto put = [&](const std::string& name) {
     block.fill(0);
@@ -118,40 +118,42 @@ TEST_F(UsbEvents, RefreshShowsTheJob) {
   };
   put("");
   RefreshFromWriter();
-  EXPECT_TRUE(app.SelectedChip.empty());
+  EXPECT_TRUE(app.selection.SelectedChip.empty());
 
   put("QVL04");
   StoreBe16(&block[16], 0xAB);
   block[36] = 0x05;
   block[76] = 1;
   RefreshFromWriter();
-  EXPECT_EQ(All(app.ChecksumText, app.ExhvIsp), All("00AB", 1U));
+  EXPECT_EQ(All(app.conversion.ChecksumText, app.selection.ExhvIsp), All("00AB", 1U));
   EXPECT_EQ(TheMainControls().pinFigure, Path("res/QVL04ISP.bmp"));
   for (ControlId id : {ControlId::Unprotect, ControlId::DualMode, ControlId::Clock32kDisable})
     EXPECT_TRUE(TheMainControls()[id].checked);
   EXPECT_TRUE(MenuEnabled(MenuEntry::ReadChipInfo));
 
   // clang-format off
-  for (const auto& [flags, mass, limit, programEnabled] : Table<int, std::uint32_t, std::uint32_t, bool>{
-           {0x10, 1, 0, false}, {0x11, 0x11, 1, false}, {0x01, 0, 0, true}, {0, 0, 0, true}}) {
+  for (const auto& [flags, mass, limit, programEnabled] : Table<int, int, bool, bool>{
+           {0x10, 1, false, false}, {0x11, 0x11, true, false}, {0x01, 0, false, true}, {0, 0, false, true}}) {
     // clang-format on
-    app.MassProduction = app.ProductionLimitOn = 0;
+    app.selection.MassProduction = MassMode::Off;
+    app.selection.ProductionLimitOn = false;
     block[78] = static_cast<std::uint8_t>(flags);
     EnableControl(ControlId::Program, true);
     RefreshFromWriter();
-    EXPECT_EQ(All(app.MassProduction, app.ProductionLimitOn), All(mass, limit));
+    EXPECT_EQ(All(app.selection.MassProduction, app.selection.ProductionLimitOn),
+              All(static_cast<MassMode>(mass), limit));
     EXPECT_EQ(TheMainControls()[ControlId::Program].enabled, programEnabled);
     EXPECT_EQ(MenuEnabled(MenuEntry::ReadChipInfo), flags == 0);
   }
   put("QV8348");
   StoreBe16(&block[36], 0x3ABC);
   RefreshFromWriter();
-  EXPECT_EQ(app.SystemConfigWord, 0x3ABC);
+  EXPECT_EQ(app.conversion.SystemConfigWord, 0x3ABC);
   EXPECT_FALSE(TheMainControls()[ControlId::Protect].visible);
   put("QV8305");  // not a label: the row stays
-  const int type = app.TypeIndex;
+  const int type = app.selection.TypeIndex;
   RefreshFromWriter();
-  EXPECT_EQ(All(app.SelectedChip, app.TypeIndex), All("QV8305", type));
+  EXPECT_EQ(All(app.selection.SelectedChip, app.selection.TypeIndex), All("QV8305", type));
 }
 
 TEST_F(UsbEvents, MenuRules) {
@@ -162,7 +164,7 @@ TEST_F(UsbEvents, MenuRules) {
            {"", MenuEntry::CompareFile, false}, {"", MenuEntry::Device, true}, {"", MenuEntry::UpdateFirmware, true},
            {"", MenuEntry::SaveAs, false}}) {
     // clang-format on
-    TheAppState().ChipNameText = chip;
+    TheAppState().selection.ChipNameText = chip;
     EXPECT_EQ(MenuEnabled(entry), enabled) << chip;
   }
 }

@@ -39,10 +39,10 @@ TEST_P(MainDialog, StartsWithoutAWriter) {
   for (const ControlId id : kButtons) EXPECT_FALSE(Enabled(id));
   EXPECT_FALSE(Visible(ControlId::Protect) || Visible(ControlId::MassProductionLabel));
   EXPECT_EQ(All(TheMainControls().title, TheMainControls().statusBar.pane1), All("PyxisLoad", "USB was not connected"));
-  EXPECT_EQ(All(TheAppState().HwFolder, TheAppState().HwKnown), All("hwversion1.0", 0U));
-  EXPECT_EQ(TheAppState().WriterModel, kModelNone);
-  EXPECT_EQ(TheAppState().AppDir, std::filesystem::current_path().string() + "/");
-  EXPECT_EQ(TheAppState().StartDirectory, std::filesystem::current_path().string());
+  EXPECT_EQ(All(TheAppState().writer.HwFolder, TheAppState().writer.HwKnown), All("hwversion1.0", 0U));
+  EXPECT_EQ(TheAppState().writer.WriterModel, Model::None);
+  EXPECT_EQ(TheAppState().program.AppDir, std::filesystem::current_path().string() + "/");
+  EXPECT_EQ(TheAppState().program.StartDirectory, std::filesystem::current_path().string());
   EXPECT_TRUE(op.told.empty());
 }
 
@@ -53,7 +53,7 @@ TEST_P(MainDialog, StartsWithTheJobOfTheWriter) {
   for (const ControlId id : kButtons) EXPECT_TRUE(Enabled(id));
   EXPECT_EQ(TheMainControls().title, "PyxisLoad  QV8348  ");
   EXPECT_EQ(TheMainControls().statusBar.pane1, "PYX STANDALONE LOADER");
-  EXPECT_EQ(TheAppState().WriterModel, kModelKm48);
+  EXPECT_EQ(TheAppState().writer.WriterModel, Model::Km48);
   EXPECT_FALSE(TheMainControls().statusBar.progressVisible);
   EXPECT_TRUE(Visible(ControlId::IspLabel));
   EXPECT_FALSE(Visible(ControlId::Read) || Visible(ControlId::WriterTest));
@@ -64,7 +64,7 @@ TEST_P(MainDialog, StartsWithTheJobOfTheWriter) {
   Restart();
   EXPECT_TRUE(Enabled(ControlId::Auto));
   EXPECT_FALSE(Enabled(ControlId::Program));
-  EXPECT_EQ(TheAppState().ProductionLimitOn, 1U);
+  EXPECT_EQ(TheAppState().selection.ProductionLimitOn, 1U);
   EXPECT_FALSE(Visible(ControlId::ProductionLimitLabel));  // hidden at every start
   EXPECT_FALSE(Visible(ControlId::MassProductionLabel));   // 0x11 isn't the mode that this label shows
 }
@@ -72,15 +72,15 @@ TEST_P(MainDialog, StartsWithTheJobOfTheWriter) {
 TEST_P(MainDialog, AStrangeIdentityIsNoKnownHardware) {
   writer.identity.back() = '9';
   Restart();
-  EXPECT_EQ(TheAppState().HwKnown, 0U);
+  EXPECT_EQ(TheAppState().writer.HwKnown, 0U);
   // The frame link doesn't look into the memory of a writer that it doesn't know.
-  EXPECT_EQ(TheAppState().ModelRegister, GetParam() == Transport::Usb ? 0 : kRegisterKm48);
+  EXPECT_EQ(TheAppState().writer.ModelRegister, GetParam() == Transport::Usb ? 0 : kRegisterKm48);
 }
 
 TEST_P(MainDialog, WhatIsNotOffered) {
   Restart();
   EXPECT_FALSE(dialog.DropsMousePress());
-  TheAppState().TransferBusy = 1;
+  TheAppState().writer.TransferBusy = true;
   EXPECT_TRUE(dialog.DropsMousePress());
   dialog.OnCommand(MenuEntry::LoadFile);  // no IC: the entry is disabled
   EXPECT_TRUE(op.filters.empty());

@@ -179,7 +179,7 @@ class StandinFiles : public Bench {};
 
 TEST_F(StandinFiles, ARestartKeepsSeriesAndLimit) {
   for (const std::uint8_t head : {std::uint8_t{0x11}, std::uint8_t{0x20}}) {
-    WriterModel before, after(2);
+    WriterModel before, after(Model::Km49);
     LoadJob(before, Option(17), {1, 2, 3});
     LoadJob(before, Series(head, 3), head == 0x20 ? Bytes{1, 2, 3} : Bytes{});
     EXPECT_EQ(NextSerial(before), 0x41);

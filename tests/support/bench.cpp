@@ -28,8 +28,8 @@ Bench::Bench() {
   ResetEverything();
   std::string name = (std::filesystem::temp_directory_path() / "pyxis-XXXXXX").string();
   folder = mkdtemp(name.data());
-  TheAppState().AppDir = folder.string() + kPathSeparator;
-  TheAppState().StartDirectory = folder.string();
+  TheAppState().program.AppDir = folder.string() + kPathSeparator;
+  TheAppState().program.StartDirectory = folder.string();
   Machine& machine = TheMachine();
   machine.op = &op;
   machine.clock = &clock;

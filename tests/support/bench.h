@@ -12,8 +12,8 @@
 #include <vector>
 
 #include "platform/machine.h"
-#include "shell/app_state.h"
-#include "shell/main_controls.h"
+#include "shell/ground/app_state.h"
+#include "shell/ground/main_controls.h"
 #include "support/scripted.h"
 
 namespace pyxis::test {

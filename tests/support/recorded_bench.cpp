@@ -4,7 +4,7 @@
 
 namespace pyxis::test {
 
-RecordedBench::RecordedBench(Transport transport, int model)
+RecordedBench::RecordedBench(Transport transport, Model model)
     : StandinBench(transport, model), record(usb, vendor, op, clock, folder), transport_(transport) {
   Machine& machine = TheMachine();
   machine.view = &record;

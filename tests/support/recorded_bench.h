@@ -13,7 +13,7 @@ inline Texts operator+(Texts a, const Texts& b) {
 
 class RecordedBench : public StandinBench {
  protected:
-  explicit RecordedBench(Transport transport = Transport::Usb, int model = kModelKm48);
+  explicit RecordedBench(Transport transport = Transport::Usb, Model model = Model::Km48);
 
   // Runs it and expects these events. A line that begins with "w " is one of the wire, over the bench's transport.
   template <typename Call>

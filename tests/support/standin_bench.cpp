@@ -11,7 +11,7 @@
 
 namespace pyxis::test {
 
-StandinBench::StandinBench(Transport transport, int model) : writer(model) {
+StandinBench::StandinBench(Transport transport, Model model) : writer(model) {
   static std::FILE* const nowhere = std::fopen("/dev/null", "w");
   DiagnosticsStream() = nowhere;
   TraceStream() = nullptr;
@@ -22,7 +22,7 @@ StandinBench::StandinBench(Transport transport, int model) : writer(model) {
   }
   OpenTransport();
   IdentifyAtStart();
-  TheAppState().WriterModel = model;
+  TheAppState().writer.WriterModel = model;
 }
 
 StandinBench::~StandinBench() {
@@ -37,10 +37,10 @@ std::string StandinBench::PutFolderFor(const std::string& label) {
   const ChipEntry& row = Row(series, type);
   const AppState& app = TheAppState();
   for (const std::string& name : {std::string(row.ChipName), std::string("QV4202")})
-    Write(app.HwFolder + "/" + name + ".txt", pyxis::folder::MakeTemplate(name));
-  const auto firmware = FirmwareFor(row.ChipCode, app.WriterModel);
+    Write(app.writer.HwFolder + "/" + name + ".txt", pyxis::folder::MakeTemplate(name));
+  const auto firmware = FirmwareFor(row.ChipCode, app.writer.WriterModel);
   Write(std::filesystem::relative(firmware->path, folder).string(),
-        pyxis::folder::MakeFirmware(app.WriterModel, firmware->FirmwareCode));
+        pyxis::folder::MakeFirmware(app.writer.WriterModel, firmware->FirmwareCode));
   const auto samples = pyxis::folder::MakeSamples(row.ChipName);
   EXPECT_FALSE(samples.empty()) << label;
   for (const auto& sample : samples) Write("samples/" + sample.fileName, sample.contents);
@@ -49,9 +49,9 @@ std::string StandinBench::PutFolderFor(const std::string& label) {
 
 void StandinBench::Select(const std::string& label) {
   AppState& app = TheAppState();
-  ASSERT_EQ(FindChip(label, app.SeriesIndex, app.TypeIndex), 1) << label;
-  app.SelectedChip = Row(app.SeriesIndex, app.TypeIndex).ChipName;
-  app.ChipNameText = app.SelectedChip;
+  ASSERT_EQ(FindChip(label, app.selection.SeriesIndex, app.selection.TypeIndex), 1) << label;
+  app.selection.SelectedChip = Row(app.selection.SeriesIndex, app.selection.TypeIndex).ChipName;
+  app.selection.ChipNameText = app.selection.SelectedChip;
 }
 
 void StandinBench::Load(const std::string& file) {

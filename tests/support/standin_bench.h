@@ -13,7 +13,7 @@ inline void PrintTo(Transport transport, std::ostream* out) {
 
 class StandinBench : public Bench {
  protected:
-  explicit StandinBench(Transport transport = Transport::Usb, int model = 1);
+  explicit StandinBench(Transport transport = Transport::Usb, Model model = Model::Km48);
   ~StandinBench() override;
 
   // The program folder's files that this IC needs, by the folder's own makers; its sample program file there.

@@ -70,7 +70,7 @@ TEST_F(Settings, ThatCantBeReadGiveTheDefault) {
 class Pictures : public Bench {};
 
 TEST_F(Pictures, EveryRowAndModeHasAReadableFigureWithItsPins) {
-  TheAppState().StartDirectory = PYXIS_BIN_DIR "/../folder";
+  TheAppState().program.StartDirectory = PYXIS_BIN_DIR "/../folder";
   for (int list = 0; list < kListCount; ++list)
     for (const ChipEntry& row : ChipList(list)) {
       const std::string label = row.TypeLabel;

@@ -72,7 +72,7 @@ TEST_F(InspectWindows, SmartOptionShowsTheWord) {
   Write("tin/QV8348.tin", pyxis::folder::MakeTin("QV8348"));
   HoldJob("QV8348");
   Open();
-  TheAppState().SystemConfigWord = 0x1BFF;  // protection off, the second oscillator
+  TheAppState().conversion.SystemConfigWord = 0x1BFF;  // protection off, the second oscillator
   const QStringList expected{"Not protected", "Whole memory", "Low-speed crystal", "4.0 V",
                              "Enabled",       "Reset input",  "4 clocks a cycle"};
   for (const auto end : {Qt::Key_Escape, Qt::Key_Return}) {

@@ -60,8 +60,8 @@ TEST_F(MainWindowTest, FromDeviceToAutoOk) {
   });
   EXPECT_TRUE(Choose("&Load File"));
   EXPECT_EQ(seen, Texts{"Loading Data Ok"});
-  EXPECT_EQ(Find<QLineEdit>(*window, "File").text().toStdString(), TheAppState().LoadedFilePath);
-  EXPECT_EQ(Find<QLineEdit>(*window, "Checksum").text().toStdString(), TheAppState().ChecksumText);
+  EXPECT_EQ(Find<QLineEdit>(*window, "File").text().toStdString(), TheAppState().conversion.LoadedFilePath);
+  EXPECT_EQ(Find<QLineEdit>(*window, "Checksum").text().toStdString(), TheAppState().conversion.ChecksumText);
   EXPECT_TRUE(Find<QCheckBox>(*window, "Protect").isChecked() && Find<QCheckBox>(*window, "Fast mode").isChecked());
   EXPECT_TRUE(Find(*window, "Buffer").isVisible());
   EXPECT_FALSE(Find(*window, "Messages").isVisible());
@@ -88,12 +88,12 @@ TEST_F(MainWindowTest, PulledOutAndPutBack) {
   script.push_back([&](QWidget& dialog) {
     events.Raise(DeviceEvent::Kind::Arrival);
     QCoreApplication::processEvents();
-    EXPECT_EQ(TheAppState().WriterConnected, 0U);
+    EXPECT_EQ(TheAppState().writer.WriterConnected, 0U);
     dialog.close();
   });
   Choose("&About");
   QCoreApplication::processEvents();
-  EXPECT_EQ(TheAppState().WriterConnected, 1U);
+  EXPECT_EQ(TheAppState().writer.WriterConnected, 1U);
   EXPECT_TRUE(Find(*window, "Auto").isEnabled());
   window.reset();
 }

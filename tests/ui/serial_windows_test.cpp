@@ -167,11 +167,11 @@ TEST_F(SerialWindows, TheMenuRoadByKeys) {
 TEST_F(SerialWindows, TheRoadThroughIcSelection) {
   const std::string sample = Path(PutFolderFor("QV8348"));
   Open();
-  TheAppState().WriterModel = 1;
+  TheAppState().writer.WriterModel = Model::Km48;
   ScriptIc("MCU: 8 Bit QV83 Series", "QV8348", "Display Serial Number");
   ScriptSet("00AB", "1");
   EXPECT_TRUE(Choose("&Device"));
-  EXPECT_EQ(TheAppState().SnMode, 1U);
+  EXPECT_EQ(TheAppState().selection.SnMode, 1U);
 
   ScriptFile(sample);
   EXPECT_TRUE(Choose("&Load File"));
@@ -189,7 +189,7 @@ TEST_F(SerialWindows, TheRoadThroughIcSelection) {
   EXPECT_FALSE(shown->isVisible());
   QCoreApplication::processEvents();
   EXPECT_TRUE(Find(*window, "Auto").isEnabled());
-  EXPECT_EQ(TheAppState().SnMode, 0U);
+  EXPECT_EQ(TheAppState().selection.SnMode, 0U);
 }
 
 }  // namespace

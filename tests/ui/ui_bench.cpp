@@ -41,7 +41,7 @@ void PostClick(QWidget& target) {
   }
 }
 
-UiBench::UiBench(Transport transport, int model)
+UiBench::UiBench(Transport transport, Model model)
     : StandinBench(transport, model), before_(std::filesystem::current_path()) {
   std::filesystem::current_path(folder);
   TheMachine().op = &qtOp;

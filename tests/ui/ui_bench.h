@@ -16,7 +16,7 @@ namespace pyxis::test {
 
 class UiBench : public StandinBench {
  protected:
-  explicit UiBench(Transport transport = Transport::Usb, int model = 1);
+  explicit UiBench(Transport transport = Transport::Usb, Model model = Model::Km48);
   ~UiBench() override;
 
   // A job in the writer before the program starts, by the scripted operator; with a burnt chip where it is wanted.

@@ -3,7 +3,7 @@
 
 #include "intake/converters/families.h"
 #include "intake/converters/frame.h"
-#include "shell/app_state.h"
+#include "shell/ground/app_state.h"
 
 namespace pyxis {
 
@@ -18,7 +18,7 @@ constexpr std::size_t kNoOffset = 0;
 
 struct Epm4Row {
   std::uint32_t ChipCode;
-  const char* name;            // of the template
+  const char* name;  // of the template
   std::size_t imageBytes;
   std::size_t protectOffset;
   std::size_t optionOffset;    // of the option words behind the image
@@ -29,9 +29,9 @@ struct Epm4Row {
   ProtectByte protect;
   ExtraPatch extra;
   bool serial;
-  std::size_t packageLength;   // zero-filled up to it; 0: as it comes out
-  std::size_t keyOffset;       // the byte that tells two ICs' images apart
-  const char* keyChip;         // the selected chip that needs kKeyValue there, and the template's name then
+  std::size_t packageLength;  // zero-filled up to it; 0: as it comes out
+  std::size_t keyOffset;      // the byte that tells two ICs' images apart
+  const char* keyChip;        // the selected chip that needs kKeyValue there, and the template's name then
 };
 
 constexpr std::uint8_t kKeyValue = 1;
@@ -64,10 +64,10 @@ std::uint8_t ReadProtectByte(const Epm4Row& row, const Image& image) {
   const std::uint8_t stored = image.Byte(row.protectOffset);
   AppState& app = TheAppState();
   if (row.protect == ProtectByte::Plain) {
-    app.ImageUnprotected = stored == 1 ? 1 : 0;
+    app.conversion.ImageUnprotected = stored == 1;
     return stored;
   }
-  app.ImageUnprotected = (stored & 1) != 0 ? 0 : 1;
+  app.conversion.ImageUnprotected = (stored & 1) != 0 ? 0 : 1;
   return stored | kProtectSet;
 }
 
@@ -102,7 +102,7 @@ void PatchExtraWords(const Epm4Row& row, ConversionFrame& frame) {
 int Convert(const Epm4Row& row, const ConvertRequest& request) {
   ConversionFrame frame(request, request.Path);
   if (int code = frame.OpenProgramFile(); code != 0) return code;
-  const bool keyed = row.keyChip != nullptr && TheAppState().SelectedChip == row.keyChip;
+  const bool keyed = row.keyChip != nullptr && TheAppState().selection.SelectedChip == row.keyChip;
   if (keyed && frame.image.Byte(row.keyOffset) != kKeyValue) return frame.TellOpenError(kSourceFailed, frame.path);
   if (row.serial) {
     if (int code = frame.OpenSerialFile(); code != 0) return code;
@@ -120,7 +120,7 @@ int Convert(const Epm4Row& row, const ConvertRequest& request) {
   PatchExtraWords(row, frame);
   frame.option.PutAt(Field::ProtectFlags.offset, protect);
   if (row.protect == ProtectByte::BitSet) frame.option.PutAt(Field::ProtectFlags.offset + 1, 0);
-  frame.option.Put(Field::ImageChecksum, TheAppState().ImageChecksum);
+  frame.option.Put(Field::ImageChecksum, TheAppState().conversion.ImageChecksum);
   return frame.Finish({.serial = row.serial, .zeroFillTo = row.packageLength}, frame.path);
 }
 

@@ -8,7 +8,7 @@
 #include "platform/machine.h"
 #include "platform/operator.h"
 #include "platform/text.h"
-#include "shell/app_state.h"
+#include "shell/ground/app_state.h"
 
 namespace pyxis {
 
@@ -35,7 +35,7 @@ ConversionFrame::ConversionFrame(const ConvertRequest& convertRequest, std::stri
       stem(StemOf(path)),
       imagePath(stem + ".bin"),
       massProduction_(convertRequest.MassProduction) {
-  TheAppState().ImageChecksum = 0xFFFF;
+  TheAppState().conversion.ImageChecksum = 0xFFFF;
 }
 
 int ConversionFrame::TellOpenError(int code, const std::string& failedPath) const {
@@ -104,8 +104,8 @@ int ConversionFrame::ReadEepromImage() {
 
 void ConversionFrame::Sum(std::uint16_t word) {
   AppState& app = TheAppState();
-  app.ImageChecksum = ChecksumAfter(app.ImageChecksum, word);
-  app.ChecksumInput = 0;
+  app.conversion.ImageChecksum = ChecksumAfter(app.conversion.ImageChecksum, word);
+  app.conversion.ChecksumInput = 0;
 }
 
 void ConversionFrame::WriteBe16(std::uint16_t word) {
@@ -145,7 +145,7 @@ int ConversionFrame::Finish(const Tail& tail, const std::string& loadedPath) {
   for (std::size_t i = Field::DownloadTime.offset + Field::DownloadTime.width; i < tail.zeroFillTo; ++i)
     option.PutAt(i, 0);
   if (const int code = WritePackages(); code != 0) return code;
-  TheAppState().LoadedFilePath = loadedPath;
+  TheAppState().conversion.LoadedFilePath = loadedPath;
   return kConverted;
 }
 

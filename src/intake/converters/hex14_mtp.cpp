@@ -1,6 +1,6 @@
 #include "intake/converters/hex14.h"
 #include "intake/converters/hex14_mtp_table.h"
-#include "shell/app_state.h"
+#include "shell/ground/app_state.h"
 
 namespace pyxis {
 
@@ -33,16 +33,16 @@ int Convert(const Hex14MtpRow& row, const ConvertRequest& request) {
   for (std::uint32_t i = 0; i < row.copied; ++i) frame.WriteBe16(frame.image.Word(row.length + i));
 
   const std::uint16_t config = frame.image.Word(row.config);
-  app.SystemConfigWord = config;
+  app.conversion.SystemConfigWord = config;
   ConversionFrame::Sum((config | row.sumMask) & kSummedConfigBits);
   MaskChecksum();
 
   OptionPackage& option = frame.option;
-  option.Put(Field::ImageChecksum, app.ImageChecksum);
+  option.Put(Field::ImageChecksum, app.conversion.ImageChecksum);
   option.Put(Field::UsedLength, row.length);
   option.Put(Field::ImageLength, row.length);
   option.Put(Field::ConfigWord, config & kConfigOutBits);
-  option.Put(Field::PartialChecksum, app.PartialChecksum);
+  option.Put(Field::PartialChecksum, app.conversion.PartialChecksum);
   option.Put(Field::ProgramParameter, kByte72 << 8 | row.byte73);
   if (row.argumentClass != ArgumentClass::A)
     option.Put(Field::IspFlags, IspFlagsOf(request, row.argumentClass, row.exhvFlags));

@@ -7,7 +7,7 @@
 #include "platform/machine.h"
 #include "platform/operator.h"
 #include "platform/text.h"
-#include "shell/app_state.h"
+#include "shell/ground/app_state.h"
 
 namespace pyxis {
 
@@ -28,10 +28,10 @@ void CopyWords(const Hex14OtpRow& row, ConversionFrame& frame) {
   for (std::uint32_t i = 1; i <= row.length; ++i) {
     const std::uint16_t word = frame.image.Word(i - 1);
     frame.WriteBe16(word);
-    if (i <= app.DualSkip) continue;
+    if (i <= app.conversion.DualSkip) continue;
     ConversionFrame::Sum(word);
     KeepPartialChecksum(i);
-    if (row.used == UsedWords::Tracked && word != kBlankWord) app.UsedLength = i;
+    if (row.used == UsedWords::Tracked && word != kBlankWord) app.conversion.UsedLength = i;
   }
   for (std::uint32_t i = 0; i < row.copied; ++i) frame.WriteBe16(frame.image.Word(row.length + i));
   for (std::uint32_t i = 0; i < row.blanks; ++i) frame.WriteBe16(kBlankWord);
@@ -39,24 +39,24 @@ void CopyWords(const Hex14OtpRow& row, ConversionFrame& frame) {
 
 void SumConfig(const Hex14OtpRow& row, std::uint16_t config) {
   AppState& app = TheAppState();
-  app.SystemConfigWord = config;
+  app.conversion.SystemConfigWord = config;
   ConversionFrame::Sum(config | row.sumMask);
   MaskChecksum();
-  if (app.DualSkip != 0 && row.dualSumBits) app.ImageChecksum |= kDualSumBits;
+  if (app.conversion.DualSkip != 0 && row.dualSumBits) app.conversion.ImageChecksum |= kDualSumBits;
 }
 
 void PatchOption(const Hex14OtpRow& row, std::uint16_t config, ConversionFrame& frame) {
   const AppState& app = TheAppState();
-  const bool dual = app.DualSkip != 0;
+  const bool dual = app.conversion.DualSkip != 0;
   const unsigned output = (config & ~unsigned{row.outputClear}) | row.outputSet;
   OptionPackage& option = frame.option;
-  option.Put(Field::ImageChecksum, app.ImageChecksum);
-  option.Put(Field::UsedLength, row.used == UsedWords::Tracked ? app.UsedLength : row.length);
+  option.Put(Field::ImageChecksum, app.conversion.ImageChecksum);
+  option.Put(Field::UsedLength, row.used == UsedWords::Tracked ? app.conversion.UsedLength : row.length);
   option.Put(Field::ImageLength, row.length);
   option.Put(Field::ConfigWord, output & kWordMask);
-  option.Put(Field::PartialChecksum, app.PartialChecksum);
+  option.Put(Field::PartialChecksum, app.conversion.PartialChecksum);
   if (row.protectByte && (config & kProtectBit) == 0) option.PutAt(Field::ProtectFlags.offset, kFlagSet);
-  option.Put(Field::DualStart, app.DualSkip);
+  option.Put(Field::DualStart, app.conversion.DualSkip);
   option.Put(Field::ProgramParameter, std::uint32_t{row.byte72} << 8 | (dual ? row.dualByte73 : 0xFFU));
   if (row.isp == IspByte::ExhvIsp) option.Put(Field::IspFlags, frame.request.ExhvIsp ? 1 : 0);
   if (row.isp == IspByte::DualMode) option.Put(Field::IspFlags, dual ? kFlagSet : 0);
@@ -64,12 +64,11 @@ void PatchOption(const Hex14OtpRow& row, std::uint16_t config, ConversionFrame& 
 
 // Moves the serial range of a job in dual mode, in serial.txt itself: a second conversion moves it again.
 int MoveSerial(const SerialMove& move, ConversionFrame& frame) {
-  if (TheAppState().DualSkip == 0) return 0;
+  if (TheAppState().conversion.DualSkip == 0) return 0;
   const Image before(frame.serial);
-  std::uint8_t moved[4] = {static_cast<std::uint8_t>(before.Byte(kSerialStart) + move.shift),
-                           before.Byte(kSerialStart + 1),
-                           static_cast<std::uint8_t>(before.Byte(kSerialEnd) + move.shift),
-                           before.Byte(kSerialEnd + 1)};
+  std::uint8_t moved[4] = {
+      static_cast<std::uint8_t>(before.Byte(kSerialStart) + move.shift), before.Byte(kSerialStart + 1),
+      static_cast<std::uint8_t>(before.Byte(kSerialEnd) + move.shift), before.Byte(kSerialEnd + 1)};
   if (LoadBe16(moved + 2) >= move.limit) {
     TheMachine().op->Tell(move.message, kPlainCaption);
     return kSourceFailed;
@@ -97,7 +96,7 @@ int Convert(const Hex14OtpRow& row, const ConvertRequest& request) {
   if ((id & 0xFF) != row.idLow || ((id >> 8) & row.idHighMask) != row.idHigh) return frame.TellIdError(row.idCode);
 
   const std::uint16_t config = frame.image.Word(row.config);
-  TheAppState().DualSkip = (config & kNotDualBit) != 0 ? 0 : row.dualSkip;
+  TheAppState().conversion.DualSkip = (config & kNotDualBit) != 0 ? 0 : row.dualSkip;
   CopyWords(row, frame);
   SumConfig(row, config);
   for (int i = 0; i < kTrailingBlanks; ++i) frame.WriteBe16(kBlankWord);

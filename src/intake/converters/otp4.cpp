@@ -2,7 +2,7 @@
 
 #include "intake/converters/families.h"
 #include "intake/converters/frame.h"
-#include "shell/app_state.h"
+#include "shell/ground/app_state.h"
 
 namespace pyxis {
 
@@ -27,9 +27,9 @@ constexpr std::array<Otp4Row, 3> kTable{{
 }};
 static_assert(KeysAreUnique(kTable));
 
-constexpr unsigned kProtectBit = 1;   // of the configuration: 0 means protected
-constexpr unsigned kClearedOut = 2;   // always 0 in the package
-constexpr unsigned kSummedSet = 3;    // always 1 in the checksum
+constexpr unsigned kProtectBit = 1;  // of the configuration: 0 means protected
+constexpr unsigned kClearedOut = 2;  // always 0 in the package
+constexpr unsigned kSummedSet = 3;   // always 1 in the checksum
 
 // The operator's choice Protect clears the bit.
 unsigned WithProtection(unsigned config, const ConvertRequest& request) {
@@ -68,7 +68,7 @@ int Convert(const Otp4Row& row, const ConvertRequest& request) {
   if (int code = frame.OpenProgramFile(); code != 0) return code;
   if (int code = frame.OpenPackages(row.name); code != 0) return code;
   const std::uint16_t config = row.unit == Unit::Byte ? CopyBytes(row, frame) : CopyWords(row, frame);
-  frame.option.Put(Field::ImageChecksum, TheAppState().ImageChecksum);
+  frame.option.Put(Field::ImageChecksum, TheAppState().conversion.ImageChecksum);
   frame.option.Put(Field::ConfigWord, config);
   return frame.Finish({.serial = false}, frame.path);
 }

@@ -6,7 +6,7 @@
 #include "intake/converters/hex14.h"
 #include "intake/file_readers.h"
 #include "platform/text.h"
-#include "shell/app_state.h"
+#include "shell/ground/app_state.h"
 
 namespace pyxis {
 
@@ -18,15 +18,15 @@ struct UsbEepromRow {
   std::uint32_t ChipCode;
   const char* name;
   ReadMode mode;
-  std::uint32_t idOffset;   // bytes; kNoId: the image isn't tested
+  std::uint32_t idOffset;  // bytes; kNoId: the image isn't tested
   std::uint8_t idLow, idHigh;
   std::uint32_t words;
   ArgumentClass argumentClass;
-  const char* eepromName;   // that an EEPROM image must carry
-  std::uint8_t eepromStart; // of an EEPROM image, in units of 256 words
+  const char* eepromName;      // that an EEPROM image must carry
+  std::uint8_t eepromStart;    // of an EEPROM image, in units of 256 words
   std::uint32_t forcedLength;  // of the temporary image; 0: up to the highest address
-  bool plainBytes;          // bytes go out and are summed in file order; OptionValue is the configuration byte
-  bool loadsImage;          // LoadedFilePath is the image, else the data package
+  bool plainBytes;             // bytes go out and are summed in file order; OptionValue is the configuration byte
+  bool loadsImage;             // LoadedFilePath is the image, else the data package
 };
 
 // clang-format off
@@ -90,7 +90,7 @@ std::uint32_t CopyProgram(const UsbEepromRow& row, ConversionFrame& frame) {
   }
   if (row.plainBytes) return *frame.request.OptionValue;
   const std::uint16_t config = frame.image.Word(row.words);
-  TheAppState().SystemConfigWord = config;
+  TheAppState().conversion.SystemConfigWord = config;
   ConversionFrame::Sum((config | kSummedConfigSet) & kSummedConfigBits);
   return config;
 }
@@ -106,14 +106,14 @@ void CopyEeprom(const UsbEepromRow& row, ConversionFrame& frame) {
 void PatchOption(const UsbEepromRow& row, std::uint32_t config, bool eeprom, ConversionFrame& frame) {
   const AppState& app = TheAppState();
   OptionPackage& option = frame.option;
-  option.Put(Field::ImageChecksum, app.ImageChecksum);
+  option.Put(Field::ImageChecksum, app.conversion.ImageChecksum);
   if (row.plainBytes) {
     option.PutAt(Field::ConfigWord.offset, static_cast<std::uint8_t>(config));
   } else {
     option.Put(Field::UsedLength, row.words);
     option.Put(Field::ImageLength, row.words);
     option.Put(Field::ConfigWord, config & kConfigOutBits);
-    option.Put(Field::PartialChecksum, app.PartialChecksum);
+    option.Put(Field::PartialChecksum, app.conversion.PartialChecksum);
   }
   if (eeprom) {
     option.Put(Field::DualStart, std::uint32_t{row.eepromStart} << 8);

@@ -8,7 +8,7 @@
 #include "platform/machine.h"
 #include "platform/operator.h"
 #include "platform/text.h"
-#include "shell/app_state.h"
+#include "shell/ground/app_state.h"
 
 namespace pyxis {
 
@@ -18,7 +18,7 @@ struct UsbHexRow {
   std::uint32_t ChipCode;
   const char* name;
   std::uint32_t imageBytes;
-  const char* tag;                       // of the .otp copy
+  const char* tag;                         // of the .otp copy
   std::array<std::uint8_t, 14> constants;  // of the .otp copy's header, from offset 18
 };
 
@@ -68,7 +68,7 @@ int Convert(const UsbHexRow& row, const ConvertRequest& request) {
   }
 
   OptionPackage& option = frame.option;
-  option.Put(Field::ImageChecksum, app.ImageChecksum);
+  option.Put(Field::ImageChecksum, app.conversion.ImageChecksum);
   option.Put(Field::UsedLength, static_cast<std::uint32_t>(frame.image.Length()));
   option.Put(Field::ImageLength, row.imageBytes);
   option.PutAt(Field::ConfigWord.offset, static_cast<std::uint8_t>(optionValue));

@@ -3,14 +3,14 @@
 #include "intake/converters/families.h"
 #include "intake/converters/frame.h"
 #include "intake/converters/hex14.h"
-#include "shell/app_state.h"
+#include "shell/ground/app_state.h"
 
 namespace pyxis {
 
 namespace {
 
-constexpr std::int32_t kHeader = 32;            // bytes
-constexpr std::size_t kOptionByte = 16;         // offset in the header
+constexpr std::int32_t kHeader = 32;     // bytes
+constexpr std::size_t kOptionByte = 16;  // offset in the header
 constexpr std::uint8_t kOptionBits = 0x6F;
 constexpr std::uint32_t kAllWords = 0xFFFFFFFF;
 
@@ -26,7 +26,7 @@ struct UsbObjRow {
   bool swapSum;               // the word fed is the word written with its bytes exchanged
   std::uint32_t summedWords;  // from the first on
   OptionSource optionSource;
-  bool sumOption;             // the option byte is the configuration word, and summed last
+  bool sumOption;  // the option byte is the configuration word, and summed last
 };
 
 // clang-format off
@@ -44,9 +44,12 @@ static_assert(KeysAreUnique(kTable));
 
 std::int32_t WordsOf(const UsbObjRow& row, std::int32_t length) {
   switch (row.count) {
-    case WordCount::File: return (length - kHeader) / 2;
-    case WordCount::FileLessTwo: return (length - kHeader) / 2 - 2;
-    case WordCount::Fixed: break;
+    case WordCount::File:
+      return (length - kHeader) / 2;
+    case WordCount::FileLessTwo:
+      return (length - kHeader) / 2 - 2;
+    case WordCount::Fixed:
+      break;
   }
   return row.fixedWords;
 }
@@ -72,7 +75,7 @@ int Convert(const UsbObjRow& row, const ConvertRequest& request) {
   std::uint16_t headerChecksum = 0xFFFF;
   if (row.sumHeader) {
     for (std::size_t i = 0; i < kHeader / 2; ++i) ConversionFrame::Sum(image.Word(i));
-    headerChecksum = app.ImageChecksum;
+    headerChecksum = app.conversion.ImageChecksum;
   }
   const std::int32_t words = WordsOf(row, length);
   for (std::int32_t i = 0; i < words; ++i) {
@@ -84,13 +87,13 @@ int Convert(const UsbObjRow& row, const ConvertRequest& request) {
       row.optionSource == OptionSource::Header ? kOptionByte : static_cast<std::size_t>(kHeader + 2 * words);
   const std::uint8_t optionByte = image.Byte(optionAt) & kOptionBits;
   if (row.sumOption) {
-    app.SystemConfigWord = optionByte;
+    app.conversion.SystemConfigWord = optionByte;
     ConversionFrame::Sum(optionByte | 1);
     MaskChecksum();
   }
 
   OptionPackage& option = frame.option;
-  option.Put(Field::ImageChecksum, app.ImageChecksum);
+  option.Put(Field::ImageChecksum, app.conversion.ImageChecksum);
   option.Put(Field::UsedLength, static_cast<std::uint32_t>(words));
   option.Put(Field::ImageLength, static_cast<std::uint32_t>(ImageLengthOf(row, length)));
   if (row.optionSource != OptionSource::None)

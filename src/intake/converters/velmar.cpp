@@ -1,6 +1,6 @@
 #include "intake/converters/velmar.h"
 
-#include "shell/app_state.h"
+#include "shell/ground/app_state.h"
 
 namespace pyxis {
 
@@ -25,7 +25,7 @@ std::uint16_t CopyVelmarConfig(ConversionFrame& frame, std::size_t imageBytes, s
   const std::uint16_t config = frame.image.Le16(imageBytes);
   frame.WriteByte(frame.image.Byte(imageBytes));
   frame.WriteByte(frame.image.Byte(imageBytes + 1));
-  TheAppState().SystemConfigWord = config;
+  TheAppState().conversion.SystemConfigWord = config;
   ConversionFrame::Sum((config & kSummedConfigBits) | sumSet);
   return config;
 }

@@ -5,7 +5,7 @@
 #include "intake/converters/velmar.h"
 #include "intake/file_readers.h"
 #include "platform/text.h"
-#include "shell/app_state.h"
+#include "shell/ground/app_state.h"
 
 namespace pyxis {
 
@@ -23,9 +23,9 @@ constexpr std::uint16_t kConfigAddressBase = 0x2000;
 // How the second byte of the option block sets the IC up.
 struct BlockMode {
   std::uint8_t key;
-  std::uint16_t dualSkip;     // words left out of the checksum
-  std::size_t optionIndex;    // block word with the first option word
-  std::uint16_t parameter;    // ProgramParameter
+  std::uint16_t dualSkip;   // words left out of the checksum
+  std::size_t optionIndex;  // block word with the first option word
+  std::uint16_t parameter;  // ProgramParameter
 };
 constexpr std::array<BlockMode, 2> kModes{{{0xFE, 0, 2, 53}, {0xE0, 4096, 10, 64}}};
 
@@ -69,17 +69,17 @@ int Convert(const ConvertRequest& request) {
   const BlockMode* mode = ModeOf(frame.image.Byte(kImageBytes + 1));
   if (!VelmarIdMatches(frame.image, kIdOffset, kIdSecond, kIdThirdHigh) || mode == nullptr) return frame.TellIdError();
 
-  app.DualSkip = mode->dualSkip;
+  app.conversion.DualSkip = mode->dualSkip;
   for (std::uint32_t i = 0; i < kImageBytes / 2; ++i) {
     frame.WriteByte(frame.image.Byte(2 * i));
     frame.WriteByte(frame.image.Byte(2 * i + 1));
-    if (i >= app.DualSkip) ConversionFrame::Sum(frame.image.Word(i));
+    if (i >= app.conversion.DualSkip) ConversionFrame::Sum(frame.image.Word(i));
   }
   const std::uint16_t config = CopyBlock(*mode, frame);
-  app.SystemConfigWord = config;
+  app.conversion.SystemConfigWord = config;
 
   OptionPackage& option = frame.option;
-  option.Put(Field::ImageChecksum, app.ImageChecksum);
+  option.Put(Field::ImageChecksum, app.conversion.ImageChecksum);
   option.Put(Field::UsedLength, kImageBytes);
   option.Put(Field::ImageLength, kImageBytes);
   option.Put(Field::ConfigAddress, static_cast<std::uint32_t>(kConfigAddressBase + mode->optionIndex));
@@ -87,7 +87,7 @@ int Convert(const ConvertRequest& request) {
   option.Put(Field::ReadBackOrder, block.first(4));  // and the three bytes behind it
   option.Put(Field::OptionWords, block.subspan(2 * mode->optionIndex, Field::OptionWords.width));
   option.Put(Field::ConfigWord, config);
-  option.Put(Field::DualStart, app.DualSkip);
+  option.Put(Field::DualStart, app.conversion.DualSkip);
   option.Put(Field::ProgramParameter, mode->parameter);
   option.Put(Field::IspFlags, IspFlagsOf(request, ArgumentClass::C));
   return frame.Finish({}, frame.imagePath);

@@ -2,7 +2,7 @@
 #include "intake/converters/velmar.h"
 #include "intake/file_readers.h"
 #include "platform/text.h"
-#include "shell/app_state.h"
+#include "shell/ground/app_state.h"
 
 namespace pyxis {
 
@@ -34,7 +34,7 @@ int Convert(const VelmarEepromRow& row, const ConvertRequest& request) {
   const std::uint16_t config = CopyVelmarConfig(frame, row.imageBytes, kUnusedConfigBits);
 
   OptionPackage& option = frame.option;
-  option.Put(Field::ImageChecksum, TheAppState().ImageChecksum);
+  option.Put(Field::ImageChecksum, TheAppState().conversion.ImageChecksum);
   option.Put(Field::UsedLength, row.imageBytes);
   option.Put(Field::ImageLength, row.imageBytes);
   option.Put(Field::ConfigWord, config & ~std::uint32_t{kUnusedConfigBits});

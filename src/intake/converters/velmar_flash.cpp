@@ -2,7 +2,7 @@
 #include "intake/converters/velmar_flash_table.h"
 #include "intake/file_readers.h"
 #include "platform/text.h"
-#include "shell/app_state.h"
+#include "shell/ground/app_state.h"
 
 namespace pyxis {
 
@@ -18,14 +18,13 @@ int Convert(const VelmarFlashRow& row, const ConvertRequest& request) {
   if (!VelmarIdMatches(frame.image, row.idOffset, row.idSecond, row.idThirdHigh)) return frame.TellIdError();
 
   // Negative when the tail is larger than the image: then no word is summed.
-  const std::int32_t sumLength =
-      row.imageBytes - kProtectedTail[frame.image.Byte(row.idOffset + kSizeByte) & 0x0F];
+  const std::int32_t sumLength = row.imageBytes - kProtectedTail[frame.image.Byte(row.idOffset + kSizeByte) & 0x0F];
   CopyVelmarImage(frame, row.imageBytes, sumLength);
   const std::uint16_t unused = row.wholeConfig ? 0 : kUnusedConfigBits;
   const std::uint16_t config = CopyVelmarConfig(frame, row.imageBytes, unused);
 
   OptionPackage& option = frame.option;
-  option.Put(Field::ImageChecksum, TheAppState().ImageChecksum);
+  option.Put(Field::ImageChecksum, TheAppState().conversion.ImageChecksum);
   option.Put(Field::ChecksumLength, static_cast<std::uint32_t>(sumLength));
   option.Put(Field::UsedLength, static_cast<std::uint32_t>(row.usedInWords ? sumLength / 2 : sumLength));
   option.Put(Field::ImageLength, static_cast<std::uint32_t>(sumLength));

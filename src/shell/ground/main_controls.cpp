@@ -1,8 +1,8 @@
-#include "shell/main_controls.h"
+#include "shell/ground/main_controls.h"
 
 #include "platform/machine.h"
 #include "platform/main_view.h"
-#include "shell/app_state.h"
+#include "shell/ground/app_state.h"
 
 namespace pyxis {
 
@@ -84,32 +84,32 @@ void DisableOperations() {
 
 void EnableOperations() {
   const AppState& app = TheAppState();
-  if (app.SnMode == 0) {
-    const bool single = app.MassProduction == 0 && app.ProductionLimitOn == 0;
+  if (!app.selection.SnMode) {
+    const bool single = app.selection.MassProduction == MassMode::Off && !app.selection.ProductionLimitOn;
     EnableControl(ControlId::Auto, true);
     EnableControl(ControlId::BlankCheck, single);
     EnableControl(ControlId::Program, single);
     EnableControl(ControlId::Verify, single);
   }
   EnableControl(ControlId::Read, true);
-  if (app.HasSmartOption) EnableControl(ControlId::SmartOption, true);
+  if (app.selection.HasSmartOption) EnableControl(ControlId::SmartOption, true);
 }
 
 void PumpPaint() { TheMachine().view->PumpPaint(); }
 
-void BeginBusyCursor(const std::string& fileName) { BeginBusyCursorFrom(TheAppState().AppDir + fileName); }
+void BeginBusyCursor(const std::string& fileName) { BeginBusyCursorFrom(TheAppState().program.AppDir + fileName); }
 
 void BeginBusyCursorFrom(const std::string& path) {
   AppState& app = TheAppState();
-  app.BusyCursor = TheMachine().op->LoadCursorFromFile(path);
-  if (app.BusyCursor != 0) app.PreviousCursor = TheMachine().op->SetCursor(app.BusyCursor);
+  app.cursors.BusyCursor = TheMachine().op->LoadCursorFromFile(path);
+  if (app.cursors.BusyCursor != 0) app.cursors.PreviousCursor = TheMachine().op->SetCursor(app.cursors.BusyCursor);
 }
 
 void EndBusyCursor() {
   AppState& app = TheAppState();
-  if (app.BusyCursor == 0 || app.PreviousCursor == 0) return;
-  TheMachine().op->SetCursor(app.PreviousCursor);
-  app.PreviousCursor = 0;
+  if (app.cursors.BusyCursor == 0 || app.cursors.PreviousCursor == 0) return;
+  TheMachine().op->SetCursor(app.cursors.PreviousCursor);
+  app.cursors.PreviousCursor = 0;
 }
 
 }  // namespace pyxis
