@@ -20,12 +20,14 @@
 #include "ui/qt_clipboard.h"
 #include "ui/qt_operator.h"
 #include "ui/qt_text.h"
+#include "ui/readable_style.h"
 #include "ui/settings_profile.h"
 
 int main(int argc, char** argv) {
   using namespace pyxis;
   IgnoreBrokenPipes();
   QApplication application(argc, argv);
+  QApplication::setStyle(new ui::ReadableStyle);
   QApplication::setApplicationName(QStringLiteral("PyxisLoad"));
   QApplication::setWindowIcon(QIcon(ui::FromText(ResolvePath(CurrentDirectory() + "/pyxisload.ico"))));
   SystemClock clock;

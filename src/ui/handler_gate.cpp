@@ -24,7 +24,11 @@ HandlerGate::Open::Open(HandlerGate& gate) : gate_(gate), wasBusy_(gate.busy_) {
   ++gate_.open_;
   // What has waited comes through when the dialog's own loop runs.
   QMetaObject::invokeMethod(
-      &gate_.input_, [&gate = gate_] { if (!gate.busy_) gate.Idle(); }, Qt::QueuedConnection);
+      &gate_.input_,
+      [&gate = gate_] {
+        if (!gate.busy_) gate.Idle();
+      },
+      Qt::QueuedConnection);
 }
 
 HandlerGate::Open::~Open() {

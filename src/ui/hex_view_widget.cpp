@@ -155,7 +155,8 @@ void HexViewWidget::PaintLines(QPainter& painter) {
       const auto from = static_cast<std::size_t>(line.selectedFrom * perByte);
       const auto count = static_cast<std::size_t>((line.selectedTo - line.selectedFrom) * perByte);
       const int x = column + static_cast<int>(from) * cell;
-      painter.fillRect(x, top, static_cast<int>(count) * cell, view_.geometry.LineHeight, palette().color(QPalette::Highlight));
+      painter.fillRect(x, top, static_cast<int>(count) * cell, view_.geometry.LineHeight,
+                       palette().color(QPalette::Highlight));
       selected.Add(std::string_view(text).substr(from, count), x, top, cell);
       text.replace(from, count, count, ' ');
     }
@@ -171,7 +172,8 @@ void HexViewWidget::PaintLines(QPainter& painter) {
 void HexViewWidget::PaintCaret(QPainter& painter) {
   if (!hasFocus() || view_.selection.Exists() || !view_.CaretVisible()) return;
   painter.setCompositionMode(QPainter::CompositionMode_Difference);
-  painter.fillRect(view_.caret.CaretX, view_.caret.CaretY, view_.caret.Width(view_.geometry), view_.geometry.LineHeight, Qt::white);
+  painter.fillRect(view_.caret.CaretX, view_.caret.CaretY, view_.caret.Width(view_.geometry), view_.geometry.LineHeight,
+                   Qt::white);
 }
 
 void HexViewWidget::wheelEvent(QWheelEvent* event) {

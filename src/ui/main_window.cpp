@@ -6,6 +6,7 @@
 #include <QScreen>
 #include <QStatusTipEvent>
 #include <optional>
+#include <utility>
 
 #include "serial/sn_run.h"
 #include "ui/device_watch.h"
@@ -40,8 +41,7 @@ MainWindow::MainWindow(HandlerGate& gate)
   gate_.Starting = [this] { worked_ = focusWidget(); };
   gate_.Ended = [this] {
     Sync();
-    // A button that was greyed for a while has lost the focus; Enter shall find it for the next chip.
-    if (worked_ != nullptr && worked_->isEnabled()) worked_->setFocus();
+    RestoreFocus();
     if (closeAsked_) CloseSoon();
   };
   gate_.Idle = [this] {
@@ -68,6 +68,14 @@ void MainWindow::Watch(DeviceEvents& events) {
     gate_.Run([this, &event] { dialog_.OnDevice(event); });
     return true;
   });
+}
+
+// To where the operation wants it, else to where it was: a button that was greyed for a while has lost it, and Enter
+// shall find it for the next chip.
+void MainWindow::RestoreFocus() {
+  const auto wanted = std::exchange(TheMainControls().focus, std::nullopt);
+  if (wanted && panel_->Focus(*wanted)) return;
+  if (worked_ != nullptr && worked_->isEnabled()) worked_->setFocus();
 }
 
 void MainWindow::Run(const std::function<void()>& handler) {
@@ -132,6 +140,7 @@ void MainWindow::Sync() {
   setWindowTitle(FromText(TheMainControls().title));
   panel_->Sync();
   statusBar_->Sync();
+  if (snProgress_ != nullptr) snProgress_->ShowVerdict();
 }
 
 void MainWindow::PumpPaint() {
@@ -151,7 +160,8 @@ void MainWindow::CloseMainWindow() {
 
 void MainWindow::CloseSoon() {
   closeAsked_ = false;
-  QMetaObject::invokeMethod(this, [this] { close(); }, Qt::QueuedConnection);
+  QMetaObject::invokeMethod(
+      this, [this] { close(); }, Qt::QueuedConnection);
 }
 
 void MainWindow::EndMainWindow() {

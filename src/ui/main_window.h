@@ -49,6 +49,7 @@ class MainWindow : public QMainWindow, public MainView {
   void Run(const std::function<void()>& handler);
   void OnEntry(MenuEntry entry);
   void Sync();
+  void RestoreFocus();
   void SyncSoon();
   void CloseSoon();
   void RepaintUncovered();
@@ -59,7 +60,7 @@ class MainWindow : public QMainWindow, public MainView {
   ProgressStatusBar* statusBar_;
   DeviceWatch* watch_ = nullptr;
   SnProgramWindow* snProgress_ = nullptr;
-  QPointer<QWidget> worked_;   // had the focus when a handler started
+  QPointer<QWidget> worked_;  // had the focus when a handler started
   QElapsedTimer sinceProgress_, sinceRepaint_;
   bool dirty_ = true;
   bool syncPosted_ = false;

@@ -11,9 +11,9 @@ namespace pyxis::ui {
 
 namespace {
 
-constexpr int kLeastWidth = 40;          // characters
-constexpr QChar kMayBreak(0x200B);       // a blank of no width
-constexpr int kAround = 200;       // pixels of a full-width box that icon, margins and frame take
+constexpr int kLeastWidth = 40;     // characters
+constexpr QChar kMayBreak(0x200B);  // a blank of no width
+constexpr int kAround = 200;        // pixels of a full-width box that icon, margins and frame take
 
 int WidestLine(const QStringList& lines, const QFontMetrics& metrics) {
   int widest = 0;

@@ -8,8 +8,10 @@
 #include <QPushButton>
 
 #include "serial/sn_run.h"
+#include "ui/digits_width.h"
 #include "ui/numeric_edit_field.h"
 #include "ui/qt_text.h"
+#include "ui/verdict_label.h"
 
 namespace pyxis::ui {
 
@@ -58,12 +60,15 @@ SnProgramWindow::SnProgramWindow(CSnProgramDlg& dialog, HandlerGate& gate, QWidg
   connect(close, &QPushButton::clicked, this, &SnProgramWindow::reject);
   buttons->addWidget(close);
   all->addLayout(buttons);
+  verdict_ = new VerdictLabel(this);
+  all->addWidget(verdict_);
   layout()->setSizeConstraint(QLayout::SetFixedSize);
   mirror_.Show([this] { Sync(); });
 }
 
 NumericEditField* SnProgramWindow::AddField(QGridLayout& grid, int row, const char* caption) {
   auto* field = new NumericEditField(kDigits, this);
+  FitDigits(*field, kDigits);
   AddRow(grid, row, caption, field);
   return field;
 }
@@ -83,7 +88,10 @@ void SnProgramWindow::reject() {
   QDialog::reject();
 }
 
+void SnProgramWindow::ShowVerdict() { verdict_->Sync(); }
+
 void SnProgramWindow::Sync() {
+  ShowVerdict();
   chip_->setText(FromText(dialog_.chipText));
   start_->Show(dialog_.startText);
   end_->Show(dialog_.endText);

@@ -19,12 +19,14 @@ class CSnProgramDlg;
 namespace pyxis::ui {
 
 class NumericEditField;
+class VerdictLabel;
 
 class SnProgramWindow : public QDialog {
  public:
   // The dialog must outlive the window.
   SnProgramWindow(CSnProgramDlg& dialog, HandlerGate& gate, QWidget* parent);
 
+  void ShowVerdict();
   void reject() override;  // Escape and the title bar count as "Close"
 
  private:
@@ -37,6 +39,7 @@ class SnProgramWindow : public QDialog {
   DialogMirror<CSnProgramDlg> mirror_{dialog_};
   HandlerGate& gate_;
   QLineEdit* chip_;
+  VerdictLabel* verdict_;
   NumericEditField *start_, *end_, *startAddress_, *endAddress_, *ok_, *ng_, *total_;
   QPushButton *program_, *set_;
 };

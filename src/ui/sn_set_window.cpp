@@ -8,6 +8,7 @@
 #include <QRadioButton>
 
 #include "serial/sn_set.h"
+#include "ui/digits_width.h"
 #include "ui/numeric_edit_field.h"
 
 namespace pyxis::ui {
@@ -45,6 +46,7 @@ SnSetWindow::SnSetWindow(CSnSetDlg& dialog, HandlerGate& gate, QWidget* parent)
 NumericEditField* SnSetWindow::AddField(QGridLayout& grid, const char* caption, std::size_t limit,
                                         std::function<void(const std::string&)> changed) {
   auto* field = new NumericEditField(limit, this);
+  FitDigits(*field, limit);
   field->TextEdited = std::move(changed);
   auto* label = new QLabel(QString::fromLatin1(caption), this);
   label->setBuddy(field);

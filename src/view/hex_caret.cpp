@@ -17,8 +17,8 @@ void HexCaret::Place(const HexGeometry& geometry) {
     case kHexArea:
       if (Nibble < 1) Nibble = geometry.DigitsPerByte;
       if (Nibble > geometry.DigitsPerByte) Nibble = 1;
-      CaretX = geometry.HexColumnX + column * geometry.HexStep() +
-               geometry.CharWidth * (geometry.DigitsPerByte - Nibble);
+      CaretX =
+          geometry.HexColumnX + column * geometry.HexStep() + geometry.CharWidth * (geometry.DigitsPerByte - Nibble);
       break;
     default:
       CaretX = 0;

@@ -39,7 +39,7 @@ struct HexGeometry {
   std::int32_t ClientWidth = 0, ClientHeight = 0;
 
   std::int32_t LineBytes() const { return static_cast<std::int32_t>(m_lpr); }
-  int AddressCells() const { return WideAddress ? 9 : 5; }       // the last one blank
+  int AddressCells() const { return WideAddress ? 9 : 5; }         // the last one blank
   int HexStep() const { return (DigitsPerByte + 1) * CharWidth; }  // pixels from a byte to the next
   // Lines from the client height, and the scroll bar that goes with them.
   int VisibleLines() const { return LineHeight > 0 ? ClientHeight / LineHeight : 0; }

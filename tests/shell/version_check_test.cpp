@@ -16,6 +16,7 @@ class VersionCheck : public Bench, public MainView, public UpdateAgent {
   }
   void EndMainWindow() override { calls.push_back("end"); }
   void EnableMainWindow(bool enabled) override { calls.push_back(enabled ? "enable" : "disable"); }
+  void PumpPaint() override { calls.push_back("paint"); }
   std::int32_t CallUpdateAgent(const char* text) override {
     calls.push_back("call");
     request = text;
@@ -29,7 +30,7 @@ class VersionCheck : public Bench, public MainView, public UpdateAgent {
 TEST_F(VersionCheck, WhatEachResultMeans) {
   const Told question{"Do you want to exit old version of PyxisLoad ?", "Select Exit ? ", MessageIcon::None};
   const Told current{"This is newer version .", "PyxisLoad", MessageIcon::None};
-  const Texts stays{"disable", "call", "enable"}, goes{"disable", "call", "enable", "end"};
+  const Texts stays{"disable", "paint", "call", "enable"}, goes{"disable", "paint", "call", "enable", "end"};
   // clang-format off
   for (const auto& [result, yes, told, wanted] : Table<std::int32_t, bool, std::vector<Told>, Texts>{
            {0, true, {question}, goes}, {0, false, {question}, stays}, {4, true, {current}, stays},

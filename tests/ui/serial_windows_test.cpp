@@ -103,20 +103,6 @@ TEST_F(SerialWindows, TheNumberField) {
   EXPECT_EQ(field.text(), "2882400001");
 }
 
-TEST_F(SerialWindows, HeldEnterPressesOnce) {
-  Open();  // the main window drops the repeats of every window
-  int presses = 0;
-  QPushButton button;
-  button.setAutoDefault(true);
-  QObject::connect(&button, &QPushButton::clicked, &button, [&] { ++presses; });
-  button.show();
-  for (const bool repeat : {false, true, true}) {
-    QKeyEvent down(QEvent::KeyPress, Qt::Key_Return, {}, "\r", repeat);
-    QApplication::sendEvent(&button, &down);
-  }
-  EXPECT_EQ(presses, 1);
-}
-
 // Clicks the button while a task runs.
 class ClickingClock : public FakeClock {
  public:

@@ -109,6 +109,11 @@ void UiBench::Play() {
   handled_ = modal;
   if (auto* box = qobject_cast<QMessageBox*>(modal)) {
     seen.push_back(ui::ToText(box->text()));
+    if (const auto step = std::exchange(onBox, nullptr)) step(*box);
+    if (!box->isVisible()) {
+      handled_ = around;
+      return;
+    }
     QMessageBox::StandardButton answer = QMessageBox::Ok;
     if (box->standardButtons() != QMessageBox::Ok) {
       answer = answers.empty() ? QMessageBox::No : answers.front();
