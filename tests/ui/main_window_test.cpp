@@ -2,13 +2,14 @@
 #include "ui/main_window.h"
 
 #include <QCheckBox>
+#include <QLabel>
 #include <QLineEdit>
 #include <QMenuBar>
 #include <QProgressBar>
 #include <QTest>
 
 #include "platform/update_agent.h"
-#include "ui/hex_view_widget.h"
+#include "ui/readable_style.h"
 #include "ui/ui_bench.h"
 #include "view/show_file.h"
 
@@ -48,6 +49,37 @@ TEST_F(MainWindowTest, FromDeviceToAutoOk) {
   EXPECT_EQ(seen.back(), "Auto OK");
   EXPECT_EQ(window->focusWidget(), &Find(*window, "Auto"));  // Enter does the next chip
   EXPECT_FALSE(Find(*window, "Progress").isVisible());
+}
+
+// Readable without colour, and large.
+TEST_F(MainWindowTest, TheLastVerdictStaysInWords) {
+  const std::string sample = Path(PutFolderFor("QV8348"));
+  Open();
+  const auto words = [this] { return Find<QLabel>(*window, "Last verdict").text().toStdString(); };
+  const auto counts = [this] { return Find<QLabel>(*window, "Counts since the last load").text().toStdString(); };
+  const auto ground = [this] { return Find(*window, "Last verdict").palette().color(QPalette::Window); };
+  const auto load = [&] {
+    ScriptFile(sample);
+    EXPECT_TRUE(Choose("&Load File"));
+    EXPECT_EQ(All(words(), window->focusWidget()), All("", &Find(*window, "Auto")));
+  };
+  ScriptIc("MCU: 8 Bit QV83 Series", "QV8348", "Production Limit :");
+  EXPECT_TRUE(Choose("&Device"));
+  TheAppState().selection.ProductionLimitCount = 3;
+  load();
+  EXPECT_EQ(counts(), "Left 3");
+  Press(*window, "Auto");
+  EXPECT_EQ(All(words(), counts()), All("Auto OK", "OK 1   NG 0   Left 2"));
+  const QColor good = ground();
+  writer.chip.worn = true;
+  Press(*window, "Auto");
+  EXPECT_EQ(All(words(), counts()), All("Auto FAIL", "OK 1   NG 1   Left 2"));
+  EXPECT_NE(ground(), good);
+  for (const QColor& colour : {ground(), good})
+    EXPECT_GE(ui::ContrastOf(colour, Find(*window, "Last verdict").palette().color(QPalette::WindowText)), 4.5);
+  EXPECT_GT(Find(*window, "Last verdict").fontMetrics().height(), 3 * window->fontMetrics().height() / 2);
+  load();
+  EXPECT_EQ(counts(), "Left 3");
 }
 
 TEST_F(MainWindowTest, OnlyPaintsPassDuringAnOperation) {
