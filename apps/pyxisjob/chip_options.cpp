@@ -9,6 +9,14 @@
 
 namespace pyxis::job {
 
+void AddChoices(CLI::App& command, Choices& choices) {
+  command.add_flag("--sn", choices.serial, "serial numbers, from serial.txt in the program folder");
+  command.add_flag("--exhv-isp", choices.exhvIsp, "EXHV ISP program");
+  command.add_flag("--isp", choices.isp, "ISP program");
+  command.add_flag("--mass", choices.mass, "Mass Production Mode");
+  command.add_option("--limit", choices.limit, "Production Limit, a number of ICs")->check(CLI::Range(1, 99999999));
+}
+
 void AddChipOptions(CLI::App& command, ChipOptions& chip) {
   auto* ic = command.add_option("--ic", chip.ic, "IC by its label, such as QV8348 or QV8329_16");
   command.add_option("--code", chip.code, "IC by its number (decimal, or hexadecimal with 0x)")->excludes(ic);
@@ -16,11 +24,7 @@ void AddChipOptions(CLI::App& command, ChipOptions& chip) {
   command.add_option("--hw", chip.hw, "template folder")->check(CLI::IsMember({"hwversion1.0", "hwversion1.1"}));
   command.add_option("--chip", chip.chip, "selected chip, where it differs from the label's IC");
   command.add_option("--option-value", chip.optionValue, "protection choices, 0x60 without a choice");
-  command.add_flag("--sn", chip.serial, "serial numbers, from serial.txt in the program folder");
-  command.add_flag("--exhv-isp", chip.exhvIsp, "EXHV ISP program");
-  command.add_flag("--isp", chip.isp, "ISP program");
-  command.add_flag("--mass", chip.mass, "Mass Production Mode");
-  command.add_option("--limit", chip.limit, "Production Limit, a number of ICs")->check(CLI::Range(1, 99999999));
+  AddChoices(command, chip.choices);
 }
 
 std::optional<std::uint32_t> SelectChip(const ChipOptions& chip) {
@@ -49,12 +53,12 @@ std::optional<std::uint32_t> SelectChip(const ChipOptions& chip) {
   if (!chip.hw.empty()) app.writer.HwFolder = chip.hw;
   app.selection.SelectedChip = name;
   app.selection.ChipNameText = name;
-  app.selection.SnMode = chip.serial;
-  app.selection.ExhvIsp = chip.exhvIsp;
-  app.selection.IspProgram = chip.isp;
-  app.selection.MassProduction = chip.mass ? MassMode::On : MassMode::Off;
-  app.selection.ProductionLimitOn = chip.limit > 0;
-  app.selection.ProductionLimitCount = chip.limit;
+  app.selection.SnMode = chip.choices.serial;
+  app.selection.ExhvIsp = chip.choices.exhvIsp;
+  app.selection.IspProgram = chip.choices.isp;
+  app.selection.MassProduction = chip.choices.mass ? MassMode::On : MassMode::Off;
+  app.selection.ProductionLimitOn = chip.choices.limit > 0;
+  app.selection.ProductionLimitCount = chip.choices.limit;
   return code;
 }
 

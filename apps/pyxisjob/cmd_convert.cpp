@@ -24,12 +24,12 @@ void ConvertOne(Job& job, const ChipOptions& chip, std::uint32_t code, const std
   const int result = ConvertFile({.ChipCode = code,
                                   .OptionValue = &optionValue,
                                   .Path = file,
-                                  .SnMode = chip.serial,
-                                  .ExhvIsp = chip.exhvIsp,
-                                  .MassProduction = chip.mass,
-                                  .ProductionLimitOn = chip.limit > 0,
-                                  .ProductionLimitBcd = PackedDecimal(chip.limit),
-                                  .IspProgram = chip.isp});
+                                  .SnMode = chip.choices.serial,
+                                  .ExhvIsp = chip.choices.exhvIsp,
+                                  .MassProduction = chip.choices.mass,
+                                  .ProductionLimitOn = chip.choices.limit > 0,
+                                  .ProductionLimitBcd = PackedDecimal(chip.choices.limit),
+                                  .IspProgram = chip.choices.isp});
   if (result != 0) job.exitCode = kExitFailed;
   const std::string checksum = Printf("%04X", app.conversion.ImageChecksum);
   if (job.options.json) {
@@ -40,7 +40,7 @@ void ConvertOne(Job& job, const ChipOptions& chip, std::uint32_t code, const std
            {"checksum", checksum},
            {"system_config", app.conversion.SystemConfigWord},
            {"dual_skip", app.conversion.DualSkip},
-           {"image_unprotected", app.conversion.ImageUnprotected},
+           {"image_unprotected", app.conversion.ImageUnprotected ? 1 : 0},
            {"used_length", app.conversion.UsedLength},
            {"partial_checksum", app.conversion.PartialChecksum},
            {"loaded_file", app.conversion.LoadedFilePath}});

@@ -21,78 +21,74 @@ namespace {
 using Lines = std::vector<std::string>;
 
 // The lines as a member of the result, or on standard output.
-void ReportLines(Job& job, const char* command, bool good, const char* member, const Lines& lines) {
+void ReportLines(Job& job, const char* command, const Outcome& outcome, const char* member, const Lines& lines) {
   if (!job.options.json)
     for (const std::string& line : lines) std::printf("%s\n", line.c_str());
-  Report(job, command, good, {{member, lines}});
+  Report(job, command, outcome, {{member, lines}});
 }
 
-void Compare(Job& job, const std::string& file) {
-  if (!Connect(job)) return Report(job, "compare", false);
+// Runs a command whose result is lines of text.
+void RunForLines(Job& job, const char* command, const char* member, const std::function<Outcome(Lines&)>& run) {
+  if (!Connect(job)) return Report(job, command, Failed(Reason::NotReadable));
   Lines lines;
-  if (Allowed(job, MenuEntry::CompareFile, "Compare File")) {
-    job.op.file = file;
-    job.op.downloadInfo = [&lines](CDownloadInfoDlg& dialog) {
-      dialog.OnCompareFile();
-      lines.assign(dialog.lines.begin(), dialog.lines.end());
-      return DialogEnd::Cancel;
-    };
-    OnDownloadInfo();
-  }
-  ReportLines(job, "compare", !lines.empty() && lines.back().ends_with(" OK"), "lines", lines);
+  Outcome outcome = run(lines);
+  if (outcome.Good() && !StillAnswers(job)) outcome = Failed(Reason::NotReadable);
+  ReportLines(job, command, outcome, member, lines);
   CloseTransport();
 }
 
-void ChipInfo(Job& job) {
-  if (!Connect(job)) return Report(job, "chip-info", false);
-  Lines lines;
-  bool read = false;
-  if (Allowed(job, MenuEntry::ReadChipInfo, "Read Chip Info")) {
-    job.op.chipInfo = [&](CReadChipInfoDlg& dialog) {
-      read = dialog.readEnabled;
-      if (read) dialog.OnRead();
-      lines.assign(dialog.lines.begin(), dialog.lines.end());
-      return DialogEnd::Cancel;
-    };
-    OnReadChipInfo();
-  }
-  ReportLines(job, "chip-info", read, "lines", lines);
-  CloseTransport();
+Outcome Compare(Job& job, const std::string& file, Lines& lines) {
+  Outcome outcome = Refused(Reason::NothingLoaded);
+  if (!Allowed(job, MenuEntry::CompareFile, "Compare File")) return outcome;
+  job.op.file = file;
+  job.op.downloadInfo = [&](CDownloadInfoDlg& dialog) {
+    outcome = dialog.OnCompareFile();
+    lines.assign(dialog.lines.begin(), dialog.lines.end());
+    return DialogEnd::Cancel;
+  };
+  OnDownloadInfo();
+  return outcome;
 }
 
-void Read(Job& job, const ChipOptions& chip) {
-  if (!Connect(job)) return Report(job, "read", false);
-  if (!chip.ic.empty() && !SelectChip(chip)) {
-    job.exitCode = kExitUsage;
-    CloseTransport();
-    return;
-  }
-  if (chip.ic.empty() && !job.icKnown) {
+Outcome ChipInfo(Job& job, Lines& lines) {
+  Outcome outcome = Refused(Reason::NotSupported);
+  if (!Allowed(job, MenuEntry::ReadChipInfo, "Read Chip Info")) return outcome;
+  job.op.chipInfo = [&](CReadChipInfoDlg& dialog) {
+    outcome = dialog.OnRead();
+    lines.assign(dialog.lines.begin(), dialog.lines.end());
+    return DialogEnd::Cancel;
+  };
+  OnReadChipInfo();
+  return outcome;
+}
+
+// A writer that couldn't be told the IC has read something else.
+Outcome ReadTold(Job& job) {
+  const AppState& app = TheAppState();
+  Outcome outcome = OnRead();
+  if (outcome.Good() && ChipNameOf(app.writer.WriterInfoBlock) != app.selection.SelectedChip)
+    outcome = Failed(Reason::OtherChip);
+  if (outcome.Good() && !StillAnswers(job)) outcome = Failed(Reason::NotReadable);
+  return outcome;
+}
+
+void Read(Job& job, const std::string& ic) {
+  if (!Connect(job)) return Report(job, "read", Failed(Reason::NotReadable));
+  Outcome outcome = Refused(Reason::NotSupported);
+  if (ic.empty() && !job.icKnown) {
     job.op.Tell("read needs an IC: the writer holds no job of a known one", kMessageCaption, MessageIcon::Warning);
-    Report(job, "read", false);
-  } else {
-    OnRead();
-    // A writer that couldn't be told the IC has read something else.
-    const AppState& app = TheAppState();
-    const bool good =
-        job.op.messages == Lines{"Read OK"} && ChipNameOf(app.writer.WriterInfoBlock) == app.selection.SelectedChip;
-    Report(job, "read", good, {{"loaded_file", app.conversion.LoadedFilePath}});
+  } else if (ic.empty() || SelectOnDevice(job, ic, {})) {
+    outcome = ReadTold(job);
   }
+  Report(job, "read", outcome, {{"loaded_file", TheAppState().conversion.LoadedFilePath}});
   CloseTransport();
 }
 
-void SelfTest(Job& job) {
-  if (!Connect(job)) return Report(job, "self-test", false);
-  WriterTest();
-  Lines lines;
+Outcome SelfTest(Lines& lines) {
+  const Outcome outcome = WriterTest();
   std::istringstream report(TheAppState().program.ReadyText);
-  bool good = !TheAppState().program.ReadyText.empty();
-  for (std::string line; std::getline(report, line);) {
-    lines.push_back(line.substr(0, line.find_last_not_of(" \r") + 1));
-    good = good && !lines.back().ends_with("Fail");
-  }
-  ReportLines(job, "self-test", good, "report", lines);
-  CloseTransport();
+  for (std::string line; std::getline(report, line);) lines.push_back(line.substr(0, line.find_last_not_of(" \r") + 1));
+  return outcome;
 }
 
 }  // namespace
@@ -101,17 +97,26 @@ void AddInspections(CLI::App& app, Job& job) {
   CLI::App* compare = app.add_subcommand("compare", "compare a program file with what the writer holds");
   auto file = std::make_shared<std::string>();
   compare->add_option("FILE", *file, "program file")->required();
-  compare->callback([&job, file] { Compare(job, *file); });
+  compare->callback(
+      [&job, file] { RunForLines(job, "compare", "lines", [&](Lines& lines) { return Compare(job, *file, lines); }); });
 
-  app.add_subcommand("chip-info", "what the chip in the socket says about itself")->callback([&job] { ChipInfo(job); });
+  app.add_subcommand("chip-info", "what the chip in the socket says about itself")->callback([&job] {
+    RunForLines(job, "chip-info", "lines", [&](Lines& lines) { return ChipInfo(job, lines); });
+  });
 
   CLI::App* read = app.add_subcommand("read", "read the chip in the socket into readdata.txt");
-  auto chip = std::make_shared<ChipOptions>();
-  read->add_option("--ic", chip->ic, "IC by its label, in the place of the job's; the writer then loses its job");
-  read->callback([&job, chip] { Read(job, *chip); });
+  auto ic = std::make_shared<std::string>();
+  read->add_option("--ic", *ic, "IC by its label, in the place of the job's; the writer then loses its job");
+  read->callback([&job, ic] {
+    if (ic->empty() || KnownIc(*ic) != nullptr) {
+      Read(job, *ic);
+    } else {
+      job.exitCode = kExitUsage;
+    }
+  });
 
   app.add_subcommand("self-test", "check the voltages of the writer's boards (needs --yes)")->callback([&job] {
-    SelfTest(job);
+    RunForLines(job, "self-test", "report", SelfTest);
   });
 }
 

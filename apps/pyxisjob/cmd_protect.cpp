@@ -24,19 +24,20 @@ bool WriterHolds(const std::array<std::uint8_t, kInfoBlockSize>& sent) {
   return std::equal(sent.begin(), sent.begin() + Field::WriterStatus.offset, held.begin());
 }
 
-bool Set(Job& job, bool on) {
-  if (!Allowed(job, MenuEntry::SetProtect, "Set Protect")) return false;
+Outcome Set(Job& job, bool on) {
+  if (!Allowed(job, MenuEntry::SetProtect, "Set Protect")) return Refused(Reason::NothingLoaded);
   if (!job.icKnown) {
     job.op.Tell("the writer's job is of no known IC", kMessageCaption, MessageIcon::Warning);
-    return false;
+    return Refused(Reason::NotSupported);
   }
   job.op.optionSelect = [on](COptionSelectDlg& dialog) {
     dialog.Click(COptionSelectDlg::Protection, on ? 1 : 0);
     dialog.OnOk();
     return DialogEnd::Ok;
   };
-  OnSetProtect();
-  return job.op.messages.empty() && WriterHolds(TheAppState().writer.WriterInfoBlock);
+  const Outcome outcome = OnSetProtect();
+  if (outcome.Good() && !WriterHolds(TheAppState().writer.WriterInfoBlock)) return Failed(Reason::OptionNotArrived);
+  return outcome;
 }
 
 }  // namespace
@@ -46,11 +47,11 @@ void AddProtect(CLI::App& app, Job& job) {
   auto state = std::make_shared<std::string>();
   command->add_option("STATE", *state, "on or off")->required()->check(CLI::IsMember({"on", "off"}));
   command->callback([&job, state] {
-    if (!Connect(job)) return Report(job, "protect", false);
-    const bool good = Set(job, *state == "on");
-    if (good && !job.options.json) std::printf("protection %s\n", state->c_str());
-    Report(job, "protect", good);
-    CloseTransport();
+    RunOnWriter(job, "protect", [&] {
+      const Outcome outcome = Set(job, *state == "on");
+      if (outcome.Good() && !job.options.json) std::printf("protection %s\n", state->c_str());
+      return outcome;
+    });
   });
 }
 

@@ -5,10 +5,11 @@
 #include <memory>
 #include <nlohmann/json.hpp>
 
-#include "catalogue/ic_select.h"
 #include "intake/load_file.h"
+#include "intake/package_files.h"
 #include "job.h"
 #include "link/identification.h"
+#include "platform/files.h"
 #include "platform/text.h"
 #include "serial/big_number.h"
 #include "serial/sn_record.h"
@@ -16,7 +17,6 @@
 #include "serial/sn_set.h"
 #include "shell/ground/app_state.h"
 #include "shell/menu_rules.h"
-#include "shell/on_device.h"
 #include "shell/start_up.h"
 #include "view/numeric_edit.h"
 
@@ -57,9 +57,25 @@ bool FieldTakes(const FieldRow& field, const std::string& text) {
   return EqualsNoCase(edit.Text(), text);
 }
 
+// serial.txt as it lay there: a refused series must not be the one that the next Load File takes.
+class KeptSerialFile {
+ public:
+  void Restore() const {
+    if (before_) {
+      WriteWholeFile(SerialFilePath(), *before_);
+    } else {
+      RemoveFile(SerialFilePath());
+    }
+  }
+
+ private:
+  std::optional<std::vector<std::uint8_t>> before_ = ReadWholeFile(SerialFilePath());
+};
+
 // Fills the fields as an operator would and presses Load. Whatever the dialog has to say counts as a refusal here, also
 // where it would go on: nobody is there to weigh it.
 DialogEnd AnswerSet(Job& job, const SerialArguments& given, CSnSetDlg& dialog) {
+  const KeptSerialFile kept;
   const std::size_t told = job.op.messages.size();
   dialog.OnLengthChange(given.length);
   dialog.OnAddressChange(given.address);
@@ -70,7 +86,9 @@ DialogEnd AnswerSet(Job& job, const SerialArguments& given, CSnSetDlg& dialog) {
   dialog.OnDirection(given.direction == "low" ? 0 : 1);
   if (job.op.messages.size() == told) dialog.OnLoad();
   if (dialog.ended && !dialog.written) Refuse(job, "The template or serial.txt can't be opened");
-  return dialog.ended && job.op.messages.size() == told ? DialogEnd::Ok : DialogEnd::Cancel;
+  if (dialog.ended && job.op.messages.size() == told) return DialogEnd::Ok;
+  if (dialog.written) kept.Restore();
+  return DialogEnd::Cancel;
 }
 
 void PrintChip(const Job& job, std::uint32_t chip, const std::string& serial, bool good) {
@@ -102,9 +120,7 @@ bool PressThrough(const Job& job, const SerialArguments& given, CSnProgramDlg& d
   for (; chip <= chips && dialog.snProgramEnabled; ++chip) {
     if (given.wait && !std::getline(std::cin, line)) break;
     const std::string serial = ToUpper(dialog.startText);
-    const std::string okBefore = dialog.okText;
-    dialog.OnSnProgram();
-    PrintChip(job, chip, serial, dialog.okText != okBefore);
+    PrintChip(job, chip, serial, dialog.OnSnProgram().Good());
     if (chip == kMostChips) break;
   }
   const bool enough = given.chips == 0 || !dialog.snProgramEnabled || chip > chips || chip == kMostChips;
@@ -151,44 +167,18 @@ bool MenuRoad(Job& job, const SerialArguments& given) {
   return ran;
 }
 
-// Selects the row of that label with Display Serial Number; false, with the operator told, where it isn't offered.
-DialogEnd AnswerSelection(Job& job, const SerialArguments& given, CIcSelectDlg& dialog) {
-  for (int series = 0; series < static_cast<int>(dialog.seriesList.size()); ++series) {
-    dialog.OnSeriesChange(series);
-    for (int type = 0; type < static_cast<int>(dialog.typeList.size()); ++type) {
-      if (!EqualsNoCase(dialog.typeList[static_cast<std::size_t>(type)], given.ic)) continue;
-      dialog.OnTypeChange(type);
-      const bool offered = dialog.displaySerial.enabled && (!given.exhvIsp || dialog.exhvIsp.enabled) &&
-                           (!given.isp || dialog.isp.enabled);
-      if (!offered) {
-        Refuse(job, given.ic + " doesn't offer these choices");
-        return DialogEnd::Cancel;
-      }
-      dialog.OnDisplaySerial(true);
-      if (given.exhvIsp) dialog.OnExhvIsp(true);
-      if (given.isp) dialog.OnIsp(true);
-      return dialog.OnOk() ? DialogEnd::Ok : DialogEnd::Cancel;
-    }
-  }
-  Refuse(job, given.ic + " is no IC of this writer; pyxisjob ics lists them");
-  job.exitCode = kExitUsage;
-  return DialogEnd::Cancel;
-}
-
 // IC selection with Display Serial Number, then Load File, whose package takes the series to the writer.
 bool SelectionRoad(Job& job, const SerialArguments& given) {
   bool set = false;
-  job.op.icSelect = [&](CIcSelectDlg& dialog) { return AnswerSelection(job, given, dialog); };
   job.op.snSet = [&](CSnSetDlg& dialog) {
     const DialogEnd end = AnswerSet(job, given, dialog);
     set = end == DialogEnd::Ok;
     return end;
   };
-  OnDevice();
-  if (!set) return false;
+  const Choices choices{.serial = true, .exhvIsp = given.exhvIsp, .isp = given.isp};
+  if (!SelectOnDevice(job, given.ic, choices) || !set) return false;
   job.op.file = given.file;
-  OnLoadFile();
-  if (job.op.messages.empty() || job.op.messages.back() != "Loading Data Ok" || !SnProgressDlg()) return false;
+  if (!OnLoadFile().Good() || !SnProgressDlg()) return false;
   CSnProgramDlg& dialog = *SnProgressDlg();
   ReportRun(job, dialog, PressThrough(job, given, dialog));
   dialog.OnClose();
@@ -196,13 +186,10 @@ bool SelectionRoad(Job& job, const SerialArguments& given) {
 }
 
 void Run(Job& job, const SerialArguments& given) {
-  if (!Connect(job)) return Report(job, "serial", false);
-  SettleModelAtSelection();
-  const bool ran = given.ic.empty() ? MenuRoad(job, given) : SelectionRoad(job, given);
-  if (const int code = job.exitCode; !ran) {
-    Report(job, "serial", false);
-    if (code == kExitUsage) job.exitCode = code;
-  }
+  if (!Connect(job)) return Report(job, "serial", Failed(Reason::NotReadable));
+  if (given.ic.empty()) SettleModelAtSelection();
+  if (!(given.ic.empty() ? MenuRoad(job, given) : SelectionRoad(job, given)))
+    Report(job, "serial", Refused(Reason::NotSupported));
   CloseTransport();
 }
 
@@ -212,9 +199,11 @@ bool Usable(const SerialArguments& given) {
     std::fprintf(stderr, "%s takes a hexadecimal number of at most %zu characters\n", field.option, field.limit);
     return false;
   }
-  if (given.ic.empty() == given.file.empty()) return true;
-  std::fprintf(stderr, "--ic and FILE go together: the road through IC selection\n");
-  return false;
+  if (given.ic.empty() != given.file.empty()) {
+    std::fprintf(stderr, "--ic and FILE go together: the road through IC selection\n");
+    return false;
+  }
+  return given.ic.empty() || KnownIc(given.ic) != nullptr;
 }
 
 }  // namespace

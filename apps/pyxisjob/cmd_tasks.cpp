@@ -15,35 +15,30 @@ namespace {
 struct TaskCommand {
   const char* name;
   const char* help;
-  void (*run)();
-  const char* okText;
+  Outcome (*run)();
+  ControlId button;
 };
 constexpr TaskCommand kCommands[] = {
-    {"auto", "blank check, program and verify", OnAuto, "Auto OK"},
-    {"blank", "blank check", OnBlankCheck, "BlankCheck OK"},
-    {"program", "program", OnProgram, "Program OK"},
-    {"verify", "verify", OnVerify, "Verify OK"},
+    {"auto", "blank check, program and verify", OnAuto, ControlId::Auto},
+    {"blank", "blank check", OnBlankCheck, ControlId::BlankCheck},
+    {"program", "program", OnProgram, ControlId::Program},
+    {"verify", "verify", OnVerify, ControlId::Verify},
 };
 
-void Run(Job& job, const TaskCommand& command) {
-  if (!Connect(job)) return Report(job, command.name, false);
-  // The window greys these buttons.
-  if (command.run != OnAuto && !TheMainControls()[ControlId::Program].enabled) {
-    job.op.Tell("Only auto works in Mass Production Mode and with a Production Limit", kMessageCaption,
-                MessageIcon::Warning);
-  } else {
-    command.run();
-  }
-  const auto& told = job.op.messages;
-  Report(job, command.name, !told.empty() && told.back() == command.okText);
-  CloseTransport();
+Outcome Run(Job& job, const TaskCommand& command) {
+  if (TheMainControls()[command.button].enabled) return command.run();
+  job.op.Tell("Only auto works in Mass Production Mode and with a Production Limit", kMessageCaption,
+              MessageIcon::Warning);
+  return Refused(Reason::NotSupported);
 }
 
 }  // namespace
 
 void AddTasks(CLI::App& app, Job& job) {
   for (const TaskCommand& command : kCommands)
-    app.add_subcommand(command.name, command.help)->callback([&job, &command] { Run(job, command); });
+    app.add_subcommand(command.name, command.help)->callback([&job, &command] {
+      RunOnWriter(job, command.name, [&] { return Run(job, command); });
+    });
 }
 
 }  // namespace pyxis::job

@@ -60,7 +60,7 @@ void PrintWriter(const Job& job) {
 
 void AddWriter(CLI::App& app, Job& job) {
   app.add_subcommand("writer", "identity, model, firmware, and the job that the writer holds")->callback([&job] {
-    if (!Connect(job)) return Report(job, "writer", false);
+    if (!Connect(job)) return Report(job, "writer", Failed(Reason::NotReadable));
     PrintWriter(job);
     CloseTransport();
   });

@@ -45,6 +45,14 @@ void TakeOverJob(Job& job) {
 
 }  // namespace
 
+bool StillAnswers(Job& job) {
+  std::array<char, kIdentitySize + 1> identity;
+  ReadIdentityText(identity);
+  if (identity[0] != '\0') return true;
+  job.op.Tell("The writer doesn't answer", kMessageCaption, MessageIcon::Stop);
+  return false;
+}
+
 bool Connect(Job& job) {
   Open(job.options.link);
   if (!TheAppState().writer.WriterConnected) {
@@ -52,16 +60,28 @@ bool Connect(Job& job) {
     return false;
   }
   IdentifyAtStart();
+  if (!StillAnswers(job)) {
+    CloseTransport();
+    return false;
+  }
   TakeOverJob(job);
   return true;
 }
 
-void Report(Job& job, const char* command, bool good) { Report(job, command, good, nlohmann::json::object()); }
+void RunOnWriter(Job& job, const char* command, const std::function<Outcome()>& run) {
+  if (!Connect(job)) return Report(job, command, Failed(Reason::NotReadable));
+  Report(job, command, run());
+  CloseTransport();
+}
 
-void Report(Job& job, const char* command, bool good, const nlohmann::json& members) {
-  if (!good) job.exitCode = kExitFailed;
+void Report(Job& job, const char* command, const Outcome& outcome) {
+  Report(job, command, outcome, nlohmann::json::object());
+}
+
+void Report(Job& job, const char* command, const Outcome& outcome, const nlohmann::json& members) {
+  if (!outcome.Good()) job.exitCode = kExitFailed;
   if (!job.options.json) return;
-  nlohmann::json object{{"command", command}, {"result", good ? 0 : 1}, {"messages", job.op.messages}};
+  nlohmann::json object{{"command", command}, {"result", outcome.Good() ? 0 : 1}, {"messages", job.op.messages}};
   object.update(members);
   Print(object);
 }

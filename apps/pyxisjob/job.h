@@ -9,10 +9,15 @@
 #include <vector>
 
 #include "platform/operator.h"
+#include "shell/ground/outcome.h"
 #include "shell/menu_rules.h"
 
 namespace CLI {
 class App;
+}
+
+namespace pyxis {
+struct ChipEntry;
 }
 
 namespace pyxis::job {
@@ -55,12 +60,17 @@ struct Options {
   bool no = false;
 };
 
-// The choices that go with an IC, as convert and load take them.
+// The boxes of IC selection.
+struct Choices {
+  bool serial = false, exhvIsp = false, isp = false, mass = false;
+  std::int32_t limit = 0;  // 0: no production limit
+};
+
+// What convert takes: an IC by label or number, and what a selection or a writer would have said of it.
 struct ChipOptions {
   std::string ic, code, chip, model, hw;
   std::uint32_t optionValue = 0x60;
-  bool serial = false, exhvIsp = false, isp = false, mass = false;
-  std::int32_t limit = 0;  // 0: no production limit
+  Choices choices;
 };
 
 struct Job {
@@ -70,22 +80,35 @@ struct Job {
   bool icKnown = false;  // the writer's job is of an IC of the catalogue
 };
 
+void AddChoices(CLI::App& command, Choices& choices);
 void AddChipOptions(CLI::App& command, ChipOptions& chip);
-// Looks --ic or --code up and fills AppState with the choices. Nothing, with a line on standard error, when the IC
-// isn't known.
+// For convert: looks --ic or --code up and fills AppState with the choices. Nothing, with a line on standard error,
+// when the IC isn't known.
 std::optional<std::uint32_t> SelectChip(const ChipOptions& chip);
+
+// The first row with this label or IC name, of either model; null, with a line on standard error, when there is none.
+const ChipEntry* KnownIc(const std::string& name);
+// IC selection as the operator does it: the menu command Device, the label (or the first label of the IC), the boxes by
+// the rules of the dialog. False, with the operator told, when the attached writer or the IC doesn't offer them.
+// Serial Number Set, where it opens, is answered by op.snSet.
+bool SelectOnDevice(Job& job, const std::string& name, const Choices& choices);
 
 // A JSON object on one line of standard output.
 void Print(const nlohmann::json& object);
 
 // Opens the writer on the transports that --link allows, identifies it and takes over the job that it holds. False,
-// with the operator told, when there is none.
+// with the operator told, when there is none, or when it doesn't answer.
 bool Connect(Job& job);
+// Whether the writer still answers at the end of a command that can't see a lost link by itself; tells the operator
+// when it doesn't.
+bool StillAnswers(Job& job);
+// Connects, runs the command, reports its outcome and closes the transport.
+void RunOnWriter(Job& job, const char* command, const std::function<Outcome()>& run);
 
-// The messages since the start as the result of a command: one JSON object, or nothing when they have been shown.
-void Report(Job& job, const char* command, bool good);
-// The same with more members, an object.
-void Report(Job& job, const char* command, bool good, const nlohmann::json& members);
+// The outcome of a command with its messages: one JSON object, or nothing when they have been shown. Members: an
+// object.
+void Report(Job& job, const char* command, const Outcome& outcome);
+void Report(Job& job, const char* command, const Outcome& outcome, const nlohmann::json& members);
 
 // Whether the menu entry would be enabled; the operator is told when it wouldn't.
 bool Allowed(Job& job, MenuEntry entry, const char* name);

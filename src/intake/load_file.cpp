@@ -2,6 +2,7 @@
 
 #include "catalogue/chip_catalogue.h"
 #include "intake/convert.h"
+#include "intake/package_files.h"
 #include "intake/ready_text.h"
 #include "link/writer_commands.h"
 #include "operations/download.h"
@@ -16,6 +17,7 @@
 #include "serial/sn_run.h"
 #include "shell/ground/app_state.h"
 #include "shell/ground/main_controls.h"
+#include "shell/ground/verdict_line.h"
 #include "view/buffer_area.h"
 #include "view/show_file.h"
 
@@ -77,46 +79,79 @@ void RestoreDisplay() {
   TheAppState().writer.ProgressMode = Progress::None;
 }
 
-// What goes to the writer; false when the run stops here.
-bool SendToWriter(std::uint32_t chipCode) {
+// What goes to the writer.
+Outcome SendToWriter(std::uint32_t chipCode) {
   SelectFirmware(chipCode);
-  if (TheAppState().writer.FirmwareLoadFailed) {
-    TheMachine().op->Tell("Update Firmware Fail");
-    SetWriterMode(mode::kIdle);
-    SendControl(control::kEndLoad);
-    return false;
-  }
-  DownloadPackages();
-  return true;
+  if (!TheAppState().writer.FirmwareLoadFailed) return DownloadPackages();
+  TheMachine().op->Tell("Update Firmware Fail");
+  SetWriterMode(mode::kIdle);
+  SendControl(control::kEndLoad);
+  return Failed(Reason::FirmwareFailed);
 }
 
-void Run(const ChipEntry& row, const std::string& path) {
+// The whole run behind the file dialog, up to what has become of the job.
+Outcome LoadJob(const ChipEntry& row, const std::string& path) {
   AppState& app = TheAppState();
-  app.selection.OptionValue = kDefaultOptionValue;
-  if (row.HasOptionDialog) ChooseOptions(row.ChipCode);
-  if (path.empty()) {
-    TheMachine().op->Tell("File is empty.", kPlainCaption);
-    return;
-  }
-  SetReadyText(ComposeReadyText(TheMachine().language->GetSystemDefaultLangID()));
-
   const bool converted = Convert(row, path) == 0;
-  if (ProtectionComesFromFile(row.ChipCode)) SetFusePanel(static_cast<int>(app.conversion.ImageUnprotected), -1, -1);
+  if (ProtectionComesFromFile(row.ChipCode)) SetFusePanel(app.conversion.ImageUnprotected ? 1 : 0, -1, -1);
   ShowResult();
   BeginBusyCursor("dinosaur.ani");
   if (app.writer.FirmwareLevel > kHostFirmwareLevel &&
-      !TheMachine().op->Ask("Software Version is Old, Still continue to use ?", kBlankCaption, MessageIcon::Warning)) {
-    RestoreDisplay();
-    return;
+      !TheMachine().op->Ask("Software Version is Old, Still continue to use ?", kBlankCaption, MessageIcon::Warning))
+    return Cancelled(Reason::NotConfirmed);
+  return converted ? SendToWriter(row.ChipCode) : Failed(Reason::NotConverted);
+}
+
+// Two ends leave the writer and the serial numbers' dialog as they were: an old program that the operator doesn't want
+// to use, and firmware that didn't arrive.
+bool EndsEarly(const Outcome& outcome) {
+  return outcome.reason == Reason::NotConfirmed || outcome.reason == Reason::FirmwareFailed;
+}
+
+// A writer that came while a dialog lay open may have brought another selection along.
+bool StillSelected(const ChipEntry& row, const std::string& chip) {
+  const Selection& now = TheAppState().selection;
+  if (&Row(now.SeriesIndex, now.TypeIndex) == &row && now.SelectedChip == chip) return true;
+  TheMachine().op->Tell("HW and SW Chip Name is discordant", kMessageCaption, MessageIcon::Warning);
+  return false;
+}
+
+// A job has arrived: the next thing is a chip.
+void AwaitChips() {
+  const auto& block = TheAppState().writer.WriterInfoBlock;
+  if (FieldByte(block, Field::ProductionFlags) == kProductionLimit)
+    SetChipsLeft(static_cast<std::uint32_t>(TheAppState().selection.ProductionLimitCount));
+  FocusControl(ControlId::Auto);
+}
+
+// The run ends before anything has been done.
+Outcome GiveUp(const Outcome& outcome) {
+  FrontHexView();
+  EmptyLoadedFile();
+  SetControlText(ControlId::FileField, "");
+  TheMachine().view->HexViewChanged();
+  return outcome;
+}
+
+Outcome Run(const ChipEntry& row, const std::string& path) {
+  AppState& app = TheAppState();
+  app.selection.OptionValue = kDefaultOptionValue;
+  const std::string chip = app.selection.SelectedChip;
+  if (row.HasOptionDialog) ChooseOptions(row.ChipCode);
+  if (!StillSelected(row, chip)) return GiveUp(Refused(Reason::OtherChip));
+  if (path.empty()) {
+    TheMachine().op->Tell("File is empty.", kPlainCaption);
+    return Cancelled(Reason::NoFile);
   }
-  if (converted && !SendToWriter(row.ChipCode)) {
-    RestoreDisplay();
-    return;
-  }
-  if (app.writer.WriterConnected) ReadInfoBlock(app.writer.WriterInfoBlock);
+  SetReadyText(ComposeReadyText(TheMachine().language->GetSystemDefaultLangID()));
+  const Outcome outcome = LoadJob(row, path);
+  if (!EndsEarly(outcome) && app.writer.WriterConnected) ReadInfoBlock(app.writer.WriterInfoBlock);
   RestoreDisplay();
-  BringSnProgressUpToDate();
+  if (EndsEarly(outcome)) return outcome;
+  BringSnProgressUpToDate(outcome.Good());
+  if (outcome.Good()) AwaitChips();
   PaintNow();
+  return outcome;
 }
 
 }  // namespace
@@ -127,23 +162,20 @@ const char* FileFilter(const char* fileExtension) {
   return kOtherFilter;
 }
 
-void OnLoadFile() {
+Outcome OnLoadFile() {
   AppState& app = TheAppState();
   FrontBufferArea();
   EmptyLoadedFile();
+  ClearVerdict();
   app.writer.ProgressMode = Progress::Transfers;
   ClearStatusText();
   const ChipEntry& row = Row(app.selection.SeriesIndex, app.selection.TypeIndex);
+  const std::string chip = app.selection.SelectedChip;
   const auto path = TheMachine().op->ChooseFile({FileKind::Program, FileFilter(row.FileExtension)});
-  if (!path) {
-    FrontHexView();
-    EmptyLoadedFile();
-    SetControlText(ControlId::FileField, "");
-    TheMachine().view->HexViewChanged();
-    return;
-  }
+  if (!path) return GiveUp(Cancelled(Reason::NoFile));
+  if (!StillSelected(row, chip)) return GiveUp(Refused(Reason::OtherChip));
   PaintNow();
-  Run(row, *path);
+  return Run(row, *path);
 }
 
 }  // namespace pyxis

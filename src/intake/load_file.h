@@ -4,10 +4,13 @@
 #include <cstdint>
 #include <string>
 
+#include "shell/ground/outcome.h"
+
 namespace pyxis {
 
-// The menu command. All results are in AppState, in the package files and in the writer.
-void OnLoadFile();
+// The menu command. All results are in AppState, in the package files and in the writer; good means that both packages
+// have arrived. Cancelled: NoFile, NotConfirmed; failed: NotConverted, FirmwareFailed, OptionNotArrived, DataNotArrived.
+Outcome OnLoadFile();
 
 // The file dialog filter of a row's FileExtension.
 const char* FileFilter(const char* fileExtension);

@@ -77,13 +77,15 @@ void CReadChipInfoDlg::OnInitDialog() {
   Changed();
 }
 
-void CReadChipInfoDlg::OnRead() {
+Outcome CReadChipInfoDlg::OnRead() {
+  if (!readEnabled) return Refused(Reason::NotSupported);
   AppState& app = TheAppState();
   readEnabled = cancelEnabled = false;
   const std::size_t shown = HasChecksumAndId() ? lines.size() : std::size_t{kChecksum};
   std::copy_n(kCaptions.begin(), shown, lines.begin());
   Show();
 
+  app.writer.ProgressMode = Progress::None;  // the task's own bar
   SetProgressRange(0, kTaskProgressTop);
   RunTask(task::kVerify, app.selection.VerifyTicks);
   SetProgressPosition(0);
@@ -95,6 +97,7 @@ void CReadChipInfoDlg::OnRead() {
   if (IsSupported()) ShowChip(lines);
   readEnabled = cancelEnabled = true;
   Show();
+  return kGood;
 }
 
 void OnReadChipInfo() {

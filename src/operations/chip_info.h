@@ -5,6 +5,8 @@
 #include <functional>
 #include <string>
 
+#include "shell/ground/outcome.h"
+
 namespace pyxis {
 
 // The dialog "Read CHIP Information".
@@ -20,7 +22,8 @@ class CReadChipInfoDlg {
 
   void OnInitDialog();
   // Runs Verify, in which the writer looks at the chip, and shows what the information block then says.
-  void OnRead();
+  // Refused: NotSupported. The transfers aren't looked at.
+  Outcome OnRead();
 
  private:
   void Show();

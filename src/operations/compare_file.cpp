@@ -100,15 +100,19 @@ void CDownloadInfoDlg::Enable(bool enabled) {
   PumpPaint();
 }
 
-void CDownloadInfoDlg::OnCompareFile() {
+Outcome CDownloadInfoDlg::OnCompareFile() {
   lines[2] = Printf(kResultFormat, "");
   Enable(false);
   const CompareKind& kind = CompareKindOf(ChipNameOf(TheAppState().writer.WriterInfoBlock));
   const auto chosen = TheMachine().op->ChooseFile({FileKind::Comparison, kind.filter});
-  if (chosen && MakeCompareTarget(kind, *chosen))
-    lines[2] = Printf(kResultFormat, CompareWithWriter(CompareTargetPath(*chosen)) ? "OK" : "Fail");
+  Outcome outcome = chosen ? Failed(Reason::NotReadable) : Cancelled(Reason::NoFile);
+  if (chosen && MakeCompareTarget(kind, *chosen)) {
+    outcome = CompareWithWriter(CompareTargetPath(*chosen)) ? kGood : Failed(Reason::Different);
+    lines[2] = Printf(kResultFormat, outcome.Good() ? "OK" : "Fail");
+  }
   SetProgressPosition(0);
   Enable(true);
+  return outcome;
 }
 
 void OnDownloadInfo() {

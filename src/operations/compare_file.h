@@ -5,6 +5,8 @@
 #include <functional>
 #include <string>
 
+#include "shell/ground/outcome.h"
+
 namespace pyxis {
 
 // The dialog "Download File Information".
@@ -20,7 +22,8 @@ class CDownloadInfoDlg {
 
   // Asks for a file, makes <stem>.bin of it as the writer's data area would hold it, and compares the two. A file that
   // can't be read or made leaves the third line without a result; the operator has been told why.
-  void OnCompareFile();
+  // Cancelled: NoFile; failed: NotReadable (no target), Different.
+  Outcome OnCompareFile();
 
  private:
   void Enable(bool enabled);

@@ -72,27 +72,38 @@ bool RewriteOptionArea(const std::string& path) {
   return good;
 }
 
-void DownloadPackages() {
-  Operator& op = *TheMachine().op;
+namespace {
+
+// The data package behind an option package that has arrived, and the end of the load.
+Outcome SendDataPackage() {
+  ShowVendorStep(bar::kAfterOption);
+  const bool good = DownloadPackageFile(DataPackagePath(), area::kData);
+  if (good) SetWriterMode(mode::kIdle);
+  SendControl(control::kEndLoad);
+  if (good) ShowVendorStep(bar::kClosed);
+  WaitMs(kSettleMs);
+  if (good) ShowVendorStep(bar::kDone);
+  return good ? kGood : Failed(Reason::DataNotArrived);
+}
+
+Outcome SendPackages() {
   if (TheAppState().writer.UseVendorApi) SetProgressRange(0, kTransferSteps);
   ShowVendorStep(bar::kStart);
   StartTask(task::kOpenPackageLoad);
   SendControl(control::kBeginLoad);
   ShowVendorStep(bar::kBeforeOption);
-  if (!DownloadPackageFile(OptionPackagePath(), area::kOption)) {
-    SendControl(control::kEndLoad);
-    op.Tell("Loading Data Fail");
-  } else {
-    ShowVendorStep(bar::kAfterOption);
-    const bool good = DownloadPackageFile(DataPackagePath(), area::kData);
-    if (good) SetWriterMode(mode::kIdle);
-    SendControl(control::kEndLoad);
-    if (good) ShowVendorStep(bar::kClosed);
-    WaitMs(kSettleMs);
-    if (good) ShowVendorStep(bar::kDone);
-    op.Tell(good ? "Loading Data Ok" : "Loading Data Fail");
-  }
+  if (DownloadPackageFile(OptionPackagePath(), area::kOption)) return SendDataPackage();
+  SendControl(control::kEndLoad);
+  return Failed(Reason::OptionNotArrived);
+}
+
+}  // namespace
+
+Outcome DownloadPackages() {
+  const Outcome outcome = SendPackages();
+  TheMachine().op->Tell(outcome.Good() ? "Loading Data Ok" : "Loading Data Fail");
   TheMachine().view->HexViewChanged();
+  return outcome;
 }
 
 }  // namespace pyxis

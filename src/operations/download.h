@@ -4,13 +4,15 @@
 #include <cstdint>
 #include <string>
 
+#include "shell/ground/outcome.h"
+
 namespace pyxis {
 
 // A package file and a firmware transfer have at most this many bytes.
 inline constexpr std::size_t kTransferBufferSize = 131072;
 
-// Both package files; tells the operator itself.
-void DownloadPackages();
+// Both package files; tells the operator itself. Failed: OptionNotArrived, DataNotArrived.
+Outcome DownloadPackages();
 // One file into one area (area::kOption or area::kData); true when the read-back equals the file.
 bool DownloadPackageFile(const std::string& path, std::uint8_t areaSelector);
 // The option area alone: opens the load, sends the file, closes. The result of DownloadPackageFile.

@@ -123,11 +123,11 @@ void SelectFirmware(std::uint32_t chipCode) {
   }
 }
 
-void OnUpdateFirmware() {
+Outcome OnUpdateFirmware() {
   Operator& op = *TheMachine().op;
   const auto path = op.ChooseFile(
       {FileKind::Firmware, "Kestrel Nce Files (*.nce)|*.nce||", FirmwareFolder(TheAppState().writer.WriterModel)});
-  if (!path) return;
+  if (!path) return Cancelled(Reason::NoFile);
   PumpPaint();
   BeginBusyCursor("dinosaur.ani");
   const auto image = ReadForUpdate(*path);
@@ -135,10 +135,12 @@ void OnUpdateFirmware() {
   if (!image || image->size() <= address::kModel || RefusesImage((*image)[address::kModel])) {
     op.Tell(Printf("%s open file error\n", path->c_str()), kPlainCaption);
     EndBusyCursor();
-    return;
+    return Refused(Reason::NotReadable);
   }
-  op.Tell(LoadFirmware(*path, true) ? "Update Firmware Ok" : "Update Firmware Fail");
+  const bool good = LoadFirmware(*path, true);
+  op.Tell(good ? "Update Firmware Ok" : "Update Firmware Fail");
   EndBusyCursor();
+  return good ? kGood : Failed(Reason::FirmwareFailed);
 }
 
 }  // namespace pyxis

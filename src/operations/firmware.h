@@ -5,6 +5,8 @@
 #include <cstdint>
 #include <string>
 
+#include "shell/ground/outcome.h"
+
 namespace pyxis {
 
 inline constexpr std::size_t kFirmwareImageSize = 0x10800;
@@ -13,8 +15,9 @@ inline constexpr std::size_t kFirmwareImageSize = 0x10800;
 // image counts as a failed load, and nothing is sent.
 bool LoadFirmware(const std::string& path, bool sendStartByte);
 
-// The menu command Update F/W.
-void OnUpdateFirmware();
+// The menu command Update F/W. Cancelled: NoFile; refused: NotReadable, also for an image of the other model; failed:
+// FirmwareFailed.
+Outcome OnUpdateFirmware();
 
 // Sends the image that the IC needs unless the writer holds it; the outcome is FirmwareLoadFailed. An image that is
 // missing or can't be read sets it.

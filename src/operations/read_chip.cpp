@@ -85,7 +85,7 @@ bool ReadChip() {
   return written;
 }
 
-void OnRead() {
+Outcome OnRead() {
   LoadTemplateIfNeeded();
   WaitMs(kBeforeReadMs);
   BeginOperation(Progress::Read);
@@ -93,6 +93,7 @@ void OnRead() {
   TheAppState().writer.ProgressMode = Progress::None;
   TheMachine().op->Tell(good ? "Read OK" : "Read FAIL");
   EndOperation();
+  return good ? kGood : Failed(Reason::NotWritable);
 }
 
 }  // namespace pyxis

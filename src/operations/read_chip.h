@@ -3,14 +3,16 @@
 
 #include <string>
 
+#include "shell/ground/outcome.h"
+
 namespace pyxis {
 
 // In AppDir; binary, whatever its extension says.
 std::string ReadDataPath();
 
-// The button Read; tells the operator itself. A writer that holds no job of the selected IC first gets the IC's template
+// The button Read; tells the operator itself; failed: NotWritable. A writer that holds no job of the selected IC first gets the IC's template
 // as its option area.
-void OnRead();
+Outcome OnRead();
 
 // The read proper, ReadSizeBytes less the words in front of DualStart. False when the result file can't be written, which
 // leaves everything else as it was, or when nothing would be left to read. The transfers aren't looked at.

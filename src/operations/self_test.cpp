@@ -82,34 +82,41 @@ class Meter {
   std::uint8_t step_ = kFirstStep;
 };
 
-std::string MeasureAll() {
+// Appends the report; whether every value is good.
+bool MeasureAll(std::string& report) {
   for (const std::uint16_t value : kSetUp) SendTestSet(value);
   Meter meter;
   meter.Run(kFirstStep);
   const std::span<const TestRow> rows = TheAppState().writer.HwFolder == kDacBoardFolder
                                             ? std::span<const TestRow>(kWithDacBoard)
                                             : std::span<const TestRow>(kWithoutDacBoard);
-  std::string report;
+  bool allGood = true;
   for (const TestRow& row : rows) {
     const std::uint8_t value = meter.Value(row.step, row.measure);
     report += row.heading;
-    report += value >= row.lowest && value <= row.highest ? row.goodText : row.badText;
+    const bool good = value >= row.lowest && value <= row.highest;
+    report += good ? row.goodText : row.badText;
+    allGood = allGood && good;
   }
-  return report;
+  return allGood;
 }
 
 }  // namespace
 
-void WriterTest() {
+Outcome WriterTest() {
   Operator& op = *TheMachine().op;
-  if (!op.Ask(" Are Disconnect Program Port Cable ? ", kBlankCaption, MessageIcon::Warning)) return;
+  if (!op.Ask(" Are Disconnect Program Port Cable ? ", kBlankCaption, MessageIcon::Warning))
+    return Cancelled(Reason::NotConfirmed);
   FrontBufferArea();
   ConfigureHexView();
   SetReadyText("");
-  SetReadyText(MeasureAll());
+  std::string report;
+  const bool good = MeasureAll(report);
+  SetReadyText(report);
   op.Tell("Test Complete");
   FrontHexView();
   TheMachine().view->HexViewChanged();
+  return good ? kGood : Failed(Reason::OutOfRange);
 }
 
 }  // namespace pyxis

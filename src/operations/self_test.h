@@ -1,10 +1,13 @@
 // Writer Test: the voltages of the writer's own boards.
 #pragma once
 
+#include "shell/ground/outcome.h"
+
 namespace pyxis {
 
 // The button Writer Test: asks, measures, and lists Ok or Fail for each test in the buffer area (ReadyText). The chip
 // socket isn't involved. Which tests there are depends on HwFolder.
-void WriterTest();
+// Cancelled: NotConfirmed; failed: OutOfRange.
+Outcome WriterTest();
 
 }  // namespace pyxis

@@ -11,6 +11,7 @@
 #include "platform/operator.h"
 #include "shell/ground/app_state.h"
 #include "shell/ground/main_controls.h"
+#include "shell/ground/verdict_line.h"
 
 namespace pyxis {
 
@@ -43,16 +44,29 @@ constexpr int kEqualReadsWanted = 5;
 constexpr std::uint8_t kUnread[] = {0xA4, 0x58};
 static_assert((kUnread[0] & kStatusBits) == 0 && (kUnread[1] & kStatusBits) == 0);
 
-// The message of the first guard that fails, or null.
-const char* RefusalOf(const Operation& operation) {
+// The first guard that fails.
+Outcome Guard(const Operation& operation) {
   AppState& app = TheAppState();
   if (operation.refreshesBlock) ReadInfoBlock(app.writer.WriterInfoBlock);
   const auto& block = app.writer.WriterInfoBlock;
-  if (ChipNameOf(block) != app.selection.SelectedChip) return "HW and SW Chip Name is discordant";
-  if (FieldByte(block, Field::SerialHead) == kSerialNeedsReload) return "Please Reload Program File";
-  if (FieldWord(block, Field::ImageChecksum) == 0) return "Please Download File";
-  if (operation.refreshesBlock && FieldByte(block, Field::WriterStatus) >> 4 == 1) return "Production Limit Complete";
-  return nullptr;
+  if (ChipNameOf(block) != app.selection.SelectedChip) return Refused(Reason::OtherChip);
+  if (FieldByte(block, Field::SerialHead) == kSerialNeedsReload) return Refused(Reason::NeedsReload);
+  if (FieldWord(block, Field::ImageChecksum) == 0) return Refused(Reason::NothingLoaded);
+  if (operation.refreshesBlock && FieldByte(block, Field::WriterStatus) >> 4 == 1) return Refused(Reason::LimitReached);
+  return kGood;
+}
+
+const char* RefusalText(Reason reason) {
+  switch (reason) {
+    case Reason::OtherChip:
+      return "HW and SW Chip Name is discordant";
+    case Reason::NeedsReload:
+      return "Please Reload Program File";
+    case Reason::NothingLoaded:
+      return "Please Download File";
+    default:
+      return "Production Limit Complete";
+  }
 }
 
 // From the file, not from the block. A file that is gone asks nothing.
@@ -62,24 +76,31 @@ bool PackageIsFlash() {
          FieldByte(*package, Field::ChipClass) == kChipClassFlash;
 }
 
-void Run(const Operation& operation) {
-  AppState& app = TheAppState();
+Outcome Perform(const Operation& operation) {
+  if (operation.asksBeforeErase && PackageIsFlash() &&
+      !TheMachine().op->Ask(" MTP/Flash series IC will clear all data ", kBlankCaption, MessageIcon::Question))
+    return Cancelled(Reason::NotConfirmed);
+  BeginVerdict();
+  return RunTask(operation.task, TheAppState().selection.*operation.divisor) ? kGood : Failed(Reason::VerdictFailed);
+}
+
+Outcome Run(const Operation& operation) {
   Operator& op = *TheMachine().op;
-  if (const char* refusal = RefusalOf(operation); refusal != nullptr) {
-    op.Tell(refusal, kMessageCaption, MessageIcon::Warning);
-    return;
+  if (const Outcome guard = Guard(operation); !guard.Good()) {
+    if (guard.reason == Reason::LimitReached) SetChipsLeft(0);
+    op.Tell(RefusalText(guard.reason), kMessageCaption, MessageIcon::Warning);
+    return guard;
   }
   BeginOperation(operation.progress);
-  if (operation.asksBeforeErase && PackageIsFlash() &&
-      !op.Ask(" MTP/Flash series IC will clear all data ", kBlankCaption, MessageIcon::Question)) {
-    app.writer.ProgressMode = Progress::None;
-    EndOperation();
-    return;
+  const Outcome outcome = Perform(operation);
+  TheAppState().writer.ProgressMode = Progress::None;
+  if (outcome.end != End::Cancelled) {
+    const char* words = outcome.Good() ? operation.okText : operation.failText;
+    ShowVerdict(words, outcome.Good(), operation.refreshesBlock);
+    op.Tell(words);
   }
-  const bool good = RunTask(operation.task, app.selection.*operation.divisor);
-  app.writer.ProgressMode = Progress::None;
-  op.Tell(good ? operation.okText : operation.failText, kMessageCaption);
   EndOperation();
+  return outcome;
 }
 
 // Polls until one value has held; failure when the link is gone or the bound is over.
@@ -141,9 +162,9 @@ bool RunTask(std::uint8_t task, std::uint32_t divisor) {
   return true;
 }
 
-void OnAuto() { Run(kAuto); }
-void OnBlankCheck() { Run(kBlankCheck); }
-void OnProgram() { Run(kProgram); }
-void OnVerify() { Run(kVerify); }
+Outcome OnAuto() { return Run(kAuto); }
+Outcome OnBlankCheck() { return Run(kBlankCheck); }
+Outcome OnProgram() { return Run(kProgram); }
+Outcome OnVerify() { return Run(kVerify); }
 
 }  // namespace pyxis

@@ -4,13 +4,16 @@
 #include <cstdint>
 
 #include "shell/ground/app_state.h"
+#include "shell/ground/outcome.h"
 
 namespace pyxis {
 
-void OnAuto();
-void OnBlankCheck();
-void OnProgram();
-void OnVerify();
+// The buttons: each tells the operator how it ended. Refused: OtherChip, NeedsReload, NothingLoaded, LimitReached;
+// cancelled: NotConfirmed; failed: VerdictFailed.
+Outcome OnAuto();
+Outcome OnBlankCheck();
+Outcome OnProgram();
+Outcome OnVerify();
 
 inline constexpr int kTaskProgressTop = 50;  // a task's progress runs from 0 to here
 

@@ -91,36 +91,38 @@ void ChangeBit(const ProtectBit& place, bool protect) {
   }
 }
 
-void SendOptionArea() {
+Outcome SendOptionArea() {
+  Outcome outcome = Failed(Reason::NotWritable);
   StartTask(task::kOpenPackageLoad);
   SendControl(control::kBeginLoad);
   if (WriteWholeFile(OptionPackagePath(), TheAppState().writer.WriterInfoBlock)) {
-    DownloadPackageFile(OptionPackagePath(), area::kOption);
+    outcome = DownloadPackageFile(OptionPackagePath(), area::kOption) ? kGood : Failed(Reason::OptionNotArrived);
   } else {
     TheMachine().op->Tell(Printf("Open Fail ! (%s)", OptionPackagePath().c_str()), kPlainCaption);
   }
   SetWriterMode(mode::kIdle);
   SendControl(control::kEndLoad);
+  return outcome;
 }
 
 }  // namespace
 
-void OnSetProtect() {
+Outcome OnSetProtect() {
   AppState& app = TheAppState();
   ReadInfoBlock(app.writer.WriterInfoBlock);
   const ChipEntry& row = Row(app.selection.SeriesIndex, app.selection.TypeIndex);
   // After a start on a job whose IC isn't found by its bare name the row is another IC's, and so would be the bit.
   if (!EqualsNoCase(row.ChipName, app.selection.SelectedChip)) {
     TheMachine().op->Tell("HW and SW Chip Name is discordant", kMessageCaption, MessageIcon::Warning);
-    return;
+    return Refused(Reason::OtherChip);
   }
   COptionSelectDlg dialog;
   dialog.choice[COptionSelectDlg::Mode] = dialog.choice[COptionSelectDlg::Clock] = -1;
   dialog.OnInitDialog();
-  if (TheMachine().op->RunDialog(dialog) != DialogEnd::Ok) return;
+  if (TheMachine().op->RunDialog(dialog) != DialogEnd::Ok) return Cancelled();
   ResetFusePanel();
   ChangeBit(BitOf(row.ChipName), dialog.choice[COptionSelectDlg::Protection] == 1);
-  SendOptionArea();
+  return SendOptionArea();
 }
 
 }  // namespace pyxis

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <new>
+#include <span>
 
 #include "intake/package_files.h"
 #include "link/writer_commands.h"
@@ -15,6 +16,7 @@
 #include "serial/sn_set.h"
 #include "shell/ground/app_state.h"
 #include "shell/ground/main_controls.h"
+#include "shell/ground/verdict_line.h"
 
 namespace pyxis {
 
@@ -67,20 +69,23 @@ void CSnProgramDlg::OnSnSet() {
   Changed();
 }
 
-void CSnProgramDlg::OnSnProgram() {
-  if (!snProgramEnabled) return;
+Outcome CSnProgramDlg::OnSnProgram() {
+  if (!snProgramEnabled) return Refused(Reason::NothingLoaded);
   const AppState& app = TheAppState();
   SnRecord& record = TheSnRecord();
   totalCount_.Increment();
   ShowCounters();
+  TheAppState().writer.ProgressMode = Progress::None;  // the task's own bar
   SetProgressRange(0, kTaskProgressTop);
+  BeginVerdict();
   const bool good = SnFromIcSelection ? RunTask(task::kAuto, app.selection.AutoTicks)
                                       : RunTask(task::kProgram, app.selection.ProgramTicks);
   SetProgressPosition(0);
+  ShowVerdict(good ? "S/N Program OK" : "S/N Program FAIL", good, SnFromIcSelection);
   if (!good) {
     ngCount_.Increment();
     ShowCounters();
-    return;
+    return Failed(Reason::VerdictFailed);
   }
   workSerial_.TakeHex(record.SnStartText);
   workSerial_.Increment();
@@ -90,10 +95,11 @@ void CSnProgramDlg::OnSnProgram() {
   ShowCounters();
   endSerial_.TakeHex(record.SnEndText);
   workSerial_.Decrement();  // the serial that this chip received
-  if (!workSerial_.Equals(endSerial_)) return;
+  if (!workSerial_.Equals(endSerial_)) return kGood;
   snProgramEnabled = false;
   Changed();
   TheMachine().op->Tell("Serial Number Program Complete");
+  return kGood;
 }
 
 void CSnProgramDlg::OnResetCount() {
@@ -135,36 +141,48 @@ bool MakeSnProgressDlg() {
   return false;
 }
 
-// What Load File has brought into the writer.
+std::string TextOf(std::span<const std::uint8_t> bytes) {
+  std::string text;
+  for (const std::uint8_t byte : bytes) text += Printf("%02X", byte);
+  BigNumber number;
+  number.TakeHex(text);
+  return number.Hex();
+}
+
+// A job of an IC whose converter knows no serials has none.
 bool WriterCountsSerials() {
   return (FieldByte(TheAppState().writer.WriterInfoBlock, Field::SerialHead) & kSerialRoadBits) == kSerialBySelection;
 }
 
-// A load begins the writer's count at the first serial again, and the shown serial follows that count.
+// The series that the load has taken to the writer, which counts from its first serial on. It is the one of the record
+// unless an older serial.txt lay there.
 void FollowTheWriter() {
   SnRecord& record = TheSnRecord();
-  const std::uint8_t* first = &TheAppState().writer.WriterInfoBlock[kFirstSerialOffset];
-  if (!WriterCountsSerials() || !std::equal(record.SnStartBytes.begin(), record.SnStartBytes.end(), first)) return;
-  std::string text;
-  for (const std::uint8_t byte : record.SnStartBytes) text += Printf("%02X", byte);
-  BigNumber start;
-  start.TakeHex(text);
-  record.SnStartText = start.Hex();
+  const std::span<const std::uint8_t> block = TheAppState().writer.WriterInfoBlock;
+  const std::span<const std::uint8_t> first = block.subspan(kFirstSerialOffset, record.SnStartBytes.size());
+  const std::span<const std::uint8_t> behindLast = block.subspan(Field::SerialBlock.offset, record.SnEndBytes.size());
+  record.SnStartText = TextOf(first);
+  if (std::ranges::equal(record.SnStartBytes, first) && std::ranges::equal(record.SnEndBytes, behindLast)) return;
+  record.SnLength = block[Field::SerialHead.offset + 1];
+  BigNumber end;
+  end.TakeHex(TextOf(behindLast));
+  end.Decrement();
+  record.SnEndText = end.Hex();
 }
 
 }  // namespace
 
-void BringSnProgressUpToDate() {
+void BringSnProgressUpToDate(bool arrived) {
   const AppState& app = TheAppState();
   SwitchTaskButtonsBySnMode();
-  if (app.selection.SnMode) FollowTheWriter();
+  const bool counts = arrived && app.selection.SnMode && WriterCountsSerials();
+  if (counts) FollowTheWriter();
   if (!snProgressDlg && !MakeSnProgressDlg()) return;
   CSnProgramDlg& dialog = *snProgressDlg;
   dialog.SnFromIcSelection = app.selection.SnMode;
   dialog.ended = false;
   dialog.snSetEnabled = false;
-  // A load that failed leaves a job without serials: a press would burn it.
-  dialog.snProgramEnabled = !app.selection.SnMode || WriterCountsSerials();
+  if (arrived) dialog.snProgramEnabled = counts || !app.selection.SnMode;
   dialog.visible = app.selection.SnMode;
   dialog.RefreshFields();
   TheMachine().view->SnProgressChanged();

@@ -6,6 +6,7 @@
 #include <string>
 
 #include "serial/big_number.h"
+#include "shell/ground/outcome.h"
 
 namespace pyxis {
 
@@ -14,7 +15,8 @@ class CSnProgramDlg {
   explicit CSnProgramDlg(bool snFromIcSelection);
 
   void OnInitDialog();
-  void OnSnProgram();  // the default button
+  // The default button: one chip. Refused while the button is off; failed: VerdictFailed.
+  Outcome OnSnProgram();
   void OnSnSet();
   void OnResetCount();
   void OnClose();
@@ -39,7 +41,9 @@ class CSnProgramDlg {
 std::unique_ptr<CSnProgramDlg>& SnProgressDlg();
 
 // Load File's last step: creates or refreshes the instance, shows or hides it by SnMode, and switches the four buttons.
-void BringSnProgressUpToDate();
+// `arrived`: the writer holds this load's packages, and so begins its series at the first serial; otherwise it goes on
+// with what it had, and so do the shown serial and the button.
+void BringSnProgressUpToDate(bool arrived);
 
 // Another selection: the series that the instance shows is no longer the writer's. Load File enables it again.
 void StopSnProgress();

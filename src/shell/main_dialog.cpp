@@ -111,48 +111,65 @@ void CPyxisLoadDlg::OnDevice(const DeviceEvent& event) {
 void CPyxisLoadDlg::RunCommand(MenuEntry entry) {
   switch (entry) {
     case MenuEntry::LoadFile:
-      return OnLoadFile();
+      OnLoadFile();
+      break;
     case MenuEntry::Exit:
-      return OnExit();
+      OnExit();
+      break;
     case MenuEntry::Device:
-      return pyxis::OnDevice();
+      pyxis::OnDevice();
+      break;
     case MenuEntry::UpdateFirmware:
-      return OnUpdateFirmware();
+      OnUpdateFirmware();
+      break;
     case MenuEntry::SerialNumberProgram:
-      return OnSerialNumberProgram();
+      OnSerialNumberProgram();
+      break;
     case MenuEntry::SetProtect:
-      return OnSetProtect();
+      OnSetProtect();
+      break;
     case MenuEntry::About:
-      return TheMachine().op->RunAbout();
+      TheMachine().op->RunAbout();
+      break;
     case MenuEntry::CheckNewVersion:
-      return CheckNewVersion();
+      CheckNewVersion();
+      break;
     case MenuEntry::CompareFile:
-      return OnDownloadInfo();
+      OnDownloadInfo();
+      break;
     case MenuEntry::ReadChipInfo:
-      return OnReadChipInfo();
+      OnReadChipInfo();
+      break;
     case MenuEntry::SaveAs:
-      return;
+      break;
   }
 }
 
 void CPyxisLoadDlg::RunButton(ControlId button) {
   switch (button) {
     case ControlId::Auto:
-      return OnAuto();
+      OnAuto();
+      break;
     case ControlId::BlankCheck:
-      return OnBlankCheck();
+      OnBlankCheck();
+      break;
     case ControlId::Program:
-      return OnProgram();
+      OnProgram();
+      break;
     case ControlId::Verify:
-      return OnVerify();
+      OnVerify();
+      break;
     case ControlId::SmartOption:
-      return OnSmartOption();
+      OnSmartOption();
+      break;
     case ControlId::Read:
-      return OnRead();
+      OnRead();
+      break;
     case ControlId::WriterTest:
-      return WriterTest();
+      WriterTest();
+      break;
     default:
-      return;
+      break;
   }
 }
 

@@ -117,7 +117,7 @@ TEST_P(Serial, TheDialogThatCannotBeMade) {
   } view;
   TheMachine().view = &view;
   TheAppState().selection.SnMode = true;
-  BringSnProgressUpToDate();
+  BringSnProgressUpToDate(true);
   EXPECT_EQ(op.Heard(), Texts{"Error creating Dialog"});
   EXPECT_FALSE(SnProgressDlg());
 }
@@ -127,7 +127,7 @@ TEST_P(Serial, ARunToItsEnd) {
   Select("QV8348");
   TheAppState().selection.SnMode = true;
   ASSERT_TRUE(Set(true, {"1", "0", "0E", "3"}));
-  BringSnProgressUpToDate();  // as after a load that failed: the writer holds no series
+  BringSnProgressUpToDate(false);  // as after a load that failed: the writer holds no series
   EXPECT_FALSE(SnProgressDlg()->snProgramEnabled);
   LoadSample("QV8348");
   op.told.clear();

@@ -71,7 +71,7 @@ TEST_F(MainWindowTest, TheLastVerdictStaysInWords) {
   Press(*window, "Auto");
   EXPECT_EQ(All(words(), counts()), All("Auto OK", "OK 1   NG 0   Left 2"));
   const QColor good = ground();
-  writer.chip.worn = true;
+  writer.chip.state = standin::ChipState::Worn;
   Press(*window, "Auto");
   EXPECT_EQ(All(words(), counts()), All("Auto FAIL", "OK 1   NG 1   Left 2"));
   EXPECT_NE(ground(), good);
