@@ -163,19 +163,33 @@ TEST_F(EveryWindow, CaptionsDefaultButtonAndEscape) {
     const char *title, *texts, *standard;
   };
   const std::map<std::string, Row> rows{
-      {"ic_type_select", {"IC Type Select", "Series|Type|Series :|IC Type :|Display Serial Number|EXHV ISP program|"
-                          "ISP program|Mass Production Mode|Production Limit :|OK|Cancel", "OK"}},
-      {"option_select", {"Option Select 1", "Unprotect|Protect|Fast mode|Dual mode|32KHz disable|32KHz enable|OK", "OK"}},
+      {"ic_type_select",
+       {"IC Type Select",
+        "Series|Type|Series :|IC Type :|Display Serial Number|EXHV ISP program|"
+        "ISP program|Mass Production Mode|Production Limit :|OK|Cancel",
+        "OK"}},
+      {"option_select",
+       {"Option Select 1", "Unprotect|Protect|Fast mode|Dual mode|32KHz disable|32KHz enable|OK", "OK"}},
       {"goto_address", {"Go to address", "Go to :|(hex)|OK|Cancel", "OK"}},
       {"smart_option", {"Smart Option [ System config : FFFFFFFF ]", "", ""}},
-      {"serial_number_set", {"Serial Number Set", "S/N Length [Hex]:|S/N Start Address (Hex) :|Start Serial NO (Hex) : |"
-                             "S/N Amount (Hex) : |Direction (MSB in) : |Low Byte|Hight Byte|Load|Cancel", "Load"}},
-      {"serial_number_program", {"Serial Number Program", "Chip Type :  |Start Serial NO[Hex] : |End Serial NO[Hex] : |"
-                                 "S/N Start Address[Hex] : |S/N End Address[Hex] : |  Counter  |OK (Hex) : |"
-                                 "NG (Hex) : |Total (Hex) : |S/N Program|S/N SET|Reset Count|Close", "S/N Program"}},
-      {"read_chip_info", {"Read CHIP Information", "Chip Name : |System Config : |Checksum : |ID : |Read|Cancel", "Read"}},
-      {"compare_file", {"Download File Information", "Chip Name : QVL04|Download File Time :2015/12/31_23:59:59|"
-                        "Compare Result : |Compare File|Cancel", "Compare File"}},
+      {"serial_number_set",
+       {"Serial Number Set",
+        "S/N Length [Hex]:|S/N Start Address (Hex) :|Start Serial NO (Hex) : |"
+        "S/N Amount (Hex) : |Direction (MSB in) : |Low Byte|Hight Byte|Load|Cancel",
+        "Load"}},
+      {"serial_number_program",
+       {"Serial Number Program",
+        "Chip Type :  |Start Serial NO[Hex] : |End Serial NO[Hex] : |"
+        "S/N Start Address[Hex] : |S/N End Address[Hex] : |  Counter  |OK (Hex) : |"
+        "NG (Hex) : |Total (Hex) : |S/N Program|S/N SET|Reset Count|Close",
+        "S/N Program"}},
+      {"read_chip_info",
+       {"Read CHIP Information", "Chip Name : |System Config : |Checksum : |ID : |Read|Cancel", "Read"}},
+      {"compare_file",
+       {"Download File Information",
+        "Chip Name : QVL04|Download File Time :2015/12/31_23:59:59|"
+        "Compare Result : |Compare File|Cancel",
+        "Compare File"}},
       {"about", {"About PyxisLoad", "PyxisLoad|Version 1.0.0 Build 007|OK", "OK"}}};
   TheAppState().conversion.SystemConfigWord = -1;
   ForEach([&](QWidget& shown, const std::string& name) {

@@ -35,7 +35,9 @@ class HexViewWindow : public Bench {
   void Click(int column, int row, Qt::KeyboardModifiers modifiers = {}) {
     QTest::mouseClick(port, Qt::LeftButton, modifiers, At(column, row));
   }
-  void Key(int key, Qt::KeyboardModifiers modifiers = {}) { QTest::keyClick(&widget, static_cast<Qt::Key>(key), modifiers); }
+  void Key(int key, Qt::KeyboardModifiers modifiers = {}) {
+    QTest::keyClick(&widget, static_cast<Qt::Key>(key), modifiers);
+  }
   void Wheel(int delta) {
     QWheelEvent event(At(1, 1), port->mapToGlobal(At(1, 1)), {}, {0, delta}, Qt::NoButton, Qt::NoModifier,
                       Qt::NoScrollPhase, false);

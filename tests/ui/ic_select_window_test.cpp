@@ -1,4 +1,6 @@
 // IC Type Select by real clicks and keys.
+#include "ui/ic_select_window.h"
+
 #include <QCheckBox>
 #include <QLabel>
 #include <QLineEdit>
@@ -7,7 +9,6 @@
 
 #include "catalogue/ic_select.h"
 #include "support/bench.h"
-#include "ui/ic_select_window.h"
 #include "ui/ui_bench.h"
 
 namespace pyxis::test {
@@ -35,8 +36,8 @@ class IcSelectWindow : public Bench {
   // serial, mass production, limit, its edit, EXHV ISP, ISP: enabled, and in capitals ticked.
   std::string Boxes() {
     std::string text;
-    for (const char* name : {"Display Serial Number", "Mass Production Mode", "Production Limit :", "EXHV ISP program",
-                             "ISP program"}) {
+    for (const char* name :
+         {"Display Serial Number", "Mass Production Mode", "Production Limit :", "EXHV ISP program", "ISP program"}) {
       const auto& box = Find<QCheckBox>(*window, name);
       text += box.isChecked() ? (box.isEnabled() ? 'Y' : 'N') : (box.isEnabled() ? 'y' : '-');
     }
@@ -74,8 +75,8 @@ TEST_F(IcSelectWindow, ListsBoxesAndLimitReachTheDialog) {
   QTest::keyClicks(&limit, "250");
   QTest::keyClick(window.get(), Qt::Key_Return);
   EXPECT_EQ(window->result(), QDialog::Accepted);
-  EXPECT_EQ(All(dialog->chipName, dialog->displaySerialValue, dialog->massProductionValue,
-                dialog->productionLimitValue, dialog->exhvIspValue, dialog->ispValue, dialog->productionLimitCount),
+  EXPECT_EQ(All(dialog->chipName, dialog->displaySerialValue, dialog->massProductionValue, dialog->productionLimitValue,
+                dialog->exhvIspValue, dialog->ispValue, dialog->productionLimitCount),
             All("QV8111", 1, 1, 1, 0, 1, 250));
 }
 
@@ -105,7 +106,8 @@ TEST_F(IcSelectWindow, ADoubleClickIsOk) {
 TEST_F(IcSelectWindow, TheRowThatIsAlreadyCurrentCanBeTaken) {
   for (int way = 0; way < 3; ++way) {
     Open(Model::Km49);
-    for (int i = 0; i < series->count() && types->item(0)->text() != "QVL09_48"; ++i) Click(*series, series->item(i)->text());
+    for (int i = 0; i < series->count() && types->item(0)->text() != "QVL09_48"; ++i)
+      Click(*series, series->item(i)->text());
     ASSERT_EQ(All(types->count(), types->item(0)->text().toStdString()), All(1, "QVL09_48"));
     EXPECT_EQ(Boxes(), "yyyy-");
     if (way == 0) Click(*types, "QVL09_48");
@@ -123,12 +125,17 @@ TEST_F(IcSelectWindow, ATypedNameIsFoundInEverySeries) {
     const char* boxes;
   };
   for (QListWidget* list : {series, types})
-    for (const auto& [typed, chip, boxes] :
-         {Case{"QV8348", "QV8348", "yyy--"}, {"qv4204", "QV4204", "y-y--"}, {"QVL09", "QVL09", "yyyyy"},
-          {"QV9", "QVL09", "yyyyy"}, {"QV8348X", "QV8348", "yyy--"}, {"x", "QV8348", "yyy--"}, {"QV8501", "QV8501", "yyy--"}}) {
+    for (const auto& [typed, chip, boxes] : {Case{"QV8348", "QV8348", "yyy--"},
+                                             {"qv4204", "QV4204", "y-y--"},
+                                             {"QVL09", "QVL09", "yyyyy"},
+                                             {"QV9", "QVL09", "yyyyy"},
+                                             {"QV8348X", "QV8348", "yyy--"},
+                                             {"x", "QV8348", "yyy--"},
+                                             {"QV8501", "QV8501", "yyy--"}}) {
       clock.tick += 2001;  // a pause begins anew
       QTest::keyClicks(list, typed);
-      EXPECT_EQ(All(dialog->chipName, types->currentItem()->text().left(6).toStdString().substr(0, dialog->chipName.size()), Boxes()),
+      EXPECT_EQ(All(dialog->chipName,
+                    types->currentItem()->text().left(6).toStdString().substr(0, dialog->chipName.size()), Boxes()),
                 All(chip, chip, boxes))
           << typed;
       EXPECT_EQ(series->currentItem()->text().toStdString(), dialog->seriesCaption);

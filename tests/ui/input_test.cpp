@@ -71,16 +71,16 @@ TEST_F(Input, TheWriterComesAndGoesUnderEveryDialog) {
       dialog.close();
     });
   };
-  for (const char* entry : {"&About", "&Device", "&Load File", "&Update F/W", "Serial Number Program", "Compare File",
-                            "Read Chip Info"}) {
+  for (const char* entry :
+       {"&About", "&Device", "&Load File", "&Update F/W", "Serial Number Program", "Compare File", "Read Chip Info"}) {
     leaf(entry);
     EXPECT_TRUE(Choose(entry)) << entry;
     EXPECT_TRUE(script.empty()) << entry;
   }
   leaf("Smart Option");
   Press(*window, "Smart Option");
-  for (const auto& [entry, button] : Table<const char*, const char*>{{"Serial Number Program", "S/N SET"},
-                                                                    {"Compare File", "Compare File"}}) {
+  for (const auto& [entry, button] :
+       Table<const char*, const char*>{{"Serial Number Program", "S/N SET"}, {"Compare File", "Compare File"}}) {
     script.push_back([&, button = button](QWidget& dialog) {
       leaf(button);
       Press(dialog, button);
@@ -273,14 +273,17 @@ TEST_F(Input, AHeldKeyPressesOnce) {
 // Every text of the program, with the longest values that it can take.
 TEST_F(Input, MessageBoxesShowTheirWholeText) {
   UiBench::Open();
-  const std::string path = "/home/operator/" + std::string(120, 'p') + "/jobs of the week/" + std::string(200, 'f') + ".hex";
+  const std::string path =
+      "/home/operator/" + std::string(120, 'p') + "/jobs of the week/" + std::string(200, 'f') + ".hex";
   const std::string tooWide(3000, 'W');
   const QSize screen = window->screen()->availableGeometry().size();
   for (const std::string& text :
        {std::string("Auto OK"), std::string("Do you want to exit old version of PyxisLoad ?"),
-        std::string("KM48 Error About To Enter The Test Mode.\nPlease Wait"), std::string("Test Ok.\nPlease Re-select The IC"),
-        std::string(" MTP/Flash series IC will clear all data "), std::string("Please Keyin 'S/N Amount'. ( >= 1 )"),
-        std::string("Software Version is Old, Still continue to use ?"), std::string("'Input Serial Number Length Error"),
+        std::string("KM48 Error About To Enter The Test Mode.\nPlease Wait"),
+        std::string("Test Ok.\nPlease Re-select The IC"), std::string(" MTP/Flash series IC will clear all data "),
+        std::string("Please Keyin 'S/N Amount'. ( >= 1 )"),
+        std::string("Software Version is Old, Still continue to use ?"),
+        std::string("'Input Serial Number Length Error"),
         std::string("Please enter an integer between 1 and 99999999."), path + " open file error\n",
         path + " write file error\n", "Open Fail ! (" + path + ")", tooWide}) {
     for (const char* caption : {"Message", " ", "Select Exit ? "}) {
