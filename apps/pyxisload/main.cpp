@@ -24,6 +24,7 @@
 #include "ui/main_window.h"
 #include "ui/qt_operator.h"
 #include "ui/qt_text.h"
+#include "ui/readable_style.h"
 #include "ui/settings_profile.h"
 
 namespace {
@@ -65,6 +66,7 @@ int main(int argc, char** argv) {
   if (Answered(argc, argv)) return 0;
   IgnoreBrokenPipes();
   QApplication application(argc, argv);
+  QApplication::setStyle(new ui::ReadableStyle);
   QApplication::setApplicationName(QStringLiteral("PyxisLoad"));
   QApplication::setDesktopFileName(QStringLiteral("pyxisload"));
   if (!EnterProgramFolder()) return 1;
@@ -96,7 +98,7 @@ int main(int argc, char** argv) {
   app.InitInstance();
   int result = 0;
   {
-    ui::MainWindow window;
+    ui::MainWindow window(op.Gate());
     machine.view = &window;
     op.SetMainWindow(&window);
     update.SetMainWindow(reinterpret_cast<void*>(window.winId()));

@@ -17,7 +17,7 @@ namespace {
 class NoOperator : public Operator {
   void Tell(const std::string&, const std::string&, MessageIcon) override {}
   bool Ask(const std::string&, const std::string&, MessageIcon) override { return false; }
-  std::optional<std::string> ChooseFile(const std::string&) override { return std::nullopt; }
+  std::optional<std::string> ChooseFile(const FileQuestion&) override { return std::nullopt; }
 };
 
 // Every look moves it on by a millisecond, so that a wait on it ends.

@@ -79,11 +79,12 @@ void BusyCursors::Animate() const {
     if (window->handle() != nullptr) DefineXCursor(XDisplay(), window->winId(), Current().moving);
 }
 
-BusyCursors::Pause::Pause(const BusyCursors& cursors) : cursors_(cursors) {
-  QApplication::setOverrideCursor(Qt::ArrowCursor);
+BusyCursors::Pause::Pause(const BusyCursors& cursors) : cursors_(cursors), overrides_(cursors.IsBusy()) {
+  if (overrides_) QApplication::setOverrideCursor(Qt::ArrowCursor);
 }
 
 BusyCursors::Pause::~Pause() {
+  if (!overrides_) return;
   QApplication::restoreOverrideCursor();
   cursors_.Animate();
 }

@@ -47,20 +47,6 @@ class SerialWindows : public UiBench {
   void NextChip() { writer.chip = standin::Chip{}; }
 };
 
-TEST_F(SerialWindows, HeldEnterPressesOnce) {
-  Open();  // the main window drops the repeats of every window
-  int presses = 0;
-  QPushButton button;
-  button.setAutoDefault(true);
-  QObject::connect(&button, &QPushButton::clicked, &button, [&] { ++presses; });
-  button.show();
-  for (const bool repeat : {false, true, true}) {
-    QKeyEvent down(QEvent::KeyPress, Qt::Key_Return, {}, "\r", repeat);
-    QApplication::sendEvent(&button, &down);
-  }
-  EXPECT_EQ(presses, 1);
-}
-
 // Clicks the button while a task runs.
 class ClickingClock : public FakeClock {
  public:
