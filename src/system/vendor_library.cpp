@@ -1,6 +1,6 @@
 #include "system/vendor_library.h"
 
-#include "system/program_folder.h"
+#include "platform/program_folder.h"
 
 namespace pyxis {
 
