@@ -10,8 +10,8 @@
 #include <system_error>
 #include <utility>
 
+#include "platform/program_folder.h"
 #include "platform/text.h"
-#include "system/program_folder.h"
 
 namespace pyxis {
 

@@ -3,8 +3,8 @@
 
 #include <string>
 
+#include "platform/program_folder.h"
 #include "platform/update_agent.h"
-#include "system/program_folder.h"
 #include "system/shared_library.h"
 
 namespace pyxis {

@@ -3,7 +3,7 @@
 
 #include <string>
 
-#include "system/program_folder.h"
+#include "platform/program_folder.h"
 #include "platform/vendor_api.h"
 #include "system/shared_library.h"
 

@@ -1,4 +1,4 @@
-#include "system/program_folder.h"
+#include "platform/program_folder.h"
 
 #include <pwd.h>
 #include <unistd.h>
