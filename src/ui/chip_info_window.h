@@ -1,6 +1,7 @@
 // The window of Read Chip Info.
 #pragma once
 
+#include "operations/chip_info.h"
 #include "ui/dialog_mirror.h"
 #include "ui/lines_window.h"
 

@@ -1,6 +1,7 @@
 // The window of Compare File.
 #pragma once
 
+#include "operations/compare_file.h"
 #include "ui/dialog_mirror.h"
 #include "ui/lines_window.h"
 

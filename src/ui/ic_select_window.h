@@ -4,6 +4,7 @@
 #include <QDialog>
 #include <cstdint>
 
+#include "catalogue/ic_select.h"
 #include "ui/dialog_mirror.h"
 
 class QCheckBox;

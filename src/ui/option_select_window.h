@@ -4,6 +4,7 @@
 #include <QDialog>
 #include <array>
 
+#include "options/option_select.h"
 #include "ui/dialog_mirror.h"
 
 class QRadioButton;

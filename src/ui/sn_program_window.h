@@ -5,6 +5,7 @@
 #include <QDialog>
 #include <functional>
 
+#include "serial/sn_run.h"
 #include "ui/dialog_mirror.h"
 #include "ui/handler_gate.h"
 

@@ -6,6 +6,7 @@
 #include <functional>
 #include <string>
 
+#include "serial/sn_set.h"
 #include "ui/dialog_mirror.h"
 #include "ui/handler_gate.h"
 

@@ -12,7 +12,6 @@ class WireFaults : public BothTransports {
     Load("samples/QV8348.hex");
     return op.Heard();
   }
-  const Texts loadFailed{"Loading Data Fail"};
 };
 
 TEST_P(WireFaults, DisconnectDuringALoadFailsIt) {
@@ -20,7 +19,7 @@ TEST_P(WireFaults, DisconnectDuringALoadFailsIt) {
   for (int transfers : {0, 1, 5, 12, 20}) {
     SCOPED_TRACE(transfers);
     writer.faults.disconnectAfter = transfers;
-    EXPECT_EQ(LoadAgain(), loadFailed);
+    EXPECT_EQ(LoadAgain(), Texts{"Loading Data Fail"});
   }
 }
 
@@ -39,11 +38,11 @@ TEST_P(WireFaults, AStalledWriterEndsEachOperation) {
   for (int transfers : {0, 1, 7, 11}) {
     SCOPED_TRACE(transfers);
     writer.faults.stallAfter = transfers;
-    EXPECT_EQ(LoadAgain(), loadFailed);
+    EXPECT_EQ(LoadAgain(), Texts{"Loading Data Fail"});
     writer.faults.stallAfter.reset();
     CloseTransport();
     OpenTransport();
-    EXPECT_EQ(LoadAgain(), loaded);
+    EXPECT_EQ(LoadAgain(), Texts{"Loading Data Ok"});
   }
   writer.faults.stallAfter = 10;
   writer.zeroReads = 100;

@@ -16,6 +16,12 @@ RecordedBench::RecordedBench(Transport transport, Model model)
   op.cursorsLoad = true;
 }
 
+// The transport is closed behind the recorder's end.
+RecordedBench::~RecordedBench() {
+  TheMachine().usb = &usb;
+  TheMachine().vendor = &vendor;
+}
+
 void RecordedBench::ExpectEvents(const Texts& wanted) {
   const Texts got = record.Take();
   Texts lines = wanted;
