@@ -3,7 +3,7 @@
 
 #include <string>
 
-#include "platform/files.h"
+#include "platform/program_folder.h"
 #include "platform/vendor_api.h"
 #include "system/shared_library.h"
 
@@ -11,7 +11,7 @@ namespace pyxis {
 
 class VendorLibrary : public VendorApi {
  public:
-  explicit VendorLibrary(std::string folder = ProgramDirectory());
+  explicit VendorLibrary(std::string folder = LibraryDirectory());
   int VMOpen(int model, int a, int b) override;
   void VMSetTimeout(int timeout) override;
   void VMClose() override;

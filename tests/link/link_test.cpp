@@ -322,7 +322,7 @@ TEST_F(Link, DataGoAsTheyAre) {
   Bytes buffer(514, 0xEE);
   usb.reads = {Bytes(512, 1), {2}};
   EXPECT_NE(ReceiveBlock(buffer.data(), 513, OP_READ_AREA), 0);
-  EXPECT_EQ(buffer, Bytes(512, 1) + Bytes{2, 0xEE});
+  EXPECT_EQ(buffer, (Bytes(512, 1) + Bytes{2, 0xEE}));
   Bytes data(514, 3);
   data[512] = 4, data[513] = 5;
   EXPECT_NE(SendBlock(data.data(), 514, OP_WRITE_AREA), 0);
