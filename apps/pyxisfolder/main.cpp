@@ -2,6 +2,7 @@
 #include <CLI/CLI.hpp>
 
 #include "folder.h"
+#include "pyxisfolder/drawing/pictures.h"
 #include "system/broken_pipe.h"
 
 int main(int argc, char** argv) {
@@ -13,5 +14,7 @@ int main(int argc, char** argv) {
   app.add_flag("--icons", icons, "make the program's icons instead, in the folders of an icon theme");
   app.add_option("DIR", directory, "where; made if need be")->required();
   CLI11_PARSE(app, argc, argv);
-  return (icons ? pyxis::folder::BuildIcons(directory) : pyxis::folder::BuildProgramFolder(directory)) ? 0 : 1;
+  if (icons) return pyxis::folder::DrawIcons(directory) ? 0 : 1;
+  const bool files = pyxis::folder::BuildProgramFolder(directory);
+  return pyxis::folder::DrawPictures(directory) && files ? 0 : 1;
 }

@@ -22,9 +22,9 @@
 #include "system/vendor_library.h"
 #include "system/windows_pipes.h"
 #include "ui/main_window.h"
-#include "ui/qt_clipboard.h"
 #include "ui/qt_operator.h"
 #include "ui/qt_text.h"
+#include "ui/readable_style.h"
 #include "ui/settings_profile.h"
 
 namespace {
@@ -66,6 +66,7 @@ int main(int argc, char** argv) {
   if (Answered(argc, argv)) return 0;
   IgnoreBrokenPipes();
   QApplication application(argc, argv);
+  QApplication::setStyle(new ui::ReadableStyle);
   QApplication::setApplicationName(QStringLiteral("PyxisLoad"));
   QApplication::setDesktopFileName(QStringLiteral("pyxisload"));
   if (!EnterProgramFolder()) return 1;
@@ -80,7 +81,6 @@ int main(int argc, char** argv) {
   UdevEvents usbEvents;
   LocalWriterEvents standinEvents(standin::SocketPath());
   JoinedEvents events({&usbEvents, &standinEvents});
-  ui::QtClipboard clipboard;
   Machine& machine = TheMachine();
 #ifdef _WIN32
   WindowsPipes pipes;
@@ -93,13 +93,12 @@ int main(int argc, char** argv) {
   machine.vendor = &vendor;
   machine.update = &update;
   machine.profile = &profile;
-  machine.clipboard = &clipboard;
 
   CPyxisLoadApp app;
   app.InitInstance();
   int result = 0;
   {
-    ui::MainWindow window;
+    ui::MainWindow window(op.Gate());
     machine.view = &window;
     op.SetMainWindow(&window);
     update.SetMainWindow(reinterpret_cast<void*>(window.winId()));
