@@ -41,7 +41,7 @@ class HeadlessOperator : public Operator {
 
   void Tell(const std::string& text, const std::string& caption, MessageIcon icon) override;
   bool Ask(const std::string& text, const std::string& caption, MessageIcon icon) override;
-  std::optional<std::string> ChooseFile(const std::string&) override { return file; }
+  std::optional<std::string> ChooseFile(const FileQuestion&) override { return file; }
   using Operator::RunDialog;
   DialogEnd RunDialog(COptionSelectDlg& dialog) override;
   DialogEnd RunDialog(CDownloadInfoDlg& dialog) override;
@@ -52,7 +52,7 @@ class HeadlessOperator : public Operator {
 };
 
 struct Options {
-  std::string folder = ".";
+  std::string folder;  // empty: the one that RunnerFolder gives
   bool json = false;
   bool trace = false;
   std::string link;  // "vendor", "usb" or empty: the usual order

@@ -9,6 +9,7 @@
 #include "catalogue/chip_catalogue.h"
 #include "platform/machine.h"
 #include "platform/operator.h"
+#include "platform/text.h"
 #include "shell/ground/app_state.h"
 
 namespace pyxis {
@@ -110,6 +111,28 @@ void CIcSelectDlg::OnTypeChange(int position) {
   }
   TakeControls();
   Changed();
+}
+
+bool CIcSelectDlg::OnTypedName(std::string_view typed) {
+  const auto begins = [typed](std::string_view label) {
+    return label.size() >= typed.size() && EqualsNoCase(label.substr(0, typed.size()), typed);
+  };
+  if (begins(typeList[static_cast<std::size_t>(typePosition)])) {
+    OnTypeChange(typePosition);
+    return true;
+  }
+  const int count = static_cast<int>(seriesList.size());
+  for (int i = 0; i < count; ++i) {
+    const int series = (seriesPosition + i) % count;
+    const auto rows = ChipList(ListIndex(TheAppState().writer.WriterModel, series));
+    const auto found =
+        std::find_if(rows.begin(), rows.end(), [&](const ChipEntry& row) { return begins(row.TypeLabel); });
+    if (found == rows.end()) continue;
+    if (series != seriesPosition) OnSeriesChange(series);
+    OnTypeChange(static_cast<int>(found - rows.begin()));
+    return true;
+  }
+  return false;
 }
 
 void CIcSelectDlg::TakeControls() {

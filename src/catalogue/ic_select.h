@@ -4,6 +4,7 @@
 #include <cstdint>
 #include <functional>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace pyxis {
@@ -19,6 +20,9 @@ class CIcSelectDlg {
   bool OnInitDialog();
   void OnSeriesChange(int position);
   void OnTypeChange(int position);
+  // Goes to the first IC of the model whose label begins so, in the current series first, by the steps of a click. False
+  // when there is none, and nothing moves.
+  bool OnTypedName(std::string_view typed);
   void OnDisplaySerial(bool checked);
   void OnMassProduction(bool checked);
   void OnProductionLimit(bool checked);

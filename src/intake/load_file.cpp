@@ -2,6 +2,7 @@
 
 #include "catalogue/chip_catalogue.h"
 #include "intake/convert.h"
+#include "intake/package_files.h"
 #include "intake/ready_text.h"
 #include "link/writer_commands.h"
 #include "operations/download.h"
@@ -16,6 +17,7 @@
 #include "serial/sn_run.h"
 #include "shell/ground/app_state.h"
 #include "shell/ground/main_controls.h"
+#include "shell/ground/verdict_line.h"
 #include "view/buffer_area.h"
 #include "view/show_file.h"
 
@@ -106,10 +108,37 @@ bool EndsEarly(const Outcome& outcome) {
   return outcome.reason == Reason::NotConfirmed || outcome.reason == Reason::FirmwareFailed;
 }
 
+// A writer that came while a dialog lay open may have brought another selection along.
+bool StillSelected(const ChipEntry& row, const std::string& chip) {
+  const Selection& now = TheAppState().selection;
+  if (&Row(now.SeriesIndex, now.TypeIndex) == &row && now.SelectedChip == chip) return true;
+  TheMachine().op->Tell("HW and SW Chip Name is discordant", kMessageCaption, MessageIcon::Warning);
+  return false;
+}
+
+// A job has arrived: the next thing is a chip.
+void AwaitChips() {
+  const auto& block = TheAppState().writer.WriterInfoBlock;
+  if (FieldByte(block, Field::ProductionFlags) == kProductionLimit)
+    SetChipsLeft(static_cast<std::uint32_t>(TheAppState().selection.ProductionLimitCount));
+  FocusControl(ControlId::Auto);
+}
+
+// The run ends before anything has been done.
+Outcome GiveUp(const Outcome& outcome) {
+  FrontHexView();
+  EmptyLoadedFile();
+  SetControlText(ControlId::FileField, "");
+  TheMachine().view->HexViewChanged();
+  return outcome;
+}
+
 Outcome Run(const ChipEntry& row, const std::string& path) {
   AppState& app = TheAppState();
   app.selection.OptionValue = kDefaultOptionValue;
+  const std::string chip = app.selection.SelectedChip;
   if (row.HasOptionDialog) ChooseOptions(row.ChipCode);
+  if (!StillSelected(row, chip)) return GiveUp(Refused(Reason::OtherChip));
   if (path.empty()) {
     TheMachine().op->Tell("File is empty.", kPlainCaption);
     return Cancelled(Reason::NoFile);
@@ -120,6 +149,7 @@ Outcome Run(const ChipEntry& row, const std::string& path) {
   RestoreDisplay();
   if (EndsEarly(outcome)) return outcome;
   BringSnProgressUpToDate(outcome.Good());
+  if (outcome.Good()) AwaitChips();
   PaintNow();
   return outcome;
 }
@@ -136,17 +166,14 @@ Outcome OnLoadFile() {
   AppState& app = TheAppState();
   FrontBufferArea();
   EmptyLoadedFile();
+  ClearVerdict();
   app.writer.ProgressMode = Progress::Transfers;
   ClearStatusText();
   const ChipEntry& row = Row(app.selection.SeriesIndex, app.selection.TypeIndex);
-  const auto path = TheMachine().op->ChooseFile(FileFilter(row.FileExtension));
-  if (!path) {
-    FrontHexView();
-    EmptyLoadedFile();
-    SetControlText(ControlId::FileField, "");
-    TheMachine().view->HexViewChanged();
-    return Cancelled(Reason::NoFile);
-  }
+  const std::string chip = app.selection.SelectedChip;
+  const auto path = TheMachine().op->ChooseFile({FileKind::Program, FileFilter(row.FileExtension)});
+  if (!path) return GiveUp(Cancelled(Reason::NoFile));
+  if (!StillSelected(row, chip)) return GiveUp(Refused(Reason::OtherChip));
   PaintNow();
   return Run(row, *path);
 }

@@ -105,7 +105,7 @@ Outcome CDownloadInfoDlg::OnCompareFile() {
   lines[2] = Printf(kResultFormat, "");
   Enable(false);
   const CompareKind& kind = CompareKindOf(ChipNameOf(TheAppState().writer.WriterInfoBlock));
-  const auto chosen = TheMachine().op->ChooseFile(kind.filter);
+  const auto chosen = TheMachine().op->ChooseFile({FileKind::Comparison, kind.filter});
   Outcome outcome = chosen ? Failed(Reason::NotReadable) : Cancelled(Reason::NoFile);
   if (chosen && MakeCompareTarget(kind, *chosen)) {
     outcome = CompareWithWriter(CompareTargetPath(*chosen)) ? kGood : Failed(Reason::Different);

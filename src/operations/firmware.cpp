@@ -125,7 +125,8 @@ void SelectFirmware(std::uint32_t chipCode) {
 
 Outcome OnUpdateFirmware() {
   Operator& op = *TheMachine().op;
-  const auto path = op.ChooseFile("Kestrel Nce Files (*.nce)|*.nce||");
+  const auto path = op.ChooseFile(
+      {FileKind::Firmware, "Kestrel Nce Files (*.nce)|*.nce||", FirmwareFolder(TheAppState().writer.WriterModel)});
   if (!path) return Cancelled(Reason::NoFile);
   PumpPaint();
   BeginBusyCursor("dinosaur.ani");

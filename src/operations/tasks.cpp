@@ -10,6 +10,7 @@
 #include "platform/operator.h"
 #include "shell/ground/app_state.h"
 #include "shell/ground/main_controls.h"
+#include "shell/ground/verdict_line.h"
 
 namespace pyxis {
 
@@ -69,19 +70,25 @@ Outcome Perform(const Operation& operation) {
   if (operation.asksBeforeErase && PackageIsFlash() &&
       !TheMachine().op->Ask(" MTP/Flash series IC will clear all data ", kBlankCaption, MessageIcon::Question))
     return Cancelled(Reason::NotConfirmed);
+  BeginVerdict();
   return RunTask(operation.task, TheAppState().selection.*operation.divisor) ? kGood : Failed(Reason::VerdictFailed);
 }
 
 Outcome Run(const Operation& operation) {
   Operator& op = *TheMachine().op;
   if (const Outcome guard = Guard(operation); !guard.Good()) {
+    if (guard.reason == Reason::LimitReached) SetChipsLeft(0);
     op.Tell(RefusalText(guard.reason), kMessageCaption, MessageIcon::Warning);
     return guard;
   }
   BeginOperation(operation.progress);
   const Outcome outcome = Perform(operation);
   TheAppState().writer.ProgressMode = Progress::None;
-  if (outcome.end != End::Cancelled) op.Tell(outcome.Good() ? operation.okText : operation.failText);
+  if (outcome.end != End::Cancelled) {
+    const char* words = outcome.Good() ? operation.okText : operation.failText;
+    ShowVerdict(words, outcome.Good(), operation.refreshesBlock);
+    op.Tell(words);
+  }
   EndOperation();
   return outcome;
 }

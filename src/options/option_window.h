@@ -12,12 +12,6 @@ struct OptionRect {
   bool operator==(const OptionRect&) const = default;
 };
 
-struct OptionScroll {
-  int low = 0, high = 0, page = 0, position = 0;
-  bool operator==(const OptionScroll&) const = default;
-};
-
-enum class OptionScrollBar { Horizontal, Vertical };
 enum class OptionColor { Black, Blue };
 
 // A drop-down list of the window; 0 is none.
@@ -41,9 +35,6 @@ class OptionWindow {
   virtual OptionListHandle CreateList(const OptionRect& rect, const std::string& name) = 0;
   // An index past the last alternative leaves the list without a selection.
   virtual void FillList(OptionListHandle list, const std::vector<std::string>& alternatives, int selection) = 0;
-
-  virtual void SetScroll(OptionScrollBar bar, const OptionScroll& scroll) = 0;
-  virtual int ScrollPosition(OptionScrollBar bar) = 0;
 
   // With a transparent background; x and y are the text's top left corner. Only while the window paints.
   virtual void DrawLabel(int x, int y, const std::string& text, OptionColor color) = 0;

@@ -21,9 +21,6 @@ constexpr int kGap = 2;          // behind each cell
 constexpr int kCaptionDrop = 4;  // a caption stands lower than its list
 constexpr int kListExtra = 32;   // of a list over its widest alternative
 constexpr int kRowExtra = 1;
-constexpr int kScrollMargin = 8;
-constexpr int kScrollExtra = 100;
-constexpr int kScrollPage = 101;
 constexpr int kWindowExtra = 32;
 constexpr int kCaptionUnits = 8;
 constexpr int kOpenListUnits = 60;
@@ -40,8 +37,6 @@ int WidestOf(const std::vector<std::string>& alternatives, OptionWindow& window)
 }
 
 int RightOf(const OptionRect& cell) { return cell.x + cell.width + kGap; }
-
-OptionScroll ScrollTo(int end) { return {0, end + kScrollMargin + kScrollExtra, kScrollPage, 0}; }
 
 void WidenFor(int right, OptionWindow& window) {
   const OptionRect placement = window.Placement();
@@ -73,8 +68,6 @@ void CSmartOptionDlg::BuildOptionControls(OptionWindow& window) {
     top += Pixels(kRowUnits, unit) + kRowExtra;
     rows.push_back(cells);
   }
-  window.SetScroll(OptionScrollBar::Horizontal, ScrollTo(right));
-  window.SetScroll(OptionScrollBar::Vertical, ScrollTo(top));
   WidenFor(right, window);
   for (std::size_t i = 0; i < rows.size(); ++i)
     window.FillList(rows[i].handle, AlternativesOf(options[i]), std::max(OptionChoices()[i], 0));
@@ -82,15 +75,11 @@ void CSmartOptionDlg::BuildOptionControls(OptionWindow& window) {
 
 void CSmartOptionDlg::PaintOptionLabels(OptionWindow& window) const {
   const auto options = CurrentRows();
-  const int scrolledX = window.ScrollPosition(OptionScrollBar::Horizontal);
-  const int scrolledY = window.ScrollPosition(OptionScrollBar::Vertical);
   const int bottom = window.ClientHeight();
   for (std::size_t i = 0; i < std::min(rows.size(), options.size()); ++i) {
     const OptionRect& cell = rows[i].caption;
-    const int y = cell.y - scrolledY;
-    if (y + cell.height <= 0) continue;
-    if (y > bottom) break;
-    window.DrawLabel(cell.x - scrolledX, y, CaptionOf(options[i]),
+    if (cell.y > bottom) break;
+    window.DrawLabel(cell.x, cell.y, CaptionOf(options[i]),
                      options[i].SwitchAddress < 0 ? OptionColor::Blue : OptionColor::Black);
   }
 }

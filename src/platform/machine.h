@@ -2,9 +2,10 @@
 // call any logic; it owns nothing. A seam that nobody filled has a body that does nothing (no writer, no window).
 #pragma once
 
+#include <cstdio>
+
 namespace pyxis {
 
-class Clipboard;
 class Clock;
 class DevicePipes;
 class Language;
@@ -25,7 +26,9 @@ struct Machine {
   Profile* profile;
   Language* language;
   UpdateAgent* update;
-  Clipboard* clipboard;
+  // Where plain diagnostic lines go (platform/diagnostics.h); null prints nothing.
+  std::FILE* diagnostics;
+  std::FILE* trace;
 };
 
 Machine& TheMachine();

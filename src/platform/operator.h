@@ -26,6 +26,15 @@ class CDownloadInfoDlg;
 class CSmartOptionDlg;
 class CGotoAddressDlg;
 
+// The file open dialog. Each kind opens where its last file lay, and first in its folder, or in the current one when it
+// names none. `filter` is pairs of caption and pattern, separated and ended by "|" ("A (*.a)|*.a||").
+enum class FileKind { Program, Firmware, Comparison };
+struct FileQuestion {
+  FileKind kind;
+  std::string filter;
+  std::string folder = {};
+};
+
 // A cursor; 0 is none.
 using CursorHandle = int;
 
@@ -39,9 +48,8 @@ class Operator {
   // A message box with Yes and No; true is Yes.
   virtual bool Ask(const std::string& text, const std::string& caption, MessageIcon icon) = 0;
 
-  // The file open dialog. `filter` is pairs of caption and pattern, separated and ended by "|" ("A (*.a)|*.a||").
   // The full path, or nothing when the operator cancels.
-  virtual std::optional<std::string> ChooseFile(const std::string& filter) = 0;
+  virtual std::optional<std::string> ChooseFile(const FileQuestion& question) = 0;
 
   // Modal dialogs. The caller has made and initialised the dialog's logic object; the window mirrors it until the
   // object says that it has ended. An operator that has no such window cancels.
@@ -59,6 +67,8 @@ class Operator {
   virtual CursorHandle LoadCursorFromFile(const std::string& /*path*/) { return 0; }
   // Makes it the cursor and returns the one in force before.
   virtual CursorHandle SetCursor(CursorHandle) { return 0; }
+  // A sound that says that something has failed.
+  virtual void Alarm() {}
 };
 
 }  // namespace pyxis

@@ -16,6 +16,7 @@
 #include "serial/sn_set.h"
 #include "shell/ground/app_state.h"
 #include "shell/ground/main_controls.h"
+#include "shell/ground/verdict_line.h"
 
 namespace pyxis {
 
@@ -76,9 +77,11 @@ Outcome CSnProgramDlg::OnSnProgram() {
   ShowCounters();
   TheAppState().writer.ProgressMode = Progress::None;  // the task's own bar
   SetProgressRange(0, kTaskProgressTop);
+  BeginVerdict();
   const bool good = SnFromIcSelection ? RunTask(task::kAuto, app.selection.AutoTicks)
                                       : RunTask(task::kProgram, app.selection.ProgramTicks);
   SetProgressPosition(0);
+  ShowVerdict(good ? "S/N Program OK" : "S/N Program FAIL", good, SnFromIcSelection);
   if (!good) {
     ngCount_.Increment();
     ShowCounters();

@@ -104,6 +104,7 @@ void OnArrival(const DeviceEvent& event) {
   ShowModeLabels();
   if (app.selection.MassProduction != MassMode::Off || app.selection.ProductionLimitOn)
     for (ControlId id : {ControlId::BlankCheck, ControlId::Program, ControlId::Verify}) EnableControl(id, false);
+  FocusControl(ControlId::Auto);
 }
 
 void OnRemoval(const DeviceEvent& event) {

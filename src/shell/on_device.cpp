@@ -10,6 +10,7 @@
 #include "shell/chip_selection.h"
 #include "shell/ground/app_state.h"
 #include "shell/ground/main_controls.h"
+#include "shell/ground/verdict_line.h"
 #include "shell/mode_labels.h"
 #include "shell/start_up.h"
 #include "view/show_file.h"
@@ -22,6 +23,7 @@ void TakeSelection(const CIcSelectDlg& dialog) {
   AppState& app = TheAppState();
   const std::string label = Row(dialog.seriesIndex, dialog.typeIndex).TypeLabel;
   app.conversion.SystemConfigWord = kNoSystemConfig;
+  ClearVerdict();
   ShowChipName(dialog.chipName);
   TakeCatalogueRow(label);
   ClearPinFigure();
@@ -47,13 +49,22 @@ void TakeSelection(const CIcSelectDlg& dialog) {
   ShowModeLabels();
 }
 
+// A writer that came while the dialog lay open may be one of the other model, whose ICs weren't on offer.
+bool IsForWriter(Model offered) {
+  const Model model = TheAppState().writer.WriterModel;
+  if (model == offered || model == Model::None) return true;
+  TheMachine().op->Tell("Please Power On The Writer", kMessageCaption, MessageIcon::Stop);
+  return false;
+}
+
 }  // namespace
 
 void OnDevice() {
   AppState& app = TheAppState();
   SettleModelAtSelection();
+  const Model offered = app.writer.WriterModel;
   CIcSelectDlg dialog;
-  if (dialog.OnInitDialog() && TheMachine().op->RunDialog(dialog) == DialogEnd::Ok) {
+  if (dialog.OnInitDialog() && TheMachine().op->RunDialog(dialog) == DialogEnd::Ok && IsForWriter(offered)) {
     TakeSelection(dialog);
   } else {
     app.selection.SnMode = false;

@@ -7,7 +7,9 @@
 #include "shell/chip_selection.h"
 #include "shell/ground/app_state.h"
 #include "shell/ground/main_controls.h"
+#include "shell/ground/verdict_line.h"
 #include "shell/mode_labels.h"
+#include "view/show_file.h"
 
 namespace pyxis {
 
@@ -47,6 +49,17 @@ void TakeProductionFlags() {
   for (ControlId id : {ControlId::BlankCheck, ControlId::Program, ControlId::Verify}) EnableControl(id, false);
 }
 
+// The file that is shown isn't the writer's job, and the verdicts weren't on it.
+void DropOtherJob(const std::string& name, unsigned checksum) {
+  AppState& app = TheAppState();
+  if (name == app.selection.ChipNameText && Printf("%04X", checksum) == app.conversion.ChecksumText) return;
+  ClearVerdict();
+  if (app.conversion.LoadedFilePath.empty()) return;
+  app.conversion.LoadedFilePath.clear();
+  SetControlText(ControlId::FileField, "");
+  ShowFile("");
+}
+
 }  // namespace
 
 void RefreshFromWriter() {
@@ -54,6 +67,7 @@ void RefreshFromWriter() {
   const auto& block = app.writer.WriterInfoBlock;
   if (block[0] != kNameStart[0] || block[1] != kNameStart[1]) return;
   const std::string name = ChipNameOf(block);
+  DropOtherJob(name, FieldWord(block, Field::ImageChecksum));
   ShowChipName(name);
   TakeCatalogueRow(name);
   ClearPinFigure();

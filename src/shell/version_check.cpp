@@ -37,6 +37,7 @@ void CheckNewVersion() {
   MainView& view = *TheMachine().view;
   BeginBusyCursorFrom(CurrentDirectory() + kPathSeparator + "dinosaur.ani");
   view.EnableMainWindow(false);
+  PumpPaint();  // the menu that it was chosen from is gone, and nothing paints while the client works
   const std::int32_t result = TheMachine().update->CallUpdateAgent(UpdateRequest);
   view.EnableMainWindow(true);
   EndBusyCursor();

@@ -19,7 +19,7 @@ class BusyCursors {
   // isn't known changes nothing.
   CursorHandle Set(CursorHandle handle);
 
-  // While one lives, the plain arrow shows: a window of its own asks something of the operator.
+  // While one lives, the arrow shows in place of a busy cursor: a window of its own asks something of the operator.
   class Pause {
    public:
     explicit Pause(const BusyCursors& cursors);
@@ -29,6 +29,7 @@ class BusyCursors {
 
    private:
     const BusyCursors& cursors_;
+    bool overrides_;
   };
 
  private:

@@ -4,16 +4,11 @@
 
 namespace pyxis::ui {
 
-ChipInfoWindow::ChipInfoWindow(CReadChipInfoDlg& dialog, QWidget* parent)
-    : LinesWindow(QStringLiteral("Read CHIP Information"), dialog.lines.size(), QStringLiteral("Read"), parent),
+ChipInfoWindow::ChipInfoWindow(CReadChipInfoDlg& dialog, HandlerGate& gate, QWidget* parent)
+    : LinesWindow(QStringLiteral("Read CHIP Information"), dialog.lines.size(), QStringLiteral("Read"), gate, parent),
       dialog_(dialog) {
   Action = [this] { dialog_.OnRead(); };
-  dialog_.Changed = [this] { Sync(); };
-  Sync();
-}
-
-ChipInfoWindow::~ChipInfoWindow() {
-  dialog_.Changed = [] {};
+  mirror_.Show([this] { Sync(); });
 }
 
 void ChipInfoWindow::Sync() { Show(dialog_.lines, dialog_.readEnabled, dialog_.cancelEnabled); }

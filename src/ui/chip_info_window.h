@@ -1,6 +1,8 @@
 // The window of Read Chip Info.
 #pragma once
 
+#include "operations/chip_info.h"
+#include "ui/dialog_mirror.h"
 #include "ui/lines_window.h"
 
 namespace pyxis {
@@ -11,12 +13,12 @@ namespace pyxis::ui {
 
 class ChipInfoWindow : public LinesWindow {
  public:
-  ChipInfoWindow(CReadChipInfoDlg& dialog, QWidget* parent);
-  ~ChipInfoWindow() override;
+  ChipInfoWindow(CReadChipInfoDlg& dialog, HandlerGate& gate, QWidget* parent);
 
  private:
   void Sync();
   CReadChipInfoDlg& dialog_;
+  DialogMirror<CReadChipInfoDlg> mirror_{dialog_};
 };
 
 }  // namespace pyxis::ui

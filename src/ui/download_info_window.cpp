@@ -4,17 +4,12 @@
 
 namespace pyxis::ui {
 
-DownloadInfoWindow::DownloadInfoWindow(CDownloadInfoDlg& dialog, QWidget* parent)
+DownloadInfoWindow::DownloadInfoWindow(CDownloadInfoDlg& dialog, HandlerGate& gate, QWidget* parent)
     : LinesWindow(QStringLiteral("Download File Information"), dialog.lines.size(), QStringLiteral("Compare File"),
-                  parent),
+                  gate, parent),
       dialog_(dialog) {
   Action = [this] { dialog_.OnCompareFile(); };
-  dialog_.Changed = [this] { Sync(); };
-  Sync();
-}
-
-DownloadInfoWindow::~DownloadInfoWindow() {
-  dialog_.Changed = [] {};
+  mirror_.Show([this] { Sync(); });
 }
 
 void DownloadInfoWindow::Sync() { Show(dialog_.lines, dialog_.compareEnabled, dialog_.cancelEnabled); }

@@ -1,6 +1,8 @@
 // The window of Compare File.
 #pragma once
 
+#include "operations/compare_file.h"
+#include "ui/dialog_mirror.h"
 #include "ui/lines_window.h"
 
 namespace pyxis {
@@ -11,12 +13,12 @@ namespace pyxis::ui {
 
 class DownloadInfoWindow : public LinesWindow {
  public:
-  DownloadInfoWindow(CDownloadInfoDlg& dialog, QWidget* parent);
-  ~DownloadInfoWindow() override;
+  DownloadInfoWindow(CDownloadInfoDlg& dialog, HandlerGate& gate, QWidget* parent);
 
  private:
   void Sync();
   CDownloadInfoDlg& dialog_;
+  DialogMirror<CDownloadInfoDlg> mirror_{dialog_};
 };
 
 }  // namespace pyxis::ui

@@ -59,7 +59,7 @@ HexViewWidget::HexViewWidget(CMiniHexEditView& view, QWidget* parent) : QAbstrac
   viewport()->setAttribute(Qt::WA_OpaquePaintEvent);
   viewport()->setCursor(Qt::IBeamCursor);
   setAccessibleName(QStringLiteral("Buffer"));
-  view_.Changed = [this] { Refresh(); };
+  mirror_.Show([this] { Refresh(); });
   QScrollBar* bar = verticalScrollBar();
   connect(bar, &QScrollBar::actionTriggered, this, [this, bar](int action) {
     switch (action) {
@@ -83,9 +83,7 @@ HexViewWidget::HexViewWidget(CMiniHexEditView& view, QWidget* parent) : QAbstrac
   });
 }
 
-HexViewWidget::~HexViewWidget() {
-  view_.Changed = [] {};
-}
+HexViewWidget::~HexViewWidget() = default;
 
 QSize HexViewWidget::sizeHint() const {
   const QFontMetrics metrics(font());
@@ -117,21 +115,23 @@ void HexViewWidget::SyncScrollBar() {
 
 void HexViewWidget::SizeChanged() {
   Measure();
-  view_.OnSize(viewport()->width(), viewport()->height(), isVisible());
+  view_.OnSize(viewport()->width(), viewport()->height(), seen_);
 }
 
 void HexViewWidget::resizeEvent(QResizeEvent*) { SizeChanged(); }
 
 void HexViewWidget::showEvent(QShowEvent* event) {
   QAbstractScrollArea::showEvent(event);
+  seen_ = false;
   SizeChanged();
 }
 
 void HexViewWidget::paintEvent(QPaintEvent*) {
+  seen_ = true;
   QPainter painter(viewport());
   painter.fillRect(viewport()->rect(), palette().color(QPalette::Base));
   Measure();
-  const bool columnsMoved = view_.Recalc;
+  const bool columnsMoved = view_.geometry.Recalc;
   if (!view_.PreparePaint()) return;
   if (columnsMoved) SyncScrollBar();
   PaintLines(painter);
@@ -140,27 +140,28 @@ void HexViewWidget::paintEvent(QPaintEvent*) {
 
 void HexViewWidget::PaintLines(QPainter& painter) {
   const int lines = HexLineCount(view_);
-  const int cell = view_.CharWidth;
-  const bool inHex = view_.CurrentArea == kHexArea;
-  const int perByte = inHex ? view_.DigitsPerByte + 1 : 1;
-  const int column = inHex ? view_.HexColumnX : view_.AsciiColumnX;
+  const int cell = view_.geometry.CharWidth;
+  const bool inHex = view_.caret.CurrentArea == kHexArea;
+  const int perByte = inHex ? view_.geometry.DigitsPerByte + 1 : 1;
+  const int column = inHex ? view_.geometry.HexColumnX : view_.geometry.AsciiColumnX;
   HexLine line;
   HexGlyphs selected(*glyphs_);
   for (int i = 0; i < lines; ++i) {
     FormatHexLine(view_, i, line);
-    const int top = i * view_.LineHeight;
+    const int top = i * view_.geometry.LineHeight;
     glyphs_->Add(line.address, 0, top, cell);
     std::string& text = inHex ? line.hex : line.ascii;
     if (line.selectedTo > line.selectedFrom) {
       const auto from = static_cast<std::size_t>(line.selectedFrom * perByte);
       const auto count = static_cast<std::size_t>((line.selectedTo - line.selectedFrom) * perByte);
       const int x = column + static_cast<int>(from) * cell;
-      painter.fillRect(x, top, static_cast<int>(count) * cell, view_.LineHeight, palette().color(QPalette::Highlight));
+      painter.fillRect(x, top, static_cast<int>(count) * cell, view_.geometry.LineHeight,
+                       palette().color(QPalette::Highlight));
       selected.Add(std::string_view(text).substr(from, count), x, top, cell);
       text.replace(from, count, count, ' ');
     }
-    glyphs_->Add(line.hex, view_.HexColumnX, top, cell);
-    glyphs_->Add(line.ascii, view_.AsciiColumnX, top, cell);
+    glyphs_->Add(line.hex, view_.geometry.HexColumnX, top, cell);
+    glyphs_->Add(line.ascii, view_.geometry.AsciiColumnX, top, cell);
   }
   painter.setPen(palette().color(QPalette::Text));
   glyphs_->Draw(painter);
@@ -169,9 +170,10 @@ void HexViewWidget::PaintLines(QPainter& painter) {
 }
 
 void HexViewWidget::PaintCaret(QPainter& painter) {
-  if (!hasFocus() || view_.HasSelection() || !view_.CaretVisible()) return;
+  if (!hasFocus() || view_.selection.Exists() || !view_.CaretVisible()) return;
   painter.setCompositionMode(QPainter::CompositionMode_Difference);
-  painter.fillRect(view_.CaretX, view_.CaretY, view_.CaretWidth(), view_.LineHeight, Qt::white);
+  painter.fillRect(view_.caret.CaretX, view_.caret.CaretY, view_.caret.Width(view_.geometry), view_.geometry.LineHeight,
+                   Qt::white);
 }
 
 void HexViewWidget::wheelEvent(QWheelEvent* event) {
@@ -213,19 +215,20 @@ void HexViewWidget::keyPressEvent(QKeyEvent* event) {
 
 void HexViewWidget::mousePressEvent(QMouseEvent* event) {
   if (event->button() != Qt::LeftButton) return;
+  pressed_ = true;
   pressedAt_ = event->pos();
   view_.OnLButtonDown(event->pos().x(), event->pos().y(), event->modifiers().testFlag(Qt::ShiftModifier));
 }
 
 void HexViewWidget::mouseMoveEvent(QMouseEvent* event) {
-  if (!event->buttons().testFlag(Qt::LeftButton)) return;
-  if (!view_.HasSelection() && (event->pos() - pressedAt_).manhattanLength() >= QApplication::startDragDistance())
+  if (!pressed_ || !event->buttons().testFlag(Qt::LeftButton)) return;  // the press may have been dropped
+  if (!view_.selection.Exists() && (event->pos() - pressedAt_).manhattanLength() >= QApplication::startDragDistance())
     view_.OnDragStart();
   view_.OnMouseMove(event->pos().x(), event->pos().y());
 }
 
 void HexViewWidget::mouseReleaseEvent(QMouseEvent* event) {
-  if (event->button() == Qt::LeftButton) view_.OnLButtonUp();
+  if (event->button() == Qt::LeftButton) pressed_ = false;
 }
 
 void HexViewWidget::mouseDoubleClickEvent(QMouseEvent*) {}

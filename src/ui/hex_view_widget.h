@@ -4,6 +4,7 @@
 #include <QAbstractScrollArea>
 #include <QPoint>
 
+#include "ui/dialog_mirror.h"
 #include "view/hex_view.h"
 
 class QPainter;
@@ -46,7 +47,10 @@ class HexViewWidget : public QAbstractScrollArea {
   void PaintCaret(QPainter& painter);
 
   CMiniHexEditView& view_;
+  DialogMirror<CMiniHexEditView> mirror_{view_};
   std::unique_ptr<HexGlyphs> glyphs_;
+  bool seen_ = false;     // painted since it was shown: from then on a resize is a change of size
+  bool pressed_ = false;  // by the left button
   QPoint pressedAt_;
   int wheelRest_ = 0;
 };

@@ -5,10 +5,12 @@
 #include <QGridLayout>
 #include <QLabel>
 #include <QLineEdit>
-#include <QListWidget>
 #include <QSignalBlocker>
 
 #include "catalogue/ic_select.h"
+#include "platform/clock.h"
+#include "platform/machine.h"
+#include "ui/choice_list.h"
 #include "ui/qt_text.h"
 
 namespace pyxis::ui {
@@ -17,7 +19,8 @@ namespace {
 
 constexpr int kListWidth = 30;  // characters
 constexpr int kListLines = 14;
-constexpr int kLimitWidth = 10;  // characters
+constexpr int kLimitWidth = 10;            // characters
+constexpr std::uint32_t kTypingMs = 2000;  // a longer pause begins another name
 
 void Fill(QListWidget& list, const std::vector<std::string>& entries) {
   list.clear();
@@ -36,8 +39,8 @@ void Show(QCheckBox& box, const CIcSelectDlg::CheckBox& state) {
   box.setChecked(state.checked);
 }
 
-QListWidget* MakeList(QWidget* parent) {
-  auto* list = new QListWidget(parent);
+ChoiceList* MakeList(QWidget* parent) {
+  auto* list = new ChoiceList(parent);
   list->setMinimumSize(kListWidth * list->fontMetrics().averageCharWidth(),
                        kListLines * list->fontMetrics().lineSpacing());
   list->setUniformItemSizes(true);
@@ -58,12 +61,7 @@ IcSelectWindow::IcSelectWindow(CIcSelectDlg& dialog, QWidget* parent) : QDialog(
   });
   connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
   all->addWidget(buttons);
-  dialog_.Changed = [this] { Sync(); };
-  Sync();
-}
-
-IcSelectWindow::~IcSelectWindow() {
-  dialog_.Changed = [] {};
+  mirror_.Show([this] { Sync(); });
 }
 
 QLayout* IcSelectWindow::MakeLists() {
@@ -79,6 +77,8 @@ QLayout* IcSelectWindow::MakeLists() {
   connect(types_, &QListWidget::currentRowChanged, this, [this](int row) {
     if (row >= 0) dialog_.OnTypeChange(row);
   });
+  types_->TakenAgain = [this](int row) { dialog_.OnTypeChange(row); };
+  for (ChoiceList* list : {series_, types_}) list->Typed = [this](const QString& text) { OnTyped(text); };
   connect(types_, &QListWidget::itemDoubleClicked, this, [this] {
     if (dialog_.OnOk()) accept();
   });
@@ -135,6 +135,14 @@ QLayout* IcSelectWindow::MakeChoices() {
   grid->addWidget(massProduction_, 0, 1);
   grid->addLayout(limitRow, 1, 1);
   return grid;
+}
+
+void IcSelectWindow::OnTyped(const QString& text) {
+  const std::uint32_t now = TheMachine().clock->TickCount();
+  if (now - typedAt_ > kTypingMs) typed_.clear();
+  typedAt_ = now;
+  typed_ += text;
+  dialog_.OnTypedName(ToText(typed_));
 }
 
 void IcSelectWindow::SyncLists() {

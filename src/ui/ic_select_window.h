@@ -2,11 +2,14 @@
 #pragma once
 
 #include <QDialog>
+#include <cstdint>
+
+#include "catalogue/ic_select.h"
+#include "ui/dialog_mirror.h"
 
 class QCheckBox;
 class QLabel;
 class QLineEdit;
-class QListWidget;
 
 namespace pyxis {
 class CIcSelectDlg;
@@ -14,10 +17,11 @@ class CIcSelectDlg;
 
 namespace pyxis::ui {
 
+class ChoiceList;
+
 class IcSelectWindow : public QDialog {
  public:
   IcSelectWindow(CIcSelectDlg& dialog, QWidget* parent);
-  ~IcSelectWindow() override;
 
  private:
   QLayout* MakeLists();
@@ -25,12 +29,16 @@ class IcSelectWindow : public QDialog {
   QLayout* MakeChoices();
   void Sync();
   void SyncLists();
+  void OnTyped(const QString& text);
 
   CIcSelectDlg& dialog_;
-  QListWidget *series_, *types_;
+  DialogMirror<CIcSelectDlg> mirror_{dialog_};
+  ChoiceList *series_, *types_;
   QLabel *seriesCaption_, *chipName_;
   QCheckBox *displaySerial_, *exhvIsp_, *isp_, *massProduction_, *productionLimit_;
   QLineEdit* limit_;
+  QString typed_;  // of a name that is being typed into a list
+  std::uint32_t typedAt_ = 0;
 };
 
 }  // namespace pyxis::ui

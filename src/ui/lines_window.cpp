@@ -15,8 +15,9 @@ constexpr int kLineCharacters = 44;  // the longest line, so that the window kee
 
 }  // namespace
 
-LinesWindow::LinesWindow(const QString& title, std::size_t lineCount, const QString& action, QWidget* parent)
-    : QDialog(parent) {
+LinesWindow::LinesWindow(const QString& title, std::size_t lineCount, const QString& action, HandlerGate& gate,
+                         QWidget* parent)
+    : QDialog(parent), gate_(gate) {
   setWindowTitle(title);
   auto* all = new QVBoxLayout(this);
   for (std::size_t i = 0; i < lineCount; ++i) {
@@ -31,7 +32,7 @@ LinesWindow::LinesWindow(const QString& title, std::size_t lineCount, const QStr
   action_ = buttons->addButton(action, QDialogButtonBox::ActionRole);
   cancel_ = buttons->addButton(QDialogButtonBox::Cancel);
   action_->setDefault(true);
-  connect(action_, &QPushButton::clicked, this, [this] { presses_.Run(Action); });
+  connect(action_, &QPushButton::clicked, this, [this] { gate_.Run(Action); });
   connect(buttons, &QDialogButtonBox::rejected, this, &LinesWindow::reject);
   all->addWidget(buttons);
   layout()->setSizeConstraint(QLayout::SetFixedSize);
@@ -44,7 +45,7 @@ void LinesWindow::Show(std::span<const std::string> lines, bool actionEnabled, b
 }
 
 void LinesWindow::reject() {
-  if (cancel_->isEnabled() && !presses_.Busy()) QDialog::reject();
+  if (cancel_->isEnabled() && !gate_.Busy()) QDialog::reject();
 }
 
 }  // namespace pyxis::ui

@@ -20,7 +20,7 @@ class LinesWindow : public QDialog {
   void reject() override;
 
  protected:
-  LinesWindow(const QString& title, std::size_t lineCount, const QString& action, QWidget* parent);
+  LinesWindow(const QString& title, std::size_t lineCount, const QString& action, HandlerGate& gate, QWidget* parent);
   void Show(std::span<const std::string> lines, bool actionEnabled, bool cancelEnabled);
   std::function<void()> Action;  // when the button is pressed
 
@@ -28,7 +28,7 @@ class LinesWindow : public QDialog {
   std::vector<QLabel*> lines_;
   QPushButton* action_ = nullptr;
   QPushButton* cancel_ = nullptr;
-  HandlerGate presses_;
+  HandlerGate& gate_;
 };
 
 }  // namespace pyxis::ui

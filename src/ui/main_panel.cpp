@@ -1,6 +1,5 @@
 #include "ui/main_panel.h"
 
-#include <QCheckBox>
 #include <QGridLayout>
 #include <QGroupBox>
 #include <QLabel>
@@ -12,6 +11,8 @@
 
 #include "ui/figure_view.h"
 #include "ui/hex_view_widget.h"
+#include "ui/readable_style.h"
+#include "ui/verdict_label.h"
 
 namespace pyxis::ui {
 
@@ -39,6 +40,8 @@ MainPanel::MainPanel(QWidget* parent) : QWidget(parent) {
   all->addLayout(MakeModeLabels());
   all->addLayout(middle, 1);
   all->addLayout(MakeButtons());
+  verdict_ = new VerdictLabel(this);
+  all->addWidget(verdict_);
   // The fields were made last; the tab order goes from the top to the bottom.
   const ControlId order[] = {ControlId::FileField,  ControlId::ChipNameField, ControlId::ChecksumField,
                              ControlId::BufferArea, ControlId::Auto,          ControlId::BlankCheck,
@@ -121,7 +124,7 @@ QWidget* MainPanel::MakeFuseGroup() {
        {Box{ControlId::Unprotect, "Unprotect", 0, 0}, Box{ControlId::Protect, "Protect", 0, 1},
         Box{ControlId::FastMode, "Fast mode", 1, 0}, Box{ControlId::DualMode, "Dual mode", 1, 1},
         Box{ControlId::Clock32kDisable, "32KHz disable", 2, 0}, Box{ControlId::Clock32kEnable, "32KHz enable", 2, 1}}) {
-    auto* check = new QCheckBox(QString::fromLatin1(box.text), group);
+    auto* check = new ShownBox(QString::fromLatin1(box.text), group);
     KeepPlace(*check);
     grid->addWidget(check, box.row, box.column);
     controls_.Bind(box.id, check);
@@ -167,6 +170,14 @@ void MainPanel::Sync() {
   // Both lie on one place; the hex view is in front whenever it is visible.
   stack_->setCurrentIndex(TheMainControls()[ControlId::HexView].visible ? 0 : 1);
   figure_->ShowFigure(TheMainControls().pinFigure);
+  verdict_->Sync();
+}
+
+bool MainPanel::Focus(ControlId id) {
+  QWidget& control = *controls_.Widget(id);
+  if (!control.isEnabled() || control.isHidden()) return false;
+  control.setFocus();
+  return true;
 }
 
 void MainPanel::mouseMoveEvent(QMouseEvent* event) { MouseMoved(event->pos().x(), event->pos().y()); }

@@ -14,11 +14,13 @@ namespace pyxis::ui {
 
 class FigureView;
 class HexViewWidget;
+class VerdictLabel;
 
 class MainPanel : public QWidget {
  public:
   explicit MainPanel(QWidget* parent);
   void Sync();
+  bool Focus(ControlId id);  // false when it can't have it now
   HexViewWidget& Hex() { return *hex_; }
 
   std::function<void(ControlId)> Pressed = [](ControlId) {};
@@ -43,6 +45,7 @@ class MainPanel : public QWidget {
   QStackedWidget* stack_ = nullptr;
   HexViewWidget* hex_ = nullptr;
   FigureView* figure_ = nullptr;
+  VerdictLabel* verdict_ = nullptr;
 };
 
 }  // namespace pyxis::ui

@@ -5,6 +5,8 @@
 #include <QMenuBar>
 #include <QScreen>
 #include <QStatusTipEvent>
+#include <optional>
+#include <utility>
 
 #include "serial/sn_run.h"
 #include "ui/device_watch.h"
@@ -26,29 +28,31 @@ constexpr qint64 kUncoverMs = 250;  // between two paints of the whole window wh
 
 }  // namespace
 
-MainWindow::MainWindow() : panel_(new MainPanel(this)), statusBar_(new ProgressStatusBar(this)) {
+MainWindow::MainWindow(HandlerGate& gate)
+    : gate_(gate), panel_(new MainPanel(this)), statusBar_(new ProgressStatusBar(this)) {
   setStatusBar(statusBar_);
   setCentralWidget(panel_);
-  BuildMainMenu(*menuBar(), [this](MenuEntry entry) { gate_.Run([this, entry] { dialog_.OnCommand(entry); }); });
-  panel_->Pressed = [this](ControlId id) { gate_.Run([this, id] { dialog_.OnButton(id); }); };
+  BuildMainMenu(*menuBar(), [this](MenuEntry entry) { OnEntry(entry); });
+  panel_->Pressed = [this](ControlId id) { Run([this, id] { dialog_.OnButton(id); }); };
   panel_->MouseMoved = [this](int x, int y) { dialog_.OnMouseMove(x, y); };
   panel_->DropsMousePress = [this] { return dialog_.DropsMousePress(); };
-  panel_->Hex().GotoAsked = [this] { gate_.Run([] { OnGotoAddress(TheHexView()); }); };
+  panel_->Hex().GotoAsked = [this] { Run([] { OnGotoAddress(TheHexView()); }); };
   resize(kSize.boundedTo(screen()->availableSize() * 9 / 10));
   gate_.Starting = [this] { worked_ = focusWidget(); };
-  gate_.Idle = [this] {
+  gate_.Ended = [this] {
     Sync();
-    // A button that was greyed for a while has lost the focus; Enter shall find it for the next chip.
-    if (worked_ != nullptr && worked_->isEnabled()) worked_->setFocus();
-    if (closeAsked_) return CloseSoon();
-    if (watch_ != nullptr) watch_->Deliver();
+    RestoreFocus();
+    if (closeAsked_) CloseSoon();
   };
-  qApp->installEventFilter(&repeats_);
+  gate_.Idle = [this] {
+    if (watch_ != nullptr && !closeAsked_) watch_->Deliver();
+  };
   sinceProgress_.start();
   sinceRepaint_.start();
 }
 
 MainWindow::~MainWindow() {
+  gate_.Starting = gate_.Ended = gate_.Idle = [] {};
   delete snProgress_;  // before the dialog that it shows
   dialog_.OnDestroy();
 }
@@ -66,6 +70,27 @@ void MainWindow::Watch(DeviceEvents& events) {
   });
 }
 
+// To where the operation wants it, else to where it was: a button that was greyed for a while has lost it, and Enter
+// shall find it for the next chip.
+void MainWindow::RestoreFocus() {
+  const auto wanted = std::exchange(TheMainControls().focus, std::nullopt);
+  if (wanted && panel_->Focus(*wanted)) return;
+  if (worked_ != nullptr && worked_->isEnabled()) worked_->setFocus();
+}
+
+void MainWindow::Run(const std::function<void()>& handler) {
+  if (!gate_.DialogOpen()) gate_.Run(handler);
+}
+
+// The question whether to exit is no operation: devices come and go under it.
+void MainWindow::OnEntry(MenuEntry entry) {
+  Run([this, entry] {
+    std::optional<HandlerGate::Open> question;
+    if (entry == MenuEntry::Exit) question.emplace(gate_);
+    dialog_.OnCommand(entry);
+  });
+}
+
 void MainWindow::ControlsChanged() {
   dirty_ = true;
   SyncSoon();
@@ -74,8 +99,7 @@ void MainWindow::ControlsChanged() {
 void MainWindow::HexViewChanged() { panel_->Hex().Refresh(); }
 
 bool MainWindow::CreateSnProgress() {
-  snProgress_ = new SnProgramWindow(*SnProgressDlg(), this,
-                                    [this](const SnProgramWindow::Handler& handler) { gate_.Run(handler); });
+  snProgress_ = new SnProgramWindow(*SnProgressDlg(), gate_, this);
   return true;
 }
 
@@ -116,6 +140,7 @@ void MainWindow::Sync() {
   setWindowTitle(FromText(TheMainControls().title));
   panel_->Sync();
   statusBar_->Sync();
+  if (snProgress_ != nullptr) snProgress_->ShowVerdict();
 }
 
 void MainWindow::PumpPaint() {
@@ -130,12 +155,13 @@ void MainWindow::PumpPaint() {
 // Not before the handler that asks for it has ended.
 void MainWindow::CloseMainWindow() {
   closeAsked_ = true;
-  if (!gate_.Busy()) CloseSoon();
+  if (!gate_.Busy() && !gate_.DialogOpen()) CloseSoon();
 }
 
 void MainWindow::CloseSoon() {
   closeAsked_ = false;
-  QMetaObject::invokeMethod(this, [this] { close(); }, Qt::QueuedConnection);
+  QMetaObject::invokeMethod(
+      this, [this] { close(); }, Qt::QueuedConnection);
 }
 
 void MainWindow::EndMainWindow() {
@@ -154,7 +180,11 @@ bool MainWindow::event(QEvent* event) {
 }
 
 void MainWindow::closeEvent(QCloseEvent* event) {
-  if (!ended_) gate_.Run([this] { ended_ = dialog_.OnSysClose(); });
+  if (!ended_)
+    Run([this] {
+      const HandlerGate::Open question(gate_);
+      ended_ = dialog_.OnSysClose();
+    });
   event->setAccepted(ended_);
   if (ended_) QApplication::quit();
 }

@@ -9,7 +9,6 @@
 #include "platform/main_view.h"
 #include "shell/main_dialog.h"
 #include "ui/handler_gate.h"
-#include "ui/key_repeat_filter.h"
 
 namespace pyxis::ui {
 
@@ -20,7 +19,8 @@ class SnProgramWindow;
 
 class MainWindow : public QMainWindow, public MainView {
  public:
-  MainWindow();
+  // The gate is the operator's: one for all windows.
+  explicit MainWindow(HandlerGate& gate);
   ~MainWindow() override;
 
   // Brings the dialog up from the current directory and the open link; then show() it.
@@ -38,7 +38,6 @@ class MainWindow : public QMainWindow, public MainView {
   void EndMainWindow() override;
   void EnableMainWindow(bool enabled) override;
 
-  HandlerGate& Gate() { return gate_; }
   CPyxisLoadDlg& Dialog() { return dialog_; }
 
  protected:
@@ -46,19 +45,22 @@ class MainWindow : public QMainWindow, public MainView {
   bool event(QEvent* event) override;
 
  private:
+  // An operation of this window's, while no dialog lies over it.
+  void Run(const std::function<void()>& handler);
+  void OnEntry(MenuEntry entry);
   void Sync();
+  void RestoreFocus();
   void SyncSoon();
   void CloseSoon();
   void RepaintUncovered();
 
   CPyxisLoadDlg dialog_;
-  HandlerGate gate_;
-  KeyRepeatFilter repeats_;
+  HandlerGate& gate_;
   MainPanel* panel_;
   ProgressStatusBar* statusBar_;
   DeviceWatch* watch_ = nullptr;
   SnProgramWindow* snProgress_ = nullptr;
-  QPointer<QWidget> worked_;   // had the focus when a handler started
+  QPointer<QWidget> worked_;  // had the focus when a handler started
   QElapsedTimer sinceProgress_, sinceRepaint_;
   bool dirty_ = true;
   bool syncPosted_ = false;

@@ -39,12 +39,7 @@ OptionSelectWindow::OptionSelectWindow(COptionSelectDlg& dialog, QWidget* parent
   });
   all->addWidget(buttons);
   layout()->setSizeConstraint(QLayout::SetFixedSize);
-  dialog_.Changed = [this] { Sync(); };
-  Sync();
-}
-
-OptionSelectWindow::~OptionSelectWindow() {
-  dialog_.Changed = [] {};
+  mirror_.Show([this] { Sync(); });
 }
 
 void OptionSelectWindow::Sync() {

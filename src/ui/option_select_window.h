@@ -4,6 +4,9 @@
 #include <QDialog>
 #include <array>
 
+#include "options/option_select.h"
+#include "ui/dialog_mirror.h"
+
 class QRadioButton;
 
 namespace pyxis {
@@ -15,11 +18,11 @@ namespace pyxis::ui {
 class OptionSelectWindow : public QDialog {
  public:
   OptionSelectWindow(COptionSelectDlg& dialog, QWidget* parent);
-  ~OptionSelectWindow() override;
 
  private:
   void Sync();
   COptionSelectDlg& dialog_;
+  DialogMirror<COptionSelectDlg> mirror_{dialog_};
   std::array<std::array<QRadioButton*, 2>, 3> buttons_{};
 };
 

@@ -3,14 +3,14 @@
 #include <QApplication>
 #include <QFileDialog>
 #include <QFileInfo>
-#include <QLabel>
-#include <QMessageBox>
 
+#include "platform/files.h"
 #include "ui/about_window.h"
 #include "ui/chip_info_window.h"
 #include "ui/download_info_window.h"
 #include "ui/goto_address_window.h"
 #include "ui/ic_select_window.h"
+#include "ui/message_box.h"
 #include "ui/option_select_window.h"
 #include "ui/qt_text.h"
 #include "ui/smart_option_window.h"
@@ -20,8 +20,6 @@
 namespace pyxis::ui {
 
 namespace {
-
-constexpr int kMessageWidth = 40;  // characters
 
 QMessageBox::Icon IconOf(MessageIcon icon) {
   switch (icon) {
@@ -35,13 +33,6 @@ QMessageBox::Icon IconOf(MessageIcon icon) {
       break;
   }
   return QMessageBox::NoIcon;
-}
-
-// Wide enough for its caption; the text goes out as it is.
-void Dress(QMessageBox& box) {
-  box.setTextFormat(Qt::PlainText);
-  if (auto* label = box.findChild<QLabel*>(QStringLiteral("qt_msgbox_label")))
-    label->setMinimumWidth(kMessageWidth * box.fontMetrics().averageCharWidth());
 }
 
 }  // namespace
@@ -58,54 +49,59 @@ QWidget* QtOperator::Parent() const {
   return modal != nullptr ? modal : main_;
 }
 
-template <typename Window, typename Dialog>
-DialogEnd QtOperator::Run(Dialog& dialog, QWidget* parent) {
+template <typename Window, typename... Arguments>
+DialogEnd QtOperator::Run(Arguments&&... arguments) {
   const BusyCursors::Pause arrow(cursors_);
-  Window window(dialog, parent);
+  const HandlerGate::Open open(gate_);
+  Window window(std::forward<Arguments>(arguments)..., Parent());
   return window.exec() == QDialog::Accepted ? DialogEnd::Ok : DialogEnd::Cancel;
 }
 
-void QtOperator::Tell(const std::string& text, const std::string& caption, MessageIcon icon) {
+int QtOperator::Show(MessageBox& box) {
   const BusyCursors::Pause arrow(cursors_);
-  QMessageBox box(IconOf(icon), FromText(caption), FromText(text), QMessageBox::Ok, Parent());
-  Dress(box);
-  box.exec();
+  if (gate_.Busy()) gate_.Input().Discard();
+  gate_.Input().GuardBox(box);
+  return box.exec();
+}
+
+void QtOperator::Tell(const std::string& text, const std::string& caption, MessageIcon icon) {
+  MessageBox box(IconOf(icon), FromText(caption), FromText(text), QMessageBox::Ok, Parent());
+  Show(box);
 }
 
 bool QtOperator::Ask(const std::string& text, const std::string& caption, MessageIcon icon) {
-  const BusyCursors::Pause arrow(cursors_);
-  QMessageBox box(IconOf(icon), FromText(caption), FromText(text), QMessageBox::Yes | QMessageBox::No, Parent());
-  Dress(box);
+  MessageBox box(IconOf(icon), FromText(caption), FromText(text), QMessageBox::Yes | QMessageBox::No, Parent());
   box.setDefaultButton(QMessageBox::Yes);
   box.setEscapeButton(QMessageBox::No);
-  return box.exec() == QMessageBox::Yes;
+  return Show(box) == QMessageBox::Yes;
 }
 
 // Qt's own dialog: its filters don't look at letter case, whatever the desktop.
-std::optional<std::string> QtOperator::ChooseFile(const std::string& filter) {
+std::optional<std::string> QtOperator::ChooseFile(const FileQuestion& question) {
   const BusyCursors::Pause arrow(cursors_);
-  QFileDialog dialog(Parent(), QStringLiteral("Open"), lastFolder_);
+  const HandlerGate::Open open(gate_);
+  QString& folder = lastFolders_[{question.kind, question.folder}];
+  if (folder.isEmpty()) folder = FromText(ResolvePath(question.folder));
+  QFileDialog dialog(Parent(), QStringLiteral("Open"), folder);
   dialog.setOption(QFileDialog::DontUseNativeDialog);
   dialog.setFileMode(QFileDialog::ExistingFile);
-  dialog.setNameFilters(QtFilters(filter));
+  dialog.setNameFilters(QtFilters(question.filter));
   if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) return std::nullopt;
   const QString path = dialog.selectedFiles().constFirst();
-  lastFolder_ = QFileInfo(path).absolutePath();
+  folder = QFileInfo(path).absolutePath();
   return ToText(path);
 }
 
-DialogEnd QtOperator::RunDialog(CIcSelectDlg& dialog) { return Run<IcSelectWindow>(dialog, Parent()); }
-DialogEnd QtOperator::RunDialog(COptionSelectDlg& dialog) { return Run<OptionSelectWindow>(dialog, Parent()); }
-DialogEnd QtOperator::RunDialog(CReadChipInfoDlg& dialog) { return Run<ChipInfoWindow>(dialog, Parent()); }
-DialogEnd QtOperator::RunDialog(CDownloadInfoDlg& dialog) { return Run<DownloadInfoWindow>(dialog, Parent()); }
-DialogEnd QtOperator::RunDialog(CGotoAddressDlg& dialog) { return Run<GotoAddressWindow>(dialog, Parent()); }
-DialogEnd QtOperator::RunDialog(CSnSetDlg& dialog) { return Run<SnSetWindow>(dialog, Parent()); }
-DialogEnd QtOperator::RunDialog(CSnProgramDlg& dialog) { return Run<SnProgramWindow>(dialog, Parent()); }
-DialogEnd QtOperator::RunDialog(CSmartOptionDlg& dialog) { return Run<SmartOptionWindow>(dialog, Parent()); }
+DialogEnd QtOperator::RunDialog(CIcSelectDlg& dialog) { return Run<IcSelectWindow>(dialog); }
+DialogEnd QtOperator::RunDialog(COptionSelectDlg& dialog) { return Run<OptionSelectWindow>(dialog); }
+DialogEnd QtOperator::RunDialog(CReadChipInfoDlg& dialog) { return Run<ChipInfoWindow>(dialog, gate_); }
+DialogEnd QtOperator::RunDialog(CDownloadInfoDlg& dialog) { return Run<DownloadInfoWindow>(dialog, gate_); }
+DialogEnd QtOperator::RunDialog(CGotoAddressDlg& dialog) { return Run<GotoAddressWindow>(dialog); }
+DialogEnd QtOperator::RunDialog(CSnSetDlg& dialog) { return Run<SnSetWindow>(dialog, gate_); }
+DialogEnd QtOperator::RunDialog(CSnProgramDlg& dialog) { return Run<SnProgramWindow>(dialog, gate_); }
+DialogEnd QtOperator::RunDialog(CSmartOptionDlg& dialog) { return Run<SmartOptionWindow>(dialog); }
+void QtOperator::RunAbout() { Run<AboutWindow>(); }
 
-void QtOperator::RunAbout() {
-  const BusyCursors::Pause arrow(cursors_);
-  AboutWindow(Parent()).exec();
-}
+void QtOperator::Alarm() { QApplication::beep(); }
 
 }  // namespace pyxis::ui

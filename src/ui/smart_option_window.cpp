@@ -8,6 +8,7 @@
 
 #include "options/smart_option_dlg.h"
 #include "ui/qt_text.h"
+#include "ui/title_width.h"
 
 namespace pyxis::ui {
 
@@ -46,7 +47,10 @@ void SmartOptionWindow::Place(const OptionRect& placement) {
 
 int SmartOptionWindow::ClientHeight() { return height(); }
 
-void SmartOptionWindow::SetTitle(const std::string& title) { setWindowTitle(FromText(title)); }
+void SmartOptionWindow::SetTitle(const std::string& title) {
+  setWindowTitle(FromText(title));
+  setFixedWidth(std::max(width(), TitleWidth(*this, windowTitle())));
+}
 
 OptionListHandle SmartOptionWindow::CreateList(const OptionRect& rect, const std::string& name) {
   auto* list = new QComboBox(this);

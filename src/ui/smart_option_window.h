@@ -27,9 +27,6 @@ class SmartOptionWindow : public QDialog, public OptionWindow {
   void SetTitle(const std::string& title) override;
   OptionListHandle CreateList(const OptionRect& rect, const std::string& name) override;
   void FillList(OptionListHandle list, const std::vector<std::string>& alternatives, int selection) override;
-  // Nothing scrolls.
-  void SetScroll(OptionScrollBar, const OptionScroll&) override {}
-  int ScrollPosition(OptionScrollBar) override { return 0; }
   void DrawLabel(int x, int y, const std::string& text, OptionColor color) override;
 
  protected:

@@ -6,11 +6,12 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
-#include <utility>
 
 #include "serial/sn_run.h"
+#include "ui/digits_width.h"
 #include "ui/numeric_edit_field.h"
 #include "ui/qt_text.h"
+#include "ui/verdict_label.h"
 
 namespace pyxis::ui {
 
@@ -28,8 +29,8 @@ void AddRow(QGridLayout& grid, int row, const char* caption, QLineEdit* field) {
 
 }  // namespace
 
-SnProgramWindow::SnProgramWindow(CSnProgramDlg& dialog, QWidget* parent, std::function<void(const Handler&)> run)
-    : QDialog(parent), dialog_(dialog), run_(std::move(run)) {
+SnProgramWindow::SnProgramWindow(CSnProgramDlg& dialog, HandlerGate& gate, QWidget* parent)
+    : QDialog(parent), dialog_(dialog), gate_(gate) {
   setWindowTitle(QStringLiteral("Serial Number Program"));
   auto* all = new QVBoxLayout(this);
   auto* series = new QGridLayout;
@@ -59,17 +60,15 @@ SnProgramWindow::SnProgramWindow(CSnProgramDlg& dialog, QWidget* parent, std::fu
   connect(close, &QPushButton::clicked, this, &SnProgramWindow::reject);
   buttons->addWidget(close);
   all->addLayout(buttons);
+  verdict_ = new VerdictLabel(this);
+  all->addWidget(verdict_);
   layout()->setSizeConstraint(QLayout::SetFixedSize);
-  dialog_.Changed = [this] { Sync(); };
-  Sync();
-}
-
-SnProgramWindow::~SnProgramWindow() {
-  dialog_.Changed = [] {};
+  mirror_.Show([this] { Sync(); });
 }
 
 NumericEditField* SnProgramWindow::AddField(QGridLayout& grid, int row, const char* caption) {
   auto* field = new NumericEditField(kDigits, this);
+  FitDigits(*field, kDigits);
   AddRow(grid, row, caption, field);
   return field;
 }
@@ -78,22 +77,21 @@ NumericEditField* SnProgramWindow::AddField(QGridLayout& grid, int row, const ch
 QPushButton* SnProgramWindow::AddButton(QLayout& row, const char* caption, const Handler& pressed) {
   auto* button = new QPushButton(QString::fromLatin1(caption), this);
   button->setAutoDefault(false);
-  connect(button, &QPushButton::clicked, this, [this, pressed] { Press(pressed); });
+  connect(button, &QPushButton::clicked, this, [this, pressed] { gate_.Run(pressed); });
   row.addWidget(button);
   return button;
 }
 
-void SnProgramWindow::Press(const Handler& handler) {
-  if (presses_.Busy()) return;
-  run_([this, &handler] { presses_.Run(handler); });
+void SnProgramWindow::reject() {
+  if (gate_.Busy()) return;
+  gate_.Run([this] { dialog_.OnClose(); });
+  QDialog::reject();
 }
 
-void SnProgramWindow::reject() {
-  Press([this] { dialog_.OnClose(); });
-  if (dialog_.ended && !presses_.Busy()) QDialog::reject();
-}
+void SnProgramWindow::ShowVerdict() { verdict_->Sync(); }
 
 void SnProgramWindow::Sync() {
+  ShowVerdict();
   chip_->setText(FromText(dialog_.chipText));
   start_->Show(dialog_.startText);
   end_->Show(dialog_.endText);

@@ -5,6 +5,8 @@
 #include <QDialog>
 #include <functional>
 
+#include "serial/sn_run.h"
+#include "ui/dialog_mirror.h"
 #include "ui/handler_gate.h"
 
 class QGridLayout;
@@ -18,27 +20,27 @@ class CSnProgramDlg;
 namespace pyxis::ui {
 
 class NumericEditField;
+class VerdictLabel;
 
 class SnProgramWindow : public QDialog {
  public:
-  using Handler = std::function<void()>;
-  // `run` runs each handler, or drops it. The dialog must outlive the window.
-  SnProgramWindow(CSnProgramDlg& dialog, QWidget* parent, std::function<void(const Handler&)> run = Call);
-  ~SnProgramWindow() override;
+  // The dialog must outlive the window.
+  SnProgramWindow(CSnProgramDlg& dialog, HandlerGate& gate, QWidget* parent);
 
+  void ShowVerdict();
   void reject() override;  // Escape and the title bar count as "Close"
 
  private:
-  static void Call(const Handler& handler) { handler(); }
+  using Handler = std::function<void()>;
   NumericEditField* AddField(QGridLayout& grid, int row, const char* caption);
   QPushButton* AddButton(QLayout& row, const char* caption, const Handler& pressed);
-  void Press(const Handler& handler);
   void Sync();
 
   CSnProgramDlg& dialog_;
-  std::function<void(const Handler&)> run_;
-  HandlerGate presses_;
+  DialogMirror<CSnProgramDlg> mirror_{dialog_};
+  HandlerGate& gate_;
   QLineEdit* chip_;
+  VerdictLabel* verdict_;
   NumericEditField *start_, *end_, *startAddress_, *endAddress_, *ok_, *ng_, *total_;
   QPushButton *program_, *set_;
 };

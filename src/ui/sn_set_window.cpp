@@ -8,11 +8,13 @@
 #include <QRadioButton>
 
 #include "serial/sn_set.h"
+#include "ui/digits_width.h"
 #include "ui/numeric_edit_field.h"
 
 namespace pyxis::ui {
 
-SnSetWindow::SnSetWindow(CSnSetDlg& dialog, QWidget* parent) : QDialog(parent), dialog_(dialog) {
+SnSetWindow::SnSetWindow(CSnSetDlg& dialog, HandlerGate& gate, QWidget* parent)
+    : QDialog(parent), dialog_(dialog), gate_(gate) {
   setWindowTitle(QStringLiteral("Serial Number Set"));
   auto* all = new QVBoxLayout(this);
   auto* grid = new QGridLayout;
@@ -31,24 +33,20 @@ SnSetWindow::SnSetWindow(CSnSetDlg& dialog, QWidget* parent) : QDialog(parent), 
   load->setDefault(true);
   auto* cancel = buttons->addButton(QStringLiteral("&Cancel"), QDialogButtonBox::RejectRole);
   connect(load, &QPushButton::clicked, this, [this] {
-    presses_.Run([this] { dialog_.OnLoad(); });
+    gate_.Run([this] { dialog_.OnLoad(); });
     if (dialog_.ended) accept();
   });
   connect(cancel, &QPushButton::clicked, this, &SnSetWindow::reject);
   all->addWidget(buttons);
   layout()->setSizeConstraint(QLayout::SetFixedSize);
-  dialog_.Changed = [this] { Sync(); };
-  Sync();
+  mirror_.Show([this] { Sync(); });
   length_->selectAll();
-}
-
-SnSetWindow::~SnSetWindow() {
-  dialog_.Changed = [] {};
 }
 
 NumericEditField* SnSetWindow::AddField(QGridLayout& grid, const char* caption, std::size_t limit,
                                         std::function<void(const std::string&)> changed) {
   auto* field = new NumericEditField(limit, this);
+  FitDigits(*field, limit);
   field->TextEdited = std::move(changed);
   auto* label = new QLabel(QString::fromLatin1(caption), this);
   label->setBuddy(field);
@@ -74,7 +72,7 @@ void SnSetWindow::AddDirection(QGridLayout& grid) {
 }
 
 void SnSetWindow::reject() {
-  if (!presses_.Busy()) QDialog::reject();
+  if (!gate_.Busy()) QDialog::reject();
 }
 
 void SnSetWindow::Sync() {

@@ -6,6 +6,8 @@
 #include <functional>
 #include <string>
 
+#include "serial/sn_set.h"
+#include "ui/dialog_mirror.h"
 #include "ui/handler_gate.h"
 
 class QGridLayout;
@@ -21,8 +23,7 @@ class NumericEditField;
 
 class SnSetWindow : public QDialog {
  public:
-  SnSetWindow(CSnSetDlg& dialog, QWidget* parent);
-  ~SnSetWindow() override;
+  SnSetWindow(CSnSetDlg& dialog, HandlerGate& gate, QWidget* parent);
 
   void reject() override;  // not while the series is on its way
 
@@ -33,7 +34,8 @@ class SnSetWindow : public QDialog {
   void Sync();
 
   CSnSetDlg& dialog_;
-  HandlerGate presses_;
+  DialogMirror<CSnSetDlg> mirror_{dialog_};
+  HandlerGate& gate_;
   NumericEditField *length_, *address_, *start_, *amount_;
   std::array<QRadioButton*, 2> directions_{};
 };

@@ -13,6 +13,8 @@ void CGotoAddressDlg::OnChange(const std::string& newText) {
 }
 
 void OnGotoAddress(CMiniHexEditView& view) {
+  if (!view.Live()) return;
+  view.ClearSelection();
   CGotoAddressDlg dialog;
   if (TheMachine().op->RunDialog(dialog) == DialogEnd::Ok) view.GoTo(dialog.address);
 }

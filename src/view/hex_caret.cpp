@@ -1,114 +1,57 @@
-// Where the hex view's caret is, how it moves, and what a point of the window means.
-#include <algorithm>
-
-#include "view/hex_view.h"
+#include "view/hex_caret.h"
 
 namespace pyxis {
 
-int CMiniHexEditView::CaretWidth() const {
-  return CurrentArea == kAddressArea ? (AddressCells() - 1) * CharWidth : CharWidth;
+int HexCaret::Width(const HexGeometry& geometry) const {
+  return CurrentArea == kAddressArea ? (geometry.AddressCells() - 1) * geometry.CharWidth : geometry.CharWidth;
 }
 
-void CMiniHexEditView::PlaceCaret() {
-  const std::int32_t distance = CurrentOffset - TopOffset;
-  const std::int32_t row = distance / LineBytes();
-  const std::int32_t column = distance % LineBytes();
-  CaretY = row * LineHeight;
+void HexCaret::Place(const HexGeometry& geometry) {
+  const std::int32_t distance = CurrentOffset - geometry.TopOffset;
+  const std::int32_t column = distance % geometry.LineBytes();
+  CaretY = distance / geometry.LineBytes() * geometry.LineHeight;
   switch (CurrentArea) {
     case kAsciiArea:
-      CaretX = AsciiColumnX + column * CharWidth;
+      CaretX = geometry.AsciiColumnX + column * geometry.CharWidth;
       break;
     case kHexArea:
-      if (Nibble < 1) Nibble = DigitsPerByte;
-      if (Nibble > DigitsPerByte) Nibble = 1;
-      CaretX = HexColumnX + column * CharWidth * (DigitsPerByte + 1) + CharWidth * (DigitsPerByte - Nibble);
+      if (Nibble < 1) Nibble = geometry.DigitsPerByte;
+      if (Nibble > geometry.DigitsPerByte) Nibble = 1;
+      CaretX =
+          geometry.HexColumnX + column * geometry.HexStep() + geometry.CharWidth * (geometry.DigitsPerByte - Nibble);
       break;
     default:
       CaretX = 0;
       break;
   }
-  caretInView_ = Live() && distance >= 0 && CaretX < clientWidth_ && CaretY < clientHeight_;
+  InView = distance >= 0 && geometry.Contains(CaretX, CaretY);
 }
 
-void CMiniHexEditView::ScrollForKey(HexScroll code) {
-  KeyScroll = true;
-  Scroll(code);
-  KeyScroll = false;
+void HexCaret::Take(const HexHit& hit, const HexGeometry& geometry) {
+  CurrentArea = hit.area;
+  CurrentOffset = hit.offset;
+  if (hit.area == kHexArea) Nibble = hit.nibble;
+  CaretX = hit.column * geometry.CharWidth;
+  CaretY = hit.row * geometry.LineHeight;
+  InView = geometry.Contains(CaretX, CaretY);
 }
 
-void CMiniHexEditView::MoveCaret(int dx, int dy) {
-  if (CurrentArea == kAddressArea) return;
+void HexCaret::Move(int dx, int dy, const HexGeometry& geometry, std::int32_t dataLength) {
   if (CurrentArea == kAsciiArea) {
-    CurrentOffset += dx + dy * LineBytes();
+    CurrentOffset += dx + dy * geometry.LineBytes();
   } else {
     if (dx != 0) Nibble += dx > 0 ? -1 : 1;
-    CurrentOffset += dy * LineBytes();
-    if (dx != 0 && Nibble > DigitsPerByte) --CurrentOffset;
+    CurrentOffset += dy * geometry.LineBytes();
+    if (dx != 0 && Nibble > geometry.DigitsPerByte) --CurrentOffset;
     if (dx != 0 && Nibble < 1) ++CurrentOffset;
   }
   if (CurrentOffset < 0) {
     CurrentOffset = 0;
-    Nibble = DigitsPerByte;
-  } else if (CurrentOffset >= DataLength()) {
-    CurrentOffset = DataLength() - 1;
+    Nibble = geometry.DigitsPerByte;
+  } else if (CurrentOffset >= dataLength) {
+    CurrentOffset = dataLength - 1;
     Nibble = 1;
   }
-  if (CurrentOffset < TopOffset) {
-    ScrollForKey(HexScroll::LineUp);
-  } else if (CurrentOffset >= TopOffset + LinesPerPage * LineBytes()) {
-    ScrollForKey(HexScroll::LineDown);
-  }
-  PlaceCaret();
-}
-
-// Cells count from 1. A point on data that isn't there means the last byte.
-bool CMiniHexEditView::HitTest(int x, int y) {
-  if (CharWidth <= 0 || LineHeight <= 0) return false;
-  const int row = y / LineHeight;
-  const int column = (x + CharWidth) / CharWidth;
-  if (y < 0 || row > LinesPerPage || row * LineBytes() > DataLength()) return false;
-  if (!HitAddress(row, column) && !HitHex(row, column) && !HitAscii(row, column)) return false;
-  if (CurrentOffset < 0 || CurrentOffset >= DataLength()) {
-    CurrentOffset = std::clamp(CurrentOffset, 0, DataLength() - 1);
-    PlaceCaret();
-  }
-  return true;
-}
-
-bool CMiniHexEditView::HitAddress(int row, int column) {
-  if (!ShowAddress || column > (WideAddress ? 8 : 5)) return false;
-  CurrentArea = kAddressArea;
-  CurrentOffset = TopOffset + row * LineBytes();
-  SetCaret(0, row);
-  return true;
-}
-
-bool CMiniHexEditView::HitHex(int row, int column) {
-  const int first = HexColumnX / CharWidth;
-  const int step = DigitsPerByte + 1;
-  if (!ShowHex || column >= first + LineBytes() * step) return false;
-  // The blank behind a byte belongs to the next one.
-  if ((column - AddressCells()) % step != 0) --column;
-  CurrentArea = kHexArea;
-  CurrentOffset = TopOffset + row * LineBytes() + (column - first) / step;
-  Nibble = DigitsPerByte - (column - AddressCells()) % step;
-  SetCaret(column, row);
-  return true;
-}
-
-bool CMiniHexEditView::HitAscii(int row, int column) {
-  const int first = AsciiColumnX / CharWidth;
-  if (!ShowAscii || column > first + LineBytes()) return false;
-  CurrentArea = kAsciiArea;
-  CurrentOffset = std::max(TopOffset + row * LineBytes() + column - first - 1, 0);
-  SetCaret(column - 1 < first ? column : column - 1, row);
-  return true;
-}
-
-void CMiniHexEditView::SetCaret(int column, int row) {
-  CaretX = column * CharWidth;
-  CaretY = row * LineHeight;
-  caretInView_ = CaretX < clientWidth_ && CaretY < clientHeight_;
 }
 
 }  // namespace pyxis

@@ -1,4 +1,4 @@
-// The hex view's mouse and keys.
+// The hex view's mouse, keys and editing.
 #include <algorithm>
 #include <optional>
 
@@ -24,15 +24,26 @@ std::optional<unsigned> HexDigitOf(char32_t character) {
 
 }  // namespace
 
+// A point on data that isn't there means the last byte.
+bool CMiniHexEditView::HitTest(int x, int y) {
+  const auto hit = geometry.HitTest(x, y, DataLength());
+  if (!hit) return false;
+  caret.Take(*hit, geometry);
+  if (caret.CurrentOffset < 0 || caret.CurrentOffset >= DataLength()) {
+    caret.CurrentOffset = std::clamp(caret.CurrentOffset, 0, DataLength() - 1);
+    caret.Place(geometry);
+  }
+  return true;
+}
+
 void CMiniHexEditView::OnLButtonDown(int x, int y, bool shift) {
-  dragging_ = false;
   if (!Live()) return;
   if (shift) {
-    SelStart = CurrentOffset;
-    if (HitTest(x, y)) ExtendSelection(CurrentArea == kHexArea);
-    if (SelEnd < 0) SelStart = -1;  // nothing was hit and nothing was selected before
+    selection.SelStart = caret.CurrentOffset;
+    if (HitTest(x, y)) ExtendSelection(caret.CurrentArea == kHexArea);
+    if (selection.SelEnd < 0) selection.SelStart = -1;  // nothing was hit and nothing was selected before
   } else {
-    ClearSelection();
+    selection.Clear();
     HitTest(x, y);
   }
   Changed();
@@ -40,38 +51,56 @@ void CMiniHexEditView::OnLButtonDown(int x, int y, bool shift) {
 
 void CMiniHexEditView::OnDragStart() {
   if (!Live()) return;
-  SelStart = SelEnd = CurrentOffset;
-  dragging_ = true;
+  selection.SelStart = selection.SelEnd = caret.CurrentOffset;
   Changed();
 }
 
 void CMiniHexEditView::OnMouseMove(int x, int y) {
-  if (!Live() || !HasSelection()) return;
+  if (!Live() || !selection.Exists()) return;
   if (y < 0) {
     Scroll(HexScroll::LineUp);
     y = 0;
-  } else if (y >= clientHeight_) {
+  } else if (y >= geometry.ClientHeight) {
     Scroll(HexScroll::LineDown);
-    y = clientHeight_ - 1;
+    y = geometry.ClientHeight - 1;
   }
-  const std::int32_t before = SelEnd;
-  if (HitTest(x, y)) ExtendSelection(CurrentArea == kHexArea);
-  if (SelEnd != before) Changed();
+  const std::int32_t before = selection.SelEnd;
+  if (HitTest(x, y)) ExtendSelection(caret.CurrentArea == kHexArea);
+  if (selection.SelEnd != before) Changed();
 }
 
 void CMiniHexEditView::OnKeyDown(HexKey key, HexModifiers modifiers) {
   if (!Live()) return;
   if (!modifiers.shift) {
-    ClearSelection();
-  } else if (!HasSelection()) {
-    SelStart = CurrentOffset;
+    selection.Clear();
+  } else if (!selection.Exists()) {
+    selection.SelStart = caret.CurrentOffset;
   }
   MoveByKey(key, modifiers.control);
-  if (modifiers.shift) ExtendSelection(CurrentArea == kHexArea && (key == HexKey::Right || key == HexKey::Down));
+  if (modifiers.shift) ExtendSelection(caret.CurrentArea == kHexArea && (key == HexKey::Right || key == HexKey::Down));
   Changed();
 }
 
+void CMiniHexEditView::ScrollForKey(HexScroll code) {
+  caret.KeyScroll = true;
+  Scroll(code);
+  caret.KeyScroll = false;
+}
+
+void CMiniHexEditView::MoveCaret(int dx, int dy) {
+  if (caret.CurrentArea == kAddressArea) return;
+  caret.Move(dx, dy, geometry, DataLength());
+  if (caret.CurrentOffset < geometry.TopOffset) {
+    ScrollForKey(HexScroll::LineUp);
+  } else if (caret.CurrentOffset >= geometry.TopOffset + geometry.LinesPerPage * geometry.LineBytes()) {
+    ScrollForKey(HexScroll::LineDown);
+  }
+  caret.Place(geometry);
+}
+
 void CMiniHexEditView::MoveByKey(HexKey key, bool control) {
+  std::int32_t& at = caret.CurrentOffset;
+  const std::int32_t lineStart = at - at % geometry.LineBytes();
   switch (key) {
     case HexKey::PageUp:
     case HexKey::PageDown:
@@ -80,19 +109,19 @@ void CMiniHexEditView::MoveByKey(HexKey key, bool control) {
       break;
     case HexKey::Home:
       if (control) {
-        TopOffset = CurrentOffset = 0;
+        geometry.TopOffset = at = 0;
       } else {
-        CurrentOffset -= CurrentOffset % LineBytes();
-        Nibble = DigitsPerByte;
+        at = lineStart;
+        caret.Nibble = geometry.DigitsPerByte;
       }
       break;
     case HexKey::End:
       if (control) {
-        CurrentOffset = DataLength() - 1;
-        TopOffset = LastLinePartial ? 0 : std::max(LastPage(), 0);
+        at = DataLength() - 1;
+        geometry.TopOffset = geometry.LastLinePartial ? 0 : std::max(LastPage(), 0);
       } else {
-        CurrentOffset = std::min(CurrentOffset - CurrentOffset % LineBytes() + LineBytes(), DataLength()) - 1;
-        Nibble = DigitsPerByte;
+        at = std::min(lineStart + geometry.LineBytes(), DataLength()) - 1;
+        caret.Nibble = geometry.DigitsPerByte;
       }
       break;
     case HexKey::Left:
@@ -108,20 +137,26 @@ void CMiniHexEditView::MoveByKey(HexKey key, bool control) {
       MoveCaret(0, 1);
       break;
   }
-  PlaceCaret();
+  caret.Place(geometry);
+}
+
+void CMiniHexEditView::ClearSelection() {
+  if (!selection.Exists()) return;
+  selection.Clear();
+  Changed();
 }
 
 void CMiniHexEditView::OnChar(char32_t character, HexModifiers modifiers) {
   if (!Live() || character == kTab || character == kBackspace) return;
   if (modifiers.control && (character == kControlX || character == kControlC || character == kControlV)) {
-    if (character == kControlX && HasSelection()) CutSelection();
+    if (character == kControlX && selection.Exists()) CutSelection();
     return;
   }
-  ClearSelection();
-  if (CurrentArea == kHexArea) {
+  selection.Clear();
+  if (caret.CurrentArea == kHexArea) {
     TypeHexDigit(character);
-  } else if (CurrentArea == kAsciiArea && character <= kLargestByte) {
-    Data[static_cast<std::size_t>(CurrentOffset)] = static_cast<std::uint8_t>(character);
+  } else if (caret.CurrentArea == kAsciiArea && character <= kLargestByte) {
+    Data[static_cast<std::size_t>(caret.CurrentOffset)] = static_cast<std::uint8_t>(character);
     MoveCaret(1, 0);
   }
   Changed();
@@ -130,20 +165,20 @@ void CMiniHexEditView::OnChar(char32_t character, HexModifiers modifiers) {
 void CMiniHexEditView::TypeHexDigit(char32_t character) {
   const auto digit = HexDigitOf(character);
   if (!digit) return;
-  const int shift = 4 * (Nibble - 1);
-  std::uint8_t& byte = Data[static_cast<std::size_t>(CurrentOffset)];
+  const int shift = 4 * (caret.Nibble - 1);
+  std::uint8_t& byte = Data[static_cast<std::size_t>(caret.CurrentOffset)];
   byte = static_cast<std::uint8_t>((byte & ~(0xFU << shift)) | *digit << shift);
   MoveCaret(1, 0);
 }
 
 void CMiniHexEditView::CutSelection() {
-  const auto [from, to] = std::minmax(SelStart, SelEnd);
+  const auto [from, to] = selection.Range();
   Data.erase(Data.begin() + from, Data.begin() + std::min(to, DataLength()));
-  ClearSelection();
-  Recalc = true;
-  if (CurrentOffset >= DataLength()) CurrentOffset = std::max(DataLength() - 1, 0);
+  selection.Clear();
+  geometry.Recalc = true;
+  if (caret.CurrentOffset >= DataLength()) caret.CurrentOffset = std::max(DataLength() - 1, 0);
   KeepInside();
-  PlaceCaret();
+  caret.Place(geometry);
   Changed();
 }
 

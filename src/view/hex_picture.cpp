@@ -19,31 +19,32 @@ char Shown(std::uint8_t byte) { return byte >= 0x20 && byte < 0x7F ? static_cast
 }  // namespace
 
 int HexLineCount(const CMiniHexEditView& view) {
-  if (view.Data.empty() || view.Blanked) return 0;
-  const auto lineBytes = static_cast<std::int32_t>(view.m_lpr);
-  const std::int32_t left = std::max(view.DataLength() - view.TopOffset, 0);
-  return std::min(view.VisibleLines(), left / lineBytes + (left % lineBytes != 0 ? 1 : 0));
+  if (!view.Live()) return 0;
+  const auto lineBytes = static_cast<std::int32_t>(view.geometry.m_lpr);
+  const std::int32_t left = std::max(view.DataLength() - view.geometry.TopOffset, 0);
+  return std::min(view.geometry.VisibleLines(), left / lineBytes + (left % lineBytes != 0 ? 1 : 0));
 }
 
 void FormatHexLine(const CMiniHexEditView& view, int line, HexLine& out) {
-  const auto lineBytes = static_cast<std::int32_t>(view.m_lpr);
-  const std::int32_t first = view.TopOffset + line * lineBytes;
+  const auto lineBytes = static_cast<std::int32_t>(view.geometry.m_lpr);
+  const std::int32_t first = view.geometry.TopOffset + line * lineBytes;
   const std::int32_t end = std::min(first + lineBytes, view.DataLength());
   out.address.clear();
   out.hex.clear();
   out.ascii.clear();
-  if (view.ShowAddress) AppendHex(out.address, static_cast<std::uint32_t>(first), view.WideAddress ? 8 : 4);
+  if (view.geometry.ShowAddress)
+    AppendHex(out.address, static_cast<std::uint32_t>(first), view.geometry.WideAddress ? 8 : 4);
   for (std::int32_t at = first; at < end; ++at) {
     const std::uint8_t byte = view.Data[static_cast<std::size_t>(at)];
-    if (view.ShowHex) {
-      AppendHex(out.hex, byte, view.DigitsPerByte);
+    if (view.geometry.ShowHex) {
+      AppendHex(out.hex, byte, view.geometry.DigitsPerByte);
       out.hex.push_back(' ');
     }
-    if (view.ShowAscii) out.ascii.push_back(Shown(byte));
+    if (view.geometry.ShowAscii) out.ascii.push_back(Shown(byte));
   }
   out.selectedFrom = out.selectedTo = 0;
-  if (!view.HasSelection() || view.CurrentArea == kAddressArea) return;
-  const auto [from, to] = std::minmax(view.SelStart, view.SelEnd);
+  if (!view.selection.Exists() || view.caret.CurrentArea == kAddressArea) return;
+  const auto [from, to] = view.selection.Range();
   if (to <= first || from >= end) return;
   out.selectedFrom = std::max(from, first) - first;
   out.selectedTo = std::min(to, end) - first;

@@ -216,7 +216,7 @@ TEST_F(LoadFileOptions, ReachTheJobAndThePanel) {
   using Dialog = COptionSelectDlg;
   // The buttons that are clicked, -1 for none; the value; what the panel marks.
   // clang-format off
-  for (const auto& [chip, protect, mode, clock, ok, value, full, marks] :
+  for (const auto& [chip, protect, mode, clockPair, ok, value, full, marks] :
        Table<const char*, int, int, int, bool, std::uint32_t, bool, std::vector<ControlId>>{
            {"QVL04", -1, -1, -1, true, 0x67, true,
             {ControlId::Unprotect, ControlId::FastMode, ControlId::Clock32kDisable}},
@@ -231,13 +231,13 @@ TEST_F(LoadFileOptions, ReachTheJobAndThePanel) {
            {"QV4106", 1, 0, 0, true, 0, false, {ControlId::Protect}},
            {"QV4105", -1, -1, -1, false, 0x60, false, {ControlId::Unprotect}}}) {
     // clang-format on
-    SCOPED_TRACE(std::string(chip) + Printf(" %d %d %d", protect, mode, clock));
+    SCOPED_TRACE(std::string(chip) + Printf(" %d %d %d", protect, mode, clockPair));
     op.optionSelect = [&](Dialog& dialog) {
       EXPECT_EQ(All(dialog.Shown(Dialog::Protection), dialog.Shown(Dialog::Mode), dialog.Shown(Dialog::Clock)),
                 All(0, full ? 0 : -1, full ? 0 : -1));
       if (protect >= 0) dialog.Click(Dialog::Protection, protect);
       if (mode >= 0) dialog.Click(Dialog::Mode, mode);
-      if (clock >= 0) dialog.Click(Dialog::Clock, clock);
+      if (clockPair >= 0) dialog.Click(Dialog::Clock, clockPair);
       if (ok) dialog.OnOk();
       return ok ? DialogEnd::Ok : DialogEnd::Cancel;
     };

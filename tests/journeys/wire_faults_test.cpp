@@ -1,4 +1,5 @@
 // What the operator hears when the wire or the writer fails, and that nothing hangs.
+#include "link/identification.h"
 #include "operations/tasks.h"
 #include "support/standin_bench.h"
 
@@ -11,7 +12,6 @@ class WireFaults : public BothTransports {
     Load("samples/QV8348.hex");
     return op.Heard();
   }
-  const Texts loadFailed{"Loading Data Fail"};
 };
 
 TEST_P(WireFaults, DisconnectDuringALoadFailsIt) {
@@ -19,7 +19,7 @@ TEST_P(WireFaults, DisconnectDuringALoadFailsIt) {
   for (int transfers : {0, 1, 5, 12, 20}) {
     SCOPED_TRACE(transfers);
     writer.faults.disconnectAfter = transfers;
-    EXPECT_EQ(LoadAgain(), loadFailed);
+    EXPECT_EQ(LoadAgain(), Texts{"Loading Data Fail"});
   }
 }
 
@@ -30,6 +30,24 @@ TEST_P(WireFaults, ALostLinkEndsATask) {
   OnVerify();
   EXPECT_EQ(op.Heard(), Texts{"Verify FAIL"});
   EXPECT_LT(clock.tick - before, 5000U);  // not the bound on the whole task
+}
+
+// It stays plugged in, and answers again once it is put back.
+TEST_P(WireFaults, AStalledWriterEndsEachOperation) {
+  LoadSample("QV8348");
+  for (int transfers : {0, 1, 7, 10}) {
+    SCOPED_TRACE(transfers);
+    writer.faults.stallAfter = transfers;
+    EXPECT_EQ(LoadAgain(), Texts{"Loading Data Fail"});
+    writer.faults.stallAfter.reset();
+    CloseTransport();
+    OpenTransport();
+    EXPECT_EQ(LoadAgain(), Texts{"Loading Data Ok"});
+  }
+  writer.faults.stallAfter = 10;
+  writer.zeroReads = 100;
+  OnVerify();
+  EXPECT_EQ(op.Heard(), Texts{"Verify FAIL"});
 }
 
 INSTANTIATE_TEST_SUITE_P(BothTransports, WireFaults, kBothTransports);

@@ -1,4 +1,6 @@
 // Set Protect: its events, and the bit that each IC keeps its protection in.
+#include <cstring>
+
 #include "options/set_protect.h"
 
 #include <cstring>

@@ -10,7 +10,7 @@ namespace {
 // Ten pixels a character.
 class RecordingWindow : public OptionWindow {
  public:
-  int unit = 17, scrollX = 0, scrollY = 0, clientHeight = 200;
+  int unit = 17, clientHeight = 200;
   OptionRect placement{50, 60, 300, 250};
   std::string title;
   Texts calls;
@@ -30,8 +30,6 @@ class RecordingWindow : public OptionWindow {
     calls.push_back(Printf("list %d: %zu from %s, %d", list, alternatives.size(),
                            alternatives.empty() ? "" : alternatives[0].c_str(), selection));
   }
-  void SetScroll(OptionScrollBar, const OptionScroll&) override {}  // the program's window has none
-  int ScrollPosition(OptionScrollBar bar) override { return bar == OptionScrollBar::Horizontal ? scrollX : scrollY; }
   void DrawLabel(int x, int y, const std::string& text, OptionColor color) override {
     calls.push_back(Printf("%d,%d %s%s", x, y, text.c_str(), color == OptionColor::Blue ? "blue" : "black"));
   }
@@ -94,10 +92,10 @@ TEST_F(SmartOptionDialog, WithoutAWordTheDefaultsHold) {
 TEST_F(SmartOptionDialog, PaintsWhatIsInView) {
   const std::string first = " 01. Wdt : black", second = " 02. Oscillator : blue", third = " 03. Lvr : blue";
   EXPECT_EQ(Open(), (Texts{"2,6" + first, "2,32" + second, "2,58" + third}));
-  window.scrollX = 5, window.scrollY = 22, window.clientHeight = 20;  // a pixel of the first is left
-  EXPECT_EQ(Open(), (Texts{"-3,-16" + first, "-3,10" + second}));
-  window.scrollY = 24, window.clientHeight = 33;
-  EXPECT_EQ(Open(), (Texts{"-3,8" + second}));
+  window.clientHeight = 32;  // its first pixel row is in view
+  EXPECT_EQ(Open(), (Texts{"2,6" + first, "2,32" + second}));
+  window.clientHeight = 31;
+  EXPECT_EQ(Open(), (Texts{"2,6" + first}));
 }
 
 TEST_F(SmartOptionDialog, AMissingFileShowsNoRows) {

@@ -37,9 +37,6 @@ auto All(Fields... fields) {
   return std::tuple(fields...);
 }
 
-// Puts every process-wide record back to its start values.
-void ResetEverything();
-
 class Bench : public ::testing::Test {
  protected:
   Bench();
@@ -57,7 +54,6 @@ class Bench : public ::testing::Test {
   FakeClock clock;
   MapProfile profile;
   FixedLanguage language;
-  TextClipboard clipboard;
 };
 
 }  // namespace pyxis::test

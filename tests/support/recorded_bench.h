@@ -14,6 +14,7 @@ inline Texts operator+(Texts a, const Texts& b) {
 class RecordedBench : public StandinBench {
  protected:
   explicit RecordedBench(Transport transport = Transport::Usb, Model model = Model::Km48);
+  ~RecordedBench() override;
 
   // What happens from here on, and what is expected to have happened since. A line that begins with "w " is one of the
   // wire, over the bench's transport.

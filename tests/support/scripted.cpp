@@ -30,11 +30,12 @@ bool ScriptedOperator::Ask(const std::string& text, const std::string& caption, 
   return answer;
 }
 
-std::optional<std::string> ScriptedOperator::ChooseFile(const std::string& filter) {
-  filters.push_back(filter);
+std::optional<std::string> ScriptedOperator::ChooseFile(const FileQuestion& question) {
+  filters.push_back(question.filter);
+  folders.push_back(question.folder);
   auto file = files.empty() ? std::nullopt : files.front();
   if (!files.empty()) files.pop_front();
-  heard("choose " + filter + (file ? ": " + *file : ": Cancel"));
+  heard("choose " + question.filter + (file ? ": " + *file : ": Cancel"));
   return file;
 }
 

@@ -9,7 +9,6 @@
 #include <utility>
 #include <vector>
 
-#include "platform/clipboard.h"
 #include "platform/clock.h"
 #include "platform/language.h"
 #include "platform/main_view.h"
@@ -30,6 +29,8 @@ class ScriptedOperator : public Operator {
   std::deque<bool> answers;                      // to questions; No when empty
   std::deque<std::optional<std::string>> files;  // of the file dialog; Cancel when empty
   std::vector<std::string> filters;              // what the file dialog was asked with
+  std::vector<std::string> folders;              // and in which folder it was to open first
+  int alarms = 0;
   std::vector<std::string> cursors;              // files that were loaded as a cursor
   bool cursorsLoad = false;
   CursorHandle cursor = 1;
@@ -50,7 +51,7 @@ class ScriptedOperator : public Operator {
 
   void Tell(const std::string& text, const std::string& caption, MessageIcon icon) override;
   bool Ask(const std::string& text, const std::string& caption, MessageIcon icon) override;
-  std::optional<std::string> ChooseFile(const std::string& filter) override;
+  std::optional<std::string> ChooseFile(const FileQuestion& question) override;
   DialogEnd RunDialog(CIcSelectDlg& d) override { return Run("IC Type Select", icSelect, d); }
   DialogEnd RunDialog(COptionSelectDlg& d) override { return Run("Option Select 1", optionSelect, d); }
   DialogEnd RunDialog(CSnSetDlg& d) override { return Run("Serial Number Set", snSet, d); }
@@ -59,6 +60,7 @@ class ScriptedOperator : public Operator {
   DialogEnd RunDialog(CDownloadInfoDlg& d) override { return Run("Download File Information", downloadInfo, d); }
   DialogEnd RunDialog(CSmartOptionDlg& d) override { return Run("Smart Option", smartOption, d); }
   DialogEnd RunDialog(CGotoAddressDlg& d) override { return Run("Goto Address", gotoAddress, d); }
+  void Alarm() override { ++alarms; }
   void RunAbout() override { ++aboutRuns, heard("dialog About"); }
   CursorHandle LoadCursorFromFile(const std::string& path) override;
   CursorHandle SetCursor(CursorHandle handle) override;
@@ -103,14 +105,6 @@ class MapProfile : public Profile {
   void WriteProfileInt(const std::string& section, const std::string& name, int value) override {
     values[section + "/" + name] = value;
   }
-};
-
-class TextClipboard : public Clipboard {
- public:
-  std::optional<std::string> text;  // nothing: it holds no text
-  bool opens = true;
-  bool Read(std::optional<std::string>& out) override { return out = text, opens; }
-  bool Write(const std::string& in) override { return opens && (text = in, true); }
 };
 
 class FixedLanguage : public Language {

@@ -2,9 +2,17 @@
 // scale (the tests run with several scale factors). Leaves a picture of each in the build folder.
 #include <QAbstractButton>
 #include <QApplication>
+#include <QCheckBox>
 #include <QDir>
+#include <QGroupBox>
 #include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QStyleOptionButton>
 #include <QTest>
+#include <map>
+#include <set>
 
 #include "catalogue/ic_select.h"
 #include "operations/chip_info.h"
@@ -22,6 +30,7 @@
 #include "ui/goto_address_window.h"
 #include "ui/ic_select_window.h"
 #include "ui/option_select_window.h"
+#include "ui/readable_style.h"
 #include "ui/smart_option_window.h"
 #include "ui/sn_program_window.h"
 #include "ui/sn_set_window.h"
@@ -37,6 +46,7 @@ class EveryWindow : public UiBench {
  protected:
   EveryWindow() {
     folder::BuildProgramFolder(Path("."));
+    std::filesystem::create_directory_symlink(PYXIS_BIN_DIR "/../folder/res", Path("res"));
     HoldJob("QVL04");
     Open();
     ShowFile(Path("samples/QVL04.bin"));
@@ -67,15 +77,15 @@ class EveryWindow : public UiBench {
     TheSnRecord().SnStartText = "0123456789ABCDEF0123456789ABCDEF";
     CSnSetDlg snSet(false, false, false);
     snSet.OnInitDialog();
-    dialog(ui::SnSetWindow(snSet, window.get()), "serial_number_set");
+    dialog(ui::SnSetWindow(snSet, qtOp.Gate(), window.get()), "serial_number_set");
     CSnProgramDlg snProgram(false);
     snProgram.OnInitDialog();
-    dialog(ui::SnProgramWindow(snProgram, window.get()), "serial_number_program");
+    dialog(ui::SnProgramWindow(snProgram, qtOp.Gate(), window.get()), "serial_number_program");
     CReadChipInfoDlg chipInfo(true);
     chipInfo.OnInitDialog();
-    dialog(ui::ChipInfoWindow(chipInfo, window.get()), "read_chip_info");
+    dialog(ui::ChipInfoWindow(chipInfo, qtOp.Gate(), window.get()), "read_chip_info");
     CDownloadInfoDlg downloadInfo("Chip Name : QVL04", "Download File Time :2015/12/31_23:59:59");
-    dialog(ui::DownloadInfoWindow(downloadInfo, window.get()), "compare_file");
+    dialog(ui::DownloadInfoWindow(downloadInfo, qtOp.Gate(), window.get()), "compare_file");
     dialog(ui::AboutWindow(window.get()), "about");
   }
 };
@@ -96,6 +106,25 @@ bool Named(const QWidget& widget) {
   for (const QLabel* label : widget.window()->findChildren<QLabel*>())
     if (label->buddy() == &widget) return true;
   return false;
+}
+
+// What stands in a line edit, and the title in its bar, with room for the frame's buttons.
+TEST_F(EveryWindow, FieldsAndTitlesShowAllOfTheirText) {
+  ForEach([](QWidget& shown, const std::string& name) {
+    for (const QLineEdit* edit : shown.findChildren<QLineEdit*>()) {
+      const int needed = edit->fontMetrics().horizontalAdvance(edit->text());
+      if (edit->objectName().isEmpty() && edit->isVisible()) {
+        QStyleOptionFrame option;
+        option.initFrom(edit);
+        option.lineWidth = edit->style()->pixelMetric(QStyle::PM_DefaultFrameWidth, &option, edit);
+        const QRect inside = edit->style()->subElementRect(QStyle::SE_LineEditContents, &option, edit);
+        EXPECT_LE(needed + 4, inside.width()) << name << " " << edit->text().toStdString();
+      }
+    }
+    if (name == "smart_option") {
+      EXPECT_GE(shown.width(), shown.fontMetrics().horizontalAdvance(shown.windowTitle()) * 11 / 10 + 60);
+    }
+  });
 }
 
 TEST_F(EveryWindow, NothingIsClippedAndEverythingHasAName) {
@@ -127,6 +156,106 @@ TEST_F(EveryWindow, TabOrderFollowsTheEye) {
                            << order[i]->metaObject()->className();
     }
   });
+}
+
+// Title, texts in the order of the children without mnemonics, and the button that Enter presses; Escape closes each.
+TEST_F(EveryWindow, CaptionsDefaultButtonAndEscape) {
+  struct Row {
+    const char *title, *texts, *standard;
+  };
+  const std::map<std::string, Row> rows{
+      {"ic_type_select",
+       {"IC Type Select",
+        "Series|Type|Series :|IC Type :|Display Serial Number|EXHV ISP program|"
+        "ISP program|Mass Production Mode|Production Limit :|OK|Cancel",
+        "OK"}},
+      {"option_select",
+       {"Option Select 1", "Unprotect|Protect|Fast mode|Dual mode|32KHz disable|32KHz enable|OK", "OK"}},
+      {"goto_address", {"Go to address", "Go to :|(hex)|OK|Cancel", "OK"}},
+      {"smart_option", {"Smart Option [ System config : FFFFFFFF ]", "", ""}},
+      {"serial_number_set",
+       {"Serial Number Set",
+        "S/N Length [Hex]:|S/N Start Address (Hex) :|Start Serial NO (Hex) : |"
+        "S/N Amount (Hex) : |Direction (MSB in) : |Low Byte|Hight Byte|Load|Cancel",
+        "Load"}},
+      {"serial_number_program",
+       {"Serial Number Program",
+        "Chip Type :  |Start Serial NO[Hex] : |End Serial NO[Hex] : |"
+        "S/N Start Address[Hex] : |S/N End Address[Hex] : |  Counter  |OK (Hex) : |"
+        "NG (Hex) : |Total (Hex) : |S/N Program|S/N SET|Reset Count|Close",
+        "S/N Program"}},
+      {"read_chip_info",
+       {"Read CHIP Information", "Chip Name : |System Config : |Checksum : |ID : |Read|Cancel", "Read"}},
+      {"compare_file",
+       {"Download File Information",
+        "Chip Name : QVL04|Download File Time :2015/12/31_23:59:59|"
+        "Compare Result : |Compare File|Cancel",
+        "Compare File"}},
+      {"about", {"About PyxisLoad", "PyxisLoad|Version 1.0.0 Build 007|OK", "OK"}}};
+  TheAppState().conversion.SystemConfigWord = -1;
+  ForEach([&](QWidget& shown, const std::string& name) {
+    auto* dialog = qobject_cast<QDialog*>(&shown);
+    if (dialog == nullptr) return;
+    SCOPED_TRACE(name);
+    const Row& row = rows.at(name);
+    EXPECT_EQ(shown.windowTitle(), row.title);
+    std::multiset<std::string> texts, wanted;
+    std::string standard;
+    for (const QWidget* child : shown.findChildren<QWidget*>()) {
+      std::string text;
+      if (const auto* label = qobject_cast<const QLabel*>(child)) text = label->text().toStdString();
+      if (const auto* button = qobject_cast<const QAbstractButton*>(child)) text = button->text().toStdString();
+      if (const auto* group = qobject_cast<const QGroupBox*>(child)) text = group->title().toStdString();
+      std::erase(text, '&');
+      const auto* push = qobject_cast<const QPushButton*>(child);
+      if (push != nullptr && push->isDefault()) standard = text;
+      if (!text.empty()) texts.insert(text);
+    }
+    for (const QString& text : QString(row.texts).split('|', Qt::SkipEmptyParts)) wanted.insert(text.toStdString());
+    if (name == "ic_type_select") wanted.insert({"USB: Full Speed Series", "QVL05"});  // what is chosen
+    EXPECT_EQ(texts, wanted);
+    EXPECT_EQ(standard, row.standard);
+    QTest::keyClick(&shown, Qt::Key_Escape);
+    EXPECT_FALSE(shown.isVisible());
+    EXPECT_EQ(dialog->result(), QDialog::Rejected);
+  });
+}
+
+// The operator reads protection in the fuse panel. A box shows its outline and its text on its background: the darkest
+// and the lightest of its pixels against that of its corner.
+TEST_F(EveryWindow, BoxesCanBeReadInLightAndDark) {
+  const QPalette light = QApplication::palette();
+  for (const bool dark : {false, true}) {
+    QApplication::setPalette(dark ? QPalette(QColor(60, 60, 60), QColor(45, 45, 48)) : light);
+    QRadioButton radio(QStringLiteral("radio"));
+    radio.setAutoExclusive(false);
+    QCheckBox plain(QStringLiteral("plain"));
+    std::vector<std::pair<QAbstractButton*, double>> boxes{{&radio, 3}, {&plain, 3}};
+    for (const char* name : {"Protect", "Unprotect", "32KHz disable"})
+      boxes.emplace_back(&Find<QAbstractButton>(*window, name), 3);
+    for (const auto& [box, least] : boxes) {
+      SCOPED_TRACE(box->text().toStdString() + (dark ? " dark" : " light"));
+      box->setChecked(false);
+      const QImage picture = box->grab().toImage();
+      const QColor ground = box->palette().color(QPalette::Active, QPalette::Window);
+      QStyleOptionButton option;
+      option.initFrom(box);
+      const QRect mark = box->style()->subElementRect(
+          qobject_cast<QRadioButton*>(box) != nullptr ? QStyle::SE_RadioButtonIndicator : QStyle::SE_CheckBoxIndicator,
+          &option, box);
+      double outline = 0, text = 0;
+      const double scale = picture.devicePixelRatio();
+      for (int x = 0; x < picture.width(); ++x)
+        for (int y = 0; y < picture.height(); ++y) {
+          const double contrast = ui::ContrastOf(picture.pixelColor(x, y), ground);
+          double& most = x < (mark.right() + 2) * scale ? outline : text;
+          most = std::max(most, contrast);
+        }
+      EXPECT_GE(outline, least);
+      EXPECT_GE(text, 4.5);
+    }
+  }
+  QApplication::setPalette(light);
 }
 
 TEST_F(EveryWindow, Screenshots) {

@@ -3,10 +3,12 @@
 
 #include <QApplication>
 
+#include "ui/readable_style.h"
+
 int main(int argc, char** argv) {
   ::testing::InitGoogleTest(&argc, argv);
   if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
   const QApplication application(argc, argv);
-  QApplication::setStyle(QStringLiteral("Fusion"));
+  QApplication::setStyle(new pyxis::ui::ReadableStyle(QStringLiteral("Fusion")));
   return RUN_ALL_TESTS();
 }

@@ -1,42 +1,21 @@
 // The main window mirrors the logic: a whole job through its menus and buttons, the writer pulled out and put back.
 #include "ui/main_window.h"
 
-#include <unistd.h>
-
 #include <QCheckBox>
+#include <QLabel>
 #include <QLineEdit>
 #include <QMenuBar>
 #include <QProgressBar>
 #include <QTest>
 
 #include "platform/update_agent.h"
-#include "ui/hex_view_widget.h"
+#include "ui/readable_style.h"
 #include "ui/ui_bench.h"
+#include "view/hex_view.h"
 #include "view/show_file.h"
 
 namespace pyxis::test {
 namespace {
-
-// Events through a pipe, as from the system.
-class PipeEvents : public DeviceEvents {
- public:
-  PipeEvents() { EXPECT_EQ(pipe(ends_), 0); }
-  ~PipeEvents() override { close(ends_[0]), close(ends_[1]); }
-  void Raise(DeviceEvent::Kind kind) {
-    waiting.push_back({kind, std::string("usb1-2#{") + kWriterInterfaceClass + "}"});
-    EXPECT_EQ(write(ends_[1], "x", 1), 1);
-  }
-  std::vector<int> Descriptors() override { return {ends_[0]}; }
-  std::vector<DeviceEvent> Take() override {
-    char drained[1];
-    for (std::size_t i = 0; i < waiting.size(); ++i) EXPECT_EQ(read(ends_[0], drained, 1), 1);
-    return std::exchange(waiting, {});
-  }
-  std::vector<DeviceEvent> waiting;
-
- private:
-  int ends_[2];
-};
 
 class MainWindowTest : public UiBench {};
 
@@ -73,29 +52,35 @@ TEST_F(MainWindowTest, FromDeviceToAutoOk) {
   EXPECT_FALSE(Find(*window, "Progress").isVisible());
 }
 
-TEST_F(MainWindowTest, PulledOutAndPutBack) {
-  HoldJob("QV8348");
-  PipeEvents events;
+// Readable without colour, and large.
+TEST_F(MainWindowTest, TheLastVerdictStaysInWords) {
+  const std::string sample = Path(PutFolderFor("QV8348"));
   Open();
-  window->Watch(events);
-  EXPECT_TRUE(Find(*window, "Auto").isEnabled());
-  usb.pluggedIn = false;
-  events.Raise(DeviceEvent::Kind::Removal);
-  QCoreApplication::processEvents();
-  EXPECT_FALSE(Find(*window, "Auto").isEnabled());
-  usb.pluggedIn = true;
-  // It comes back while an operation asks something, and waits for the operation's end.
-  script.push_back([&](QWidget& dialog) {
-    events.Raise(DeviceEvent::Kind::Arrival);
-    QCoreApplication::processEvents();
-    EXPECT_EQ(TheAppState().writer.WriterConnected, 0U);
-    dialog.close();
-  });
-  Choose("&About");
-  QCoreApplication::processEvents();
-  EXPECT_EQ(TheAppState().writer.WriterConnected, 1U);
-  EXPECT_TRUE(Find(*window, "Auto").isEnabled());
-  window.reset();
+  const auto words = [this] { return Find<QLabel>(*window, "Last verdict").text().toStdString(); };
+  const auto counts = [this] { return Find<QLabel>(*window, "Counts since the last load").text().toStdString(); };
+  const auto ground = [this] { return Find(*window, "Last verdict").palette().color(QPalette::Window); };
+  const auto load = [&] {
+    ScriptFile(sample);
+    EXPECT_TRUE(Choose("&Load File"));
+    EXPECT_EQ(All(words(), window->focusWidget()), All("", &Find(*window, "Auto")));
+  };
+  ScriptIc("MCU: 8 Bit QV83 Series", "QV8348", "Production Limit :");
+  EXPECT_TRUE(Choose("&Device"));
+  TheAppState().selection.ProductionLimitCount = 3;
+  load();
+  EXPECT_EQ(counts(), "Left 3");
+  Press(*window, "Auto");
+  EXPECT_EQ(All(words(), counts()), All("Auto OK", "OK 1   NG 0   Left 2"));
+  const QColor good = ground();
+  writer.chip.state = standin::ChipState::Worn;
+  Press(*window, "Auto");
+  EXPECT_EQ(All(words(), counts()), All("Auto FAIL", "OK 1   NG 1   Left 2"));
+  EXPECT_NE(ground(), good);
+  for (const QColor& colour : {ground(), good})
+    EXPECT_GE(ui::ContrastOf(colour, Find(*window, "Last verdict").palette().color(QPalette::WindowText)), 4.5);
+  EXPECT_GT(Find(*window, "Last verdict").fontMetrics().height(), 3 * window->fontMetrics().height() / 2);
+  load();
+  EXPECT_EQ(counts(), "Left 3");
 }
 
 TEST_F(MainWindowTest, OnlyPaintsPassDuringAnOperation) {
@@ -118,18 +103,6 @@ TEST_F(MainWindowTest, OnlyPaintsPassDuringAnOperation) {
   EXPECT_EQ(bar.value(), 20);
 }
 
-TEST_F(MainWindowTest, AClickMadeDuringAnOperationStartsNothing) {
-  HoldJob("QV8348");
-  Open();
-  const auto click = [this] { PostClick(Find(*window, "Auto")); };
-  window->Gate().Run(click);
-  QCoreApplication::processEvents();
-  EXPECT_TRUE(seen.empty());
-  click();
-  QCoreApplication::processEvents();
-  EXPECT_EQ(seen, Texts{"Auto OK"});
-}
-
 TEST_F(MainWindowTest, ClosingAsks) {
   Open();
   EXPECT_FALSE(window->close());
@@ -141,39 +114,6 @@ TEST_F(MainWindowTest, ClosingAsks) {
   answers = {QMessageBox::Yes};
   EXPECT_TRUE(window->close());
   EXPECT_EQ(seen, Texts(4, "Are you sure to Exit ?"));
-}
-
-TEST_F(MainWindowTest, HexViewByMouseAndKeys) {
-  Write("counting", [] {
-    Bytes bytes(1000);
-    for (std::size_t i = 0; i < bytes.size(); ++i) bytes[i] = static_cast<std::uint8_t>(i);
-    return bytes;
-  }());
-  Open();
-  ShowFile(Path("counting"));
-  QCoreApplication::processEvents();
-  auto& hex = Find<QAbstractScrollArea>(*window, "Buffer");
-  hex.viewport()->grab();  // paints
-  CMiniHexEditView& view = TheHexView();
-  const int cell = view.CharWidth;
-  QTest::mouseClick(hex.viewport(), Qt::LeftButton, {}, QPoint(9 * cell + 1, view.LineHeight + 1));
-  EXPECT_EQ(view.CurrentOffset, static_cast<int>(view.m_lpr));
-  EXPECT_TRUE(hex.hasFocus());
-  QTest::keyClicks(&hex, "5a");
-  EXPECT_EQ(view.Data[view.m_lpr], 0x5A);
-  QTest::keyClick(&hex, Qt::Key_Tab);
-  EXPECT_TRUE(hex.hasFocus());
-  script.push_back([](QWidget& dialog) {
-    EXPECT_EQ(dialog.windowTitle(), "Go to address");
-    QTest::keyClicks(dialog.findChild<QLineEdit*>(), "12345");  // the marked zeros go
-    QTest::keyClick(&dialog, Qt::Key_Return);
-  });
-  QTest::keyClick(&hex, Qt::Key_G, Qt::ControlModifier);
-  EXPECT_EQ(view.TopOffset, view.DataLength() - view.LinesPerPage * static_cast<int>(view.m_lpr));
-  QTest::mousePress(hex.viewport(), Qt::LeftButton, {}, QPoint(9 * cell + 1, 1));
-  QTest::mouseMove(hex.viewport(), QPoint(9 * cell + 40 * cell, 1));
-  EXPECT_TRUE(view.HasSelection());
-  QTest::mouseRelease(hex.viewport(), Qt::LeftButton, {}, QPoint(9 * cell + 40 * cell, 1));
 }
 
 // Check new version from the menu: the main window stays, or goes without another question.

@@ -85,7 +85,7 @@ void UiBench::Open() {
   ResetAppState();
   ResetMainControls();
   OpenTransport();
-  window = std::make_unique<ui::MainWindow>();
+  window = std::make_unique<ui::MainWindow>(qtOp.Gate());
   TheMachine().view = window.get();
   qtOp.SetMainWindow(window.get());
   window->Start();
@@ -109,6 +109,11 @@ void UiBench::Play() {
   handled_ = modal;
   if (auto* box = qobject_cast<QMessageBox*>(modal)) {
     seen.push_back(ui::ToText(box->text()));
+    if (const auto step = std::exchange(onBox, nullptr)) step(*box);
+    if (!box->isVisible()) {
+      handled_ = around;
+      return;
+    }
     QMessageBox::StandardButton answer = QMessageBox::Ok;
     if (box->standardButtons() != QMessageBox::Ok) {
       answer = answers.empty() ? QMessageBox::No : answers.front();

@@ -2,17 +2,42 @@
 // its next step gets it; message boxes are answered by themselves and remembered.
 #pragma once
 
+#include <unistd.h>
+
 #include <QMessageBox>
 #include <QTimer>
 #include <deque>
 #include <functional>
 #include <memory>
 
+#include "link/identification.h"
+#include "platform/device_events.h"
 #include "support/standin_bench.h"
 #include "ui/main_window.h"
 #include "ui/qt_operator.h"
 
 namespace pyxis::test {
+
+// Events through a pipe, as from the system.
+class PipeEvents : public DeviceEvents {
+ public:
+  PipeEvents() { EXPECT_EQ(pipe(ends_), 0); }
+  ~PipeEvents() override { close(ends_[0]), close(ends_[1]); }
+  void Raise(DeviceEvent::Kind kind) {
+    waiting.push_back({kind, std::string("usb1-2#{") + kWriterInterfaceClass + "}"});
+    EXPECT_EQ(write(ends_[1], "x", 1), 1);
+  }
+  std::vector<int> Descriptors() override { return {ends_[0]}; }
+  std::vector<DeviceEvent> Take() override {
+    char drained[1];
+    for (std::size_t i = 0; i < waiting.size(); ++i) EXPECT_EQ(read(ends_[0], drained, 1), 1);
+    return std::exchange(waiting, {});
+  }
+  std::vector<DeviceEvent> waiting;
+
+ private:
+  int ends_[2];
+};
 
 class UiBench : public StandinBench {
  protected:
@@ -37,6 +62,7 @@ class UiBench : public StandinBench {
   std::deque<std::function<void(QWidget&)>> script;
   std::deque<QMessageBox::StandardButton> answers;  // to Yes/No boxes; No when empty
   Texts seen;                                       // texts of the message boxes
+  std::function<void(QMessageBox&)> onBox;          // gets the next box in place of an answer
 
  private:
   void PlaySoon();

@@ -25,7 +25,6 @@ class HexView : public Bench {
   }
   void Click(int cell, int row, bool shift = false) {
     view.OnLButtonDown(cell * kWidth + 2, row * kHeight + 3, shift);
-    view.OnLButtonUp();
   }
   void Type(const char* text) {
     for (; *text != '\0'; ++text) view.OnChar(static_cast<char32_t>(*text), {});
@@ -35,7 +34,7 @@ class HexView : public Bench {
     FormatHexLine(view, number, line);
     return line;
   }
-  std::pair<int, int> Selected() const { return {view.SelStart, view.SelEnd}; }
+  std::pair<int, int> Selected() const { return {view.selection.SelStart, view.selection.SelEnd}; }
   CMiniHexEditView& view = TheHexView();
 };
 
@@ -46,7 +45,7 @@ TEST_F(HexView, LinesAsText) {
   ASSERT_TRUE(view.PreparePaint());
   EXPECT_EQ(All(HexLineCount(view), Line(0).address, Line(0).hex), All(1, "00000000", "41 7E 7F 1F FF "));
   EXPECT_EQ(Line(0).ascii, "A~...");
-  EXPECT_TRUE(view.LastLinePartial);
+  EXPECT_TRUE(view.geometry.LastLinePartial);
 
   ShowFile(Path("nowhere"));
   EXPECT_EQ(view.DataLength(), 5);
@@ -69,18 +68,18 @@ TEST_F(HexView, WidthGivesTheLineLengthAndTheProfileKeepsIt) {
            {(9 + 64) * kWidth, 16}, {(9 + 64) * kWidth - 1, 15}, {(9 + 67) * kWidth, 16}, {20, 1}, {0, 1}}) {
     // clang-format on
     view.OnSize(width, 160, true);
-    EXPECT_EQ(view.m_lpr, lineBytes) << width;
+    EXPECT_EQ(view.geometry.m_lpr, lineBytes) << width;
     EXPECT_EQ(profile.values[kProfile], static_cast<int>(lineBytes));
   }
   view.OnSize(1000, 160, false);
-  EXPECT_EQ(view.m_lpr, 1U);
+  EXPECT_EQ(view.geometry.m_lpr, 1U);
   profile.values[kProfile] = 12;
   view.SetSize(100);
-  EXPECT_EQ(view.m_lpr, 12U);
+  EXPECT_EQ(view.geometry.m_lpr, 12U);
   for (const int odd : {-7, 0x7FFFFFFF}) {
     profile.values[kProfile] = odd;
     view.SetSize(100);
-    EXPECT_EQ(view.m_lpr, odd < 0 ? 1U : 4096U);
+    EXPECT_EQ(view.geometry.m_lpr, odd < 0 ? 1U : 4096U);
   }
 }
 
@@ -95,7 +94,7 @@ TEST_F(HexView, Scrolling) {
            {HexScroll::ThumbTrack, 999, 0x1F0}}) {
     // clang-format on
     view.Scroll(code, position);
-    EXPECT_EQ(All(view.TopOffset, view.CurrentOffset), All(top, top));
+    EXPECT_EQ(All(view.geometry.TopOffset, view.caret.CurrentOffset), All(top, top));
   }
   const HexScrollBar bar = view.ScrollBar();
   EXPECT_EQ((std::vector{bar.range, bar.page, bar.position}), (std::vector{0x20, 10, 0x1F}));
@@ -104,15 +103,15 @@ TEST_F(HexView, Scrolling) {
   EXPECT_FALSE(view.ScrollBar().enabled);
 
   Open(0x200);
-  view.TopOffset = 5;
+  view.geometry.TopOffset = 5;
   view.Scroll(HexScroll::LineUp);
-  EXPECT_EQ(view.TopOffset, 0);
-  view.CurrentOffset = 7;
+  EXPECT_EQ(view.geometry.TopOffset, 0);
+  view.caret.CurrentOffset = 7;
   for (const auto& [delta, top] :
        {std::pair{-120, 0x20}, {-60, 0x30}, {59, 0x30}, {120, 0x10}, {1200, 0}, {-60000, 0x160}}) {
     view.OnMouseWheel(delta);
-    EXPECT_EQ(view.TopOffset, top) << delta;
-    EXPECT_EQ(view.CurrentOffset, 7);
+    EXPECT_EQ(view.geometry.TopOffset, top) << delta;
+    EXPECT_EQ(view.caret.CurrentOffset, 7);
   }
 }
 
@@ -125,14 +124,14 @@ TEST_F(HexView, GoTo) {
       return DialogEnd::Ok;
     };
     OnGotoAddress(view);
-    EXPECT_EQ(view.TopOffset, top) << text;
+    EXPECT_EQ(view.geometry.TopOffset, top) << text;
   }
   op.gotoAddress = nullptr;  // Cancel
   OnGotoAddress(view);
-  EXPECT_EQ(view.TopOffset, 0xFF);
+  EXPECT_EQ(view.geometry.TopOffset, 0xFF);
   Open(0x50);
   view.GoTo(0x51);
-  EXPECT_EQ(view.TopOffset, 0);
+  EXPECT_EQ(view.geometry.TopOffset, 0);
 }
 
 // Cells from 0: 0 to 7 address, 9 to 56 hexadecimal, 57 to 72 ASCII.
@@ -146,29 +145,29 @@ TEST_F(HexView, HitTest) {
            {54, 0, kHexArea, 15, 2, 54}, {55, 0, kHexArea, 15, 1, 55}, {57, 1, kAsciiArea, 0x10, 0, 57},
            {72, 9, kAsciiArea, 0x9F, 0, 72}, {56, 1, kAsciiArea, 0x0F, 0, 57}, {56, 0, kAsciiArea, 0, 0, 57}}) {
     // clang-format on
-    view.CurrentArea = -1;
+    view.caret.CurrentArea = -1;
     Click(cell, row);
-    EXPECT_EQ(view.CurrentArea, area) << cell;
-    EXPECT_EQ(view.CurrentOffset, offset) << cell;
-    EXPECT_EQ(area == kHexArea ? view.Nibble : 0, nibble) << cell;
-    EXPECT_EQ(view.CaretX, caretCell * kWidth) << cell;
-    EXPECT_EQ(All(view.CaretY, view.CaretWidth()), All(row * kHeight, (area == kAddressArea ? 8 : 1) * kWidth));
+    EXPECT_EQ(view.caret.CurrentArea, area) << cell;
+    EXPECT_EQ(view.caret.CurrentOffset, offset) << cell;
+    EXPECT_EQ(area == kHexArea ? view.caret.Nibble : 0, nibble) << cell;
+    EXPECT_EQ(view.caret.CaretX, caretCell * kWidth) << cell;
+    EXPECT_EQ(All(view.caret.CaretY, view.caret.Width(view.geometry)), All(row * kHeight, (area == kAddressArea ? 8 : 1) * kWidth));
   }
   Click(9, 0);
   for (const auto& [cell, row] : {std::pair{73, 0}, {9, 11}, {90, 2}}) {
     Click(cell, row);
-    EXPECT_EQ(view.CurrentOffset, 0) << cell << " " << row;
+    EXPECT_EQ(view.caret.CurrentOffset, 0) << cell << " " << row;
   }
   view.Measure(2 * kWidth, kHeight);  // another screen: the columns stand where they stood until the next paint
-  view.ShowAddress = false;
+  view.geometry.ShowAddress = false;
   for (int cell = 0; cell < 80; ++cell) {
     Click(cell, 0);
-    EXPECT_GE(view.CurrentOffset, 0);
+    EXPECT_GE(view.caret.CurrentOffset, 0);
   }
   ConfigureHexView();
   Open(5);
   Click(9 + 3 * 9, 0);  // behind the data: the last byte
-  EXPECT_EQ(view.CurrentOffset, 4);
+  EXPECT_EQ(view.caret.CurrentOffset, 4);
   Type("1");
   EXPECT_EQ(view.Data[4], 0x14);
 }
@@ -187,38 +186,38 @@ TEST_F(HexView, CaretByKeys) {
            {HexKey::Home, true, 0, 2}}) {
     // clang-format on
     key(pressed, control);
-    EXPECT_EQ(All(view.CurrentOffset, view.Nibble), All(offset, nibble));
+    EXPECT_EQ(All(view.caret.CurrentOffset, view.caret.Nibble), All(offset, nibble));
   }
   key(HexKey::End, true);
-  EXPECT_EQ(All(view.TopOffset, view.CaretY), All(0x60, 9 * kHeight));
+  EXPECT_EQ(All(view.geometry.TopOffset, view.caret.CaretY), All(0x60, 9 * kHeight));
   key(HexKey::Home, true);
   for (int i = 0; i < 10; ++i) key(HexKey::Down);
-  EXPECT_EQ(All(view.TopOffset, view.CurrentOffset), All(0x10, 0xA0));
+  EXPECT_EQ(All(view.geometry.TopOffset, view.caret.CurrentOffset), All(0x10, 0xA0));
   EXPECT_TRUE(view.CaretVisible());
   key(HexKey::PageDown);  // the caret stays at its byte, and the view comes a line back to it
-  EXPECT_EQ(All(view.CurrentOffset, view.TopOffset), All(0xA0, 0x60));
+  EXPECT_EQ(All(view.caret.CurrentOffset, view.geometry.TopOffset), All(0xA0, 0x60));
   view.OnMouseWheel(60000);
   EXPECT_FALSE(view.CaretVisible());
   Click(3, 0);
   key(HexKey::Right);
-  EXPECT_EQ(view.CurrentOffset, 0);
+  EXPECT_EQ(view.caret.CurrentOffset, 0);
 }
 
 TEST_F(HexView, Typing) {
   Open(0x20);
   Click(9, 0);
   Type("aBg5");
-  EXPECT_EQ(All(view.Data[0], view.Data[1], view.CurrentOffset), All(0xAB, 0x51, 1));
+  EXPECT_EQ(All(view.Data[0], view.Data[1], view.caret.CurrentOffset), All(0xAB, 0x51, 1));
   view.OnKeyDown(HexKey::End, {false, true});
   Type("12");
-  EXPECT_EQ(All(view.Data[0x1F], view.Nibble), All(0x12, 1));
+  EXPECT_EQ(All(view.Data[0x1F], view.caret.Nibble), All(0x12, 1));
   Type("3");
   EXPECT_EQ(view.Data[0x1F], 0x13);
   Click(57, 0);
   Type("A\t\b");
   view.OnChar(U'\u4E0B', {});
   view.OnChar(3, {false, true});
-  EXPECT_EQ(All(view.Data[0], view.Data[1], view.CurrentOffset), All('A', 0x51, 1));
+  EXPECT_EQ(All(view.Data[0], view.Data[1], view.caret.CurrentOffset), All('A', 0x51, 1));
   Click(2, 0);
   const Bytes before = view.Data;
   Type("FF");
@@ -233,12 +232,11 @@ TEST_F(HexView, Selection) {
   EXPECT_EQ(Selected(), std::pair(1, 4));
   EXPECT_EQ(All(std::pair(Line(0).selectedFrom, Line(0).selectedTo), Line(1).selectedTo), All(std::pair(1, 4), 0));
   view.OnMouseMove(12 * kWidth, 16 * kHeight);  // below: a line down when there is one
-  EXPECT_EQ(view.SelEnd, 4);
-  view.OnLButtonUp();
+  EXPECT_EQ(view.selection.SelEnd, 4);
 
   view.OnChar(24, {false, true});
   EXPECT_EQ(All(view.DataLength(), view.Data[1]), All(0x3D, 4));
-  EXPECT_FALSE(view.HasSelection());
+  EXPECT_FALSE(view.selection.Exists());
   view.OnChar(24, {false, true});
   EXPECT_EQ(view.DataLength(), 0x3D);
 
@@ -247,35 +245,35 @@ TEST_F(HexView, Selection) {
   view.OnKeyDown(HexKey::Right, {true, false});
   EXPECT_EQ(Selected(), std::pair(0, 2));
   view.OnKeyDown(HexKey::Down, {true, false});
-  EXPECT_EQ(view.SelEnd, 0x12);
+  EXPECT_EQ(view.selection.SelEnd, 0x12);
   view.OnKeyDown(HexKey::Left, {});
-  EXPECT_FALSE(view.HasSelection());
+  EXPECT_FALSE(view.selection.Exists());
   Click(9, 0);
   Click(9 + 3 * 4, 1, true);
   EXPECT_EQ(Selected(), std::pair(0, 0x15));
   Type("1");
-  EXPECT_FALSE(view.HasSelection());
+  EXPECT_FALSE(view.selection.Exists());
 
   Click(9, 0);  // all of it away
   view.OnKeyDown(HexKey::End, {true, true});
-  view.SelEnd = view.DataLength();
+  view.selection.SelEnd = view.DataLength();
   view.OnChar(24, {false, true});
   EXPECT_EQ(view.DataLength(), 0);
   EXPECT_FALSE(view.PreparePaint());
   Click(9, 0);
   view.OnKeyDown(HexKey::Down, {});
   Type("1");
-  EXPECT_EQ(view.CurrentOffset, 0);
+  EXPECT_EQ(view.caret.CurrentOffset, 0);
 }
 
 TEST_F(HexView, ANewFileKeepsTheCaretInside) {
   Open(0x200);
   view.OnKeyDown(HexKey::End, {false, true});
   view.SetSize(0x100);
-  EXPECT_EQ(All(view.CurrentOffset, view.TopOffset), All(0, 0));
-  view.CurrentOffset = 0x80;
+  EXPECT_EQ(All(view.caret.CurrentOffset, view.geometry.TopOffset), All(0, 0));
+  view.caret.CurrentOffset = 0x80;
   view.SetSize(0x81);
-  EXPECT_EQ(view.CurrentOffset, 0x80);
+  EXPECT_EQ(view.caret.CurrentOffset, 0x80);
 }
 
 }  // namespace

@@ -46,6 +46,11 @@ void CheckControl(ControlId id, bool checked) {
   Changed();
 }
 
+void FocusControl(ControlId id) {
+  theMainControls.focus = id;
+  Changed();
+}
+
 void SetProgressRange(int low, int high) {
   CProgStatusBar& bar = theMainControls.statusBar;
   bar.low = low;

@@ -4,7 +4,10 @@
 
 #include <array>
 #include <cstddef>
+#include <optional>
 #include <string>
+
+#include "shell/ground/verdict_line.h"
 
 namespace pyxis {
 
@@ -53,6 +56,8 @@ struct MainControls {
   std::array<ControlState, static_cast<std::size_t>(ControlId::Count)> controls;
   CProgStatusBar statusBar;
   std::string title = "PyxisLoad";
+  VerdictLine verdict;
+  std::optional<ControlId> focus;  // that is to have the focus when the operation has ended
   std::string pinFigure;  // path of the bitmap that the picture shows; empty when it shows none
 
   MainControls();
@@ -68,6 +73,7 @@ void EnableControl(ControlId id, bool enabled);
 void ShowControl(ControlId id, bool visible);
 void SetControlText(ControlId id, const std::string& text);
 void CheckControl(ControlId id, bool checked);
+void FocusControl(ControlId id);
 
 // The range starts at position 0 with the bar hidden. A position other than 0 shows the bar, 0 hides it; whenever the
 // visibility changes, pane 0 is cleared first. A position beyond the range shows as the nearer end.

@@ -1,0 +1,51 @@
+#include "shell/ground/verdict_line.h"
+
+#include "platform/machine.h"
+#include "platform/main_view.h"
+#include "platform/operator.h"
+#include "platform/text.h"
+#include "shell/ground/main_controls.h"
+
+namespace pyxis {
+
+namespace {
+
+VerdictLine& Line() { return TheMainControls().verdict; }
+
+void Changed() { TheMachine().view->ControlsChanged(); }
+
+}  // namespace
+
+std::string VerdictLine::Counts() const {
+  std::string text;
+  if (ok + ng != 0) text = Printf("OK %u   NG %u", ok, ng);
+  if (left) text += Printf("%sLeft %u", text.empty() ? "" : "   ", *left);
+  return text;
+}
+
+void ClearVerdict() {
+  Line() = {};
+  Changed();
+}
+
+void SetChipsLeft(std::uint32_t count) {
+  Line().left = count;
+  Changed();
+}
+
+void BeginVerdict() {
+  Line().words.clear();
+  Changed();
+}
+
+void ShowVerdict(const std::string& words, bool good, bool takesOne) {
+  VerdictLine& line = Line();
+  line.words = words;
+  line.good = good;
+  ++(good ? line.ok : line.ng);
+  if (good && takesOne && line.left && *line.left > 0) --*line.left;
+  Changed();
+  if (!good) TheMachine().op->Alarm();
+}
+
+}  // namespace pyxis
