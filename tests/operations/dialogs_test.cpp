@@ -33,7 +33,7 @@ TEST_P(Dialogs, Read) {
   BurnJob();
   Write("readdata.txt", Bytes{1});
   const auto read = [&](std::size_t length) {
-    return Texts{"bar 0-50", "bar 1", "load cursor metronom.ani", "cursor busy"} + InfoBlock() + off +
+    return Texts{"bar 0-50 1", "load cursor metronom.ani", "cursor busy"} + InfoBlock() + off +
            Texts{"w START_TASK 34",
                  "wait 1000",
                  "w START_TASK 34",
@@ -87,8 +87,9 @@ TEST_P(Dialogs, ReadChipInfo) {
                      "Chip Name : |System Config : |Checksum : |ID : ", "paint", "bar 0-50"} +
                off + Texts{"paint", "w START_TASK 16"} + Poll(9, 1, 0) + on + Texts{"bar 50 off", "wait 1000"} +
                InfoBlock() +
-               Texts{Printf("Chip Name : QV8348|System Config : %x|Checksum : %x|ID : 210, Read, Cancel",
-                            package[36] * 256 + package[37], package[16] * 256 + package[17]),
+               Texts{Printf("Chip Name : QV8348|System Config : %x|Checksum : %x|ID : %x, Read, Cancel",
+                            package[36] * 256 + package[37], package[16] * 256 + package[17],
+                            writer.OptionArea()[252] * 256 + writer.OptionArea()[253]),
                      "paint", "Cancel"});
 }
 

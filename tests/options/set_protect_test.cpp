@@ -1,6 +1,4 @@
 // Set Protect: its events, and the bit that each IC keeps its protection in.
-#include <cstring>
-
 #include "options/set_protect.h"
 
 #include <cstring>
@@ -99,6 +97,7 @@ TEST_P(EveryIcsProtection, IsOneBit) {
   for (int series = 0; series < kListCount; ++series)
     for (int type = 0; type < static_cast<int>(ChipList(series).size()); ++type) {
       const ChipEntry& row = Row(series, type);
+      if (&row != RowOfChip(row.ChipName)) continue;  // the same IC in another package
       SCOPED_TRACE(row.TypeLabel);
       Place place = other;
       for (const auto& [names, its] : groups) {

@@ -125,6 +125,7 @@ TEST_P(SerialEvents, Presses) {
   dialog.OnSnProgram();
   ExpectEvents(Texts{"0E" + end + "OK 0 NG 0 Total 1, Program"} + Task("14", 3, false) +
                Texts{"0E" + end + "OK 0 NG 1 Total 1, Program"});
+  writer.chip = standin::Chip{};
   dialog.OnSnProgram();
   ExpectEvents(Texts{"0E" + end + "OK 0 NG 1 Total 2, Program"} + Task("14", 3, true) +
                Texts{"0F" + end + "OK 1 NG 1 Total 2, Program", "0F" + end + "OK 1 NG 1 Total 2",

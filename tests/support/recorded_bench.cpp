@@ -22,6 +22,11 @@ RecordedBench::~RecordedBench() {
   TheMachine().vendor = &vendor;
 }
 
+void RecordedBench::Start() {
+  SetProgressRange(0, 1);
+  record.Take();
+}
+
 void RecordedBench::ExpectEvents(const Texts& wanted) {
   const Texts got = record.Take();
   Texts lines = wanted;
@@ -35,6 +40,7 @@ void RecordedBench::ExpectEvents(const Texts& wanted) {
                   << "\n  before: " << (i > 0 && i <= got.size() ? got[i - 1] : "");
     break;
   }
+  Start();
 }
 
 Texts RecordedBench::Peek(const std::string& address) const {
@@ -78,10 +84,10 @@ Texts RecordedBench::Command(const std::string& line, bool shows) const {
 }
 
 Texts RecordedBench::Packages(const Bytes& option, const Bytes& data, bool shows) const {
-  return OnVendor({"bar 0-100 5", "paint"}) + Command("w START_TASK 30", shows) + Command("w CONTROL 10", shows) + OnVendor({"bar 21", "paint"}) +
-         PackageFile("04", option) + OnVendor({"bar 53", "paint"}) + PackageFile("08", data) +
-         Texts{"w SET_MODE 07", "w CONTROL 90"} + OnVendor({"bar 85", "paint"}) + Texts{"wait 1500"} +
-         OnVendor({"bar 100", "paint"}) + Texts{"box [Message] Loading Data Ok", "hex paint"};
+  return OnVendor({"bar 0-100 5", "paint"}) + Command("w START_TASK 30", shows) + Command("w CONTROL 10", shows) +
+         OnVendor({"bar 21", "paint"}) + PackageFile("04", option) + OnVendor({"bar 53", "paint"}) +
+         PackageFile("08", data) + Texts{"w SET_MODE 07", "w CONTROL 90"} + OnVendor({"bar 85", "paint"}) +
+         Texts{"wait 1500"} + OnVendor({"bar 100", "paint"}) + Texts{"box [Message] Loading Data Ok", "hex paint"};
 }
 
 Texts RecordedBench::Firmware(const Bytes& image) const {

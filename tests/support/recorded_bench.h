@@ -17,8 +17,8 @@ class RecordedBench : public StandinBench {
   ~RecordedBench() override;
 
   // What happens from here on, and what is expected to have happened since. A line that begins with "w " is one of the
-  // wire, over the bench's transport.
-  void Start() { record.Take(); }
+  // wire, over the bench's transport. The bar starts hidden, on a range that nobody sets.
+  void Start();
   void ExpectEvents(const Texts& wanted);
 
   // Lists that stand in many others.

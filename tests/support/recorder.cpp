@@ -71,7 +71,6 @@ Texts Recorder::Take() {
   CloseRun();
   hexBytes_ = TheHexView().Data.size();
   hexBlank_ = TheHexView().Blanked;
-  low_ = high_ = -1;
   return Folded(std::exchange(lines_, {}));
 }
 
@@ -114,7 +113,13 @@ void Recorder::FindFiles() {
     written[entry.path().lexically_relative(folder_).string()] = entry.file_size();
     std::filesystem::last_write_time(entry.path(), kLongAgo);
   }
-  for (const auto& [name, size] : written) Add(Printf("file %s %zu", name.c_str(), static_cast<std::size_t>(size)));
+  for (const auto& [name, size] : written) {
+    const auto before = sizes_.find(name);
+    // An empty file that is emptied once more shows nothing.
+    if (size != 0 || before == sizes_.end() || before->second != 0)
+      Add(Printf("file %s %zu", name.c_str(), static_cast<std::size_t>(size)));
+    sizes_[name] = size;
+  }
 }
 
 void Recorder::FindControlChanges() {

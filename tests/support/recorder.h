@@ -64,6 +64,7 @@ class Recorder : public MainView, public UsbHost, public VendorApi, public Updat
   VendorApi& vendor_;
   FakeClock& clock_;
   const std::filesystem::path folder_;
+  std::map<std::string, std::uintmax_t> sizes_;  // of the files that were written
   Texts lines_;
   MainControls shown_;
   int low_ = -1, high_ = -1;  // no range has been seen yet

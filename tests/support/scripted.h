@@ -31,7 +31,7 @@ class ScriptedOperator : public Operator {
   std::vector<std::string> filters;              // what the file dialog was asked with
   std::vector<std::string> folders;              // and in which folder it was to open first
   int alarms = 0;
-  std::vector<std::string> cursors;              // files that were loaded as a cursor
+  std::vector<std::string> cursors;  // files that were loaded as a cursor
   bool cursorsLoad = false;
   CursorHandle cursor = 1;
   std::function<DialogEnd(CIcSelectDlg&)> icSelect;
