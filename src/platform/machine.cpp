@@ -82,7 +82,8 @@ NoLanguage noLanguage;
 NoUpdate noUpdate;
 
 Machine Nothing() {
-  return {&noOperator, &noClock, &noView, &noUsb, &noPipes, &noVendor, &noProfile, &noLanguage, &noUpdate};
+  return {&noOperator, &noClock,    &noView,   &noUsb, &noPipes, &noVendor,
+          &noProfile,  &noLanguage, &noUpdate, stdout, stdout};
 }
 
 Machine theMachine = Nothing();

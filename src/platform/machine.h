@@ -2,6 +2,8 @@
 // call any logic; it owns nothing. A seam that nobody filled has a body that does nothing (no writer, no window).
 #pragma once
 
+#include <cstdio>
+
 namespace pyxis {
 
 class Clock;
@@ -24,6 +26,9 @@ struct Machine {
   Profile* profile;
   Language* language;
   UpdateAgent* update;
+  // Where plain diagnostic lines go (platform/diagnostics.h); null prints nothing.
+  std::FILE* diagnostics;
+  std::FILE* trace;
 };
 
 Machine& TheMachine();
