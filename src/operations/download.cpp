@@ -35,6 +35,12 @@ void ShowVendorStep(int position) {
 
 }  // namespace
 
+std::vector<std::uint8_t> DiffersFrom(std::span<const std::uint8_t> sent) {
+  std::vector<std::uint8_t> bytes(sent.begin(), sent.end());
+  for (std::uint8_t& byte : bytes) byte = static_cast<std::uint8_t>(~byte);
+  return bytes;
+}
+
 bool DownloadPackageFile(const std::string& path, std::uint8_t areaSelector) {
   SetFrameProgress(Progress::None);
   SetWriterMode(mode::kArea);
@@ -53,7 +59,9 @@ bool DownloadPackageFile(const std::string& path, std::uint8_t areaSelector) {
   WriteCommand(OP_WRITE_AREA, out);
   SetFrameProgress(Progress::None);
 
-  std::vector<std::uint8_t> received(static_cast<std::size_t>(std::max(FileLength(file.get()), 0L)) + 1);
+  std::vector<std::uint8_t> received = DiffersFrom(*sent);
+  // One spare byte: a transfer of nothing needs a buffer to point to.
+  received.resize(static_cast<std::size_t>(std::max(FileLength(file.get()), 0L)) + 1);
   const std::span<std::uint8_t> in = std::span(received).first(received.size() - 1);
   SetFrameProgress(Progress::Transfers);
   ReadCommand(OP_READ_AREA, in);

@@ -5,6 +5,7 @@
 
 #include "catalogue/chip_catalogue.h"
 #include "link/writer_commands.h"
+#include "operations/download.h"
 #include "platform/clock.h"
 #include "platform/files.h"
 #include "platform/machine.h"
@@ -51,7 +52,7 @@ bool LoadOverFrames(const std::string& path, bool sendStartByte, const std::vect
   WriteCommand(OP_WRITE_MEMORY, image);
   app.writer.ProgressMode = Progress::None;
   if (app.writer.HwKnown) SetAddressZero();
-  std::vector<std::uint8_t> received(kFirmwareImageSize);
+  std::vector<std::uint8_t> received = DiffersFrom(image);
   app.writer.ProgressMode = Progress::Transfers;
   ReadCommand(OP_READ_MEMORY, received);
   app.writer.ProgressMode = Progress::None;
@@ -71,7 +72,7 @@ bool LoadOverVendor(const std::string& path, bool sendStartByte, const std::vect
   WriteCommand(OP_WRITE_MEMORY, image);
   ShowTransferStep(bar::kSent);
   SetAddressZero();
-  std::vector<std::uint8_t> received(kFirmwareImageSize);
+  std::vector<std::uint8_t> received = DiffersFrom(image);
   ReadCommand(OP_READ_MEMORY, received);
   const bool good = ReadImage(path) == received;
   CloseLoad();
