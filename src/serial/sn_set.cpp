@@ -3,13 +3,13 @@
 #include <algorithm>
 #include <array>
 
-#include "intake/file_readers.h"
 #include "intake/package_files.h"
 #include "link/writer_commands.h"
 #include "operations/download.h"
 #include "platform/byte_order.h"
 #include "platform/clock.h"
 #include "platform/files.h"
+#include "platform/hex_digits.h"
 #include "platform/machine.h"
 #include "platform/operator.h"
 #include "platform/text.h"
