@@ -91,7 +91,7 @@ Outcome SendToWriter(std::uint32_t chipCode) {
 Outcome LoadJob(const ChipEntry& row, const std::string& path) {
   AppState& app = TheAppState();
   const bool converted = Convert(row, path) == 0;
-  if (ProtectionComesFromFile(row.ChipCode)) SetFusePanel(app.conversion.ImageUnprotected ? 1 : 0, -1, -1);
+  if (row.ic->protection.fromFile) SetFusePanel(app.conversion.ImageUnprotected ? 1 : 0, -1, -1);
   ShowResult();
   BeginBusyCursor("dinosaur.ani");
   if (app.writer.FirmwareLevel > kHostFirmwareLevel &&
@@ -109,7 +109,7 @@ bool EndsEarly(const Outcome& outcome) {
 Outcome Run(const ChipEntry& row, const std::string& path) {
   AppState& app = TheAppState();
   app.selection.OptionValue = kDefaultOptionValue;
-  if (row.HasOptionDialog) ChooseOptions(row.ChipCode);
+  if (row.HasOptionDialog) ChooseOptions(*row.ic);
   if (path.empty()) {
     TheMachine().op->Tell("File is empty.", kPlainCaption);
     return Cancelled(Reason::NoFile);
