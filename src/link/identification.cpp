@@ -2,7 +2,7 @@
 
 #include <string_view>
 
-#include "link/command_frames.h"
+#include "link/transport.h"
 #include "link/writer_commands.h"
 #include "link/writer_link.h"
 #include "platform/machine.h"
@@ -49,22 +49,11 @@ void OpenTransport() {
   if (!OpenVendorTransport()) TheAppState().writer.WriterConnected = OpenWriterLink() != 0;
 }
 
-void CloseTransport() {
-  if (TheAppState().writer.UseVendorApi) {
-    TheMachine().vendor->VMClose();
-  } else {
-    CloseWriterLink();
-  }
-}
+void CloseTransport() { ActiveTransport().Close(); }
 
 void ReadIdentityText(std::array<char, kIdentitySize + 1>& text) {
   text.fill('\0');
-  const auto buffer = reinterpret_cast<std::uint8_t*>(text.data());
-  if (TheAppState().writer.UseVendorApi) {
-    TheMachine().vendor->VMRead(OP_IDENTITY, buffer, kIdentitySize);
-  } else {
-    ReadIdentity(buffer);
-  }
+  ActiveTransport().ReadIdentity(std::span(reinterpret_cast<std::uint8_t*>(text.data()), kIdentitySize));
 }
 
 void ReadWriterIdentity() {

@@ -1,33 +1,14 @@
-// The writer's command set. Every operation goes over the active transport: velmarapi when UseVendorApi is set, else
-// the frame link.
+// The writer's command set. Every operation goes over the active transport (link/transport.h).
 #pragma once
 
 #include <array>
 #include <cstdint>
 #include <span>
 
+#include "link/opcodes.h"
 #include "shell/ground/app_state.h"
 
 namespace pyxis {
-
-enum Opcode : std::uint8_t {
-  OP_SET_MODE = 0,
-  OP_TEST_SELECT = 1,
-  OP_TEST_BYTE = 2,
-  OP_TEST_SET = 3,
-  OP_IDENTITY = 4,
-  OP_TEST_MEASURE = 5,
-  OP_SET_ADDRESS = 15,
-  OP_WRITE_MEMORY = 16,
-  OP_READ_MEMORY = 17,
-  OP_WRITE_AREA = 18,
-  OP_READ_AREA = 19,
-  OP_SELECT_AREA = 20,
-  OP_START_TASK = 21,
-  OP_TASK_STATUS = 22,
-  OP_CONTROL = 23,
-  OP_READ_CHIP = 24,
-};
 
 namespace mode {
 inline constexpr std::uint8_t kMemory = 0;     // before an addressed memory access
@@ -75,8 +56,24 @@ inline constexpr std::uint8_t kRegisterKm49 = 0x99;
 int WriteCommand(Opcode opcode, std::span<const std::uint8_t> data);
 int ReadCommand(Opcode opcode, std::span<std::uint8_t> buffer);
 
-// ProgressMode of the next transfers, on the frame link alone: velmarapi reports no progress.
-void SetFrameProgress(Progress progress);
+// No transfer drives the bar; the frame link's own rule, velmarapi reports no progress.
+void StopFrameProgress();
+// While it lives, TransferBusy is set on the frame link.
+class FrameBusy {
+ public:
+  FrameBusy();
+  ~FrameBusy();
+  FrameBusy(const FrameBusy&) = delete;
+  FrameBusy& operator=(const FrameBusy&) = delete;
+};
+// While it lives, transfers drive the bar on the frame link.
+class TransferProgress {
+ public:
+  TransferProgress();
+  ~TransferProgress();
+  TransferProgress(const TransferProgress&) = delete;
+  TransferProgress& operator=(const TransferProgress&) = delete;
+};
 
 void SetWriterMode(std::uint8_t mode);
 void StartTask(std::uint8_t task);

@@ -4,7 +4,7 @@
 
 #include "intake/package_files.h"
 #include "link/writer_commands.h"
-#include "operations/tasks.h"
+#include "operations/run_task.h"
 #include "platform/byte_order.h"
 #include "platform/clock.h"
 #include "platform/machine.h"

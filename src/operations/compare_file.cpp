@@ -63,9 +63,10 @@ bool DataAreaEquals(const std::vector<std::uint8_t>& expected) {
     for (std::size_t at = 0; at < comparison->length; ++at)
       received[comparison->WriterAt(at)] = static_cast<std::uint8_t>(~expected[at]);
   SelectArea(area::kData);
-  SetFrameProgress(Progress::Transfers);
-  ReadCommand(OP_READ_AREA, std::span(received).first(expected.size()));
-  SetFrameProgress(Progress::None);
+  {
+    const TransferProgress progress;
+    ReadCommand(OP_READ_AREA, std::span(received).first(expected.size()));
+  }
   CloseArea();
   SetWriterMode(mode::kIdle);
   if (!comparison) return false;
@@ -83,7 +84,7 @@ std::string TimeLine() {
 }  // namespace
 
 bool CompareWithWriter(const std::string& path) {
-  SetFrameProgress(Progress::None);
+  StopFrameProgress();
   SetWriterMode(mode::kArea);
   const File file = OpenFile(path, "rb");
   const auto expected = file ? ReadFirstBytes(file.get()) : std::nullopt;

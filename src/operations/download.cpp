@@ -4,6 +4,7 @@
 #include <vector>
 
 #include "intake/package_files.h"
+#include "link/transport.h"
 #include "link/writer_commands.h"
 #include "platform/clock.h"
 #include "platform/files.h"
@@ -30,13 +31,19 @@ constexpr int kDone = 101;
 }  // namespace bar
 
 void ShowVendorStep(int position) {
-  if (TheAppState().writer.UseVendorApi) ShowTransferStep(position);
+  if (!ActiveTransport().DrivesProgress()) ShowTransferStep(position);
 }
 
 }  // namespace
 
+std::vector<std::uint8_t> DiffersFrom(std::span<const std::uint8_t> sent) {
+  std::vector<std::uint8_t> bytes(sent.begin(), sent.end());
+  for (std::uint8_t& byte : bytes) byte = static_cast<std::uint8_t>(~byte);
+  return bytes;
+}
+
 bool DownloadPackageFile(const std::string& path, std::uint8_t areaSelector) {
-  SetFrameProgress(Progress::None);
+  StopFrameProgress();
   SetWriterMode(mode::kArea);
   const File file = OpenFile(path, "r+b");
   if (!file) {
@@ -49,15 +56,19 @@ bool DownloadPackageFile(const std::string& path, std::uint8_t areaSelector) {
   // An empty file still sends its block of length 0, which needs a buffer to point to.
   static const std::uint8_t nothing = 0;
   const std::span<const std::uint8_t> out = sent->empty() ? std::span(&nothing, 0) : std::span(*sent);
-  SetFrameProgress(Progress::Transfers);
-  WriteCommand(OP_WRITE_AREA, out);
-  SetFrameProgress(Progress::None);
+  {
+    const TransferProgress progress;
+    WriteCommand(OP_WRITE_AREA, out);
+  }
 
-  std::vector<std::uint8_t> received(static_cast<std::size_t>(std::max(FileLength(file.get()), 0L)) + 1);
+  std::vector<std::uint8_t> received = DiffersFrom(*sent);
+  // One spare byte: a transfer of nothing needs a buffer to point to.
+  received.resize(static_cast<std::size_t>(std::max(FileLength(file.get()), 0L)) + 1);
   const std::span<std::uint8_t> in = std::span(received).first(received.size() - 1);
-  SetFrameProgress(Progress::Transfers);
-  ReadCommand(OP_READ_AREA, in);
-  SetFrameProgress(Progress::None);
+  {
+    const TransferProgress progress;
+    ReadCommand(OP_READ_AREA, in);
+  }
   CloseArea();
   const auto again = ReadStream(file.get());
   return again && std::equal(again->begin(), again->end(), in.begin(), in.end());
@@ -87,7 +98,7 @@ Outcome SendDataPackage() {
 }
 
 Outcome SendPackages() {
-  if (TheAppState().writer.UseVendorApi) SetProgressRange(0, kTransferSteps);
+  if (!ActiveTransport().DrivesProgress()) SetProgressRange(0, kTransferSteps);
   ShowVendorStep(bar::kStart);
   StartTask(task::kOpenPackageLoad);
   SendControl(control::kBeginLoad);

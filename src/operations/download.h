@@ -2,7 +2,9 @@
 #pragma once
 
 #include <cstdint>
+#include <span>
 #include <string>
+#include <vector>
 
 #include "shell/ground/outcome.h"
 
@@ -10,6 +12,10 @@ namespace pyxis {
 
 // A package file and a firmware transfer have at most this many bytes.
 inline constexpr std::size_t kTransferBufferSize = 131072;
+
+// A read-back buffer before the read: every byte differs from what was sent, so that bytes that a failed transfer
+// doesn't bring can't pass.
+std::vector<std::uint8_t> DiffersFrom(std::span<const std::uint8_t> sent);
 
 // Both package files; tells the operator itself. Failed: OptionNotArrived, DataNotArrived.
 Outcome DownloadPackages();

@@ -4,7 +4,9 @@
 #include <vector>
 
 #include "catalogue/chip_catalogue.h"
+#include "link/transport.h"
 #include "link/writer_commands.h"
+#include "operations/download.h"
 #include "platform/clock.h"
 #include "platform/files.h"
 #include "platform/machine.h"
@@ -40,42 +42,41 @@ void CloseLoad() {
   SendControl(control::kEndLoad);
 }
 
-bool LoadOverFrames(const std::string& path, bool sendStartByte, const std::vector<std::uint8_t>& image) {
-  AppState& app = TheAppState();
-  app.writer.TransferBusy = true;
-  app.writer.ProgressMode = Progress::None;
-  if (sendStartByte) StartTask(task::kOpenFirmwareLoad);
-  SetWriterMode(mode::kMemory);
-  if (app.writer.HwKnown) SetAddressZero();
-  app.writer.ProgressMode = Progress::Transfers;
-  WriteCommand(OP_WRITE_MEMORY, image);
-  app.writer.ProgressMode = Progress::None;
-  if (app.writer.HwKnown) SetAddressZero();
-  std::vector<std::uint8_t> received(kFirmwareImageSize);
-  app.writer.ProgressMode = Progress::Transfers;
-  ReadCommand(OP_READ_MEMORY, received);
-  app.writer.ProgressMode = Progress::None;
-  const bool good = ReadImage(path) == received;
-  if (good) CloseLoad();  // after a difference the closing commands are the caller's
-  app.writer.TransferBusy = false;
-  return good;
+void ShowStep(int position) {
+  if (!ActiveTransport().DrivesProgress()) ShowTransferStep(position);
 }
 
-bool LoadOverVendor(const std::string& path, bool sendStartByte, const std::vector<std::uint8_t>& image) {
-  SetProgressRange(0, kTransferSteps);
-  ShowTransferStep(bar::kStart);
+void AddressStart() {
+  if (ActiveTransport().CanAddress()) SetAddressZero();
+}
+
+std::vector<std::uint8_t> ReadBack(const std::vector<std::uint8_t>& image) {
+  std::vector<std::uint8_t> received = DiffersFrom(image);
+  const TransferProgress progress;
+  ReadCommand(OP_READ_MEMORY, received);
+  return received;
+}
+
+// The image out and back.
+bool Transfer(const std::string& path, bool sendStartByte, const std::vector<std::uint8_t>& image) {
+  const FrameBusy busy;
+  StopFrameProgress();
+  if (!ActiveTransport().DrivesProgress()) SetProgressRange(0, kTransferSteps);
+  ShowStep(bar::kStart);
   if (sendStartByte) StartTask(task::kOpenFirmwareLoad);
   SetWriterMode(mode::kMemory);
-  SetAddressZero();
-  ShowTransferStep(bar::kAddressed);
-  WriteCommand(OP_WRITE_MEMORY, image);
-  ShowTransferStep(bar::kSent);
-  SetAddressZero();
-  std::vector<std::uint8_t> received(kFirmwareImageSize);
-  ReadCommand(OP_READ_MEMORY, received);
+  AddressStart();
+  ShowStep(bar::kAddressed);
+  {
+    const TransferProgress progress;
+    WriteCommand(OP_WRITE_MEMORY, image);
+  }
+  ShowStep(bar::kSent);
+  AddressStart();
+  const std::vector<std::uint8_t> received = ReadBack(image);
   const bool good = ReadImage(path) == received;
-  CloseLoad();
-  if (good) ShowTransferStep(bar::kDone);
+  if (good || !ActiveTransport().LeavesFailedLoadOpen()) CloseLoad();
+  if (good) ShowStep(bar::kDone);
   return good;
 }
 
@@ -96,8 +97,7 @@ bool RefusesImage(std::uint8_t imageModel) {
 bool LoadFirmware(const std::string& path, bool sendStartByte) {
   AppState& app = TheAppState();
   const auto image = ReadImage(path);
-  const bool good = image && (app.writer.UseVendorApi ? LoadOverVendor(path, sendStartByte, *image)
-                                                      : LoadOverFrames(path, sendStartByte, *image));
+  const bool good = image && Transfer(path, sendStartByte, *image);
   app.writer.FirmwareLoadFailed = good ? 0 : 1;
   return good;
 }

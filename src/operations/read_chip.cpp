@@ -7,7 +7,7 @@
 #include "intake/package_files.h"
 #include "link/writer_commands.h"
 #include "operations/download.h"
-#include "operations/tasks.h"
+#include "operations/run_task.h"
 #include "platform/clock.h"
 #include "platform/files.h"
 #include "platform/machine.h"
@@ -76,7 +76,7 @@ bool ReadChip() {
   StartTask(task::kReadChip);
   WaitMs(kBetweenStartsMs);
   StartTask(task::kReadChip);
-  SetFrameProgress(Progress::None);
+  StopFrameProgress();
   std::vector<std::uint8_t> received(std::size_t{TheAppState().selection.ReadSizeBytes} + 1);
   ReadCommand(OP_READ_CHIP, std::span(received).first(length));
   const bool written = file.Write(WordsOf(received, length, TheAppState().selection.ReadSwapBytes));

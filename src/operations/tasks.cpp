@@ -4,8 +4,7 @@
 
 #include "intake/package_files.h"
 #include "link/writer_commands.h"
-#include "operations/poll_bound.h"
-#include "platform/clock.h"
+#include "operations/run_task.h"
 #include "platform/files.h"
 #include "platform/machine.h"
 #include "platform/operator.h"
@@ -33,15 +32,6 @@ constexpr Operation kProgram{task::kProgram, Progress::Program, &Selection::Prog
                              "Program OK",   "Program FAIL"};
 constexpr Operation kVerify{task::kVerify, Progress::Verify, &Selection::VerifyTicks, false, false,
                             "Verify OK",   "Verify FAIL"};
-
-constexpr std::uint8_t kStatusBits = 3;
-constexpr std::uint8_t kStatusFailed = 3;
-constexpr int kEqualReadsWanted = 5;
-// What stands in the buffer before a read, in turn; both mean no verdict yet. A read that leaves its mark there brought
-// nothing: the only sign of a lost link on velmarapi, whose results aren't to be relied on. A writer whose status
-// happens to look like one of them doesn't look like the other.
-constexpr std::uint8_t kUnread[] = {0xA4, 0x58};
-static_assert((kUnread[0] & kStatusBits) == 0 && (kUnread[1] & kStatusBits) == 0);
 
 // The first guard that fails.
 Outcome Guard(const Operation& operation) {
@@ -96,64 +86,7 @@ Outcome Run(const Operation& operation) {
   return outcome;
 }
 
-// Polls until one value has held; failure when the link is gone or the bound is over.
-std::uint8_t PollVerdict(std::uint32_t divisor) {
-  Clock& clock = *TheMachine().clock;
-  const std::uint32_t start = clock.TickCount();
-  std::uint32_t reads = 0;
-  int equalReads = 0;
-  std::optional<std::uint32_t> lostSince;  // the first failed read of those in a row
-  std::uint8_t last = 0;
-  while (equalReads != kEqualReadsWanted) {
-    ++reads;
-    const std::uint8_t unread = kUnread[reads % 2];
-    std::uint8_t byte = unread;
-    const bool good = ReadCommand(OP_TASK_STATUS, std::span(&byte, 1)) != 0 && byte != unread;
-    const std::uint8_t status = byte & kStatusBits;
-    if (status == last && status != 0) {
-      ++equalReads;
-    } else {
-      equalReads = 0;
-      last = status;
-    }
-    SetProgressPosition(static_cast<int>(reads / divisor));
-    const std::uint32_t now = clock.TickCount();
-    if (good) {
-      lostSince.reset();
-    } else if (!lostSince) {
-      lostSince = now;
-    }
-    if ((lostSince && now - *lostSince >= kLostLinkMs) || now - start >= kLongestTaskMs) return kStatusFailed;
-  }
-  return last;
-}
-
 }  // namespace
-
-void BeginOperation(Progress progress) {
-  SetProgressRange(0, kTaskProgressTop);
-  SetProgressPosition(1);
-  ClearStatusText();
-  TheAppState().writer.ProgressMode = progress;
-  BeginBusyCursor("metronom.ani");
-}
-
-void EndOperation() {
-  EndBusyCursor();
-  SetProgressPosition(0);
-  PumpPaint();
-}
-
-bool RunTask(std::uint8_t task, std::uint32_t divisor) {
-  DisableOperations();
-  PumpPaint();
-  StartTask(task);
-  const std::uint8_t verdict = PollVerdict(divisor);
-  EnableOperations();
-  if (verdict == kStatusFailed) return false;
-  SetProgressPosition(kTaskProgressTop);
-  return true;
-}
 
 Outcome OnAuto() { return Run(kAuto); }
 Outcome OnBlankCheck() { return Run(kBlankCheck); }

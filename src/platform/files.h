@@ -1,6 +1,6 @@
 // Files by Windows-like names. A name is looked up exactly first, then without regard to letter case, component by
 // component; of several names that differ in case only the exact one wins, else the first in byte order. A new file is
-// created in the directory that the look-up found, under the name as given. The bodies lie in system/files.cpp.
+// created in the directory that the look-up found, under the name as given.
 #pragma once
 
 #include <cstdint>

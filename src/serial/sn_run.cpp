@@ -6,7 +6,7 @@
 
 #include "intake/package_files.h"
 #include "link/writer_commands.h"
-#include "operations/tasks.h"
+#include "operations/run_task.h"
 #include "platform/machine.h"
 #include "platform/main_view.h"
 #include "platform/operator.h"

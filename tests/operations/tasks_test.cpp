@@ -1,3 +1,4 @@
+#include "operations/run_task.h"
 #include "operations/tasks.h"
 
 #include "intake/package_files.h"
