@@ -1,5 +1,5 @@
-// The fixed knowledge of the ICs: thirteen lists of rows, 0 to 7 for the model KM48, 8 to 12 for the KM49. They are made
-// of the records in catalogue/ics/, which catalogue/ics.h gathers.
+// The fixed knowledge of the ICs: thirteen lists of rows, 0 to 7 for the model KM48, 8 to 12 for the KM49. They are
+// made of the records in catalogue/ics/, which catalogue/ics.h gathers.
 #pragma once
 
 #include <array>

@@ -11,8 +11,9 @@ namespace pyxis {
 // The groups of IC selection. None: not in the catalogue, so that the IC can't be selected.
 enum class Series { None, Qv41, Qv42, Qv81, Qv82, Qv83, Qv85, UsbLow, UsbFull };
 
-// The text of a row of the Type list: the IC's name alone, or the name, "_" and the pin counts of the packages that share
-// a figure. The rows of a list stand in the order of the records; one that stands elsewhere names the row in front of it.
+// The text of a row of the Type list: the IC's name alone, or the name, "_" and the pin counts of the packages that
+// share a figure. The rows of a list stand in the order of the records; one that stands elsewhere names the row in
+// front of it.
 struct Label {
   const char* text = "";
   const char* behind = "";
@@ -60,8 +61,8 @@ struct PerModel {
   constexpr PerModel(const T& first, const T& second) : km48(first), km49(second) {}
 };
 
-// What the operator chooses besides the program file: nothing, the words of Smart Option, or protection (and on one kind
-// mode and clock) in Option Select 1, which an OK takes into OptionValue in different ways.
+// What the operator chooses besides the program file: nothing, the words of Smart Option, or protection (and on one
+// kind mode and clock) in Option Select 1, which an OK takes into OptionValue in different ways.
 enum class OptionChoice { None, Smart, UnprotectAlone, UnprotectBit, AllBits };
 
 // Which pairs of boxes the fuse panel shows.

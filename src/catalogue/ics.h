@@ -19,7 +19,7 @@ namespace pyxis {
 using Ics = std::span<const Ic* const>;
 
 // The order of the Type lists: one list may take its records from several groups.
-inline constexpr std::span<const Ic> kIcGroups[] = {kQv41Ics,  kQv42Ics,  kQv81Ics,  kQv82Ics, kQv832xIcs,
+inline constexpr std::span<const Ic> kIcGroups[] = {kQv41Ics,   kQv42Ics,   kQv81Ics, kQv82Ics, kQv832xIcs,
                                                     kQv835xIcs, kQv830xIcs, kQv85Ics, kUsbIcs};
 
 constexpr std::size_t CountIcs() {

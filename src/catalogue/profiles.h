@@ -44,7 +44,6 @@ inline constexpr Masks M23{0x2000, 0x1000, 0x800, 0x300, 0x80, 0x40};
 inline constexpr Masks M24{0x2000, 0xC00, 0x200, 0x80, 0x40};
 inline constexpr Masks M25{0x2000};
 
-
 // Program files.
 inline constexpr char kHex[] = ".hex";
 inline constexpr char kHexOrBin[] = ".hexbin";

@@ -30,8 +30,8 @@ void ChangeBit(const Protection& place, bool protect) {
   if (place.inConfigWord) ChangeConfigWord(place.bit + 8, set);
 }
 
-// After a start on a job whose IC isn't found by its bare name the row is another IC's, and so would be the bit; the job
-// is another IC's while none has been loaded since IC selection.
+// After a start on a job whose IC isn't found by its bare name the row is another IC's, and so would be the bit; the
+// job is another IC's while none has been loaded since IC selection.
 bool JobIsTheRows(const ChipEntry& row) {
   const AppState& app = TheAppState();
   return EqualsNoCase(row.ChipName, app.selection.SelectedChip) &&

@@ -73,6 +73,10 @@ TEST_F(SetProtect, CancelAndAnotherIcsRowChangeNothing) {
   TheAppState().selection.SelectedChip = "QV8305";
   OnSetProtect();
   EXPECT_EQ(op.Heard(), Texts{"HW and SW Chip Name is discordant"});
+  Select("QV8309");  // and no file loaded for it
+  op.told.clear();
+  OnSetProtect();
+  EXPECT_EQ(op.Heard(), Texts{"HW and SW Chip Name is discordant"});
   EXPECT_EQ(writer.OptionArea(), before);
 }
 
