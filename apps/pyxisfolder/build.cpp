@@ -108,4 +108,13 @@ bool BuildProgramFolder(const std::string& dir) {
   return PutSamples(dir) && templates && optionLists && firmware && pictures;
 }
 
+bool BuildIcons(const std::string& dir) {
+  bool good = true;
+  for (const int size : {16, 22, 24, 32, 36, 48, 64, 72, 96, 128, 192, 256, 512}) {
+    const std::string pixels = std::to_string(size);
+    good = Put(fs::path(dir) / (pixels + "x" + pixels) / "apps/pyxisload.png", MakePng(DrawProgramIcon(size))) && good;
+  }
+  return good;
+}
+
 }  // namespace pyxis::folder

@@ -15,6 +15,9 @@ using Bytes = std::vector<std::uint8_t>;
 // Everything below `dir`, which is made if need be. False, with a line on standard error, when a file can't be written.
 bool BuildProgramFolder(const std::string& dir);
 
+// The program's icon in every usual size, as an icon theme keeps it: 48x48/apps/pyxisload.png. False as above.
+bool BuildIcons(const std::string& dir);
+
 // The template of an IC by the template's name; empty for a name that no IC has.
 Bytes MakeTemplate(const std::string& name);
 std::vector<std::string> TemplateNames();

@@ -41,6 +41,7 @@ int main(int argc, char** argv) {
   std::vector<std::tuple<int, int, int>> measures;
 
   CLI::App app{"A stand-in for the writer, for work without the hardware"};
+  app.set_version_flag("--version", "pyxiswriter " PYXIS_VERSION);
   app.add_option("--socket", socket, "local socket that programs reach it by")->capture_default_str();
   app.add_option("--usbredir", port, "TCP port of this machine for a virtual machine's USB redirection");
   app.add_option("--state", state, "file that keeps the job over a restart");

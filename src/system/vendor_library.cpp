@@ -1,12 +1,12 @@
 #include "system/vendor_library.h"
 
-#include "platform/files.h"
+#include "platform/program_folder.h"
 
 namespace pyxis {
 
 bool VendorLibrary::Load() {
   if (read_ != nullptr) return true;
-  if (!library_.Load(ProgramDirectory(), "velmarapi")) return false;
+  if (!library_.Load(LibraryDirectory(), "velmarapi")) return false;
   const bool whole = library_.Find("VMOpen", open_) && library_.Find("VMSetTimeout", setTimeout_) &&
                      library_.Find("VMClose", close_) && library_.Find("VMWrite", write_) &&
                      library_.Find("VMRead", read_);
