@@ -93,7 +93,7 @@ Outcome SendToWriter(std::uint32_t chipCode) {
 Outcome LoadJob(const ChipEntry& row, const std::string& path) {
   AppState& app = TheAppState();
   const ConversionResults results = ConvertFor(row, path);
-  if (ProtectionComesFromFile(row.ChipCode)) SetFusePanel(app.conversion.ImageUnprotected ? 1 : 0, -1, -1);
+  if (row.ic->protection.fromFile) SetFusePanel(app.conversion.ImageUnprotected ? 1 : 0, -1, -1);
   ShowResult(results);
   BeginBusyCursor("dinosaur.ani");
   if (app.writer.FirmwareLevel > kHostFirmwareLevel &&
@@ -137,7 +137,7 @@ Outcome Run(const ChipEntry& row, const std::string& path) {
   AppState& app = TheAppState();
   app.selection.OptionValue = kDefaultOptionValue;
   const std::string chip = app.selection.SelectedChip;
-  if (row.HasOptionDialog) ChooseOptions(row.ChipCode);
+  if (row.HasOptionDialog) ChooseOptions(*row.ic);
   if (!StillSelected(row, chip)) return GiveUp(Refused(Reason::OtherChip));
   if (path.empty()) {
     TheMachine().op->Tell("File is empty.", kPlainCaption);
