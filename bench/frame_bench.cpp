@@ -19,7 +19,7 @@ namespace {
 struct Setup {
   Setup() {
     static std::FILE* const nowhere = std::fopen("/dev/null", "w");
-    TraceStream() = nowhere;
+    TheMachine().trace = nowhere;
     TheMachine().usb = &usb;
     OpenWriterLink();
     StartTask(task::kOpenFirmwareLoad);

@@ -6,8 +6,8 @@
 #include <span>
 
 #include "intake/package_files.h"
-#include "platform/diagnostics.h"
 #include "platform/files.h"
+#include "platform/machine.h"
 #include "pyxisfolder/folder.h"
 #include "shell/ground/app_state.h"
 
@@ -30,7 +30,7 @@ std::string MakeFolder() {
 Scratch::Scratch() {
   static const std::string folder = MakeFolder();
   static std::FILE* const nowhere = std::fopen("/dev/null", "w");
-  DiagnosticsStream() = nowhere;
+  TheMachine().diagnostics = nowhere;
   TheAppState().program.AppDir = folder;
 }
 

@@ -28,8 +28,8 @@ void TakeOver(Job& job) {
   app.program.AppDir = app.program.StartDirectory + kPathSeparator;
   job.op.answer = job.options.yes;
   job.op.quiet = job.options.json;
-  DiagnosticsStream() = stderr;  // standard output is for results
-  TraceStream() = job.options.trace ? stderr : nullptr;
+  TheMachine().diagnostics = stderr;  // standard output is for results
+  TheMachine().trace = job.options.trace ? stderr : nullptr;
 }
 
 }  // namespace

@@ -1,13 +1,13 @@
 #include "platform/diagnostics.h"
 
 #include <cstdarg>
+#include <cstdio>
+
+#include "platform/machine.h"
 
 namespace pyxis {
 
 namespace {
-
-std::FILE* diagnosticsStream = stdout;
-std::FILE* traceStream = stdout;
 
 void Print(std::FILE* stream, const char* format, std::va_list args) {
   if (stream != nullptr) std::vfprintf(stream, format, args);
@@ -15,20 +15,17 @@ void Print(std::FILE* stream, const char* format, std::va_list args) {
 
 }  // namespace
 
-std::FILE*& DiagnosticsStream() { return diagnosticsStream; }
-std::FILE*& TraceStream() { return traceStream; }
-
 void Diagnose(const char* format, ...) {
   std::va_list args;
   va_start(args, format);
-  Print(diagnosticsStream, format, args);
+  Print(TheMachine().diagnostics, format, args);
   va_end(args);
 }
 
 void Trace(const char* format, ...) {
   std::va_list args;
   va_start(args, format);
-  Print(traceStream, format, args);
+  Print(TheMachine().trace, format, args);
   va_end(args);
 }
 

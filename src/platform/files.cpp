@@ -34,7 +34,8 @@ bool Exists(const std::string& path) {
 std::string EntryNoCase(const std::string& directory, const std::string& name) {
   std::string best;
   std::error_code error;
-  for (std::filesystem::directory_iterator entry(directory, error), end; !error && entry != end; entry.increment(error)) {
+  for (std::filesystem::directory_iterator entry(directory, error), end; !error && entry != end;
+       entry.increment(error)) {
     const std::string candidate = entry->path().filename().string();
     if (EqualsNoCase(candidate, name) && (best.empty() || candidate < best)) best = candidate;
   }

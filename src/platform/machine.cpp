@@ -92,8 +92,8 @@ NoUpdate noUpdate;
 NoClipboard noClipboard;
 
 Machine Nothing() {
-  return {&noOperator, &noClock,   &noView,     &noUsb,    &noPipes,
-          &noVendor,   &noProfile, &noLanguage, &noUpdate, &noClipboard};
+  return {&noOperator, &noClock,    &noView,   &noUsb,       &noPipes, &noVendor,
+          &noProfile,  &noLanguage, &noUpdate, &noClipboard, stdout,   stdout};
 }
 
 Machine theMachine = Nothing();

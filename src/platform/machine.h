@@ -2,6 +2,8 @@
 // call any logic; it owns nothing. A seam that nobody filled has a body that does nothing (no writer, no window).
 #pragma once
 
+#include <cstdio>
+
 namespace pyxis {
 
 class Clipboard;
@@ -26,6 +28,9 @@ struct Machine {
   Language* language;
   UpdateAgent* update;
   Clipboard* clipboard;
+  // Where plain diagnostic lines go (platform/diagnostics.h); null prints nothing.
+  std::FILE* diagnostics;
+  std::FILE* trace;
 };
 
 Machine& TheMachine();

@@ -4,28 +4,13 @@
 
 #include <fstream>
 
-#include "link/writer_link.h"
-#include "options/smart_option.h"
 #include "platform/files.h"
-#include "serial/sn_record.h"
-#include "serial/sn_run.h"
-#include "view/hex_view.h"
+#include "shell/process_state.h"
 
 namespace pyxis::test {
 
-void ResetEverything() {
-  ResetMachine();
-  ResetAppState();
-  ResetMainControls();
-  ResetWriterLink();
-  ResetHexView();
-  ResetSmartOption();
-  ResetSnRecord();
-  SnProgressDlg().reset();
-}
-
 Bench::Bench() {
-  ResetEverything();
+  ResetProcessState();
   std::string name = (std::filesystem::temp_directory_path() / "pyxis-XXXXXX").string();
   folder = mkdtemp(name.data());
   TheAppState().program.AppDir = folder.string() + kPathSeparator;
@@ -39,7 +24,7 @@ Bench::Bench() {
 }
 
 Bench::~Bench() {
-  ResetEverything();
+  ResetProcessState();
   std::filesystem::remove_all(folder);
 }
 

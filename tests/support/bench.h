@@ -37,9 +37,6 @@ auto All(Fields... fields) {
   return std::tuple(fields...);
 }
 
-// Puts every process-wide record back to its start values.
-void ResetEverything();
-
 class Bench : public ::testing::Test {
  protected:
   Bench();

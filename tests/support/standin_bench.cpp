@@ -5,16 +5,13 @@
 #include "catalogue/chip_catalogue.h"
 #include "intake/load_file.h"
 #include "link/identification.h"
-#include "platform/diagnostics.h"
 #include "pyxisfolder/folder.h"
 #include "shell/start_up.h"
 
 namespace pyxis::test {
 
 StandinBench::StandinBench(Transport transport, Model model) : writer(model) {
-  static std::FILE* const nowhere = std::fopen("/dev/null", "w");
-  DiagnosticsStream() = nowhere;
-  TraceStream() = nullptr;
+  TheMachine().diagnostics = TheMachine().trace = nullptr;
   if (transport == Transport::Usb) {
     TheMachine().usb = &usb;
   } else {
@@ -28,7 +25,6 @@ StandinBench::StandinBench(Transport transport, Model model) : writer(model) {
 StandinBench::~StandinBench() {
   EXPECT_EQ(writer.Violations(), Texts{});
   CloseTransport();
-  DiagnosticsStream() = TraceStream() = stdout;
 }
 
 std::string StandinBench::PutFolderFor(const std::string& label) {
