@@ -6,24 +6,23 @@
 
 namespace pyxis::ui {
 
-template <typename Dialog>
 class DialogMirror {
  public:
-  explicit DialogMirror(Dialog& dialog) : dialog_(dialog) {}
+  explicit DialogMirror(std::function<void()>& changed) : changed_(changed) {}
   ~DialogMirror() {
-    dialog_.Changed = [] {};
+    changed_ = [] {};
   }
   DialogMirror(const DialogMirror&) = delete;
   DialogMirror& operator=(const DialogMirror&) = delete;
 
   // Shows the dialog as it stands, and again at each change.
   void Show(std::function<void()> sync) {
-    dialog_.Changed = std::move(sync);
-    dialog_.Changed();
+    changed_ = std::move(sync);
+    changed_();
   }
 
  private:
-  Dialog& dialog_;
+  std::function<void()>& changed_;
 };
 
 }  // namespace pyxis::ui

@@ -21,7 +21,7 @@ class HookedClock : public FakeClock {
  public:
   std::function<void()> hook;
   std::uint32_t TickCount() override {
-    if (const auto now = std::exchange(hook, nullptr)) now();
+    if (const auto call = std::exchange(hook, nullptr)) call();
     return FakeClock::TickCount();
   }
 };
@@ -205,7 +205,7 @@ TEST_F(Input, ABoxTakesNothingBeforeItCanBeRead) {
   Open();
   onBox = [this](QMessageBox& box) {
     QWidget& ok = *box.button(QMessageBox::Ok);
-    QTest::qWaitForWindowExposed(&box);
+    EXPECT_TRUE(QTest::qWaitForWindowExposed(&box));
     QCoreApplication::processEvents();
     const std::uint32_t shown = hooked.tick;
     const auto press = [&] {

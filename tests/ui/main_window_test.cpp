@@ -11,6 +11,7 @@
 #include "platform/update_agent.h"
 #include "ui/readable_style.h"
 #include "ui/ui_bench.h"
+#include "view/hex_view.h"
 #include "view/show_file.h"
 
 namespace pyxis::test {
