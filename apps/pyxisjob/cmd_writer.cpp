@@ -5,6 +5,7 @@
 #include "intake/package_files.h"
 #include "job.h"
 #include "link/identification.h"
+#include "link/writer_commands.h"
 #include "platform/text.h"
 #include "shell/ground/app_state.h"
 

@@ -6,10 +6,9 @@
 
 namespace pyxis::ui {
 
-template <typename Dialog>
 class DialogMirror {
  public:
-  explicit DialogMirror(Dialog& dialog) : changed_(dialog.Changed) {}
+  explicit DialogMirror(std::function<void()>& changed) : changed_(changed) {}
   ~DialogMirror() {
     changed_ = [] {};
   }

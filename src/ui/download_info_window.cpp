@@ -7,7 +7,8 @@ namespace pyxis::ui {
 DownloadInfoWindow::DownloadInfoWindow(CDownloadInfoDlg& dialog, HandlerGate& gate, QWidget* parent)
     : LinesWindow(QStringLiteral("Download File Information"), dialog.lines.size(), QStringLiteral("Compare File"),
                   gate, parent),
-      dialog_(dialog) {
+      dialog_(dialog),
+      mirror_(dialog.Changed) {
   Action = [this] { dialog_.OnCompareFile(); };
   mirror_.Show([this] { Sync(); });
 }

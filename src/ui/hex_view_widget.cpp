@@ -46,7 +46,8 @@ HexModifiers ModifiersOf(Qt::KeyboardModifiers modifiers) {
 
 }  // namespace
 
-HexViewWidget::HexViewWidget(CMiniHexEditView& view, QWidget* parent) : QAbstractScrollArea(parent), view_(view) {
+HexViewWidget::HexViewWidget(CMiniHexEditView& view, QWidget* parent)
+    : QAbstractScrollArea(parent), view_(view), mirror_(view.Changed) {
   QFont font = QFontDatabase::systemFont(QFontDatabase::FixedFont);
   font.setPointSize(kPointSize);
   font.setStyleHint(QFont::Monospace);

@@ -49,7 +49,8 @@ ChoiceList* MakeList(QWidget* parent) {
 
 }  // namespace
 
-IcSelectWindow::IcSelectWindow(CIcSelectDlg& dialog, QWidget* parent) : QDialog(parent), dialog_(dialog) {
+IcSelectWindow::IcSelectWindow(CIcSelectDlg& dialog, QWidget* parent)
+    : QDialog(parent), dialog_(dialog), mirror_(dialog.Changed) {
   setWindowTitle(QStringLiteral("IC Type Select"));
   auto* all = new QVBoxLayout(this);
   all->addLayout(MakeLists(), 1);

@@ -8,6 +8,7 @@
 #include "shell/refresh_from_writer.h"
 #include "shell/start_up.h"
 #include "support/recorded_bench.h"
+#include "view/hex_view.h"
 
 namespace pyxis::test {
 namespace {
@@ -143,6 +144,24 @@ TEST_P(DeviceEvents, WitnessesOfTheModel) {
 }
 
 INSTANTIATE_TEST_SUITE_P(BothTransports, DeviceEvents, kBothTransports);
+
+class ComesBack : public StandinBench {};
+
+TEST_F(ComesBack, WithAnotherJobItEmptiesFileAndView) {
+  for (const std::size_t changed : {std::size_t{5}, Field::ImageChecksum.offset, std::size_t{511}}) {
+    LoadSample("QV8348");
+    TheMainControls().focus.reset();
+    ShowVerdict("Auto OK", true, false);
+    writer.OptionArea()[changed] ^= 1;  // QV8348 becomes QV8358, or the job another one; the last byte tells nothing
+    const bool same = changed == 511;
+    OnDeviceEvent({DeviceEvent::Kind::Arrival, kWriterInterfaceClass});
+    EXPECT_EQ(TheAppState().conversion.LoadedFilePath.empty(), !same) << changed;
+    EXPECT_EQ(TheMainControls()[ControlId::FileField].text, TheAppState().conversion.LoadedFilePath);
+    EXPECT_EQ(TheHexView().Blanked, !same);
+    EXPECT_EQ(TheMainControls().verdict.words, same ? "Auto OK" : "");
+    EXPECT_EQ(TheMainControls().focus, ControlId::Auto);
+  }
+}
 
 class Refresh : public RecordedBench {
  protected:

@@ -97,7 +97,8 @@ class HexViewWindow : public Bench {
   CMiniHexEditView& view = TheHexView();
   ui::HexViewWidget widget{view};
   QWidget* port = widget.viewport();
-  const int cell = widget.fontMetrics().horizontalAdvance('0'), line = widget.fontMetrics().height();
+  const int cell = QFontMetrics(widget.font()).horizontalAdvance(QLatin1Char('0'));
+  const int line = QFontMetrics(widget.font()).height();
 };
 
 TEST_F(HexViewWindow, ShowsItsModelAfterEveryEvent) {

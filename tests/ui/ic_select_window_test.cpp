@@ -17,6 +17,7 @@ namespace {
 class IcSelectWindow : public Bench {
  protected:
   void Open(Model model) {
+    window.reset();
     TheAppState().writer.WriterModel = model;
     dialog = std::make_unique<CIcSelectDlg>();
     ASSERT_TRUE(dialog->OnInitDialog());

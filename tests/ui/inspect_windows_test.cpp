@@ -31,7 +31,7 @@ TEST_F(InspectWindows, CompareFileAgainAndAgain) {
     auto& cancel = Find<QPushButton>(dialog, "Cancel");
     for (const char* result : {"OK", "OK", ""}) {
       // Fires in the file dialog's loop; the bench's own script waits for the end of this step.
-      QTimer::singleShot(0, &dialog, [&, result] {
+      QTimer::singleShot(20, &dialog, [&, result] {
         QWidget& files = *QApplication::activeModalWidget();
         EXPECT_FALSE(compare.isEnabled() || cancel.isEnabled());
         EXPECT_EQ(LinesOf(dialog)[2], "Compare Result : ");
