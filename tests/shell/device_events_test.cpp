@@ -1,8 +1,10 @@
 // The writer plugged in and pulled out: the events, the witnesses of the model, and what a refresh shows.
+#include "intake/package_files.h"
 #include "link/writer_commands.h"
 #include "platform/byte_order.h"
 #include "platform/text.h"
 #include "pyxisfolder/folder.h"
+#include "shell/device_arrival.h"
 #include "shell/main_dialog.h"
 #include "shell/on_device.h"
 #include "shell/refresh_from_writer.h"
@@ -154,7 +156,7 @@ TEST_F(ComesBack, WithAnotherJobItEmptiesFileAndView) {
     ShowVerdict("Auto OK", true, false);
     writer.OptionArea()[changed] ^= 1;  // QV8348 becomes QV8358, or the job another one; the last byte tells nothing
     const bool same = changed == 511;
-    OnDeviceEvent({DeviceEvent::Kind::Arrival, kWriterInterfaceClass});
+    OnDeviceEvent(kWriterCame);
     EXPECT_EQ(TheAppState().conversion.LoadedFilePath.empty(), !same) << changed;
     EXPECT_EQ(TheMainControls()[ControlId::FileField].text, TheAppState().conversion.LoadedFilePath);
     EXPECT_EQ(TheHexView().Blanked, !same);
