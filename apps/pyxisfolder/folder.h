@@ -1,5 +1,5 @@
-// The makers of a program folder: templates, option lists, firmware images, sample program files; drawing/ makes the
-// pictures. All of it is deterministic.
+// The makers of a program folder: templates, option lists, firmware images, sample program files. All of it is
+// deterministic. The pictures, which need Qt, are made by drawing/.
 #pragma once
 
 #include <cstdint>
@@ -12,7 +12,7 @@ namespace pyxis::folder {
 
 using Bytes = std::vector<std::uint8_t>;
 
-// Everything below `dir`, which is made if need be. False, with a line on standard error, when a file can't be written.
+// All files but the pictures below `dir`, which is made if need be. False, with a line on standard error, when a file can't be written.
 bool BuildProgramFolder(const std::string& dir);
 
 // The template of an IC by the template's name; empty for a name that no IC has.

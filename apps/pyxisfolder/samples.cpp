@@ -119,7 +119,7 @@ std::vector<Sample> MakeSamples(const std::string& chipName) {
   for (const UsbRow& row : kUsb) {
     if (chipName != row.name) continue;
     std::vector<Sample> samples{{chipName + ".hex", ToIntelHex(UsbImage(row))}};
-    if (chipName == "QVL11") samples.push_back({chipName + ".bin", Random("eeprom", 200)});
+    if (chipName == "QVL11") samples.push_back({chipName + "_eeprom.bin", Random("eeprom", 200)});
     return samples;
   }
   return {};

@@ -53,8 +53,13 @@ bool FieldTakes(const FieldRow& field, const std::string& text) {
   if (WithoutPrefix(text).empty()) return false;
   CNumericEdit edit;
   edit.maxLength = field.limit;
-  for (const char c : text) edit.TypeCharacter(static_cast<unsigned char>(c));
-  return EqualsNoCase(edit.Text(), text);
+  for (const char c : text) {
+    edit.start = edit.end = edit.text.size();
+    const auto typed = edit.Typed(static_cast<unsigned char>(c));
+    if (!typed) return false;
+    edit.text += *typed;
+  }
+  return true;
 }
 
 // serial.txt as it lay there: a refused series must not be the one that the next Load File takes.

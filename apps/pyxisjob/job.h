@@ -52,7 +52,7 @@ class HeadlessOperator : public Operator {
 };
 
 struct Options {
-  std::string folder = ".";
+  std::string folder;  // empty: the one that RunnerFolder gives
   bool json = false;
   bool trace = false;
   std::string link;  // "vendor", "usb" or empty: the usual order

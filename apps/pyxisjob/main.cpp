@@ -8,6 +8,7 @@
 #include "platform/diagnostics.h"
 #include "platform/files.h"
 #include "platform/machine.h"
+#include "platform/program_folder.h"
 #include "shell/ground/app_state.h"
 #include "system/broken_pipe.h"
 #include "system/libusb_host.h"
@@ -20,8 +21,16 @@ namespace pyxis::job {
 
 namespace {
 
+std::string ProgramFolderOrExit() {
+  const ProgramFolder folder = RunnerFolder();
+  if (folder.error.empty()) return folder.path;
+  std::fprintf(stderr, "%s\n", folder.error.c_str());
+  throw CLI::RuntimeError(kExitFailed);
+}
+
 void TakeOver(Job& job) {
   AppState& app = TheAppState();
+  if (job.options.folder.empty()) job.options.folder = ProgramFolderOrExit();
   app.program.StartDirectory = std::filesystem::absolute(job.options.folder).lexically_normal().string();
   if (app.program.StartDirectory.size() > 1 && app.program.StartDirectory.back() == kPathSeparator)
     app.program.StartDirectory.pop_back();
@@ -65,7 +74,9 @@ int main(int argc, char** argv) {
   CLI::App app{"PyxisLoad without a window"};
   app.require_subcommand(1);
   app.fallthrough();
-  app.add_option("--folder", job.options.folder, "program folder")->check(CLI::ExistingDirectory);
+  app.set_version_flag("--version", "pyxisjob " PYXIS_VERSION);
+  app.add_option("--folder", job.options.folder, "program folder (default: the current one, else the user's)")
+      ->check(CLI::ExistingDirectory);
   app.add_flag("--json", job.options.json, "print one JSON object a line");
   app.add_option("--link", job.options.link, "the one transport to try")->check(CLI::IsMember({"vendor", "usb"}));
   app.add_flag("--trace", job.options.trace, "print a line for each transfer on standard error");
@@ -83,7 +94,8 @@ int main(int argc, char** argv) {
   try {
     app.parse(argc, argv);
   } catch (const CLI::ParseError& error) {
-    return app.exit(error) == 0 ? kExitGood : kExitUsage;
+    const int code = app.exit(error);
+    return code <= kExitFailed ? code : kExitUsage;
   }
   ResetMachine();
   return job.exitCode;

@@ -2,6 +2,7 @@
 #include <CLI/CLI.hpp>
 #include <csignal>
 #include <cstdio>
+#include <filesystem>
 #include <map>
 #include <optional>
 #include <string>
@@ -9,11 +10,16 @@
 #include <vector>
 
 #include "shell/ground/app_state.h"
+#include "standin/local_client.h"
 #include "standin/local_server.h"
 #include "standin/redirection.h"
 #include "standin/socket_path.h"
+#include "system/broken_pipe.h"
 
 namespace {
+
+using namespace pyxis;
+using namespace pyxis::standin;
 
 volatile std::sig_atomic_t stopAsked = 0;
 
@@ -21,11 +27,30 @@ void Stop(int) { stopAsked = 1; }
 
 constexpr int kServeMs = 200;
 
+void AddFaults(CLI::App& app, Faults& faults) {
+  for (const FaultName& fault : FaultNames()) {
+    const std::string name = std::string("--") + fault.name;
+    if (fault.takesNumber) {
+      app.add_option_function<int>(
+             name, [&](const int& number) { fault.set(faults, number); }, fault.what)
+          ->check(CLI::NonNegativeNumber);
+    } else {
+      app.add_flag_callback(
+          name, [&] { fault.set(faults, 0); }, fault.what);
+    }
+  }
+}
+
+// A file that is there, and yet no writer's memory that could be taken over.
+bool IsSpoilt(WriterModel& writer, const std::string& path) {
+  std::error_code error;
+  return std::filesystem::status(path, error).type() != std::filesystem::file_type::not_found && !writer.Restore(path);
+}
+
 }  // namespace
 
 int main(int argc, char** argv) {
-  using namespace pyxis;
-  using namespace pyxis::standin;
+  IgnoreBrokenPipes();
   std::string socket = SocketPath();
   std::string state;
   Model model = Model::Km48;
@@ -35,12 +60,12 @@ int main(int argc, char** argv) {
   bool log = false;
   bool freshChips = false;
   std::uint16_t port = 0;
-  int failTask = 0;
-  long damageByte = -1;
-  bool noVerdict = false;
+  Faults faults;
+  std::string tell;
   std::vector<std::tuple<int, int, int>> measures;
 
   CLI::App app{"A stand-in for the writer, for work without the hardware"};
+  app.set_version_flag("--version", "pyxiswriter " PYXIS_VERSION);
   app.add_option("--socket", socket, "local socket that programs reach it by")->capture_default_str();
   app.add_option("--usbredir", port, "TCP port of this machine for a virtual machine's USB redirection");
   app.add_option("--state", state, "file that keeps the job over a restart");
@@ -56,18 +81,21 @@ int main(int argc, char** argv) {
                                                                            {"worn", ChipState::Worn}}));
   app.add_flag("--fresh-chips", freshChips, "put a blank chip in before each Auto and Program, as a handler does");
   app.add_flag("--log", log, "print breaches of the protocol at the end");
-  app.add_option("--fail-task", failTask, "let the nth task fail");
-  app.add_option("--damage-byte", damageByte, "damage this byte of each package read-back");
-  app.add_flag("--no-verdict", noVerdict, "never give a verdict");
   app.add_option("--measure", measures, "a self-test value: the step, the place (0 to 5) and the value, three numbers");
+  AddFaults(app, faults);
+  app.add_option("--tell", tell,
+                 "set a fault of the writer that runs already: \"stall\", \"fail-task 2\", \"no-fault\"");
   CLI11_PARSE(app, argc, argv);
 
+  if (!tell.empty()) {
+    if (LocalClient().Tell(socket, tell)) return 0;
+    std::fprintf(stderr, "no fault \"%s\", or no writer on %s\n", tell.c_str(), socket.c_str());
+    return 1;
+  }
   WriterModel writer(model, identity.empty() ? "PYX STANDALONE LOADER_V" + hw : identity);
   writer.chip.state = chip;
-  if (failTask > 0) writer.faults.failTask = failTask;
-  if (damageByte >= 0) writer.faults.damageAreaByte = static_cast<std::size_t>(damageByte);
   writer.freshChips = freshChips;
-  writer.faults.noVerdict = noVerdict;
+  writer.faults = faults;
   for (const auto& [step, place, value] : measures) {
     if (step >= 0 && step <= 0xFF && place >= 0 && value >= 0 && value <= 0xFF &&
         writer.SetMeasure(static_cast<std::uint8_t>(step), static_cast<std::size_t>(place),
@@ -76,7 +104,9 @@ int main(int argc, char** argv) {
     std::fprintf(stderr, "no such self-test value: %d %d %d\n", step, place, value);
     return 1;
   }
-  if (!state.empty()) writer.Restore(state);  // a first start has none
+  const bool spoilt = !state.empty() && IsSpoilt(writer, state);
+  if (spoilt)
+    std::fprintf(stderr, "can't take the job from %s: the file stays as it is, and nothing is kept\n", state.c_str());
 
   LocalServer server(writer, socket);
   if (!server.Listening()) {
@@ -95,7 +125,7 @@ int main(int argc, char** argv) {
   action.sa_handler = Stop;
   sigaction(SIGINT, &action, nullptr);
   sigaction(SIGTERM, &action, nullptr);
-  while (stopAsked == 0) {
+  while (stopAsked == 0 && writer.Now() != Line::Gone) {
     std::vector<pollfd> waits;
     server.AddWaits(waits);
     if (redirection) redirection->AddWaits(waits);
@@ -103,8 +133,8 @@ int main(int argc, char** argv) {
     server.Serve(0);
     if (redirection) redirection->Serve();
   }
-  bool good = true;
-  if (!state.empty() && !writer.Save(state)) {
+  bool good = !spoilt;
+  if (good && !state.empty() && !writer.Save(state)) {
     std::fprintf(stderr, "can't write %s\n", state.c_str());
     good = false;
   }

@@ -10,6 +10,7 @@
 #include <system_error>
 #include <utility>
 
+#include "platform/program_folder.h"
 #include "platform/text.h"
 
 namespace pyxis {
@@ -100,7 +101,9 @@ std::optional<std::vector<std::uint8_t>> ReadWholeFile(const std::string& name) 
 }
 
 std::optional<std::vector<std::uint8_t>> ReadForUpdate(const std::string& name) {
-  const File file = OpenFile(name, "r+b");
+  const std::string path = ResolvePath(name);
+  File file = OpenFile(path, "r+b");
+  if (!file && IsInstalledData(path)) file = OpenFile(path, "rb");
   if (!file) return std::nullopt;
   return ReadStream(file.get());
 }

@@ -35,7 +35,7 @@ File OpenFile(const std::string& name, const char* mode);
 // The whole file, or nothing when it can't be opened or read.
 std::optional<std::vector<std::uint8_t>> ReadWholeFile(const std::string& name);
 
-// The same, but only when the file can be opened for update as well.
+// The same, but only when the file can be opened for update as well, or is installed data, which nothing writes to.
 std::optional<std::vector<std::uint8_t>> ReadForUpdate(const std::string& name);
 
 // All bytes of an open stream from its start, or nothing when the read fails.

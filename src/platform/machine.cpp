@@ -1,6 +1,5 @@
 #include "platform/machine.h"
 
-#include "platform/clipboard.h"
 #include "platform/clock.h"
 #include "platform/device_pipes.h"
 #include "platform/language.h"
@@ -72,14 +71,6 @@ class NoUpdate : public UpdateAgent {
   std::int32_t CallUpdateAgent(const char*) override { return kUpdateAgentMissing; }
 };
 
-class NoClipboard : public Clipboard {
-  bool Read(std::optional<std::string>& text) override {
-    text.reset();
-    return true;
-  }
-  bool Write(const std::string&) override { return true; }
-};
-
 NoOperator noOperator;
 NoClock noClock;
 MainView noView;
@@ -89,11 +80,10 @@ NoVendor noVendor;
 NoProfile noProfile;
 NoLanguage noLanguage;
 NoUpdate noUpdate;
-NoClipboard noClipboard;
 
 Machine Nothing() {
-  return {&noOperator, &noClock,    &noView,   &noUsb,       &noPipes, &noVendor,
-          &noProfile,  &noLanguage, &noUpdate, &noClipboard, stdout,   stdout};
+  return {&noOperator, &noClock,    &noView,   &noUsb, &noPipes, &noVendor,
+          &noProfile,  &noLanguage, &noUpdate, stdout, stdout};
 }
 
 Machine theMachine = Nothing();

@@ -6,7 +6,6 @@
 
 namespace pyxis {
 
-class Clipboard;
 class Clock;
 class DevicePipes;
 class Language;
@@ -27,7 +26,6 @@ struct Machine {
   Profile* profile;
   Language* language;
   UpdateAgent* update;
-  Clipboard* clipboard;
   // Where plain diagnostic lines go (platform/diagnostics.h); null prints nothing.
   std::FILE* diagnostics;
   std::FILE* trace;

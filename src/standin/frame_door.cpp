@@ -23,23 +23,25 @@ bool ReadsFromWriter(std::uint8_t opcode) {
     case OP_READ_MEMORY:
     case OP_READ_AREA:
     case OP_TASK_STATUS:
-    case OP_READ_CHIP: return true;
-    default: return false;
+    case OP_READ_CHIP:
+      return true;
+    default:
+      return false;
   }
 }
 
 }  // namespace
 
-bool FrameDoor::Transfer() {
-  if (model_.faults.disconnectAfter && --*model_.faults.disconnectAfter < 0) gone_ = true;
-  return !gone_;
+int FrameDoor::Refusal() {
+  const Line line = gone_ ? Line::Gone : model_.NextTransfer();
+  if (line == Line::Gone) gone_ = true;
+  return line == Line::Answers ? 0 : gone_ ? kNoDevice : kSilent;
 }
 
 std::uint32_t FrameDoor::NextChunk() const { return std::min(left_, kChunkSize); }
 
 int FrameDoor::TakeCommand(const std::uint8_t* data, int count) {
-  if (count != static_cast<int>(kFrameBlockSize) ||
-      std::memcmp(data, MakeCommandBlock(0, 0).data(), 8) != 0) {
+  if (count != static_cast<int>(kFrameBlockSize) || std::memcmp(data, MakeCommandBlock(0, 0).data(), 8) != 0) {
     model_.Violate(Printf("%d bytes that are no command block", count));
     return kTransferError;
   }
@@ -63,7 +65,7 @@ int FrameDoor::TakeCommand(const std::uint8_t* data, int count) {
 }
 
 int FrameDoor::Out(const std::uint8_t* data, int count) {
-  if (!Transfer()) return kNoDevice;
+  if (const int refusal = Refusal(); refusal != 0) return refusal;
   if (phase_ == Phase::DataOut) {
     if (count != static_cast<int>(NextChunk())) {
       model_.Violate(Printf("a chunk of %d bytes, must be %u", count, NextChunk()));
@@ -82,7 +84,7 @@ int FrameDoor::Out(const std::uint8_t* data, int count) {
 }
 
 int FrameDoor::In(std::uint8_t* data, int count) {
-  if (!Transfer()) return kNoDevice;
+  if (const int refusal = Refusal(); refusal != 0) return refusal;
   if (phase_ == Phase::DataIn) {
     if (count != static_cast<int>(NextChunk())) {
       model_.Violate(Printf("a read of %d bytes, must be %u", count, NextChunk()));

@@ -8,10 +8,12 @@
 
 namespace pyxis::standin {
 
+inline constexpr int kSilent = -110;  // as after a time-out; nothing has happened to the transfer
+
 class FrameDoor {
  public:
   explicit FrameDoor(WriterModel& model) : model_(model) {}
-  // Results as a bulk transfer gives them: a byte count, or negative.
+  // Results as a bulk transfer gives them: a byte count, or negative; kSilent when the writer doesn't answer.
   int Out(const std::uint8_t* data, int count);
   int In(std::uint8_t* data, int count);
   bool Gone() const { return gone_; }
@@ -23,7 +25,7 @@ class FrameDoor {
 
  private:
   enum class Phase { Command, DataOut, DataIn, Status };
-  bool Transfer();  // counts; false when the device has gone
+  int Refusal();  // 0: the transfer goes to the writer
   int TakeCommand(const std::uint8_t* data, int count);
   std::uint32_t NextChunk() const;
 

@@ -36,21 +36,29 @@ int StandinUsbHost::ClaimInterface(Handle handle, int interface) {
 }
 
 int StandinUsbHost::BulkWrite(Handle handle, int endpoint, const std::uint8_t* data, int count, int) {
-  return pluggedIn && handle == this && endpoint == kEndpointOut ? door_.Out(data, count) : kError;
+  if (!pluggedIn || silent_ || handle != this || endpoint != kEndpointOut) return kError;
+  return Heard(door_.Out(data, count));
 }
 
 int StandinUsbHost::BulkRead(Handle handle, int endpoint, std::uint8_t* data, int count, int) {
-  return pluggedIn && handle == this && endpoint == kEndpointIn ? door_.In(data, count) : kError;
+  if (!pluggedIn || silent_ || handle != this || endpoint != kEndpointIn) return kError;
+  return Heard(door_.In(data, count));
+}
+
+int StandinUsbHost::Heard(int result) {
+  if (result == kSilent) silent_ = true;
+  return result;
 }
 
 int StandinVendorApi::VMOpen(int model, int, int) {
-  open_ = pluggedIn && model == kVendorModel;
+  open_ = pluggedIn && model == kVendorModel && model_.Now() == Line::Answers;
   return open_ ? 0 : kError;
 }
 
 bool StandinVendorApi::Reachable() {
-  if (model_.faults.disconnectAfter && --*model_.faults.disconnectAfter < 0) pluggedIn = false;
-  return open_ && pluggedIn;
+  const Line line = model_.NextTransfer();
+  if (line == Line::Gone) pluggedIn = false;
+  return open_ && pluggedIn && line == Line::Answers;
 }
 
 int StandinVendorApi::VMWrite(std::uint8_t opcode, const std::uint8_t* data, std::uint32_t length) {

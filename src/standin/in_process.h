@@ -19,11 +19,13 @@ class StandinUsbHost : public UsbHost {
   int ClaimInterface(Handle handle, int interface) override;
   int BulkWrite(Handle handle, int endpoint, const std::uint8_t* data, int count, int timeout) override;
   int BulkRead(Handle handle, int endpoint, std::uint8_t* data, int count, int timeout) override;
-  void Close(Handle) override { claimed_ = false; }
+  void Close(Handle) override { claimed_ = silent_ = false; }
   std::string Error() override { return "stand-in writer: transfer error"; }
 
  private:
+  int Heard(int result);
   bool claimed_ = false;  // by one handle at a time, as a kernel has it
+  bool silent_ = false;   // a transfer wasn't answered: the others fail until the device is opened again
   FrameDoor door_;
 };
 

@@ -75,9 +75,32 @@ bool LocalServer::Serve(int timeoutMs) {
   AddWaits(waits);
   if (poll(waits.data(), waits.size(), timeoutMs) <= 0) return true;
   if (waits[0].revents != 0) Accept();
-  for (std::size_t i = 1; i < waits.size(); ++i)
-    if (waits[i].revents != 0 && !Receive(waits[i].fd)) Drop(waits[i].fd);
+  for (std::size_t i = 1; i < waits.size(); ++i) {
+    if (waits[i].revents == 0) continue;
+    const int client = waits[i].fd;
+    if (Receive(client) && (waits[i].revents & POLLHUP) == 0) continue;
+    // Who has hung up waits for no answer, and what it asked last isn't done any more.
+    if (!clients_[client].empty()) model_.LoseHost();
+    Drop(client);
+  }
+  AnswerAll();
   return true;
+}
+
+// A request may end the stall that holds those of others.
+void LocalServer::AnswerAll() {
+  for (bool again = true; again;) {
+    again = false;
+    for (auto next = clients_.begin(); next != clients_.end();) {
+      auto& [client, pending] = *next++;
+      const std::size_t before = pending.size();
+      if (!Answer(client, pending)) {
+        Drop(client);
+      } else if (pending.size() != before) {
+        again = true;
+      }
+    }
+  }
 }
 
 void LocalServer::Accept() {
@@ -98,28 +121,32 @@ bool LocalServer::Receive(int client) {
   if (count <= 0) return false;
   std::vector<std::uint8_t>& pending = clients_[client];
   pending.insert(pending.end(), buffer, buffer + count);
-  while (pending.size() >= kRequestSize) {
-    const std::size_t before = pending.size();
-    if (!Answer(client, pending)) return false;
-    if (pending.size() == before) break;  // the rest of the data is still to come
-  }
   return true;
 }
 
 bool LocalServer::Answer(int client, std::vector<std::uint8_t>& pending) {
+  if (pending.size() < kRequestSize) return true;
   const auto kind = static_cast<RequestKind>(pending[0]);
   const std::uint8_t opcode = pending[1];
   const std::uint32_t length = LoadLe32(&pending[4]);
   if (length > kLargestRequest) return false;
-  std::size_t used = kRequestSize;
+  const bool sends = kind == RequestKind::Write || kind == RequestKind::Fault;
+  const std::size_t used = kRequestSize + (sends ? length : 0);
+  if (pending.size() < used) return true;
+  const auto sent = std::span(pending).subspan(kRequestSize, used - kRequestSize);
+  if (kind == RequestKind::Fault) {
+    if (!SetFault(model_.faults, {reinterpret_cast<const char*>(sent.data()), sent.size()})) return false;
+  } else {
+    const Line line = kind == RequestKind::Open ? model_.Now() : model_.NextTransfer();
+    if (line != Line::Answers) return line == Line::Silent;
+  }
   std::vector<std::uint8_t> answer{0};
   switch (kind) {
     case RequestKind::Open:
+    case RequestKind::Fault:
       break;
     case RequestKind::Write:
-      if (pending.size() < kRequestSize + length) return true;
-      used += length;
-      model_.Write(opcode, std::span(pending).subspan(kRequestSize, length), Door::Vendor);
+      model_.Write(opcode, sent, Door::Vendor);
       break;
     case RequestKind::Read: {
       const std::vector<std::uint8_t> data = model_.Read(opcode, length, Door::Vendor);

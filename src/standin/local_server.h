@@ -27,9 +27,11 @@ class LocalServer {
 
  private:
   void Accept();
-  bool Receive(int client);  // false: the client has gone or talks nonsense
-  bool Answer(int client, std::vector<std::uint8_t>& pending);
   void Drop(int client);
+  void AnswerAll();
+  // False: the client has gone or talks nonsense.
+  bool Receive(int client);
+  bool Answer(int client, std::vector<std::uint8_t>& pending);
 
   WriterModel& model_;
   std::string path_;

@@ -48,7 +48,10 @@ struct Redirection::Callbacks {
 
   static void Hello(void* self, usb_redir_hello_header*) { Of(self).Announce(); }
 
-  static void Reset(void* self) { Of(self).door_.Reconnect(); }
+  static void Reset(void* self) {
+    Of(self).transfers_.clear();
+    Of(self).door_.Reconnect();
+  }
 
   static void SendConfiguration(void* self, std::uint64_t id, std::uint8_t status, std::uint8_t value) {
     usb_redir_configuration_status_header answer{status, value};
@@ -56,14 +59,15 @@ struct Redirection::Callbacks {
   }
   static void SetConfiguration(void* self, std::uint64_t id, usb_redir_set_configuration_header* request) {
     const bool ours = request->configuration <= 1;
+    Of(self).door_.Reconnect();
     SendConfiguration(self, id, ours ? usb_redir_success : usb_redir_stall, request->configuration);
   }
   static void GetConfiguration(void* self, std::uint64_t id) { SendConfiguration(self, id, usb_redir_success, 1); }
 
   static void SendAlternate(void* self, std::uint64_t id, std::uint8_t interface, std::uint8_t alternate) {
     const bool ours = interface == 0 && alternate == 0;
-    usb_redir_alt_setting_status_header answer{
-        static_cast<std::uint8_t>(ours ? usb_redir_success : usb_redir_stall), interface, alternate};
+    usb_redir_alt_setting_status_header answer{static_cast<std::uint8_t>(ours ? usb_redir_success : usb_redir_stall),
+                                               interface, alternate};
     usbredirparser_send_alt_setting_status(ParserOf(self), id, &answer);
   }
   static void SetAlternate(void* self, std::uint64_t id, usb_redir_set_alt_setting_header* request) {
@@ -73,11 +77,10 @@ struct Redirection::Callbacks {
     SendAlternate(self, id, request->interface, 0);
   }
 
-  static void Control(void* self, std::uint64_t id, usb_redir_control_packet_header* request, std::uint8_t* data,
-                      int) {
+  static void Control(void* self, std::uint64_t id, usb_redir_control_packet_header* request, std::uint8_t* data, int) {
     usbredirparser_free_packet_data(ParserOf(self), data);
-    auto answer = AnswerControl(
-        {request->requesttype, request->request, request->value, request->index, request->length});
+    auto answer =
+        AnswerControl({request->requesttype, request->request, request->value, request->index, request->length});
     usb_redir_control_packet_header header = *request;
     header.status = static_cast<std::uint8_t>(answer ? usb_redir_success : usb_redir_stall);
     const bool in = (request->endpoint & 0x80) != 0;
@@ -87,24 +90,9 @@ struct Redirection::Callbacks {
   }
 
   static void Bulk(void* self, std::uint64_t id, usb_redir_bulk_packet_header* request, std::uint8_t* data, int size) {
-    FrameDoor& door = Of(self).door_;
-    const std::uint32_t length = std::uint32_t{request->length_high} << 16 | request->length;
-    std::vector<std::uint8_t> in;
-    int moved = -1;
-    if (request->endpoint == kEndpointOut && size >= 0) {
-      moved = door.Out(data, size);
-    } else if (request->endpoint == kEndpointIn && length <= kLongestBulk) {
-      in.resize(length);
-      moved = door.In(in.data(), static_cast<int>(length));
-    }
+    Of(self).transfers_.push_back({id, *request, {data, data + std::max(size, 0)}});
     usbredirparser_free_packet_data(ParserOf(self), data);
-    usb_redir_bulk_packet_header header = *request;
-    header.status = static_cast<std::uint8_t>(moved < 0 ? usb_redir_stall : usb_redir_success);
-    const auto count = static_cast<std::uint32_t>(std::max(moved, 0));
-    header.length = static_cast<std::uint16_t>(count);
-    header.length_high = static_cast<std::uint16_t>(count >> 16);
-    in.resize(std::min<std::size_t>(in.size(), count));
-    usbredirparser_send_bulk_packet(ParserOf(self), id, &header, in.data(), static_cast<int>(in.size()));
+    Of(self).AnswerTransfers();
   }
 
   // Transfers that this device has no endpoint for.
@@ -114,8 +102,14 @@ struct Redirection::Callbacks {
   static void DropInterrupt(void* self, std::uint64_t, usb_redir_interrupt_packet_header*, std::uint8_t* data, int) {
     usbredirparser_free_packet_data(ParserOf(self), data);
   }
-  // Every transfer has been answered before the next packet is read: there is nothing to cancel.
-  static void Cancel(void*, std::uint64_t) {}
+  // A transfer that has been answered already can't be cancelled any more.
+  static void Cancel(void* self, std::uint64_t id) {
+    auto& transfers = Of(self).transfers_;
+    const auto found = std::find_if(transfers.begin(), transfers.end(), [id](const auto& t) { return t.id == id; });
+    if (found == transfers.end()) return;
+    Of(self).Answer(*found, usb_redir_cancelled, {});
+    transfers.erase(found);
+  }
   static void Nothing(void*) {}
   static void DropFilter(void*, usbredirfilter_rule* rules, int) { std::free(rules); }
   static void NoIso(void*, std::uint64_t, usb_redir_start_iso_stream_header*) {}
@@ -187,13 +181,42 @@ void Redirection::Announce() {
   usbredirparser_send_device_connect(parser_, &device);
 }
 
+void Redirection::Answer(const Transfer& transfer, int status, std::span<std::uint8_t> in, std::uint32_t moved) {
+  usb_redir_bulk_packet_header header = transfer.header;
+  header.status = static_cast<std::uint8_t>(status);
+  header.length = static_cast<std::uint16_t>(moved);
+  header.length_high = static_cast<std::uint16_t>(moved >> 16);
+  usbredirparser_send_bulk_packet(parser_, transfer.id, &header, in.data(), static_cast<int>(in.size()));
+}
+
+// A writer that stands still leaves the transfers where they are, as one that doesn't acknowledge them.
+void Redirection::AnswerTransfers() {
+  for (; !transfers_.empty(); transfers_.pop_front()) {
+    Transfer& transfer = transfers_.front();
+    const std::uint32_t length = std::uint32_t{transfer.header.length_high} << 16 | transfer.header.length;
+    std::vector<std::uint8_t> in;
+    int moved = -1;
+    if (transfer.header.endpoint == kEndpointOut) {
+      moved = door_.Out(transfer.data.data(), static_cast<int>(transfer.data.size()));
+    } else if (transfer.header.endpoint == kEndpointIn && length <= kLongestBulk) {
+      in.resize(length);
+      moved = door_.In(in.data(), static_cast<int>(length));
+    }
+    if (moved == kSilent) return;
+    const auto count = static_cast<std::uint32_t>(std::max(moved, 0));
+    in.resize(std::min<std::size_t>(in.size(), count));
+    Answer(transfer, moved < 0 ? usb_redir_stall : usb_redir_success, in, count);
+  }
+}
+
 pollfd Redirection::Wait() const {
   const bool wantsToWrite = usbredirparser_has_data_to_write(parser_) > 0;
   return {socket_, static_cast<short>(POLLIN | (wantsToWrite ? POLLOUT : 0)), 0};
 }
 
 bool Redirection::Serve() {
-  if (usbredirparser_do_read(parser_) != 0) return false;
+  if (usbredirparser_do_read(parser_) != 0 || door_.Gone()) return false;
+  AnswerTransfers();  // those that a stall has held
   return usbredirparser_has_data_to_write(parser_) == 0 || usbredirparser_do_write(parser_) == 0;
 }
 

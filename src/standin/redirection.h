@@ -1,11 +1,14 @@
-// The USB redirection door: the stand-in writer as a device that a virtual machine's usb-redir sees, so that a guest with
-// a real kernel and the real libusb reaches the same model.
+// The USB redirection door: the stand-in writer as a device that a virtual machine's usb-redir sees, so that a guest
+// with a real kernel and the real libusb reaches the same model.
 #pragma once
 
 #include <poll.h>
+#include <usbredirproto.h>
 
 #include <cstdint>
+#include <deque>
 #include <memory>
+#include <span>
 #include <vector>
 
 #include "standin/frame_door.h"
@@ -27,10 +30,18 @@ class Redirection {
 
  private:
   struct Callbacks;
+  struct Transfer {
+    std::uint64_t id;
+    usb_redir_bulk_packet_header header;
+    std::vector<std::uint8_t> data;
+  };
   void Announce();
+  void AnswerTransfers();
+  void Answer(const Transfer& transfer, int status, std::span<std::uint8_t> in, std::uint32_t moved = 0);
   FrameDoor door_;
   int socket_;
   bool announced_ = false;
+  std::deque<Transfer> transfers_;  // not answered yet, oldest first
   usbredirparser* parser_;
 };
 

@@ -10,23 +10,30 @@ namespace {
 
 // Fields of two bytes are low byte first.
 constexpr std::uint8_t kDevice[] = {
-    18, 1, 0x00, 0x02,        // USB 2.0
-    0xFF, 0, 0, 64,           // vendor class, control packets of 64 bytes
-    0x31, 0x7A, 0x02, 0x16,   // vendor 7A31, product 1602
-    0x00, 0x01, 1, 2, 0, 1};  // release 1.00, manufacturer, product, no serial number, one configuration
+    18,   1,    0x00, 0x02,         // USB 2.0
+    0xFF, 0,    0,    64,           // vendor class, control packets of 64 bytes
+    0x31, 0x7A, 0x02, 0x16,         // vendor 7A31, product 1602
+    0x00, 0x01, 1,    2,    0, 1};  // release 1.00, manufacturer, product, no serial number, one configuration
 
 constexpr std::uint8_t kConfiguration[] = {
-    9, 2, 32, 0, 1, 1, 0, 0x80, 50,     // one interface, value 1, bus-powered, 100 mA
-    9, 4, 0, 0, 2, 0xFF, 0, 0, 0,       // interface 0, two endpoints
-    7, 5, 0x02, 2, 0x00, 0x02, 0,       // bulk out, packets of 512 bytes
-    7, 5, 0x81, 2, 0x00, 0x02, 0};      // bulk in
+    9, 2, 32,   0, 1,    1,    0, 0x80, 50,  // one interface, value 1, bus-powered, 100 mA
+    9, 4, 0,    0, 2,    0xFF, 0, 0,    0,   // interface 0, two endpoints
+    7, 5, 0x02, 2, 0x00, 0x02, 0,            // bulk out, packets of 512 bytes
+    7, 5, 0x81, 2, 0x00, 0x02, 0};           // bulk in
 
 constexpr std::uint8_t kLanguages[] = {4, 3, 0x09, 0x04};
 constexpr std::string_view kStrings[] = {"PyxisLoad", "stand-in writer"};
 
 enum Request : std::uint8_t {
-  kGetStatus = 0, kClearFeature = 1, kSetFeature = 3, kSetAddress = 5, kGetDescriptor = 6, kGetConfiguration = 8,
-  kSetConfiguration = 9, kGetInterface = 10, kSetInterface = 11
+  kGetStatus = 0,
+  kClearFeature = 1,
+  kSetFeature = 3,
+  kSetAddress = 5,
+  kGetDescriptor = 6,
+  kGetConfiguration = 8,
+  kSetConfiguration = 9,
+  kGetInterface = 10,
+  kSetInterface = 11
 };
 enum DescriptorType { kDeviceType = 1, kConfigurationType = 2, kStringType = 3 };
 
@@ -49,20 +56,29 @@ std::optional<Bytes> StringDescriptor(unsigned index) {
 
 std::optional<Bytes> Descriptor(std::uint16_t value) {
   switch (value >> 8) {
-    case kDeviceType: return Bytes(std::begin(kDevice), std::end(kDevice));
-    case kConfigurationType: return Bytes(std::begin(kConfiguration), std::end(kConfiguration));
-    case kStringType: return StringDescriptor(value & 0xFF);
-    default: return std::nullopt;
+    case kDeviceType:
+      return Bytes(std::begin(kDevice), std::end(kDevice));
+    case kConfigurationType:
+      return Bytes(std::begin(kConfiguration), std::end(kConfiguration));
+    case kStringType:
+      return StringDescriptor(value & 0xFF);
+    default:
+      return std::nullopt;
   }
 }
 
 std::optional<Bytes> FromDevice(const ControlRequest& request) {
   switch (request.request) {
-    case kGetStatus: return Bytes{0, 0};
-    case kGetDescriptor: return Descriptor(request.value);
-    case kGetConfiguration: return Bytes{1};
-    case kGetInterface: return Bytes{0};
-    default: return std::nullopt;
+    case kGetStatus:
+      return Bytes{0, 0};
+    case kGetDescriptor:
+      return Descriptor(request.value);
+    case kGetConfiguration:
+      return Bytes{1};
+    case kGetInterface:
+      return Bytes{0};
+    default:
+      return std::nullopt;
   }
 }
 
@@ -80,8 +96,10 @@ std::optional<Bytes> AnswerControl(const ControlRequest& request) {
     case kSetFeature:
     case kSetAddress:
     case kSetConfiguration:
-    case kSetInterface: return Bytes{};
-    default: return std::nullopt;
+    case kSetInterface:
+      return Bytes{};
+    default:
+      return std::nullopt;
   }
 }
 

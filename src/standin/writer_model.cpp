@@ -32,6 +32,24 @@ bool WriterModel::CountsDown(std::optional<int>& counter) {
   return true;
 }
 
+Line WriterModel::Now() const {
+  if (faults.disconnectAfter && *faults.disconnectAfter <= 0) return Line::Gone;
+  return faults.stallAfter && *faults.stallAfter <= 0 ? Line::Silent : Line::Answers;
+}
+
+Line WriterModel::NextTransfer() {
+  const Line line = Now();
+  if (line != Line::Answers) LoseHost();
+  if (line == Line::Answers)
+    for (std::optional<int>* left : {&faults.stallAfter, &faults.disconnectAfter})
+      if (*left) --**left;
+  return line;
+}
+
+void WriterModel::Violate(const std::string& text) {
+  if (!hostLost_) violations_.push_back(text);
+}
+
 bool WriterModel::LengthIs(std::uint8_t opcode, std::size_t length, std::size_t wanted) {
   if (length == wanted) return true;
   Violate(Printf("opcode %d with %zu bytes, must have %zu", opcode, length, wanted));
@@ -46,6 +64,7 @@ void WriterModel::Write(std::uint8_t opcode, std::span<const std::uint8_t> data,
         Violate(Printf("unknown mode %d", data[0]));
       mode_ = data[0];
       if (mode_ != mode::kArea) testSets_ = 0;  // ends a self-test
+      if (mode_ == mode::kIdle && load_ == Load::None) hostLost_ = false;
       return;
     case OP_SET_ADDRESS:
       return SetAddress(data, door);
@@ -182,14 +201,16 @@ void WriterModel::Control(std::uint8_t control) {
 
 void WriterModel::CloseLoad() {
   if (load_ == Load::Package && optionWritten_) {
-    // The writer's own fields start anew with each job.
     optionArea_.resize(kInfoBlockSize, 0);
-    optionArea_[Field::WriterStatus.offset] = 0;
     std::fill_n(optionArea_.begin() + Field::ChipInfo.offset, Field::ChipInfo.width, std::uint8_t{0});
     if (SerialSeries::RoadOf(optionArea_) != SerialSeries::Road::Menu) {
+      // An option area that comes alone for the same job, as a change of the protection does, is no new production.
+      const bool goesOn = !dataWritten_ && ChipNameOf(optionArea_) == ChipNameOf(jobHeader_) &&
+                          FieldWord(optionArea_, Field::ImageChecksum) == FieldWord(jobHeader_, Field::ImageChecksum);
+      if (!goesOn) produced_ = 0;
       jobHeader_ = optionArea_;
-      produced_ = 0;
     }
+    optionArea_[Field::WriterStatus.offset] = LimitIsUsedUp() ? kLimitUsedUp : 0;
     StartSeries();
   }
   optionWritten_ = dataWritten_ = false;

@@ -13,6 +13,7 @@
 #include "operations/firmware.h"
 #include "shell/ground/app_state.h"
 #include "standin/chip.h"
+#include "standin/faults.h"
 #include "standin/measures.h"
 #include "standin/serial_series.h"
 
@@ -20,15 +21,10 @@ namespace pyxis::standin {
 
 enum class Door { Frames, Vendor };
 
-// What goes wrong on demand. Counters count down to the event; nothing is off.
-struct Faults {
-  std::optional<int> dropStatusBlock;           // the nth status block from now is not delivered (frames only)
-  std::optional<int> disconnectAfter;           // transfers until the device is gone
-  std::optional<std::size_t> damageAreaByte;    // this byte of each area read-back comes back wrong
-  std::optional<std::size_t> damageMemoryByte;  // likewise of memory, for reads of more than a byte
-  std::optional<int> failTask;                  // the nth task from now ends with the verdict failure
-  bool noVerdict = false;                       // tasks never settle
-};
+inline constexpr std::uint8_t kLimitUsedUp = 0x10;  // in WriterStatus
+
+// How the writer takes the next transfer.
+enum class Line { Answers, Silent, Gone };
 
 class WriterModel {
  public:
@@ -38,8 +34,15 @@ class WriterModel {
   // Always `length` bytes.
   std::vector<std::uint8_t> Read(std::uint8_t opcode, std::size_t length, Door door);
 
+  Line Now() const;
+  // The same, and a transfer less until a fault that counts them. Each door asks it before a transfer, and takes that
+  // to Write or Read only when the writer answers.
+  Line NextTransfer();
+
   const std::vector<std::string>& Violations() const { return violations_; }
-  void Violate(const std::string& text) { violations_.push_back(text); }
+  void Violate(const std::string& text);
+  // A transfer was lost: what the host sends until its next sequence counts as no breach.
+  void LoseHost() { hostLost_ = true; }
 
   // The job, the memory and the counters, kept over a restart. False when the file can't be written, or isn't a
   // writer's memory.
@@ -94,8 +97,9 @@ class WriterModel {
   void StartSeries();
   void StepSerial();
   std::uint8_t TaskStatus();
-  bool CountsDown(std::optional<int>& counter);
+  static bool CountsDown(std::optional<int>& counter);
   bool HoldsJob() const;
+  bool LimitIsUsedUp() const;
   bool FlashJob() const;
 
   std::vector<std::uint8_t> memory_;
@@ -115,6 +119,7 @@ class WriterModel {
   std::size_t testSets_ = 0;  // good values of the self-test's set-up
   std::optional<std::uint8_t> testStep_;
   bool dataWritten_ = false;
+  bool hostLost_ = false;
   bool taskStarted_ = false;
   std::uint8_t verdict_ = 0;
   int statusReads_ = 0;

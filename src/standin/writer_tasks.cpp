@@ -1,5 +1,6 @@
 // The tasks of the stand-in writer: what it does with the chip in its socket.
 #include <algorithm>
+#include <utility>
 
 #include "intake/file_readers.h"
 #include "intake/package_files.h"
@@ -14,8 +15,7 @@ namespace {
 
 constexpr std::uint8_t kVerdictGood = 1;
 constexpr std::uint8_t kVerdictFailed = 3;
-constexpr std::uint8_t kNoise = 0xFC;  // the bits of a status byte that mean nothing
-constexpr std::uint8_t kLimitUsedUp = 0x10;
+constexpr std::uint8_t kNoise = 0xFC;            // the bits of a status byte that mean nothing
 constexpr std::uint8_t kNoAnswer = 0xFF;         // of an empty socket
 constexpr std::uint8_t kLastDualClass = 15;      // ChipClass of the ICs with a dual mode: up to this
 constexpr std::uint16_t kNotDualBit = 0x1000;    // of the configuration word
@@ -33,6 +33,11 @@ std::uint32_t FromPackedDecimal(std::uint32_t packed) {
 bool WriterModel::HoldsJob() const {
   return optionArea_.size() == kInfoBlockSize && ChipNameOf(optionArea_) == ChipNameOf(jobHeader_) &&
          FieldWord(jobHeader_, Field::ImageChecksum) != 0 && !dataArea_.empty();
+}
+
+bool WriterModel::LimitIsUsedUp() const {
+  return FieldByte(jobHeader_, Field::ProductionFlags) == kProductionLimit &&
+         produced_ >= FromPackedDecimal(LoadBe32(&jobHeader_[Field::ProductionLimit.offset]));
 }
 
 bool WriterModel::FlashJob() const { return FieldByte(jobHeader_, Field::ChipClass) == kChipClassFlash; }
@@ -79,6 +84,11 @@ bool WriterModel::ChipIsGood() const {
 }
 
 void WriterModel::StartTask(std::uint8_t task) {
+  if (std::exchange(hostLost_, false)) {  // the load of before was broken off
+    load_ = Load::None;
+    selectedArea_ = 0;
+    optionWritten_ = dataWritten_ = false;
+  }
   if (load_ == Load::Package || load_ == Load::Firmware) Violate(Printf("task %d during a load", task));
   if (task != task::kReadChip) chipReadStarts_ = 0;
   switch (task) {
@@ -134,11 +144,10 @@ bool WriterModel::RunTask(std::uint8_t task) {
 }
 
 bool WriterModel::RunAuto() {
-  const bool limited = FieldByte(jobHeader_, Field::ProductionFlags) == kProductionLimit;
-  const std::uint32_t limit = FromPackedDecimal(LoadBe32(&jobHeader_[Field::ProductionLimit.offset]));
-  if ((limited && produced_ >= limit) || !DataForNextChip()) return false;
+  if (LimitIsUsedUp() || !DataForNextChip()) return false;
   if (!chip.Erase(FlashJob()) || !RunProgram() || !RunVerify()) return false;
-  if (limited && ++produced_ >= limit) optionArea_[Field::WriterStatus.offset] = kLimitUsedUp;
+  ++produced_;
+  if (LimitIsUsedUp()) optionArea_[Field::WriterStatus.offset] = kLimitUsedUp;
   return true;
 }
 
@@ -152,8 +161,8 @@ bool WriterModel::RunProgram() {
 // By the rules of the job that the chip is burnt with. In dual mode the job's checksum is that of the upper half.
 void WriterModel::KeepChecksums() {
   const bool dual = FieldByte(jobHeader_, Field::ChipClass) <= kLastDualClass &&
-                    FieldByte(jobHeader_, Field::EepromImage) == 0 &&
-                    FieldWord(jobHeader_, Field::DualStart) != 0 && (chip.config & kNotDualBit) == 0;
+                    FieldByte(jobHeader_, Field::EepromImage) == 0 && FieldWord(jobHeader_, Field::DualStart) != 0 &&
+                    (chip.config & kNotDualBit) == 0;
   chip.upperChecksum = FieldWord(jobHeader_, Field::ImageChecksum);
   chip.checksum = dual ? WholeChecksum() : chip.upperChecksum;
 }

@@ -3,7 +3,7 @@
 
 #include <string>
 
-#include "platform/files.h"
+#include "platform/program_folder.h"
 #include "platform/update_agent.h"
 #include "system/shared_library.h"
 
@@ -11,7 +11,7 @@ namespace pyxis {
 
 class UpdateLibrary : public UpdateAgent {
  public:
-  explicit UpdateLibrary(std::string folder = ProgramDirectory());
+  explicit UpdateLibrary(std::string folder = LibraryDirectory());
   // The system's handle of the main window, once there is one.
   void SetMainWindow(void* window) { window_ = window; }
   // Loads the library at the first call that finds it.

@@ -1,12 +1,14 @@
 #include "system/vendor_library.h"
 
-#include "platform/files.h"
+#include <utility>
 
 namespace pyxis {
 
+VendorLibrary::VendorLibrary(std::string folder) : folder_(std::move(folder)) {}
+
 bool VendorLibrary::Load() {
   if (read_ != nullptr) return true;
-  if (!library_.Load(ProgramDirectory(), "velmarapi")) return false;
+  if (!library_.Load(folder_, "velmarapi")) return false;
   const bool whole = library_.Find("VMOpen", open_) && library_.Find("VMSetTimeout", setTimeout_) &&
                      library_.Find("VMClose", close_) && library_.Find("VMWrite", write_) &&
                      library_.Find("VMRead", read_);

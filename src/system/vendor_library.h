@@ -1,6 +1,9 @@
-// velmarapi as a shared library beside the program, loaded at the first VMOpen.
+// velmarapi as a shared library in a folder of its own choice, beside the program, loaded at the first VMOpen.
 #pragma once
 
+#include <string>
+
+#include "platform/program_folder.h"
 #include "platform/vendor_api.h"
 #include "system/shared_library.h"
 
@@ -8,6 +11,7 @@ namespace pyxis {
 
 class VendorLibrary : public VendorApi {
  public:
+  explicit VendorLibrary(std::string folder = LibraryDirectory());
   int VMOpen(int model, int a, int b) override;
   void VMSetTimeout(int timeout) override;
   void VMClose() override;
@@ -16,6 +20,7 @@ class VendorLibrary : public VendorApi {
 
  private:
   bool Load();
+  std::string folder_;
   SharedLibrary library_;
   // The library's exports, with the C calling convention.
   int (*open_)(int, int, int) = nullptr;

@@ -1,26 +1,37 @@
 #include "ui/animated_cursor.h"
 
 #include <QApplication>
-#include <QImage>
 #include <QPixmap>
 #include <QWindow>
 #include <algorithm>
 
 #include "platform/files.h"
+#include "ui/cursor_picture.h"
 #include "view/ani_file.h"
 
 namespace pyxis::ui {
 
 namespace {
 
-QCursor StillCursor(const AnimatedCursor& cursor) {
-  const CursorPicture& picture = cursor.frames[cursor.steps.front().frame];
-  QImage image(picture.width, picture.height, QImage::Format_ARGB32);
-  for (int y = 0; y < picture.height; ++y) {
-    const auto line = picture.argb.begin() + static_cast<std::ptrdiff_t>(y) * picture.width;
-    std::copy(line, line + picture.width, reinterpret_cast<std::uint32_t*>(image.scanLine(y)));
+// The frames' pictures; none when one of them can't be read.
+std::vector<CursorPicture> PicturesOf(const AnimatedCursor& cursor) {
+  std::vector<CursorPicture> pictures;
+  for (const auto frame : cursor.frames) {
+    auto picture = ReadCursorPicture(frame);
+    if (!picture) return {};
+    pictures.push_back(*std::move(picture));
   }
-  return QCursor(QPixmap::fromImage(image), picture.hotX, picture.hotY);
+  return pictures;
+}
+
+std::vector<XCursorStep> XStepsOf(const AnimatedCursor& cursor, const std::vector<CursorPicture>& pictures) {
+  std::vector<XCursorStep> steps;
+  for (const AnimatedCursor::Step& step : cursor.steps) {
+    const auto& [image, hotSpot] = pictures[step.frame];
+    steps.push_back({image.width(), image.height(), hotSpot.x(), hotSpot.y(),
+                     reinterpret_cast<const std::uint32_t*>(image.constBits()), step.ticks});
+  }
+  return steps;
 }
 
 // Xlib's display, or null on another window system.
@@ -37,9 +48,15 @@ CursorHandle BusyCursors::Load(const std::string& path) {
   const auto bytes = ReadWholeFile(path);
   const auto cursor = bytes ? ReadAni(*bytes) : std::nullopt;
   if (!cursor) return 0;
+  const std::vector<CursorPicture> pictures = PicturesOf(*cursor);
+  if (pictures.empty()) return 0;
   const auto found = std::find_if(loaded_.begin(), loaded_.end(), [&](const Cursor& c) { return c.path == path; });
   const CursorHandle handle = kFirstLoaded + static_cast<CursorHandle>(found - loaded_.begin());
-  if (found == loaded_.end()) loaded_.push_back({path, StillCursor(*cursor), MakeXCursor(XDisplay(), *cursor)});
+  if (found == loaded_.end()) {
+    const auto& [image, hotSpot] = pictures[cursor->steps.front().frame];
+    loaded_.push_back({path, QCursor(QPixmap::fromImage(image), hotSpot.x(), hotSpot.y()),
+                       MakeXCursor(XDisplay(), XStepsOf(*cursor, pictures))});
+  }
   return handle;
 }
 

@@ -1,6 +1,7 @@
 // The window of Read Chip Info.
 #pragma once
 
+#include "operations/chip_info.h"
 #include "ui/dialog_mirror.h"
 #include "ui/lines_window.h"
 
@@ -17,7 +18,7 @@ class ChipInfoWindow : public LinesWindow {
  private:
   void Sync();
   CReadChipInfoDlg& dialog_;
-  DialogMirror mirror_;
+  DialogMirror<CReadChipInfoDlg> mirror_{dialog_};
 };
 
 }  // namespace pyxis::ui

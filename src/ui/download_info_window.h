@@ -1,6 +1,7 @@
 // The window of Compare File.
 #pragma once
 
+#include "operations/compare_file.h"
 #include "ui/dialog_mirror.h"
 #include "ui/lines_window.h"
 
@@ -17,7 +18,7 @@ class DownloadInfoWindow : public LinesWindow {
  private:
   void Sync();
   CDownloadInfoDlg& dialog_;
-  DialogMirror mirror_;
+  DialogMirror<CDownloadInfoDlg> mirror_{dialog_};
 };
 
 }  // namespace pyxis::ui

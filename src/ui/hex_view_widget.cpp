@@ -46,8 +46,7 @@ HexModifiers ModifiersOf(Qt::KeyboardModifiers modifiers) {
 
 }  // namespace
 
-HexViewWidget::HexViewWidget(CMiniHexEditView& view, QWidget* parent)
-    : QAbstractScrollArea(parent), view_(view), mirror_(view.Changed) {
+HexViewWidget::HexViewWidget(CMiniHexEditView& view, QWidget* parent) : QAbstractScrollArea(parent), view_(view) {
   QFont font = QFontDatabase::systemFont(QFontDatabase::FixedFont);
   font.setPointSize(kPointSize);
   font.setStyleHint(QFont::Monospace);

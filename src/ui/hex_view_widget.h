@@ -47,7 +47,7 @@ class HexViewWidget : public QAbstractScrollArea {
   void PaintCaret(QPainter& painter);
 
   CMiniHexEditView& view_;
-  DialogMirror mirror_;
+  DialogMirror<CMiniHexEditView> mirror_{view_};
   std::unique_ptr<HexGlyphs> glyphs_;
   bool seen_ = false;     // painted since it was shown: from then on a resize is a change of size
   bool pressed_ = false;  // by the left button

@@ -1,17 +1,25 @@
 #include "ui/numeric_edit_field.h"
 
+#include <QClipboard>
 #include <QContextMenuEvent>
 #include <QFontDatabase>
+#include <QGuiApplication>
 #include <QInputMethodEvent>
 #include <QKeyEvent>
 #include <QMenu>
+#include <QMimeData>
+#include <QRegularExpressionValidator>
 #include <algorithm>
 
+#include "platform/machine.h"
+#include "platform/operator.h"
 #include "ui/qt_text.h"
 
 namespace pyxis::ui {
 
 namespace {
+
+using Command = CNumericEdit::Command;
 
 constexpr int kFirstCharacter = 32;
 constexpr std::size_t kMargin = 2;  // characters
@@ -25,97 +33,166 @@ bool MovesCaret(const QKeyEvent& event) {
   return event.matches(QKeySequence::SelectAll);
 }
 
+// Nothing when the clipboard holds no text, or can't be opened.
+std::optional<std::string> ClipboardText() {
+  const QMimeData* held = QGuiApplication::clipboard()->mimeData();
+  if (held == nullptr || !held->hasText()) return std::nullopt;
+  return ToText(held->text());
+}
+
+// As the fields write numbers: capital letters behind a small x.
+void NormaliseClipboard() {
+  const auto text = ClipboardText();
+  if (!text) return;
+  const QString held = FromText(*text), normal = held.toUpper().replace(QLatin1Char('X'), QLatin1Char('x'));
+  if (normal != held) QGuiApplication::clipboard()->setText(normal);
+}
+
 }  // namespace
 
-NumericEditField::NumericEditField(std::size_t maxLength, QWidget* parent) : QLineEdit(parent) {
+NumericEditField::NumericEditField(std::size_t maxLength, QWidget* parent) : QLineEdit(parent), maxLength_(maxLength) {
   setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
   setMinimumWidth(static_cast<int>(maxLength + kMargin) * fontMetrics().horizontalAdvance(QLatin1Char('0')));
   setAcceptDrops(false);
   setDragEnabled(false);
-  model_.maxLength = maxLength;
-  model_.Changed = [this] { Sync(); };
-  model_.TextChanged = [this] {
-    if (!showing_) TextEdited(model_.Text());
-  };
-  // Whatever else reaches the line edit, such as an accessibility tool, comes not past the model.
-  connect(this, &QLineEdit::textChanged, this, [this] { Sync(); });
+  // For what comes past the keys, such as an accessibility tool.
+  static const QRegularExpression number(QStringLiteral("(0[xX])?[0-9A-Fa-f]*"));
+  setValidator(new QRegularExpressionValidator(number, this));
+  connect(this, &QLineEdit::textChanged, this, &NumericEditField::OnTextChanged);
   SyncColours();
+}
+
+CNumericEdit NumericEditField::Now() const {
+  CNumericEdit now{ToText(text())};
+  now.start = static_cast<std::size_t>(hasSelectedText() ? selectionStart() : cursorPosition());
+  now.end = static_cast<std::size_t>(hasSelectedText() ? selectionEnd() : cursorPosition());
+  now.maxLength = maxLength_;
+  now.readOnly = isReadOnly();
+  now.canUndo = isUndoAvailable();
+  return now;
 }
 
 void NumericEditField::Show(const std::string& text) {
-  if (text == model_.Text()) return;
-  const std::size_t caret = std::min(model_.End(), text.size());
+  const QString shown = FromText(text);
+  if (shown == this->text()) return;
+  const int caret = static_cast<int>(Now().end);
   showing_ = true;
-  model_.SetText(text);
-  model_.Select(caret, caret);
+  setText(shown);
   showing_ = false;
+  setCursorPosition(caret);  // at most behind the last character
 }
 
-void NumericEditField::TakeSelection() {
-  const int start = hasSelectedText() ? selectionStart() : cursorPosition();
-  const int end = hasSelectedText() ? selectionEnd() : cursorPosition();
-  syncing_ = true;  // it stands so already
-  model_.Select(static_cast<std::size_t>(start), static_cast<std::size_t>(end));
-  syncing_ = false;
-}
-
-void NumericEditField::Sync() {
-  if (syncing_) return;
-  syncing_ = true;
-  if (const QString shown = FromText(model_.Text()); text() != shown) setText(shown);
-  const int start = static_cast<int>(model_.Start()), end = static_cast<int>(model_.End());
-  if (start == end) {
-    setCursorPosition(start);
-  } else {
-    setSelection(start, end - start);
-  }
+void NumericEditField::OnTextChanged() {
+  HexMode = Now().HexMode();
   SyncColours();
-  syncing_ = false;
+  if (!showing_) TextEdited(ToText(text()));
 }
 
 void NumericEditField::SyncColours() {
   QPalette colours = palette();
-  colours.setColor(QPalette::Text, Of(model_.HexMode ? model_.HexTextColour : model_.DecimalTextColour));
-  colours.setColor(QPalette::Base, Of(model_.HexMode ? model_.HexBackColour : model_.DecimalBackColour));
+  colours.setColor(QPalette::Text, Of(HexMode ? colours_.HexTextColour : colours_.DecimalTextColour));
+  colours.setColor(QPalette::Base, Of(HexMode ? colours_.HexBackColour : colours_.DecimalBackColour));
   if (colours != palette()) setPalette(colours);
 }
 
-// False for a key that the model doesn't know.
+void NumericEditField::SetHexColours(Colour text, Colour back) {
+  colours_.HexTextColour = text;
+  colours_.HexBackColour = back;
+  SyncColours();
+}
+
+void NumericEditField::SetDecimalColours(Colour text, Colour back) {
+  colours_.DecimalTextColour = text;
+  colours_.DecimalBackColour = back;
+  SyncColours();
+}
+
+void NumericEditField::ConvertRadix() {
+  const QString converted = FromText(Now().ConvertRadix());
+  if (converted != text()) setText(converted);
+}
+
+void NumericEditField::Type(const QString& characters) {
+  for (const char32_t character : characters.toStdU32String())
+    if (const auto typed = Now().Typed(character)) insert(QString(QLatin1Char(*typed)));
+}
+
+void NumericEditField::Paste() {
+  if (QGuiApplication::clipboard()->mimeData() == nullptr) {
+    TheMachine().op->Tell("Cannot open clipboard!", kMessageCaption, MessageIcon::Warning);
+  } else if (Now().CommandEnabled(Command::Paste, ClipboardText())) {
+    paste();
+  }
+}
+
+// False for a key that the field doesn't know.
 bool NumericEditField::EditByKey(const QKeyEvent& event) {
-  if (event.matches(QKeySequence::Copy)) return model_.CopyKey(), true;
-  if (event.matches(QKeySequence::Cut)) return model_.CutKey(), true;
-  if (event.matches(QKeySequence::Paste)) return model_.PasteKey(), true;
-  if (event.matches(QKeySequence::Undo)) return model_.UndoKey(), true;
-  if (event.key() == Qt::Key_Backspace) return model_.Backspace(), true;
-  if (event.key() == Qt::Key_Delete) return model_.DeleteKey(), true;
-  if ((event.modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier)) != 0) return false;
-  const QString typed = event.text();
-  if (typed.isEmpty() || typed[0].unicode() < kFirstCharacter) return false;
-  for (const char32_t character : typed.toStdU32String()) model_.TypeCharacter(character);
+  const CNumericEdit now = Now();
+  if (event.matches(QKeySequence::Copy)) {
+    copy();
+  } else if (event.matches(QKeySequence::Cut)) {
+    if (now.CutPasses()) cut();
+  } else if (event.matches(QKeySequence::Paste)) {
+    Paste();
+  } else if (event.matches(QKeySequence::Undo)) {
+    undo();
+  } else if (event.matches(QKeySequence::Redo)) {
+    redo();
+  } else if (event.key() == Qt::Key_Backspace) {
+    if (now.BackspacePasses()) backspace();
+  } else if (event.key() == Qt::Key_Delete) {
+    if (now.DeletePasses()) del();
+  } else {
+    const bool command = (event.modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier)) != 0;
+    const QString typed = event.text();
+    if (command || typed.isEmpty() || typed[0].unicode() < kFirstCharacter) return false;
+    Type(typed);
+  }
   return true;
 }
 
 void NumericEditField::keyPressEvent(QKeyEvent* event) {
-  if (MovesCaret(*event)) return QLineEdit::keyPressEvent(event);
-  TakeSelection();
-  event->setAccepted(EditByKey(*event));
+  if (MovesCaret(*event)) {
+    QLineEdit::keyPressEvent(event);
+  } else {
+    event->setAccepted(EditByKey(*event));
+  }
 }
 
 void NumericEditField::inputMethodEvent(QInputMethodEvent* event) {
-  TakeSelection();
-  for (const char32_t character : event->commitString().toStdU32String())
-    if (character >= kFirstCharacter) model_.TypeCharacter(character);
+  Type(event->commitString());
   event->accept();
 }
 
+void NumericEditField::OnCommand(Command command) {
+  if (!Now().CommandEnabled(command, ClipboardText())) return;
+  if (command < Command::SelectAll) NormaliseClipboard();
+  switch (command) {
+    case Command::Undo:
+      return undo();
+    case Command::Cut:
+      return cut();
+    case Command::Copy:
+      return copy();
+    case Command::Paste:
+      return Paste();
+    case Command::Delete:
+      return del();
+    case Command::SelectAll:
+      return selectAll();
+    case Command::Convert:
+      return ConvertRadix();
+  }
+}
+
 QMenu* NumericEditField::MakeMenu() {
-  TakeSelection();
+  const CNumericEdit now = Now();
   auto* menu = new QMenu(this);
   for (const CNumericEdit::MenuRow& row : CNumericEdit::kMenu) {
     if (row.separatorBefore) menu->addSeparator();
     const auto command = row.command;
-    menu->addAction(QString::fromLatin1(row.caption), this, [this, command] { model_.OnCommand(command); })
-        ->setEnabled(model_.CommandEnabled(command));
+    menu->addAction(QString::fromLatin1(row.caption), this, [this, command] { OnCommand(command); })
+        ->setEnabled(now.CommandEnabled(command, ClipboardText()));
   }
   return menu;
 }

@@ -1,4 +1,4 @@
-// The number field on the screen: CNumericEdit edits, the line edit shows it and moves the caret.
+// The number field on the screen: a line edit that asks the rules of CNumericEdit before each change.
 #pragma once
 
 #include <QLineEdit>
@@ -21,7 +21,12 @@ class NumericEditField : public QLineEdit {
   std::function<void(const std::string&)> TextEdited = [](const std::string&) {};
   // The context menu as it stands now; the caller deletes it.
   QMenu* MakeMenu();
-  CNumericEdit& Model() { return model_; }
+
+  std::uint32_t GetValue() const { return Now().GetValue(); }
+  void SetValue(std::uint32_t value, bool hex) { Show(CNumericEdit::Format(value, hex)); }
+  void SetHexColours(Colour text, Colour back);
+  void SetDecimalColours(Colour text, Colour back);
+  void ConvertRadix();
 
  protected:
   void keyPressEvent(QKeyEvent* event) override;
@@ -30,13 +35,17 @@ class NumericEditField : public QLineEdit {
   void mouseReleaseEvent(QMouseEvent* event) override;
 
  private:
-  void TakeSelection();
-  void Sync();
-  void SyncColours();
+  CNumericEdit Now() const;
   bool EditByKey(const QKeyEvent& event);
+  void Type(const QString& characters);
+  void Paste();
+  void OnCommand(CNumericEdit::Command command);
+  void OnTextChanged();
+  void SyncColours();
 
-  CNumericEdit model_;
-  bool syncing_ = false;
+  const std::size_t maxLength_;
+  NumericColours colours_;
+  bool HexMode = false;
   bool showing_ = false;
 };
 

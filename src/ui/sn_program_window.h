@@ -5,6 +5,7 @@
 #include <QDialog>
 #include <functional>
 
+#include "serial/sn_run.h"
 #include "ui/dialog_mirror.h"
 #include "ui/handler_gate.h"
 
@@ -36,7 +37,7 @@ class SnProgramWindow : public QDialog {
   void Sync();
 
   CSnProgramDlg& dialog_;
-  DialogMirror mirror_;
+  DialogMirror<CSnProgramDlg> mirror_{dialog_};
   HandlerGate& gate_;
   QLineEdit* chip_;
   VerdictLabel* verdict_;

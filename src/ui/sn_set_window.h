@@ -6,6 +6,7 @@
 #include <functional>
 #include <string>
 
+#include "serial/sn_set.h"
 #include "ui/dialog_mirror.h"
 #include "ui/handler_gate.h"
 
@@ -33,7 +34,7 @@ class SnSetWindow : public QDialog {
   void Sync();
 
   CSnSetDlg& dialog_;
-  DialogMirror mirror_;
+  DialogMirror<CSnSetDlg> mirror_{dialog_};
   HandlerGate& gate_;
   NumericEditField *length_, *address_, *start_, *amount_;
   std::array<QRadioButton*, 2> directions_{};

@@ -35,15 +35,14 @@ bool ForEachChunk(Bytes rest, Use use) {
 
 struct Parts {
   Bytes header, rates, sequence;
-  std::vector<CursorPicture> frames;
+  std::vector<Bytes> frames;
 };
 
-bool TakeFrames(Bytes list, std::vector<CursorPicture>& frames) {
+bool TakeFrames(Bytes list, std::vector<Bytes>& frames) {
   return ForEachChunk(list, [&](Bytes name, Bytes data) {
     if (!IsCalled(name, "icon")) return true;
-    auto frame = ReadCursorPicture(data);
-    if (!frame || frames.size() == kMostFrames) return false;
-    frames.push_back(*std::move(frame));
+    if (frames.size() == kMostFrames) return false;
+    frames.push_back(data);
     return true;
   });
 }

@@ -7,8 +7,6 @@
 #include <span>
 #include <vector>
 
-#include "view/cursor_picture.h"
-
 namespace pyxis {
 
 struct AnimatedCursor {
@@ -16,11 +14,11 @@ struct AnimatedCursor {
     std::size_t frame;    // in `frames`
     std::uint32_t ticks;  // 1/60 s, from 1 to 3600
   };
-  std::vector<CursorPicture> frames;  // at least one
-  std::vector<Step> steps;            // one round of the animation, at least one step
+  std::vector<std::span<const std::uint8_t>> frames;  // each a cursor or icon file within the file; at least one
+  std::vector<Step> steps;                            // one round of the animation, at least one step
 };
 
-// Nothing for bytes that aren't a whole, consistent file, or whose frames ReadCursorPicture doesn't read.
+// Nothing for bytes that aren't a whole, consistent file. The frames are handed out as they are.
 std::optional<AnimatedCursor> ReadAni(std::span<const std::uint8_t> file);
 
 }  // namespace pyxis

@@ -1,12 +1,11 @@
-// The number field of the serial number dialogs: hexadecimal and decimal numbers with an optional leading "0x". The
-// model of one edit control: text, selection and undo, what each key does, the context menu. A window hands its keys
-// and its selection to it and shows what comes out.
+// The number field of the serial number dialogs: hexadecimal and decimal numbers with an optional leading "0x". Here
+// are its rules: what a key or a paste may do to the text, how the text reads, what the menu offers. The text, the
+// selection and the undo steps are those of the line edit that asks.
 #pragma once
 
 #include <array>
 #include <cstddef>
 #include <cstdint>
-#include <functional>
 #include <optional>
 #include <string>
 
@@ -17,8 +16,15 @@ struct Colour {
   bool operator==(const Colour&) const = default;
 };
 
-class CNumericEdit {
- public:
+struct NumericColours {
+  Colour HexTextColour{74, 115, 132};
+  Colour HexBackColour{219, 247, 220};
+  Colour DecimalTextColour{192, 97, 10};
+  Colour DecimalBackColour{251, 244, 170};
+};
+
+// The field as it stands at the moment of the question.
+struct CNumericEdit {
   // The entries of the context menu, in its order.
   enum class Command { Undo, Cut, Copy, Paste, Delete, SelectAll, Convert };
   struct MenuRow {
@@ -28,64 +34,32 @@ class CNumericEdit {
   };
   static const std::array<MenuRow, 7> kMenu;
 
-  Colour HexTextColour{74, 115, 132};
-  Colour HexBackColour{219, 247, 220};
-  Colour DecimalTextColour{192, 97, 10};
-  Colour DecimalBackColour{251, 244, 170};
-  bool HexMode = false;
-
-  bool readOnly = false;
+  std::string text;
+  std::size_t start = 0, end = 0;  // `end` is behind the last selected character; both are the caret without selection
   std::size_t maxLength = SIZE_MAX;  // characters that the operator can enter
-  // Repaint: text, selection or colours changed.
-  std::function<void()> Changed = [] {};
-  // The text changed, by the operator or by one of the functions below.
-  std::function<void()> TextChanged = [] {};
+  bool readOnly = false;
+  bool canUndo = false;
 
-  const std::string& Text() const { return text_; }
-  std::size_t Start() const { return start_; }
-  std::size_t End() const { return end_; }  // behind the last selected character; the caret where nothing is selected
-  void SetText(const std::string& text);    // caret at the start, nothing to undo
-  void Select(std::size_t start, std::size_t end);
+  bool HexMode() const;              // the text reads as hexadecimal
+  std::uint32_t GetValue() const;    // 0 for a text that is no number of 32 bits
+  std::string ConvertRadix() const;  // the text afterwards
 
-  std::uint32_t GetValue() const;  // 0 for a text that is no number of 32 bits
-  void SetValue(std::uint32_t value, bool hex);
-  void SetHexColours(Colour text, Colour back);
-  void SetDecimalColours(Colour text, Colour back);
-  void ConvertRadix();
+  // What goes in for a typed character, from 32 upward; nothing when it is dropped.
+  std::optional<char> Typed(char32_t character) const;
+  bool BackspacePasses() const;
+  bool DeletePasses() const;
+  bool CutPasses() const;
+  bool PastePasses(const std::string& pasted) const;
+  // `clipboard` is its text, if it holds any.
+  bool CommandEnabled(Command command, const std::optional<std::string>& clipboard) const;
 
-  // Keys. Each does what an edit control does, unless the rules drop the key.
-  void TypeCharacter(char32_t character);  // from 32 upward
-  void Backspace();
-  void DeleteKey();
-  void CutKey();    // Ctrl+X
-  void CopyKey();   // Ctrl+C
-  void PasteKey();  // Ctrl+V
-  void UndoKey();   // Ctrl+Z
-
-  bool CommandEnabled(Command command) const;
-  // OnCommand of the menu; a greyed entry does nothing.
-  void OnCommand(Command command);
+  // The text of a value.
+  static std::string Format(std::uint32_t value, bool hex);
 
  private:
-  struct State {
-    std::string text;
-    std::size_t start, end;
-  };
   bool HasPrefix() const;
   bool FirstOfPrefixSelected() const;
-  bool PasteFits(const std::string& pasted) const;
-  std::optional<char> Admitted(char32_t character) const;
-  void ReplaceSelection(std::string with, bool typing);
-  void Take(State state);
-  void Undo();
-  void Cut();
-  void Copy() const;
-  void Paste();
-
-  std::string text_;
-  std::size_t start_ = 0, end_ = 0;
-  std::optional<State> undo_;
-  bool typing_ = false;  // the last edit was a typed character: the next one joins its undo
+  std::size_t LengthWith(std::size_t added) const { return text.size() - (end - start) + added; }
 };
 
 }  // namespace pyxis

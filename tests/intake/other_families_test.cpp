@@ -11,80 +11,12 @@ class Epm4 : public ConverterBench {};
 class Velmar : public ConverterBench {};
 class Usb : public ConverterBench {};
 
-// The checksum over words, each so many times.
-struct Word16 {
-  unsigned value;
-  int times = 1;
-};
-std::uint16_t Sum(std::initializer_list<Word16> words) {
-  std::uint16_t sum = 0xFFFF;
-  for (const Word16& word : words)
-    for (int i = 0; i < word.times; ++i) sum = ChecksumAfter(sum, static_cast<std::uint16_t>(word.value));
-  return sum;
-}
-
-TEST_F(Otp4, ByteIc) {
-  Bytes file(8224, 0);
-  file[8223] = 0xF3;
-  for (const auto& [value, byte36] : Table<std::uint32_t, int>{{1, 0xF1}, {0x60, 0xF1}, {0, 0xF0}}) {
-    optionValue = value;
-    ASSERT_EQ(Job("QV4105", 0x1395, file, "a.otp"), 0);
-    ExpectBytes({{36, byte36}, {37, 0}});
-    EXPECT_EQ(All(data.size(), data[0]), All(8192U, 0xF3));
-  }
-  ASSERT_EQ(Job("QV4105", 0x1395, {1, 2, 3}, "a.otp"), 0);  // no check of any length
+TEST_F(Otp4, FilesOfAnyLength) {
+  ASSERT_EQ(Job("QV4105", 0x1395, {1, 2, 3}, "a.otp"), 0);
   EXPECT_EQ(data, Bytes{0xFF});
-  EXPECT_EQ(Word(16), Sum({{0xFF}}));
+  EXPECT_EQ(Word(16), ChecksumAfter(0xFFFF, 0xFF));
   EXPECT_EQ(Convert(0x1395, "none.otp"), 1);
   EXPECT_EQ(op.Heard(), Texts{Path("none.otp") + " open file error\n"});
-}
-
-TEST_F(Otp4, WordIc) {
-  Bytes file(16416, 0);
-  StoreLe16(&file[32], 0x1234);
-  StoreLe16(&file[16414], 0x8007);
-  request.SnMode = true;  // these ICs have no serial numbers
-  request.MassProduction = true;
-  optionValue = 0;
-  ASSERT_EQ(Job("QV4103", 0x1397, file, "a.otp"), 0);
-  EXPECT_EQ(All(data.size(), LoadBe16(&data[0]), LoadBe16(&data[2])), All(2U * 6513, 0x8007, 0x1234));
-  ExpectWords({{36, 0x8004}, {16, Sum({{0x1234}, {0, 6511}, {0x8007}})}});
-  EXPECT_EQ(option[78], 16);
-}
-
-TEST_F(Epm4, PackagesStartAnewBehindTheTemplate) {
-  Bytes file(32768 + 30, 0x10);
-  file[32770] = 0x04;
-  Bytes from(512, 0xAA);
-  from[36] = 0x5C;
-  from[37] = 0x6D;
-  PutTemplate("QV4204", from);
-  Write("a.epm", file);
-  ASSERT_EQ(Convert(0x1392, "a.epm"), 0);
-  EXPECT_EQ(TheAppState().conversion.ImageUnprotected, 1U);
-  ASSERT_EQ(option.size(), 256U);
-  EXPECT_EQ(Part(option, 128, 4), (Bytes{0x0C, 0x6D, 0x00, 0x10}));
-  ExpectBytes({{157, 0x10}, {158, 0}});
-  EXPECT_EQ(All(Word(43), data.size()), All(0x0600U, 32768U));
-
-  file[32770] = 0x01;
-  Write("a.epm", file);
-  ASSERT_EQ(Convert(0x1392, "a.epm"), 0);
-  EXPECT_EQ(TheAppState().conversion.ImageUnprotected, 0U);
-  EXPECT_EQ(option[43], 0x03);
-}
-
-TEST_F(Epm4, IcsThatDiffer) {
-  Bytes file(70000, 0);
-  file[8194] = 1;
-  ASSERT_EQ(Job("QV4104", 0x1357, file, "a.epm"), 0);  // 1 is not protected, and byte 44 stays
-  EXPECT_EQ(TheAppState().conversion.ImageUnprotected, 1U);
-  ExpectWords({{43, 0x01AA}, {16, Sum({{0, 4096}})}});
-  ASSERT_EQ(Job("QV4301", 0x1390, file, "a.epm"), 0);
-  EXPECT_EQ(option.size(), 208U);
-  ASSERT_EQ(Job("QV4101", 0x1382, file, "a.epm"), 0);
-  EXPECT_EQ(All(data.size(), option[128]), All(34816U, 0));
-  ASSERT_EQ(Job("QV4202", 0x1388, file, "a.epm"), 0);  // QV4203 works from the template QV4202
 }
 
 TEST_F(Epm4, TwoIcsShareACode) {
@@ -130,7 +62,9 @@ TEST_F(Velmar, ProtectedTails) {
     // clang-format on
     SCOPED_TRACE(chip);
     ASSERT_EQ(Job(chip, code, VelmarImage(idOffset, id, size), "a.velmar"), 0);
-    const unsigned sum = Sum({{0, summedWords}, {summedConfig}});
+    std::uint16_t sum = 0xFFFF;
+    for (int i = 0; i < summedWords; ++i) sum = ChecksumAfter(sum, 0);
+    sum = ChecksumAfter(sum, static_cast<std::uint16_t>(summedConfig));
     ExpectWords({{16, sum}, {20, sumLength}, {22, used}, {24, sumLength}, {36, config}});
     EXPECT_EQ(data.size(), idOffset);
   }
@@ -147,36 +81,32 @@ TEST_F(Velmar, CapitalsFindTheirFiles) {
   EXPECT_EQ(op.Heard(), Texts{ToLower(Path("Work/Job1.VELMAR")) + " ID error\n"});
 }
 
-TEST_F(Velmar, OptionBlock) {
-  Bytes image(16440, 0);
-  // The ID, and block words 0 and 1, the last that sets the top bits.
-  for (const auto& [at, value] : Table<std::size_t, std::uint8_t>{
-           {16432, 7}, {16433, 2}, {16434, 0x30}, {16384, 0x03}, {16385, 0xE0}, {16386, 0x02}})
-    image[at] = value;
-  StoreLe16(&image[16384 + 20], 0x8004);
-  StoreLe16(&image[16384 + 22], 0x00A1);
-  request.IspProgram = true;
-  ASSERT_EQ(Job("QV8123", 0x3702, image, "a.velmar"), 0);
-  EXPECT_EQ(Part(option, 31, 4), (Bytes{0x03, 0xE0, 0x02, 0x00}));
-  EXPECT_EQ(Part(option, 48, 4), (Bytes{0x04, 0x80, 0xBF, 0x00}));
-  ExpectWords(
-      {{22, 16384}, {26, 0x200A}, {36, 0x8000U + (((4 * 64) | (0x80 >> 2)) & 0x3F20) + 0x81U}, {39, 4096}, {72, 64}});
-  EXPECT_EQ(All(option[76], data.size()), All(2, 16480U));
-  image[16385] = 0x00;
-  EXPECT_EQ(ConvertHex(0x3702, image, "a.velmar"), 2);
-}
-
-TEST_F(Usb, HexIcs) {
-  optionValue = 0x61;
-  ASSERT_EQ(Job("QVL04", 0x1622, {0x12, 0x34, 0x56}), 0);
-  EXPECT_EQ(All(data.size(), Part(data, 0, 4)), All(32768U, (Bytes{0x12, 0x34, 0x56, 0xFF})));
-  ExpectWords(
-      {{16, Sum({{0x1234}, {0x56FF}, {0xFFFF, 16382}, {0x0061}})}, {22, 3}, {24, 32768}, {36, 0x61AA}, {39, 0}});
-  const Bytes otp = Contents("job.otp");
-  ASSERT_EQ(otp.size(), 32U + 32768 + 1);
-  EXPECT_EQ(std::string(otp.begin(), otp.begin() + 7), "qvl04xx");
-  EXPECT_EQ(All(Part(otp, 15, 5), otp.back()), All((Bytes{0xFF, 'v', '2', 0x1E, 0x11}), 0x61));
-  EXPECT_EQ(TheAppState().conversion.SystemConfigWord, -1);
+// The vectors don't look into this file.
+TEST_F(Usb, CopiesOfTheProgramFile) {
+  // clang-format off
+  for (const auto& [chip, code, size, tag, constants] :
+       Table<const char*, std::uint32_t, std::size_t, const char*, Bytes>{
+           {"QVL04", 0x1622, 32768, "qvl04xx",
+            {0x1E, 0x11, 0x11, 0x19, 0x10, 0x12, 0x1F, 0x11, 0x1F, 0x10, 0x10, 0x10, 0x10, 0x10}},
+           {"QVL05", 0x1630, 16384, "qvl05xx",
+            {0x1B, 0x11, 0x11, 0x19, 0x10, 0x10, 0x10, 0x10, 0xFF, 0xFF, 0xFF, 0xFF, 0xFF, 0xFF}},
+           {"QVL06", 0x1636, 24576, "qvl06xx",
+            {0x1E, 0x11, 0x11, 0x19, 0x10, 0x11, 0x1F, 0x10, 0x1F, 0x10, 0x10, 0x10, 0x10, 0x10}},
+           {"QVL13", 0x1632, 16384, "qvl14xx",
+            {0x1C, 0x12, 0x11, 0x19, 0x10, 0x10, 0x10, 0x10, 0xFF, 0xFF, 0xFF, 0xFF, 0xFF, 0xFF}}}) {
+    // clang-format on
+    SCOPED_TRACE(chip);
+    optionValue = 0x161;
+    ASSERT_EQ(Job(chip, code, {0x12, 0x34, 0x56}), 0);
+    Bytes wanted(32 + size + 1, 0xFF);
+    std::copy_n(tag, 7, wanted.begin());
+    wanted[16] = 'v';
+    wanted[17] = '2';
+    std::copy(constants.begin(), constants.end(), wanted.begin() + 18);
+    std::copy_n(Bytes{0x12, 0x34, 0x56}.begin(), 3, wanted.begin() + 32);
+    wanted.back() = 0x61;
+    EXPECT_EQ(Contents("job.otp"), wanted);
+  }
 }
 
 TEST_F(Usb, ObjIcs) {
@@ -196,14 +126,6 @@ TEST_F(Usb, ObjIcs) {
     EXPECT_EQ(data.size(), 2 * words);
     ExpectWords({{22, used}, {24, imageLength}, {36, config}});
   }
-  // QVX02 sums 1021 words only, then the option byte with bit 0 set.
-  Bytes file(32 + 4000, 0);
-  file[16] = 0x40;
-  ASSERT_EQ(Job("QVX02", 0x1629, file, "a.obj"), 0);
-  EXPECT_EQ(Word(16), Sum({{0, 1021}, {0x41}}) & 0x3FFF);
-  // QVL01 sums its header, and keeps the value behind it.
-  ASSERT_EQ(Job("QVL01", 0x1603, file, "a.obj"), 0);
-  EXPECT_EQ(Word(59), Sum({{0, 8}, {0x40}, {0, 7}}));
 }
 
 TEST_F(Usb, EepromImages) {

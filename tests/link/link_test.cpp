@@ -2,12 +2,34 @@
 #include "link/identification.h"
 #include "link/writer_commands.h"
 #include "link/writer_link.h"
+#include "platform/device_pipes.h"
 #include "platform/main_view.h"
+#include "platform/text.h"
 #include "support/bench.h"
 #include "support/wire_log.h"
 
 namespace pyxis::test {
 namespace {
+
+// The bar and the paints, in one list with the transfers.
+class ListedView : public MainView {
+ public:
+  explicit ListedView(Texts& list) : list_(list) {}
+  void ProgressChanged() override {
+    const CProgStatusBar& bar = TheMainControls().statusBar;
+    list_.push_back(std::to_string(bar.position) + " of " + std::to_string(bar.high));
+  }
+  void PumpPaint() override { list_.push_back("paint"); }
+
+ private:
+  Texts& list_;
+};
+
+// "> 55 53 42 43 00 ..." of a command block.
+std::string Command(unsigned length, unsigned opcode) {
+  return Printf("> 55 53 42 43 00 00 00 00 %02X %02X %02X 00 %02X", length & 0xFF, length >> 8 & 0xFF, length >> 16,
+                opcode);
+}
 
 class Link : public Bench {
  protected:
@@ -40,12 +62,12 @@ class Link : public Bench {
 
 TEST_F(Link, TakesTheFirstWriterInBusOrder) {
   EXPECT_EQ(OpenWriterLink(), 1);
-  EXPECT_EQ(TheAppState().writer.UseLibusb, 1U);
+  EXPECT_TRUE(TheAppState().writer.UseLibusb);
   EXPECT_EQ(usb.calls, (Texts{"find", "open 1"}));
   CloseWriterLink();
   CloseWriterLink();
   EXPECT_EQ(usb.calls, (Texts{"find", "open 1", "close"}));
-  EXPECT_EQ(TheAppState().writer.UseLibusb, 0U);
+  EXPECT_FALSE(TheAppState().writer.UseLibusb);
   EXPECT_EQ(Printed(), "success: set configuration #1\nsuccess: claim_interface #0\n");
 }
 
@@ -55,137 +77,306 @@ TEST_F(Link, ADeviceThatRefusesIsGivenUp) {
   usb.configurationResult = 0;
   usb.claimResult = -1;
   EXPECT_EQ(OpenWriterLink(), 0);
-  EXPECT_EQ(TheAppState().writer.UseLibusb, 0U);
+  EXPECT_FALSE(TheAppState().writer.UseLibusb);
   EXPECT_EQ(usb.calls, (Texts{"find", "open 1", "close", "find", "open 1", "close"}));
   EXPECT_EQ(Printed(),  // and nothing of pipes, which this system doesn't have
             "error setting config #1: broken\nsuccess: set configuration #1\nerror claiming interface #0:\nbroken\n");
 }
 
-// Two interfaces, the first of which can't be opened; remembers what was opened.
+// Two interfaces, the first of which can't be opened.
 class TwoPipes : public DevicePipes {
  public:
-  Texts opened;
-  bool writePipe = true;
+  Texts calls;
+  Texts refused{"busy"};
+  bool works = true;
   bool Exist() const override { return true; }
   Texts InterfacePaths() override { return {"busy", "dev"}; }
   Handle Open(const std::string& path, int& error) override {
-    opened.push_back(path);
     error = 5;
-    return path != "busy" && (writePipe || path != "dev\\PIPE01") ? this : nullptr;
+    if (std::count(refused.begin(), refused.end(), path) != 0) return nullptr;
+    calls.push_back("open " + path);
+    return path == "dev" ? &trial_ : path == "dev\\PIPE00" ? &read_ : path == "dev\\PIPE01" ? &write_ : nullptr;
   }
-  bool Write(Handle, const std::uint8_t*, std::uint32_t) override { return true; }
-  bool Read(Handle, std::uint8_t*, std::uint32_t) override { return true; }
-  void Close(Handle) override { opened.push_back("close"); }
+  bool Write(Handle handle, const std::uint8_t* data, std::uint32_t count) override {
+    calls.push_back((handle == &write_ ? "write " : "wrong ") + Hex(data, count));
+    return works;
+  }
+  bool Read(Handle handle, std::uint8_t*, std::uint32_t count) override {
+    calls.push_back((handle == &read_ ? "read " : "wrong ") + std::to_string(count));
+    return works;
+  }
+  void Close(Handle handle) override {
+    calls.push_back(handle == &trial_ ? "close trial" : handle == &read_ ? "close read" : "close write");
+  }
+
+ private:
+  char trial_ = 0, read_ = 0, write_ = 0;
 };
 
 TEST_F(Link, PipesAreTheLastResort) {
   TwoPipes pipes;
   TheMachine().pipes = &pipes;
+  const std::string found = "Attempting to open busy\nFAILED to open busy\nAttempting to open dev\n";
+  const std::string none =
+      "Attempting to open busy\nFAILED to open busy\nAttempting to open dev\nFAILED to open dev\n"
+      "Failed to GetUsbDeviceFileName\n";
+  const std::string reads = found + "completeDeviceName = (dev\\PIPE00)\nOpened successfully.\n";
+  const std::string writes = found + "completeDeviceName = (dev\\PIPE01)\n";
   usb.buses.clear();
-  for (const bool writes : {false, true}) {
-    pipes.writePipe = writes;
-    pipes.opened.clear();
-    EXPECT_EQ(OpenWriterLink(), writes ? 1 : 0);
-    EXPECT_EQ(FrameLinkOpen(), writes);
-    if (writes) {
-      EXPECT_EQ(pipes.opened, (Texts{"busy", "dev", "close", "dev\\PIPE00", "busy", "dev", "close", "dev\\PIPE01"}));
-      usb.calls.clear();
-      EXPECT_EQ(OpenWriterLink(), 1);
-      EXPECT_TRUE(usb.calls.empty());
+  // clang-format off
+  for (const auto& [refused, opens, printed, calls] : Table<Texts, int, std::string, Texts>{
+           {{"busy"}, 1, reads + writes + "Opened successfully.\n",
+            {"open dev", "close trial", "open dev\\PIPE00", "open dev", "close trial", "open dev\\PIPE01"}},
+           {{"busy", "dev\\PIPE01"}, 0, reads + writes + "Failed to open (dev\\PIPE01) = 5",
+            {"open dev", "close trial", "open dev\\PIPE00", "open dev", "close trial"}},
+           {{"busy", "dev"}, 0, none + none, {}}}) {
+    // clang-format on
+    pipes.refused = refused;
+    pipes.calls.clear();
+    usb.calls.clear();
+    EXPECT_EQ(OpenWriterLink(), opens);
+    EXPECT_EQ(Printed(), printed);
+    EXPECT_EQ(All(pipes.calls, usb.calls), All(calls, Texts{"find"}));
+    EXPECT_EQ(All(FrameLinkOpen(), TheAppState().writer.UseLibusb), All(opens == 1, false));
+    if (opens == 1) {
+      pipes.calls.clear();
+      EXPECT_EQ(OpenWriterLink(), 1);  // open already: no search
+      EXPECT_EQ(All(pipes.calls, usb.calls), All(Texts{}, Texts{"find"}));
+      const Bytes data{1, 2};
+      Bytes buffer(3);
+      for (const bool works : {true, false}) {
+        pipes.works = works;
+        EXPECT_EQ(All(LinkWrite(data.data(), 2), LinkRead(buffer.data(), 3)), All(works, works));
+      }
+      CloseWriterLink();
+      CloseWriterLink();
+      std::sort(pipes.calls.begin(), pipes.calls.end());
+      EXPECT_EQ(pipes.calls, (Texts{"close read", "close write", "read 3", "read 3", "write 01 02", "write 01 02"}));
     }
-    CloseWriterLink();
+    testing::internal::CaptureStdout();
+    capturing = true;
   }
+  pipes.calls.clear();
+  pipes.refused = {"busy", "dev\\PIPE00"};
+  EXPECT_EQ(OpenWriterLink(), 0);  // the single one stays, and is closed with the link
+  CloseWriterLink();
+  EXPECT_EQ(pipes.calls.back(), "close write");
 }
 
 TEST_F(Link, VelmarapiComesFirst) {
+  const AppState& app = TheAppState();
   vendor.openResult = 0;
   OpenTransport();
-  EXPECT_EQ(vendor.calls, (Texts{"open 9899 0 0", "timeout 5"}));
+  EXPECT_EQ(All(app.writer.WriterConnected, app.writer.UseVendorApi), All(true, true));
+  CloseTransport();
+  EXPECT_EQ(vendor.calls, (Texts{"open 9899 0 0", "timeout 5", "close"}));
   EXPECT_EQ(usb.calls, Texts{});
-  EXPECT_EQ(TheAppState().writer.WriterConnected, 1U);
+
+  ResetAppState();
+  vendor.calls.clear();
+  vendor.openResult = 1;
+  OpenTransport();
+  EXPECT_EQ(All(app.writer.WriterConnected, app.writer.UseVendorApi), All(true, false));
+  CloseTransport();
+  EXPECT_EQ(vendor.calls, Texts{"open 9899 0 0"});
+  EXPECT_EQ(usb.calls, (Texts{"find", "open 1", "close"}));
+  usb.buses.clear();
+  OpenTransport();
+  EXPECT_FALSE(app.writer.WriterConnected);
 }
 
-TEST_F(Link, PeekOnBothTransports) {
+TEST_F(Link, EveryCommandInBothForms) {
+  using Call = std::function<void()>;
+  Bytes buffer(512);
+  std::array<char, kIdentitySize + 1> identity;
+  const Texts mode71{Command(1, 0), "> 47", "< 13"}, mode7{Command(1, 0), "> 07", "< 13"};
+  const auto peek = [](const char* address) {
+    return Texts{Command(1, 0), "> 00", "< 13", Command(2, 15), address, "< 13", Command(1, 17), "< 1", "< 13"};
+  };
+  const auto list = [](const std::vector<Texts>& parts) {
+    Texts all;
+    for (const Texts& part : parts) all.insert(all.end(), part.begin(), part.end());
+    return all;
+  };
+  // clang-format off
+  for (const auto& [what, call, wire, vendorCalls] : Table<const char*, Call, Texts, Texts>{
+           {"mode", [] { SetWriterMode(mode::kArrival); }, {Command(1, 0), "> 80", "< 13"}, {"write 0: 80"}},
+           {"task", [] { StartTask(task::kReadChip); }, {Command(1, 21), "> 34", "< 13"}, {"write 21: 34"}},
+           {"control", [] { SendControl(control::kEndLoad); }, {Command(1, 23), "> 90", "< 13"}, {"write 23: 90"}},
+           {"area", [] { SelectArea(area::kData); }, {Command(2, 20), "> 08 17", "< 13"}, {"write 20: 08 17"}},
+           {"close", [] { CloseArea(); }, {Command(2, 20), "> 0C 07", "< 13"}, {"write 20: 0C 07"}},
+           {"address", [] { SetAddressZero(); }, {Command(2, 15), "> 00 00", "< 13"}, {"write 15: 00 00 00 00"}},
+           {"write", [&] { WriteCommand(OP_WRITE_MEMORY, std::span(buffer).first(3)); },
+            {Command(3, 16), "> 00 00 00", "< 13"}, {"write 16: 00 00 00"}},
+           {"read", [&] { ReadCommand(OP_READ_CHIP, buffer); }, {Command(512, 24), "< 512", "< 13"}, {"read 24: 512"}},
+           {"peek", [] { PeekByte(0xFA8F); }, peek("> FA 8F"), {"write 0: 00", "write 15: 00 00 FA 8F", "read 17: 1"}},
+           {"block", [] { ReadInfoBlock(TheAppState().writer.WriterInfoBlock); },
+            list({mode71, {Command(2, 20), "> 04 17", "< 13", Command(512, 19), "< 512", "< 13",
+                           Command(2, 20), "> 0C 07", "< 13"}, mode7}),
+            {"write 0: 47", "write 20: 04 17", "read 19: 512", "write 20: 0C 07", "write 0: 07"}},
+           {"test step", [] { SendTestSelect(10); }, list({mode71, {Command(1, 1), "> 0A", "< 13"}}),
+            {"write 0: 47", "write 1: 0A"}},
+           {"test value", [] { SendTestSet(0x8D01); }, list({mode71, {Command(2, 3), "> 01 8D", "< 13"}}),
+            {"write 0: 47", "write 3: 8D 01"}},
+           {"measure", [&] { ReadTestMeasure(std::span(buffer).first<6>()); }, {Command(6, 5), "< 6", "< 13"}, {"read 5: 6"}},
+           {"identity", [&] { ReadIdentityText(identity); }, {Command(26, 4), "< 26", "< 13"}, {"read 4: 26"}},
+           {"firmware", [] { ReadFirmwareBytes(); },
+            list({peek("> FA 90"), peek("> FA 91"), peek("> FA 92"), peek("> FA 94"), peek("> FA 95"), mode7}),
+            {"write 0: 00", "write 15: 00 00 FA 90", "read 17: 1", "write 0: 00", "write 15: 00 00 FA 91", "read 17: 1",
+             "write 0: 00", "write 15: 00 00 FA 92", "read 17: 1", "write 0: 00", "write 15: 00 00 FA 94", "read 17: 1",
+             "write 0: 00", "write 15: 00 00 FA 95", "read 17: 1", "write 0: 07"}}}) {
+    // clang-format on
+    SCOPED_TRACE(what);
+    OpenFrames();
+    usb.wire.clear();
+    call();
+    EXPECT_EQ(usb.wire, wire);
+    CloseWriterLink();
+    OpenVendor();
+    call();
+    EXPECT_EQ(vendor.calls, vendorCalls);
+    EXPECT_EQ(usb.wire, wire);
+    ResetAppState();
+  }
+}
+
+// The peek needs the hardware known on the frame link, and shows its one byte on the bar.
+TEST_F(Link, PeeksAndTheInfoBlock) {
+  ListedView view(usb.wire);
+  TheMachine().view = &view;
+  AppState& app = TheAppState();
   OpenFrames();
   usb.reads = {{0x98}};
-  TheAppState().writer.ProgressMode = Progress::Transfers;
+  app.writer.ProgressMode = Progress::Transfers;
   EXPECT_EQ(PeekByte(address::kModel), 0x98);
-  EXPECT_EQ(usb.wire, (Texts{"> 55 53 42 43 00 00 00 00 01 00 00 00 00", "> 00", "< 13",
-                             "> 55 53 42 43 00 00 00 00 02 00 00 00 0F", "> FA 8F", "< 13",
-                             "> 55 53 42 43 00 00 00 00 01 00 00 00 11", "< 1", "< 13"}));
-  EXPECT_EQ(TheAppState().writer.ProgressMode, Progress::None);
+  EXPECT_EQ(Texts(usb.wire.end() - 9, usb.wire.end()),
+            (Texts{"0 of 100", "1 of 100", Command(1, 17), "0 of 2", "0 of 2", "< 1", "1 of 2", "< 13", "2 of 2"}));
+  EXPECT_EQ(std::count(usb.wire.begin(), usb.wire.end(), "0 of 100"), 1);  // none before the read
+  EXPECT_EQ(All(app.writer.ProgressMode, app.writer.TransferBusy), All(Progress::None, false));
+  app.writer.ProgressMode = Progress::Transfers;
+  ReadInfoBlock(app.writer.WriterInfoBlock);
+  EXPECT_EQ(app.writer.ProgressMode, Progress::None);
 
+  app.writer.HwKnown = false;
+  app.writer.ProgressMode = Progress::Transfers;
   usb.wire.clear();
-  TheAppState().writer.HwKnown = false;
   EXPECT_EQ(PeekByte(address::kModel), 0);
-  EXPECT_TRUE(usb.wire.empty());
-  EXPECT_FALSE(TheAppState().writer.TransferBusy);
+  EXPECT_EQ(All(usb.wire.size(), app.writer.ProgressMode, app.writer.TransferBusy), All(0U, Progress::None, false));
 
   OpenVendor();
+  app.writer.ProgressMode = Progress::BlankCheck;
   vendor.reads = {{0x99}};
   EXPECT_EQ(PeekByte(address::kModel), 0x99);
-  EXPECT_EQ(vendor.calls, (Texts{"write 0: 00", "write 15: 00 00 FA 8F", "read 17: 1"}));
+  ReadInfoBlock(app.writer.WriterInfoBlock);
+  EXPECT_EQ(app.writer.ProgressMode, Progress::BlankCheck);
 }
 
-TEST_F(Link, InfoBlockAndSelfTestOnBothTransports) {
+TEST_F(Link, ChunksProgressAndPaints) {
+  ListedView view(usb.wire);
+  TheMachine().view = &view;
   OpenFrames();
-  TheAppState().writer.ProgressMode = Progress::Transfers;
-  ReadInfoBlock(TheAppState().writer.WriterInfoBlock);
-  EXPECT_EQ(All(usb.wire[3], usb.wire[4]), All("> 55 53 42 43 00 00 00 00 02 00 00 00 14", "> 04 17"));
-  EXPECT_EQ(usb.wire[6], "> 55 53 42 43 00 00 00 00 00 02 00 00 13");
-  EXPECT_EQ(TheAppState().writer.ProgressMode, Progress::None);
-  usb.wire.clear();
-  SendTestSet(0x8D01);
-  EXPECT_EQ(usb.wire[4], "> 01 8D");
-
-  OpenVendor();
-  ReadInfoBlock(TheAppState().writer.WriterInfoBlock);
-  SendTestSet(0x8D01);
-  EXPECT_EQ(vendor.calls, (Texts{"write 0: 47", "write 20: 04 17", "read 19: 512", "write 20: 0C 07", "write 0: 07",
-                                 "write 0: 47", "write 3: 8D 01"}));
-}
-
-TEST_F(Link, ChunksAndProgress) {
-  OpenFrames();
-  TheAppState().writer.ProgressMode = Progress::Transfers;
+  const Bytes data(2048, 7);
+  Bytes buffer(2048);
+  const auto send = [&](unsigned length) { return SendBlock(data.data(), length, OP_WRITE_AREA); };
+  const auto receive = [&](unsigned length) { return ReceiveBlock(buffer.data(), length, OP_READ_AREA); };
   // clang-format off
-  for (const auto& [length, range, chunks] : Table<std::uint32_t, int, std::vector<int>>{
-           {0, 2, {}}, {1, 2, {1}}, {512, 1, {512}}, {513, 1, {512, 1}}, {2048, 4, {512, 512, 512, 512}}}) {
+  for (const auto& [length, sent, received] : Table<unsigned, Texts, Texts>{
+           {0, {"0 of 2", "1 of 2", "paint", "< 13", "paint", "1 of 2"}, {"0 of 2", "0 of 2", "< 13", "1 of 2"}},
+           {1, {"0 of 2", "1 of 2", "paint", "> 07", "paint", "1 of 2", "paint", "< 13", "paint", "2 of 2"},
+            {"0 of 2", "0 of 2", "< 1", "1 of 2", "< 13", "2 of 2"}},
+           {511, {"0 of 2", "1 of 2", "paint", "> 511 bytes", "paint", "1 of 2", "paint", "< 13", "paint", "2 of 2"},
+            {"0 of 2", "0 of 2", "< 511", "1 of 2", "< 13", "2 of 2"}},
+           {512, {"0 of 1", "1 of 1", "paint", "> 512 bytes", "paint", "1 of 1", "paint", "< 13", "paint", "1 of 1"},
+            {"0 of 1", "0 of 1", "< 512", "1 of 1", "< 13", "1 of 1"}},
+           {513, {"0 of 1", "1 of 1", "paint", "> 512 bytes", "paint", "1 of 1", "paint", "> 07", "paint", "1 of 1",
+                  "paint", "< 13", "paint", "1 of 1"},
+            {"0 of 1", "0 of 1", "< 512", "1 of 1", "< 1", "1 of 1", "< 13", "1 of 1"}},
+           {2048, {"0 of 4", "1 of 4", "paint", "> 512 bytes", "paint", "1 of 4", "paint", "> 512 bytes", "paint", "2 of 4",
+                   "paint", "> 512 bytes", "paint", "3 of 4", "paint", "> 512 bytes", "paint", "4 of 4", "paint", "< 13",
+                   "paint", "4 of 4"},
+            {"0 of 4", "0 of 4", "< 512", "1 of 4", "< 512", "2 of 4", "< 512", "3 of 4", "< 512", "4 of 4", "< 13",
+             "4 of 4"}}}) {
     // clang-format on
     SCOPED_TRACE(length);
-    usb.wire.clear();
-    const Bytes data(length + 1, 7);
-    EXPECT_NE(SendBlock(data.data(), length, OP_WRITE_AREA), 0);
-    EXPECT_EQ(TheMainControls().statusBar.high, range);
-    ASSERT_EQ(usb.wire.size(), chunks.size() + 2);
-    for (std::size_t i = 0; i < chunks.size(); ++i)
-      EXPECT_EQ(usb.wire[i + 1], chunks[i] == 1 ? "> 07" : "> " + std::to_string(chunks[i]) + " bytes");
-    EXPECT_EQ(usb.wire.back(), "< 13");
+    const auto check = [&](const auto& command, Texts head, const Texts& rest) {
+      const auto isBar = [](const std::string& line) { return line.find(" of ") != std::string::npos; };
+      head.insert(head.end(), rest.begin(), rest.end());
+      for (const Progress mode : {Progress::Transfers, Progress::None, Progress::Auto}) {
+        TheAppState().writer.ProgressMode = mode;
+        usb.wire.clear();
+        EXPECT_NE(command(length), 0);
+        if (mode != Progress::Transfers) std::erase_if(head, isBar);
+        EXPECT_EQ(usb.wire, head);
+      }
+    };
+    check(send, {"0 of 100", "1 of 100", "paint", Command(length, 18), "paint"}, sent);
+    check(receive, {"0 of 100", "1 of 100", Command(length, 19)}, received);
   }
-  EXPECT_EQ(TheMainControls().statusBar.position, 4);
-  EXPECT_EQ(MakeCommandBlock(0x10800, OP_WRITE_MEMORY)[9], 0x08);
+  EXPECT_EQ(MakeCommandBlock(0x10800, OP_WRITE_MEMORY),
+            (CommandBlock{0x55, 0x53, 0x42, 0x43, 0, 0, 0, 0, 0x00, 0x08, 0x01, 0x00, 16}));
 }
 
-TEST_F(Link, OnlyTheCommandAndTheStatusDecide) {
+// A chunk of its own each, straight behind the one before.
+TEST_F(Link, DataGoAsTheyAre) {
+  OpenFrames();
+  Bytes buffer(514, 0xEE);
+  usb.reads = {Bytes(512, 1), {2}};
+  EXPECT_NE(ReceiveBlock(buffer.data(), 513, OP_READ_AREA), 0);
+  EXPECT_EQ(buffer, (Bytes(512, 1) + Bytes{2, 0xEE}));
+  Bytes data(514, 3);
+  data[512] = 4, data[513] = 5;
+  EXPECT_NE(SendBlock(data.data(), 514, OP_WRITE_AREA), 0);
+  EXPECT_EQ(usb.wire[usb.wire.size() - 2], "> 04 05");
+}
+
+TEST_F(Link, AFailureAtEachTransfer) {
   const Bytes data(600);
+  Bytes buffer(600);
+  using Call = std::function<int()>;
+  const Call send = [&] { return SendBlock(data.data(), 600, OP_WRITE_AREA); };
+  const Call receive = [&] { return ReceiveBlock(buffer.data(), 600, OP_READ_AREA); };
+  const Call identity = [&] { return ReadIdentity(buffer.data()); };
+  // Which write or read fails, whether the command does, and how many transfers there are.
   // clang-format off
-  for (const auto& [failWrite, failRead, result, transfers] : Table<int, int, int, std::size_t>{
-           {0, -1, 0, 1}, {1, -1, 1, 4}, {-1, 0, 0, 4}}) {
+  for (const auto& [call, failWrite, failRead, good, transfers] : Table<Call, int, int, bool, std::size_t>{
+           {send, 0, -1, false, 1}, {send, 1, -1, true, 4}, {send, 2, -1, true, 4}, {send, -1, 0, false, 4},
+           {receive, 0, -1, false, 1}, {receive, -1, 0, true, 4}, {receive, -1, 1, true, 4},
+           {receive, -1, 2, false, 4}, {identity, 0, -1, false, 1}, {identity, -1, 0, false, 2},
+           {identity, -1, 1, false, 3}, {identity, -1, -1, true, 3}}) {
     // clang-format on
     usb = WireLog();
     OpenFrames();
     usb.failWriteAt = failWrite;
     usb.failReadAt = failRead;
-    EXPECT_EQ(SendBlock(data.data(), 600, OP_WRITE_AREA), result);
+    EXPECT_EQ(call() != 0, good);
     EXPECT_EQ(usb.wire.size(), transfers);
     CloseWriterLink();
+    EXPECT_EQ(call(), 0);  // closed: nothing is sent
+    EXPECT_EQ(usb.wire.size(), transfers);
   }
-  usb = WireLog();
-  EXPECT_EQ(SendBlock(data.data(), 1, OP_SET_MODE), 0);  // closed link
   OpenFrames();
+  usb.wire.clear();
   EXPECT_EQ(SendBlock(nullptr, 1, OP_SET_MODE), 0);
   EXPECT_EQ(ReceiveBlock(nullptr, 1, OP_READ_AREA), 0);
-  EXPECT_TRUE(usb.wire.empty());
+  EXPECT_EQ(ReadIdentity(nullptr), 0);
+  EXPECT_EQ(usb.wire, Texts{});
+}
+
+TEST_F(Link, LinesOfTransfers) {
+  OpenFrames();
+  Printed();
+  testing::internal::CaptureStdout();
+  capturing = true;
+  const Bytes data(13);
+  Bytes buffer(5);
+  EXPECT_TRUE(LinkWrite(data.data(), 13));
+  EXPECT_TRUE(LinkRead(buffer.data(), 5));
+  usb.failWriteAt = usb.failReadAt = 1;
+  EXPECT_FALSE(LinkWrite(data.data(), 13));
+  EXPECT_FALSE(LinkRead(buffer.data(), 5));
+  EXPECT_EQ(Printed(),
+            "success: bulk write 13 bytes\nsuccess: bulk read 5 bytes\nerror writing:\nbroken\n"
+            "error reading:\nbroken\n");
 }
 
 TEST_F(Link, IdentityTellsTheHardware) {

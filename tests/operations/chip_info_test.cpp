@@ -95,28 +95,6 @@ class ChipInfoOnWriter : public BothTransports {
   Lines lines;
 };
 
-TEST_P(ChipInfoOnWriter, ABurntChipTellsItsJob) {
-  // Chips with a configuration word, in dual mode too, and one with a configuration byte.
-  for (const std::string sample : {"QV8348", "QV8348_dual", "QV8121", "QVL09", "QVL04"}) {
-    SCOPED_TRACE(sample);
-    const std::string chip = sample.substr(0, sample.find('_'));
-    writer.chip = standin::Chip{};
-    LoadSample(chip);
-    if (sample != chip) {
-      Load("samples/" + sample + ".hex");
-      ASSERT_EQ(TheAppState().conversion.DualSkip, 0x200U);
-    }
-    const Bytes package = Contents(kOptionPackageName);
-    OnAuto();
-    OnReadChipInfo();
-    const bool byteOnly = chip == "QVL04";
-    EXPECT_EQ(lines[0], "Chip Name : " + chip);
-    EXPECT_EQ(lines[1], Printf("System Config : %x", byteOnly ? package[36] : package[36] * 256 + package[37]));
-    EXPECT_EQ(lines[2], byteOnly ? "" : Printf("Checksum : %x", TheAppState().conversion.ImageChecksum));
-    TheAppState().conversion.DualSkip = 0;
-  }
-}
-
 TEST_P(ChipInfoOnWriter, AnotherChipIsNotTheLastOne) {
   LoadSample("QV8348");
   OnAuto();

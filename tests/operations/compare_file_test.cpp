@@ -23,14 +23,6 @@ void SetJob(const std::string& chip, unsigned imageLength, std::uint8_t lengthUn
 
 class Compare : public ScriptedWriter {};
 
-TEST_F(Compare, ReadsAsManyBytesAsTheFileHas) {
-  Write("a.bin", Bytes{1, 2, 3});
-  SetJob("QV8348", 3, 0, 0);
-  vendor.reads = {{1, 2, 3}};
-  EXPECT_TRUE(CompareWithWriter(Path("a.bin")));
-  EXPECT_EQ(vendor.calls, (Texts{"write 0: 47", "write 20: 08 17", "read 19: 3", "write 20: 0C 07", "write 0: 07"}));
-}
-
 TEST_F(Compare, WhatCounts) {
   // clang-format off
   for (const auto& [why, imageLength, lengthUnit, order, file, writer, equal] :

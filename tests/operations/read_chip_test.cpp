@@ -1,12 +1,8 @@
 #include "operations/read_chip.h"
 
-#include "catalogue/chip_catalogue.h"
 #include "intake/package_files.h"
-#include "operations/tasks.h"
 #include "platform/byte_order.h"
-#include "support/standin_bench.h"
 #include "support/wire_log.h"
-#include "view/hex_view.h"
 
 namespace pyxis::test {
 namespace {
@@ -71,64 +67,6 @@ TEST_F(ReadScripted, AStartBehindTheChipLeavesNothingToRead) {
     EXPECT_EQ(vendor.calls, blockRead);
   }
 }
-
-class ReadOnWriter : public BothTransports {};
-
-// What Read writes is the program image as it stands in the program file, as far as the read goes.
-TEST_P(ReadOnWriter, ABurntChipReadsAsItsImage) {
-  // What of which image file the chip holds, and the length of the read. QV4105 has 8191 bytes: in the half word at the
-  // end the exchange takes the last one a place further.
-  // clang-format off
-  for (const auto& [sample, imageFile, from, size, read] :
-       Table<std::string, std::string, std::size_t, std::size_t, std::size_t>{
-           {"QV8348.hex", "QV8348.bin", 0, 2 * 1020, 0x800},
-           {"QV8348_dual.hex", "QV8348_dual.bin", 2 * 0x200, 2 * (1020 - 0x200), 0x800 - 2 * 0x200},
-           {"QV8309.hex", "QV8309.bin", 0, 4096, 0x1020}, {"QV8121.velmar", "qv8121.bin", 0, 4096, 0x1010},
-           {"QVL04.hex", "QVL04.bin", 0, 32768, 0x8002}, {"QVL01.obj", "QVL01.obj", 32, 8192, 0x4000},
-           {"QVL07.hex", "qvl07.bin", 0, 24576, 0x6020}, {"QV4105.otp", "QV4105.otp", 32, 8190, 0x2000},
-           {"QV4103.otp", "QV4103.otp", 32, 13024, 0x32E0}, {"QV4204.epm", "QV4204.epm", 0, 32768, 0x801A}}) {
-    // clang-format on
-    SCOPED_TRACE(sample);
-    const std::string chip = sample.substr(0, sample.find_first_of("._"));
-    writer.chip = standin::Chip{};
-    LoadSample(chip);
-    Load("samples/" + sample);
-    OnAuto();
-    const Bytes job = writer.OptionArea();
-    OnRead();
-    EXPECT_EQ(op.Heard(), (Texts{"Loading Data Ok", "Auto OK", "Read OK"}));
-    const Bytes image = Contents("samples/" + imageFile), data = Contents("readdata.txt");
-    ASSERT_EQ(data.size(), read);
-    EXPECT_EQ(Part(data, 0, size), Part(image, from, size));
-    EXPECT_EQ(writer.OptionArea(), job);
-    EXPECT_EQ(TheAppState().conversion.LoadedFilePath, Path("readdata.txt"));
-    EXPECT_EQ(TheHexView().Data, data);
-  }
-}
-
-TEST_P(ReadOnWriter, AnUnknownChipGetsItsTemplateOnce) {
-  LoadSample("QV8348");
-  PutFolderFor("QV8121");
-  Select("QV8121");
-  op.cursorsLoad = true;
-  std::uint32_t before = clock.tick;
-  OnRead();
-  EXPECT_GE(clock.tick - before, 3100U);
-  EXPECT_EQ(ChipNameOf(writer.OptionArea()), "QV8121");
-  EXPECT_EQ(ChipNameOf(TheAppState().writer.WriterInfoBlock), "QV8121");
-  before = clock.tick;
-  OnRead();
-  EXPECT_LT(clock.tick - before, 2000U);
-  TheAppState().writer.WriterInfoBlock[53] = 16;  // a serial number set-up lies over the job
-  OnRead();
-  EXPECT_EQ(TheAppState().writer.WriterInfoBlock[53], 0);
-  EXPECT_EQ(op.Heard(), (Texts{"Read OK", "Read OK", "Read OK"}));
-  EXPECT_EQ(All(op.cursors.back(), op.cursor), All(Path("metronom.ani"), 1));
-  EXPECT_TRUE(TheMainControls()[ControlId::Read].enabled);
-  EXPECT_FALSE(TheMainControls().statusBar.progressVisible);
-}
-
-INSTANTIATE_TEST_SUITE_P(BothTransports, ReadOnWriter, kBothTransports);
 
 }  // namespace
 }  // namespace pyxis::test

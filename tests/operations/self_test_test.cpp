@@ -5,8 +5,6 @@
 #include "link/identification.h"
 #include "platform/text.h"
 #include "support/standin_bench.h"
-#include "support/wire_log.h"
-#include "view/hex_view.h"
 
 namespace pyxis::test {
 namespace {
@@ -30,31 +28,6 @@ class SelfTest : public BothTransports {
     WriterTest();
   }
 };
-
-TEST_P(SelfTest, ASoundWriterPassesEveryTest) {
-  // lines 0, 5 and the last
-  // clang-format off
-  for (const auto& [version, lines, some, least] : Table<const char*, std::size_t, Texts, std::uint32_t>{
-           {"1.1", 13, {"DAC Board Voltage Test \r", "\r", "P_VDD=6V Test              Ok \r"}, 300},
-           {"2.0", 13, {"DAC Board Voltage Test \r", "\r", "P_VDD=6V Test              Ok \r"}, 300},
-           {"1.0", 7, {"Program Voltage Board Test\r", "P_VPP=12.5V Test\t\t    Ok \r", "P_VDD=6V Test\t\t\t\tOk \r"},
-            400}}) {
-    // clang-format on
-    SCOPED_TRACE(version);
-    BecomeRevision(version);
-    const std::uint32_t before = clock.tick;
-    Test();
-    EXPECT_GE(clock.tick - before, least);
-    EXPECT_EQ(op.Boxes(), (std::vector<Told>{{" Are Disconnect Program Port Cable ? ", " ", MessageIcon::Warning},
-                                             {"Test Complete", "Message", MessageIcon::None}}));
-    const Texts report = Report();
-    ASSERT_EQ(report.size(), lines);
-    EXPECT_EQ((Texts{report[0], report[5], report.back()}), some);
-    for (const std::string& line : report) EXPECT_EQ(line.find("Fail"), std::string::npos) << line;
-  }
-  EXPECT_EQ(TheMainControls()[ControlId::BufferArea].text, TheAppState().program.ReadyText);
-  EXPECT_TRUE(TheMainControls()[ControlId::HexView].visible && TheHexView().geometry.WideAddress);
-}
 
 TEST_P(SelfTest, RangesAreInclusive) {
   // clang-format off
@@ -85,14 +58,6 @@ TEST_P(SelfTest, RangesAreInclusive) {
   }
 }
 
-TEST_P(SelfTest, NoChangesNothing) {
-  TheAppState().program.ReadyText = "before";
-  WriterTest();
-  EXPECT_EQ(TheAppState().program.ReadyText, "before");
-  EXPECT_EQ(op.Heard().size(), 1U);
-  EXPECT_FALSE(TheHexView().geometry.WideAddress);
-}
-
 TEST_P(SelfTest, AWriterThatIsGonePassesNothing) {
   usb.pluggedIn = vendor.pluggedIn = false;
   Test();
@@ -100,17 +65,6 @@ TEST_P(SelfTest, AWriterThatIsGonePassesNothing) {
 }
 
 INSTANTIATE_TEST_SUITE_P(BothTransports, SelfTest, kBothTransports);
-
-class SelfTestWire : public ScriptedWriter {};
-
-TEST_F(SelfTestWire, OrderAndTheLastGoodMeasurement) {
-  op.answers = {true};
-  WriterTest();
-  EXPECT_EQ(vendor.calls, (Texts{"write 0: 47",    "write 3: 8D 01", "write 0: 47",    "write 3: 44 03", "write 0: 47",
-                                 "write 3: 39 05", "write 0: 47",    "write 3: 22 07", "write 0: 47",    "write 1: 00",
-                                 "read 5: 6",      "write 0: 47",    "write 1: 30",    "read 5: 6",      "write 0: 47",
-                                 "write 1: 0A",    "read 5: 6",      "write 0: 47",    "write 1: 05",    "read 5: 6"}));
-}
 
 }  // namespace
 }  // namespace pyxis::test

@@ -1,101 +1,160 @@
-// The order on the wire of package download and firmware load, and what the operator hears.
+// Package download, firmware load and Update F/W: their events, and each way in which they fail.
 #include "intake/package_files.h"
 #include "operations/download.h"
 #include "operations/firmware.h"
 #include "pyxisfolder/folder.h"
-#include "support/bench.h"
-#include "support/standin_bench.h"
+#include "support/recorded_bench.h"
 #include "support/wire_log.h"
 
 namespace pyxis::test {
 namespace {
 
-class Transfer : public ScriptedWriter {};
+class Transfer : public RecordedOnBoth {
+ protected:
+  const Bytes option = Bytes(208, 1), data = Bytes(1300, 2);
+  const Texts open =
+      OnVendor({"bar 0-100 5", "paint"}) + Texts{"w START_TASK 30", "w CONTROL 10"} + OnVendor({"bar 21", "paint"});
+  const Texts failed{"box [Message] Loading Data Fail", "hex paint"};
+  void Download() {
+    Start();
+    DownloadPackages();
+  }
+};
 
-TEST_F(Transfer, PackagesOverVelmarapi) {
-  const Bytes option(208, 1), data(300, 2);
+TEST_P(Transfer, Packages) {
   Write(kOptionPackageName, option);
   Write(kDataPackageName, data);
-  vendor.reads = {option, data};
-  const std::uint32_t before = clock.tick;
-  DownloadPackages();
-  EXPECT_GE(clock.tick - before, 1500U);
-  EXPECT_EQ(op.Heard(), Texts{"Loading Data Ok"});
-  EXPECT_EQ(vendor.calls,
-            (Texts{"write 21: 30", "write 23: 10", "write 0: 47", "write 20: 04 17", "write 18: 208 bytes",
-                   "read 19: 208", "write 20: 0C 07", "write 0: 47", "write 20: 08 17", "write 18: 300 bytes",
-                   "read 19: 300", "write 20: 0C 07", "write 0: 07", "write 23: 90"}));
+  Download();
+  ExpectEvents(Packages(option, data));
+  EXPECT_EQ(writer.DataArea(), data);
 }
 
-TEST_F(Transfer, AFailedPackageEndsTheLoad) {
-  const std::string noOption = "Open Fail ! (" + Path(kOptionPackageName) + ")";
-  const std::string noData = "Open Fail ! (" + Path(kDataPackageName) + ")";
-  // clang-format off
-  for (const auto& [why, optionThere, optionGood, dataThere, told, waits, commands] :
-       Table<const char*, bool, bool, bool, Texts, bool, std::size_t>{
-           {"no option file", false, false, true, {noOption, "Loading Data Fail"}, false, 4},
-           {"option differs", true, false, true, {"Loading Data Fail"}, false, 8},
-           {"no data file", true, true, false, {noData, "Loading Data Fail"}, true, 9},
-           {"data differs", true, true, true, {"Loading Data Fail"}, true, 13}}) {
-    // clang-format on
-    SCOPED_TRACE(why);
-    std::filesystem::remove(folder / kOptionPackageName);
-    std::filesystem::remove(folder / kDataPackageName);
-    const Bytes content{9, 9, 9};
-    if (optionThere) Write(kOptionPackageName, content);
-    if (dataThere) Write(kDataPackageName, content);
-    vendor.Script({optionGood ? content : Bytes{9, 9, 8}, Bytes{8, 9, 9}});
-    const std::uint32_t before = clock.tick;
-    DownloadPackages();
-    EXPECT_EQ(op.Heard(), told);
-    EXPECT_EQ(clock.tick - before >= 1500, waits);
-    EXPECT_EQ(All(vendor.calls.size(), vendor.calls.back()), All(commands, "write 23: 90"));
-    EXPECT_NE(vendor.calls[vendor.calls.size() - 2], "write 0: 07");
-  }
+TEST_P(Transfer, EachPackageThatFails) {
+  Write(kDataPackageName, data);
+  Download();
+  ExpectEvents(open + Texts{"w SET_MODE 47", "box [PyxisLoad] Open Fail ! (buffer_option.prog)", "w CONTROL 90"} +
+               failed);
+
+  Write(kOptionPackageName, option);
+  writer.faults.damageAreaByte = 207;
+  Download();
+  ExpectEvents(open + PackageFile("04", option) + Texts{"w CONTROL 90"} + failed);
+
+  writer.faults.damageAreaByte = 1299;
+  Download();
+  ExpectEvents(open + PackageFile("04", option) + OnVendor({"bar 53", "paint"}) + PackageFile("08", data) +
+               Texts{"w CONTROL 90", "wait 1500"} + failed);
+
+  std::filesystem::remove(folder / kDataPackageName);
+  Download();
+  ExpectEvents(open + PackageFile("04", option) + OnVendor({"bar 53", "paint"}) +
+               Texts{"w SET_MODE 47", "box [PyxisLoad] Open Fail ! (buffer_data.prog)", "w CONTROL 90", "wait 1500"} +
+               failed);
 }
 
-TEST_F(Transfer, EmptyAndOversizedFiles) {
-  Write("empty", {});
-  EXPECT_TRUE(DownloadPackageFile(Path("empty"), 4));
-  EXPECT_EQ(vendor.calls[2], "write 18: ");
-  Write("huge", Bytes(kTransferBufferSize + 1));
-  EXPECT_FALSE(DownloadPackageFile(Path("huge"), 8));
-}
-
-TEST_F(Transfer, FirmwareOverVelmarapi) {
-  Bytes image = pyxis::folder::MakeFirmware(Model::Km48, 0x1234);
-  Bytes longer = image;
-  longer.push_back(1);
-  for (const Bytes& file : {image, longer}) {
+TEST_P(Transfer, FirmwareImages) {
+  const Bytes image = pyxis::folder::MakeFirmware(Model::Km48, 0x1234);
+  for (const Bytes& file : {image, image + Bytes{1}}) {
     Write("a.nce", file);
-    vendor.Script({image});
+    Start();
     EXPECT_TRUE(LoadFirmware(Path("a.nce"), true));
-    EXPECT_EQ(vendor.calls, (Texts{"write 21: 32", "write 0: 00", "write 15: 00 00 00 00", "write 16: 67584 bytes",
-                                   "write 15: 00 00 00 00", "read 17: 67584", "write 0: 07", "write 23: 90"}));
+    ExpectEvents(Firmware(image));
+    EXPECT_FALSE(TheAppState().writer.FirmwareLoadFailed || TheAppState().writer.TransferBusy);
   }
-  vendor.reads = {};
+  // The closing pair after a difference is Load File's on the frame link. The failure stays until a good load.
+  writer.faults.damageMemoryByte = 0x107FF;
+  Start();
   EXPECT_FALSE(LoadFirmware(Path("a.nce"), true));
-  EXPECT_TRUE(TheAppState().writer.FirmwareLoadFailed);
-  EXPECT_EQ(vendor.calls.back(), "write 23: 90");
+  Texts events = Firmware(image);
+  events.resize(events.size() - 2);  // the closing pair, or the last step
+  ExpectEvents(events);
+  EXPECT_TRUE(TheAppState().writer.FirmwareLoadFailed && !TheAppState().writer.TransferBusy);
+  writer.faults = {};
+
+  for (const auto& bytes : {std::optional<Bytes>(), std::optional(Part(image, 0, 0x107FF))}) {
+    std::filesystem::remove(folder / "a.nce");
+    if (bytes) Write("a.nce", *bytes);
+    TheAppState().writer.FirmwareLoadFailed = false;
+    Start();
+    EXPECT_FALSE(LoadFirmware(Path("a.nce"), true));
+    ExpectEvents({});
+    EXPECT_TRUE(TheAppState().writer.FirmwareLoadFailed);
+  }
 }
 
-TEST_F(Transfer, UpdateRefusesTheOtherModel) {
-  // clang-format off
-  for (const auto& [writerModel, imageModel, accepted] : Table<int, std::uint8_t, bool>{
-           {1, 0x98, true}, {1, 0x99, false}, {2, 0x98, false}, {2, 0x99, true}, {0, 0x98, false}, {0, 0x11, false},
-           {1, 0x11, true}}) {
-    // clang-format on
-    Bytes image = pyxis::folder::MakeFirmware(Model::Km48, 1);
-    image[0xFA8F] = imageModel;
-    Write("a.nce", image);
-    TheAppState().writer.WriterModel = Model{writerModel};
-    op.files = {Path("a.nce")};
-    vendor.reads = {image};
+TEST_P(Transfer, UpdateFirmware) {
+  const Bytes image = pyxis::folder::MakeFirmware(Model::Km48, 0x1234);
+  Write("a.nce", image);
+  const auto update = [this](bool chosen = true) {
+    if (chosen) op.files = {Path("a.nce")};
+    Start();
     OnUpdateFirmware();
-    EXPECT_EQ(op.Heard(), Texts{accepted ? "Update Firmware Ok" : Path("a.nce") + " open file error\n"});
+  };
+  const std::string filter = "choose Kestrel Nce Files (*.nce)|*.nce||: ";
+  const Texts begin{filter + "a.nce", "paint", "load cursor dinosaur.ani", "cursor busy"};
+  const std::uint32_t code = TheAppState().writer.FirmwareCode;
+  update();
+  ExpectEvents(begin + Firmware(image) + Texts{"box [Message] Update Firmware Ok", "cursor arrow"});
+  EXPECT_EQ(TheAppState().writer.FirmwareCode, code);  // as identified, not as sent
+  update(false);
+  ExpectEvents({filter + "Cancel"});
+  writer.faults.damageMemoryByte = 3;
+  update();
+  EXPECT_EQ(op.Heard().back(), "Update Firmware Fail");
+  record.Take();
+  writer.faults = {};
+  const Texts refused = begin + Texts{"box [PyxisLoad] a.nce open file error\n", "cursor arrow"};
+  // clang-format off
+  for (const auto& [writerModel, imageModel, accepted] : Table<Model, std::uint8_t, bool>{
+           {Model::Km48, 0x98, true}, {Model::Km48, 0x99, false}, {Model::Km48, 0x11, true}, {Model::Km49, 0x98, false},
+           {Model::Km49, 0x99, true}, {Model::Km49, 0, true}, {Model::None, 0x98, false}, {Model::None, 0x11, false}}) {
+    // clang-format on
+    Bytes other = image;
+    other[0xFA8F] = imageModel;
+    Write("a.nce", other);
+    TheAppState().writer.WriterModel = writerModel;
+    update();
+    ExpectEvents(accepted ? begin + Firmware(other) + Texts{"box [Message] Update Firmware Ok", "cursor arrow"}
+                          : refused);
   }
-  OnUpdateFirmware();  // cancelled
-  EXPECT_TRUE(op.told.empty());
+  std::filesystem::remove(folder / "a.nce");
+  update();
+  ExpectEvents(refused);
+}
+
+INSTANTIATE_TEST_SUITE_P(BothTransports, Transfer, kBothTransports);
+
+class UnknownHardware : public RecordedBench {};
+
+// Without a known identity the memory commands run at the writer's current address.
+TEST_F(UnknownHardware, GetsFirmwareWithoutAnAddress) {
+  const Bytes image = pyxis::folder::MakeFirmware(Model::Km48, 0x1234);
+  Write("a.nce", image);
+  writer = standin::WriterModel();
+  TheAppState().writer.HwKnown = false;
+  Texts wanted = Firmware(image);
+  std::erase(wanted, "w SET_ADDRESS 00 00");
+  Start();
+  EXPECT_TRUE(LoadFirmware(Path("a.nce"), true));
+  ExpectEvents(wanted);
+}
+
+class Lengths : public ScriptedWriter {};
+
+TEST_F(Lengths, OfPackageFiles) {
+  // clang-format off
+  for (const auto& [length, sent, good] : Table<std::size_t, const char*, bool>{
+           {0, "write 18: ", true}, {131072, "write 18: 131072 bytes", true}, {131073, "", false}}) {
+    // clang-format on
+    const Bytes bytes(length, 7);
+    Write("a", bytes);
+    vendor.Script({bytes});
+    EXPECT_EQ(DownloadPackageFile(Path("a"), 4), good);
+    EXPECT_EQ(vendor.calls.size(), good ? 5U : 1U);
+    if (good) {
+      EXPECT_EQ(vendor.calls[2], sent);
+    }
+  }
 }
 
 class FirmwareSelection : public StandinBench {};
@@ -104,29 +163,36 @@ TEST_F(FirmwareSelection, SendsAnImageOnlyWhenItMust) {
   constexpr std::uint32_t kQv8334 = 0x28016, kQv8336 = 0x27091;
   PutFolderFor("QV8334");
   PutFolderFor("QV8336");
-  AppState& app = TheAppState();
+  WriterState& state = TheAppState().writer;
   // clang-format off
-  for (const auto& [why, chip, code, version, level, loads, codeAfter, versionAfter] :
-       Table<const char*, std::uint32_t, std::uint32_t, int, std::uint32_t, int, std::uint32_t, int>{
-           {"other image", kQv8334, 0, 0, 4, 1, 0x2801, 0},
-           {"same image, other IC", 0x28011, 0x2801, 1, 4, 0, 0x2801, 1},
-           {"other family", kQv8336, 0x2801, 1, 4, 1, 0x709, 1},
-           {"older version", kQv8334, 0x2801, 0, 4, 1, 0x2801, 1},
-           {"newer version", kQv8334, 0x2801, 2, 4, 0, 0x2801, 2},
-           {"older level", kQv8334, 0x2801, 1, 3, 1, 0x2801, 1},
-           {"newer level", kQv8334, 0x2801, 1, 5, 1, 0x2801, 1}}) {
+  for (const auto& [why, chip, code, version, level, loads, codeAfter, versionAfter, levelAfter] :
+       Table<const char*, std::uint32_t, std::uint32_t, int, std::uint32_t, int, std::uint32_t, int, std::uint32_t>{
+           {"other image", kQv8334, 0, 0, 4, 1, 0x2801, 0, 4}, {"same image, other IC", 0x28011, 0x2801, 1, 4, 0, 0x2801, 1, 4},
+           {"other family", kQv8336, 0x2801, 1, 3, 1, 0x709, 1, 3}, {"older version", kQv8334, 0x2801, 0, 4, 1, 0x2801, 1, 4},
+           {"newer version", kQv8334, 0x2801, 2, 4, 0, 0x2801, 2, 4}, {"older level", kQv8334, 0x2801, 1, 3, 1, 0x2801, 1, 4},
+           {"newer level", kQv8334, 0x2801, 2, 5, 1, 0x2801, 1, 4}}) {
     // clang-format on
     SCOPED_TRACE(why);
-    app.writer.FirmwareCode = code;
-    app.writer.FirmwareVersion = static_cast<std::uint8_t>(version);
-    app.writer.FirmwareLevel = level;
+    state.FirmwareCode = code;
+    state.FirmwareVersion = static_cast<std::uint8_t>(version);
+    state.FirmwareLevel = level;
     const int before = writer.FirmwareLoads();
-    const std::uint32_t tick = clock.tick;
+    clock.Waited();
     SelectFirmware(chip);
-    EXPECT_EQ(writer.FirmwareLoads() - before, loads);
-    EXPECT_EQ(clock.tick - tick >= 3000, loads == 1);
-    EXPECT_EQ(All(app.writer.FirmwareCode, app.writer.FirmwareVersion), All(codeAfter, versionAfter));
+    EXPECT_EQ(All(writer.FirmwareLoads() - before, clock.Waited()), All(loads, loads * 3000U));
+    EXPECT_EQ(All(state.FirmwareCode, state.FirmwareVersion, state.FirmwareLevel),
+              All(codeAfter, versionAfter, levelAfter));
   }
+  // The version on the disk is signed: 0x80 is older than any.
+  Bytes image = Contents("firmware48/QV8333.nce");
+  image[0xFA92] = 0x80;
+  Write("firmware48/QV8333.nce", image);
+  state.FirmwareCode = 0x2801;
+  state.FirmwareVersion = 0;
+  state.FirmwareLevel = 4;
+  const int before = writer.FirmwareLoads();
+  SelectFirmware(kQv8334);
+  EXPECT_EQ(writer.FirmwareLoads(), before);
 }
 
 }  // namespace

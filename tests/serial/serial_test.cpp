@@ -20,16 +20,6 @@ class Serial : public BothTransports {
   }
 };
 
-TEST_P(Serial, OnlyTheMenuRoadSendsAtOnce) {
-  PutTemplate("QV8329");
-  ASSERT_TRUE(Set(true, {"2", "03FA", "00FF", "0002", 1}));
-  EXPECT_EQ(All(TheSnRecord().SnEndText, TheSnRecord().SnEndAddress), All("100", 0x3FBU));
-  EXPECT_EQ(TheAppState().writer.SnLoaded + writer.OptionArea()[53], 0);
-  ASSERT_TRUE(Set(false, {"2", "03FA", "00FF", "0002"}));
-  EXPECT_TRUE(TheAppState().writer.SnLoaded);
-  EXPECT_EQ(writer.OptionArea()[53], 0x10);
-}
-
 TEST_P(Serial, WhatTheDialogRefuses) {
   // QV4203 takes no serial.
   const char* const noAmount = "Please Keyin 'S/N Amount'. ( >= 1 )";
@@ -164,27 +154,6 @@ TEST_P(Serial, ARunToItsEnd) {
   EXPECT_FALSE(dialog.visible);
   EXPECT_EQ(TheAppState().selection.SnMode, 0U);
   EXPECT_TRUE(TheMainControls()[ControlId::Auto].enabled);
-}
-
-TEST_P(Serial, TheMenuRoadGoesOnOnlyFromAGoodSetUp) {
-  PutTemplate("QV8348");
-  op.snSet = [](CSnSetDlg& dialog) {
-    return EnterSerial(dialog, {"2", "0", "12", "1"}) ? DialogEnd::Ok : DialogEnd::Cancel;
-  };
-  CSnProgramDlg dialog(false);
-  dialog.OnInitDialog();
-  EXPECT_EQ(dialog.startText, std::string(32, '0'));
-  dialog.OnSnSet();
-  EXPECT_TRUE(dialog.snProgramEnabled);
-  EXPECT_EQ(dialog.startText, "0012");
-  for (const bool cancelled : {false, true}) {
-    writer.faults.damageAreaByte = 3;
-    if (cancelled) op.snSet = nullptr;
-    dialog.OnSnSet();
-    EXPECT_FALSE(dialog.snProgramEnabled);
-  }
-  dialog.OnSnProgram();  // Enter on the disabled button
-  EXPECT_EQ(dialog.totalText, "0");
 }
 
 INSTANTIATE_TEST_SUITE_P(BothTransports, Serial, kBothTransports);

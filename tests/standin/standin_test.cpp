@@ -175,6 +175,50 @@ TEST(Standin, SeriesThatAreRefused) {
   }
 }
 
+TEST(Standin, WhereAProductionStartsAnew) {
+  const Bytes job = Option(17, {{0, 'Q'}, {78, 17}, {83, 0x02}}), data{5, 6};  // a limit of two chips
+  Bytes isProtected = job, otherJob = job, otherChip = job;
+  isProtected[36] = 1;
+  otherJob[17] = 1;
+  otherChip[0] = 'R';
+  WriterModel writer;
+  const auto autos = [&] {  // good ones in a row, and whether the area says that the limit is used up
+    int count = 0;
+    while (count < 9 && Verdict(writer, 16) == 1) ++count;
+    return All(count, writer.OptionArea()[244] >> 4 == 1);
+  };
+  LoadJob(writer, job, data);
+  EXPECT_EQ(Verdict(writer, 16), 1);
+  LoadJob(writer, isProtected);  // Set Protect
+  EXPECT_EQ(autos(), All(1, true));
+  LoadJob(writer, job);
+  EXPECT_EQ(writer.OptionArea()[244] >> 4, 1);
+  EXPECT_EQ(autos(), All(0, true));
+  for (const auto& [area, content] : {std::pair{job, data}, {otherJob, {}}, {otherChip, {}}}) {
+    LoadJob(writer, area, content);
+    EXPECT_EQ(writer.OptionArea()[244], 0);
+    EXPECT_EQ(autos(), All(2, true));
+  }
+  LoadJob(writer, Option(17), data);
+  EXPECT_EQ(autos(), All(9, false));
+}
+
+TEST(Standin, FaultsByTheirNames) {
+  standin::Faults faults;
+  for (const char* words : {"stall-after 3", "disconnect-after 4", "drop-status 5", "damage-byte 6", "damage-memory 7",
+                            "fail-task 8", "no-verdict"})
+    EXPECT_TRUE(SetFault(faults, words)) << words;
+  EXPECT_EQ(All(faults.stallAfter, faults.disconnectAfter, faults.dropStatusBlock), All(3, 4, 5));
+  EXPECT_EQ(All(faults.damageAreaByte, faults.damageMemoryByte, faults.failTask), All(6U, 7U, 8));
+  EXPECT_TRUE(faults.noVerdict);
+  for (const char* words : {"", "stal", "stall 1", "fail-task", "fail-task x", "fail-task 1x", "fail-task -1"})
+    EXPECT_FALSE(SetFault(faults, words)) << words;
+  EXPECT_TRUE(SetFault(faults, "stall"));
+  EXPECT_EQ(faults.stallAfter, 0);
+  EXPECT_TRUE(SetFault(faults, "no-fault"));
+  EXPECT_FALSE(faults.stallAfter || faults.failTask || faults.noVerdict);
+}
+
 class StandinFiles : public Bench {};
 
 TEST_F(StandinFiles, ARestartKeepsSeriesAndLimit) {

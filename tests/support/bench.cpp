@@ -20,7 +20,6 @@ Bench::Bench() {
   machine.clock = &clock;
   machine.profile = &profile;
   machine.language = &language;
-  machine.clipboard = &clipboard;
 }
 
 Bench::~Bench() {

@@ -54,7 +54,6 @@ class Bench : public ::testing::Test {
   FakeClock clock;
   MapProfile profile;
   FixedLanguage language;
-  TextClipboard clipboard;
 };
 
 }  // namespace pyxis::test

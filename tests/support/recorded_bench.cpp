@@ -9,18 +9,25 @@ RecordedBench::RecordedBench(Transport transport, Model model)
   Machine& machine = TheMachine();
   machine.view = &record;
   machine.update = &record;
-  if (transport == Transport::Usb) {
-    machine.usb = &record;
-  } else {
-    machine.vendor = &record;
-  }
+  machine.usb = &record;
+  machine.vendor = &record;
+  usb.pluggedIn = Usb();
+  vendor.pluggedIn = !Usb();
   op.cursorsLoad = true;
 }
 
-void RecordedBench::Compare(const Texts& got, const Texts& wanted) const {
+// The transport is closed behind the recorder's end.
+RecordedBench::~RecordedBench() {
+  TheMachine().usb = &usb;
+  TheMachine().vendor = &vendor;
+}
+
+void RecordedBench::ExpectEvents(const Texts& wanted) {
+  const Texts got = record.Take();
   Texts lines = wanted;
   for (std::string& line : lines)
     if (line.starts_with("w ")) line.replace(0, 1, Usb() ? "usb" : "api");
+  lines = Folded(lines);
   for (std::size_t i = 0; i < std::max(got.size(), lines.size()); ++i) {
     if (i < got.size() && i < lines.size() && got[i] == lines[i]) continue;
     ADD_FAILURE() << "event " << i << ": " << (i < got.size() ? got[i] : "none")
@@ -53,6 +60,37 @@ Texts RecordedBench::PackageFile(const std::string& area, const Bytes& bytes) co
 Texts RecordedBench::BarBehind(std::size_t bytes) const {
   const std::size_t whole = bytes / 512, top = whole == 0 ? 2 : whole;
   return OnUsb({Printf("bar 0-%zu", top) + (top == 1 ? " 1" : top == 2 ? " 1 2" : Printf(" 1..%zu", top))});
+}
+
+Texts RecordedBench::Poll(int reads, int divisor, int shown) {
+  Texts lines;
+  for (int read = 1; read <= reads; ++read) {
+    lines.push_back("w TASK_STATUS 1");
+    if (read / divisor == shown) continue;
+    shown = read / divisor;
+    lines.push_back(shown == 0 ? "bar off" : Printf("bar %d", shown));
+  }
+  return lines;
+}
+
+Texts RecordedBench::Command(const std::string& line, bool shows) const {
+  return shows ? BarBefore() + Texts{line} + BarBehind(1) : Texts{line};
+}
+
+Texts RecordedBench::Packages(const Bytes& option, const Bytes& data, bool shows) const {
+  return OnVendor({"bar 0-100 5", "paint"}) + Command("w START_TASK 30", shows) + Command("w CONTROL 10", shows) + OnVendor({"bar 21", "paint"}) +
+         PackageFile("04", option) + OnVendor({"bar 53", "paint"}) + PackageFile("08", data) +
+         Texts{"w SET_MODE 07", "w CONTROL 90"} + OnVendor({"bar 85", "paint"}) + Texts{"wait 1500"} +
+         OnVendor({"bar 100", "paint"}) + Texts{"box [Message] Loading Data Ok", "hex paint"};
+}
+
+Texts RecordedBench::Firmware(const Bytes& image) const {
+  const Texts address{Usb() ? "w SET_ADDRESS 00 00" : "w SET_ADDRESS 00 00 00 00"};
+  const std::size_t size = 0x10800;
+  return OnVendor({"bar 0-100 5", "paint"}) + Texts{"w START_TASK 32", "w SET_MODE 00"} + address +
+         OnVendor({"bar 32", "paint"}) + BarBefore() + Texts{"w WRITE_MEMORY " + Shown(Part(image, 0, size))} +
+         BarBehind(size) + OnVendor({"bar 69", "paint"}) + address + BarBefore() + Texts{"w READ_MEMORY 67584"} +
+         BarBehind(size) + Texts{"w SET_MODE 07", "w CONTROL 90"} + OnVendor({"bar 100", "paint"});
 }
 
 }  // namespace pyxis::test

@@ -14,14 +14,12 @@ inline Texts operator+(Texts a, const Texts& b) {
 class RecordedBench : public StandinBench {
  protected:
   explicit RecordedBench(Transport transport = Transport::Usb, Model model = Model::Km48);
+  ~RecordedBench() override;
 
-  // Runs it and expects these events. A line that begins with "w " is one of the wire, over the bench's transport.
-  template <typename Call>
-  void ExpectEvents(Call call, const Texts& wanted) {
-    record.Take();
-    call();
-    Compare(record.Take(), wanted);
-  }
+  // What happens from here on, and what is expected to have happened since. A line that begins with "w " is one of the
+  // wire, over the bench's transport.
+  void Start() { record.Take(); }
+  void ExpectEvents(const Texts& wanted);
 
   // Lists that stand in many others.
   bool Usb() const { return transport_ == Transport::Usb; }
@@ -36,11 +34,16 @@ class RecordedBench : public StandinBench {
   // bytes.
   Texts BarBefore() const { return OnUsb({"bar 0-100 1"}); }
   Texts BarBehind(std::size_t bytes) const;
+  // Reads of the task status, each with its step of a bar that stands at `shown`, 0 for a hidden one.
+  static Texts Poll(int reads, int divisor, int shown = 1);
+  // A good download; `shows`: ProgressMode is 1 before it.
+  Texts Packages(const Bytes& option, const Bytes& data, bool shows = false) const;
+  Texts Command(const std::string& line, bool shows) const;  // a short command to the writer
+  Texts Firmware(const Bytes& image) const;                  // a good load
 
   Recorder record;
 
  private:
-  void Compare(const Texts& got, const Texts& wanted) const;
   const Transport transport_;
 };
 

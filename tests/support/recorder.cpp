@@ -47,6 +47,18 @@ std::string Shown(std::span<const std::uint8_t> data) {
   return Printf("%zu #%08X", data.size(), hash);
 }
 
+Texts Folded(const Texts& lines) {
+  Texts folded;
+  std::size_t times = 0;
+  for (std::size_t i = 0; i < lines.size(); ++i) {
+    ++times;
+    if (i + 1 < lines.size() && lines[i + 1] == lines[i] && lines[i].find("TASK_STATUS") != std::string::npos) continue;
+    folded.push_back(times == 1 ? lines[i] : lines[i] + Printf(" x%zu", times));
+    times = 0;
+  }
+  return folded;
+}
+
 Recorder::Recorder(UsbHost& usb, VendorApi& vendor, ScriptedOperator& op, FakeClock& clock,
                    std::filesystem::path folder)
     : usb_(usb), vendor_(vendor), clock_(clock), folder_(std::move(folder)), shown_(TheMainControls()) {
@@ -55,17 +67,16 @@ Recorder::Recorder(UsbHost& usb, VendorApi& vendor, ScriptedOperator& op, FakeCl
 
 Texts Recorder::Take() {
   FindControlChanges();
-  FindWaits();
-  FindFiles();
+  Look();
   CloseRun();
   hexBytes_ = TheHexView().Data.size();
   hexBlank_ = TheHexView().Blanked;
-  return std::exchange(lines_, {});
+  low_ = high_ = -1;
+  return Folded(std::exchange(lines_, {}));
 }
 
 void Recorder::Line(const std::string& text) {
-  FindWaits();
-  FindFiles();
+  Look();
   Add(text);
   afterLine();
 }
@@ -76,17 +87,11 @@ void Recorder::Add(const std::string& text) {
   std::string line = text;
   for (std::size_t at; (at = line.find(folder_.string() + "/")) != std::string::npos;)
     line.erase(at, folder_.string().size() + 1);
-  const std::size_t times = lines_.empty() ? 0 : lines_.back().rfind(" x");
-  if (!lines_.empty() && line.find("TASK_STATUS") != std::string::npos && lines_.back().starts_with(line)) {  // a poll
-    const int before = times == std::string::npos ? 1 : std::stoi(lines_.back().substr(times + 2));
-    lines_.back() = line + Printf(" x%d", before + 1);
-  } else {
-    lines_.push_back(line);
-  }
+  lines_.push_back(line);
 }
 
 void Recorder::AddTo(const std::string& verb, const std::string& object) {
-  FindWaits();
+  Look();
   if (!lines_.empty() && lines_.back().starts_with(verb + " ")) {
     lines_.back() += " " + object;
   } else {
@@ -94,7 +99,9 @@ void Recorder::AddTo(const std::string& verb, const std::string& object) {
   }
 }
 
-void Recorder::FindWaits() {
+// A file that was written in front of a wait, which is no event of itself, comes first.
+void Recorder::Look() {
+  FindFiles();
   const std::uint32_t waited = clock_.Waited();
   if (waited >= kWait) Add(Printf("wait %u", waited));
 }
@@ -139,7 +146,7 @@ void Recorder::BarToken(const std::string& token) {
     lastOfRun_ = std::stoi(token);
     return;
   }
-  FindWaits();
+  Look();
   CloseRun();
   if (!lines_.empty() && lines_.back().starts_with("bar") && token.find('-') == std::string::npos) {
     lines_.back() += number ? "" : " " + token;
@@ -218,6 +225,16 @@ void Recorder::PumpPaint() {
 UsbHost::Handle Recorder::Open(const UsbDeviceEntry& device) {
   Line("usb open");
   return usb_.Open(device);
+}
+
+int Recorder::SetConfiguration(Handle handle, int configuration) {
+  Line(Printf("usb configuration %d", configuration));
+  return usb_.SetConfiguration(handle, configuration);
+}
+
+int Recorder::ClaimInterface(Handle handle, int interface) {
+  Line(Printf("usb claim %d", interface));
+  return usb_.ClaimInterface(handle, interface);
 }
 
 void Recorder::Close(Handle handle) {

@@ -34,10 +34,8 @@ class Recorder : public MainView, public UsbHost, public VendorApi, public Updat
 
   std::vector<UsbBus> FindDevices() override { return usb_.FindDevices(); }
   Handle Open(const UsbDeviceEntry& device) override;
-  int SetConfiguration(Handle handle, int configuration) override {
-    return usb_.SetConfiguration(handle, configuration);
-  }
-  int ClaimInterface(Handle handle, int interface) override { return usb_.ClaimInterface(handle, interface); }
+  int SetConfiguration(Handle handle, int configuration) override;
+  int ClaimInterface(Handle handle, int interface) override;
   int BulkWrite(Handle handle, int endpoint, const std::uint8_t* data, int count, int timeout) override;
   int BulkRead(Handle handle, int endpoint, std::uint8_t* data, int count, int timeout) override;
   void Close(Handle handle) override;
@@ -54,7 +52,7 @@ class Recorder : public MainView, public UsbHost, public VendorApi, public Updat
  private:
   void Add(const std::string& text);  // without a look at what else has happened
   void AddTo(const std::string& verb, const std::string& object);
-  void FindWaits();
+  void Look();  // for files and waits
   void FindFiles();
   void FindControlChanges();
   void BarToken(const std::string& token);
@@ -85,6 +83,8 @@ class Recorder : public MainView, public UsbHost, public VendorApi, public Updat
 
 // "OP_SET_MODE" without its prefix.
 std::string NameOf(std::uint8_t opcode);
+// Readings of the task status in a row are one line with their number.
+Texts Folded(const Texts& lines);
 // Data on the wire: up to 16 bytes as they are, else their number and a hash.
 std::string Shown(std::span<const std::uint8_t> data);
 

@@ -9,7 +9,6 @@
 #include <utility>
 #include <vector>
 
-#include "platform/clipboard.h"
 #include "platform/clock.h"
 #include "platform/language.h"
 #include "platform/main_view.h"
@@ -106,14 +105,6 @@ class MapProfile : public Profile {
   void WriteProfileInt(const std::string& section, const std::string& name, int value) override {
     values[section + "/" + name] = value;
   }
-};
-
-class TextClipboard : public Clipboard {
- public:
-  std::optional<std::string> text;  // nothing: it holds no text
-  bool opens = true;
-  bool Read(std::optional<std::string>& out) override { return out = text, opens; }
-  bool Write(const std::string& in) override { return opens && (text = in, true); }
 };
 
 class FixedLanguage : public Language {

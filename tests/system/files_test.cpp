@@ -2,7 +2,6 @@
 
 #include <sys/stat.h>
 
-#include "platform/language.h"
 #include "support/bench.h"
 
 namespace pyxis::test {
@@ -18,7 +17,8 @@ TEST_F(Files, NamesAreFoundAsWindowsWould) {
   // clang-format off
   for (const auto& [asked, found] : Table<const char*, const char*>{
            {"work/job1.velmar", "Work/Job1.VELMAR"}, {"Work/Job1.VELMAR", "Work/Job1.VELMAR"},
-           {"WORK/new.bin", "Work/new.bin"}, {"nowhere/x", "nowhere/x"}, {"work/TWINS/b.txt", "Work/twins/B.txt"},
+           {"WORK/new.bin", "Work/new.bin"}, {"Work/New.bin", "Work/New.bin"}, {"nowhere/x", "nowhere/x"},
+           {"WORK/no/x.bin", "WORK/no/x.bin"}, {"work/TWINS/b.txt", "Work/twins/B.txt"},
            {"Work/twins/b.TXT", "Work/twins/b.TXT"}})
     // clang-format on
     EXPECT_EQ(ResolvePath(Path(asked)), Path(found));
@@ -44,13 +44,75 @@ TEST_F(Files, PipesHugeFilesAndAFullDiskFail) {
   EXPECT_FALSE(WriteWholeFile("/dev/full", Bytes(10)));
 }
 
-TEST(Language, Sublanguages) {
-  // clang-format off
-  for (const auto& [locale, sublanguage] : Table<const char*, int>{
-           {"zh_TW.UTF-8", 1}, {"zh_CN.UTF-8", 2}, {"zh_HK", 3}, {"en_US.UTF-8", 1}, {"en_GB", 2}, {"C", 1},
-           {"de_DE@euro", 1}, {"xx_YY", 1}, {"", 1}})
-    // clang-format on
-    EXPECT_EQ(LangIdOfLocale(locale) >> 10, sublanguage) << locale;
+TEST_F(Files, ModesAndLengths) {
+  Write("a.BIN", Bytes{1, 2, 3});
+  const File file = OpenFile(Path("A.bin"), "r+b");
+  ASSERT_TRUE(file);
+  EXPECT_EQ(std::fgetc(file.get()), 1);
+  EXPECT_EQ(All(FileLength(file.get()), std::ftell(file.get())), All(3L, 1L));
+  std::fseek(file.get(), 0, SEEK_END);
+  std::fputc(4, file.get());
+  EXPECT_EQ(FileLength(file.get()), 4);  // with what isn't on the disk yet
+  EXPECT_EQ(ReadStream(file.get()), (Bytes{1, 2, 3, 4}));
+  EXPECT_EQ(ReadForUpdate(Path("a.bin")), (Bytes{1, 2, 3, 4}));
+  EXPECT_FALSE(ReadStream(OpenFile(Path("a.bin"), "ab").get()));
+  Write("large", {});
+  std::filesystem::resize_file(folder / "large", std::uintmax_t{256} << 20);
+  EXPECT_TRUE(OpenFile(Path("large"), "rb"));
+  std::filesystem::resize_file(folder / "large", (std::uintmax_t{256} << 20) + 1);
+  EXPECT_FALSE(OpenFile(Path("large"), "rb"));
+}
+
+TEST_F(Files, ClosingTellsOfLostBytes) {
+  EXPECT_FALSE(CloseFile(nullptr));
+  EXPECT_TRUE(CloseFile(OpenFile(Path("new"), "wb")));
+  File full(std::fopen("/dev/full", "wb"));
+  std::fputc(1, full.get());
+  EXPECT_FALSE(CloseFile(std::move(full)));
+  File failed(std::fopen("/dev/full", "wb"));
+  std::fputc(1, failed.get());
+  EXPECT_NE(std::fflush(failed.get()), 0);
+  EXPECT_FALSE(CloseFile(std::move(failed)));
+}
+
+TEST_F(Files, AReplacedFileIsEmptyWithoutAGoodWrite) {
+  Write("Job", Bytes(5000, 1));
+  EXPECT_TRUE(ReplacedFile(Path("job")).Write(Bytes{2, 3}));
+  EXPECT_EQ(Contents("Job"), (Bytes{2, 3}));
+  {
+    ReplacedFile given(Path("job")), taken;
+    EXPECT_EQ(Contents("Job"), (Bytes{2, 3}));  // opening alone changes nothing
+    EXPECT_TRUE(given.IsOpen() && !taken.IsOpen());
+    taken = std::move(given);
+    const ReplacedFile last(std::move(taken));
+    EXPECT_TRUE(last.IsOpen() && !taken.IsOpen());
+  }
+  EXPECT_EQ(Contents("Job"), Bytes{});
+  ReplacedFile once(Path("job"));
+  EXPECT_TRUE(once.Write(Bytes(70000, 9)));
+  EXPECT_FALSE(once.IsOpen());
+  EXPECT_FALSE(once.Write(Bytes{1}));
+  EXPECT_EQ(Contents("Job"), Bytes(70000, 9));
+  EXPECT_FALSE(ReplacedFile(Path("none/x")).IsOpen());
+  ASSERT_EQ(mkfifo(Path("pipe").c_str(), 0600), 0);
+  EXPECT_FALSE(ReplacedFile(Path("pipe")).IsOpen());
+  RemoveFile(Path("JOB"));
+  RemoveFile(Path("job"));
+  EXPECT_FALSE(std::filesystem::exists(folder / "Job"));
+}
+
+TEST_F(Files, DirectoriesOfTheProcess) {
+  EXPECT_EQ(CurrentDirectory(), std::filesystem::current_path());
+  EXPECT_EQ(ProgramDirectory(), std::filesystem::canonical("/proc/self/exe").parent_path());
+  const auto before = std::filesystem::current_path();
+  std::filesystem::current_path(folder);
+  Write("Here.txt", {});
+  Write("Sub/There.txt", {});
+  EXPECT_EQ(ResolvePath("here.TXT"), "Here.txt");
+  EXPECT_EQ(ResolvePath("sub//there.txt"), "Sub/There.txt");
+  EXPECT_EQ(ResolvePath(""), "");
+  EXPECT_EQ(ResolvePath("sub/"), "Sub/");
+  std::filesystem::current_path(before);
 }
 
 }  // namespace

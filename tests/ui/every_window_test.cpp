@@ -46,6 +46,7 @@ class EveryWindow : public UiBench {
  protected:
   EveryWindow() {
     folder::BuildProgramFolder(Path("."));
+    std::filesystem::create_directory_symlink(PYXIS_BIN_DIR "/../folder/res", Path("res"));
     HoldJob("QVL04");
     Open();
     ShowFile(Path("samples/QVL04.bin"));

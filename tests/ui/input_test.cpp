@@ -205,7 +205,7 @@ TEST_F(Input, ABoxTakesNothingBeforeItCanBeRead) {
   Open();
   onBox = [this](QMessageBox& box) {
     QWidget& ok = *box.button(QMessageBox::Ok);
-    EXPECT_TRUE(QTest::qWaitForWindowExposed(&box));
+    ASSERT_TRUE(QTest::qWaitForWindowExposed(&box));
     QCoreApplication::processEvents();
     const std::uint32_t shown = hooked.tick;
     const auto press = [&] {

@@ -1,15 +1,11 @@
-// The number field and the serial number windows by keyboard, down to the serial in the chip.
-#include <QAction>
+// The serial number windows by keyboard, down to the serial in the chip.
 #include <QApplication>
-#include <QClipboard>
 #include <QLabel>
-#include <QMenu>
 #include <QPushButton>
 #include <QTest>
 
 #include "serial/sn_record.h"
 #include "ui/numeric_edit_field.h"
-#include "ui/qt_clipboard.h"
 #include "ui/ui_bench.h"
 
 namespace pyxis::test {
@@ -17,9 +13,6 @@ namespace {
 
 class SerialWindows : public UiBench {
  protected:
-  SerialWindows() { TheMachine().clipboard = &qtClipboard; }
-  ui::QtClipboard qtClipboard;
-
   // A field by the label in front of it.
   static ui::NumericEditField& Field(QWidget& within, const QString& label) {
     for (const QLabel* candidate : within.findChildren<QLabel*>())
@@ -53,55 +46,6 @@ class SerialWindows : public UiBench {
   int Burnt() const { return writer.chip.burnt.at(2 * 0x3FB + 1) * 256 + writer.chip.burnt.at(2 * 0x3FA + 1); }
   void NextChip() { writer.chip = standin::Chip{}; }
 };
-
-// The rules are the model's: here is that keys, clipboard and menu reach it, and that its colours show.
-TEST_F(SerialWindows, TheNumberField) {
-  ui::NumericEditField field(8, nullptr);
-  Texts edited;
-  field.TextEdited = [&](const std::string& text) { edited.push_back(text); };
-  field.show();
-  const auto colours = [&] { return std::pair(field.palette().text().color(), field.palette().base().color()); };
-  const std::pair decimal(QColor(192, 97, 10), QColor(251, 244, 170)), hex(QColor(74, 115, 132), QColor(219, 247, 220));
-  EXPECT_EQ(colours(), decimal);
-  QTest::keyClicks(&field, "1g f");
-  EXPECT_EQ(edited, (Texts{"1", "1F"}));
-  EXPECT_EQ(colours(), hex);
-  QTest::keyClick(&field, Qt::Key_Backspace);
-  EXPECT_EQ(colours(), decimal);
-  QTest::keyClick(&field, Qt::Key_Home);
-  QTest::keyClick(&field, Qt::Key_End, Qt::ShiftModifier);
-  QTest::keyClicks(&field, "0x12");
-  QTest::keyClick(&field, Qt::Key_Home);
-  for (const auto key : {Qt::Key_Delete, Qt::Key_5, Qt::Key_Backspace}) QTest::keyClick(&field, key);
-  EXPECT_EQ(field.text(), "0x12");
-  QTest::keyClick(&field, Qt::Key_Z, Qt::ControlModifier);
-  EXPECT_EQ(field.text(), "1");
-  for (const auto& [pasted, text] : Table<const char*, const char*>{{"23 4", "1"}, {"abcdef01", "abcdef01"}}) {
-    QApplication::clipboard()->setText(pasted);
-    for (const auto key : {Qt::Key_A, Qt::Key_V}) QTest::keyClick(&field, key, Qt::ControlModifier);
-    EXPECT_EQ(field.text(), text);
-  }
-  field.setText("not a number");  // past the rules
-  EXPECT_EQ(field.text(), "abcdef01");
-
-  const auto menu = [&](const QString& choose = {}) {
-    const std::unique_ptr<QMenu> made(field.MakeMenu());
-    QStringList rows;
-    for (QAction* action : made->actions()) {
-      rows << (action->isSeparator() ? QStringLiteral("-") : action->text() + (action->isEnabled() ? "" : " (grey)"));
-      if (!choose.isEmpty() && action->text() == choose) action->trigger();
-    }
-    return rows.join(QLatin1Char('|'));
-  };
-  menu("Select &All");
-  EXPECT_EQ(menu(), "&Undo|-|Cu&t|&Copy|&Paste|&Delete|-|Select &All (grey)|-|Con&vert");
-  menu("Cu&t");
-  EXPECT_EQ(field.text() + QApplication::clipboard()->text(), "abcdef01");
-  EXPECT_EQ(menu(), "&Undo|-|Cu&t (grey)|&Copy (grey)|&Paste|&Delete (grey)|-|Select &All (grey)|-|Con&vert (grey)");
-  menu("&Undo");
-  menu("Con&vert");
-  EXPECT_EQ(field.text(), "2882400001");
-}
 
 // Clicks the button while a task runs.
 class ClickingClock : public FakeClock {

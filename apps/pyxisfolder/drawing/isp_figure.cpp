@@ -1,8 +1,7 @@
 // The IC on its own board, wired to the writer's ISP header. The lines go by name: which pins of a package they are on
 // stands in the IC's data sheet.
-#include "pyxisfolder/drawing/figure.h"
 #include "pyxisfolder/drawing/figure_parts.h"
-#include "pyxisfolder/drawing/stroke_font.h"
+#include "pyxisfolder/drawing/pictures.h"
 
 namespace pyxis::folder {
 
@@ -12,7 +11,7 @@ using namespace figure;
 
 struct Wire {
   std::string_view name;
-  Color color;
+  QColor color;
 };
 constexpr Wire kWires[] = {
     {"VPP", {222, 112, 28}}, {"VDD", {206, 44, 44}}, {"VSS", {40, 46, 56}},
@@ -20,55 +19,51 @@ constexpr Wire kWires[] = {
 };
 
 constexpr double kFirstWire = 110, kWirePitch = 31;
-constexpr Point kWriterAt{22, 52}, kBoardAt{256, 52};
-constexpr double kBoxHeight = 206;
-constexpr double kWriterWidth = 134, kBoardWidth = 184;
-constexpr Point kChipAt{kBoardAt.x + 40, kBoardAt.y + 12};
-constexpr double kPadX = kWriterAt.x + kWriterWidth - 22;  // the header's pins
-constexpr double kChipWidth = 124;
-constexpr Color kWriterCase{72, 82, 98};
-constexpr Color kWriterEdge{44, 52, 64};
+constexpr QRectF kWriter(22, 52, 134, 206), kTarget(256, 52, 184, 206);
+constexpr QRectF kChipBody(kTarget.x() + 40, kTarget.y() + 12, 124, kTarget.height() - 24);
+constexpr double kHeaderX = kWriter.right() - 22;
+constexpr QColor kWriterCase{72, 82, 98};
+constexpr QColor kWriterEdge{44, 52, 64};
 
-void DrawWriter(Canvas& canvas) {
-  canvas.RoundRect(kWriterAt, kWriterWidth, kBoxHeight, 8, kWriterEdge);
-  canvas.RoundRect({kWriterAt.x + 2, kWriterAt.y + 2}, kWriterWidth - 4, kBoxHeight - 4, 6, kWriterCase);
-  DrawText(canvas, "WRITER", {kWriterAt.x + 14, kWriterAt.y + 16}, Align::Left, {kTextHeight, kLight});
+void DrawWriter(QPainter& painter) {
+  EdgedBox(painter, kWriter, 8, kWriterEdge, kWriterCase);
+  Letter(painter, "Writer", {kWriter.x() + 14, kWriter.y() + 24}, Qt::AlignLeft, {kTextSize, kLight});
   // The header's shroud.
-  canvas.RoundRect({kPadX - 13, kFirstWire - 15}, 26, 4 * kWirePitch + 30, 3, kChipEdge);
+  FillBox(painter, {kHeaderX - 13, kFirstWire - 15, 26, 4 * kWirePitch + 30}, 3, kChipEdge);
 }
 
-void DrawBoard(Canvas& canvas, std::string_view name) {
-  canvas.RoundRect(kBoardAt, kBoardWidth, kBoxHeight, 8, kBoardEdge);
-  canvas.RoundRect({kBoardAt.x + 2, kBoardAt.y + 2}, kBoardWidth - 4, kBoxHeight - 4, 6, kBoard);
-  canvas.RoundRect(kChipAt, kChipWidth, kBoxHeight - 24, 5, kChipEdge);
-  canvas.RoundRect({kChipAt.x + 2, kChipAt.y + 2}, kChipWidth - 4, kBoxHeight - 28, 4, kChip);
-  DrawText(canvas, name, {kChipAt.x + kChipWidth / 2, kWriterAt.y + 22}, Align::Center, {kTextHeight, kMetal});
+void DrawTarget(QPainter& painter, std::string_view name) {
+  EdgedBox(painter, kTarget, 8, kBoardEdge, kBoard);
+  EdgedBox(painter, kChipBody, 5, kChipEdge, kChip);
+  Letter(painter, name, {kChipBody.center().x(), kChipBody.y() + 18}, Qt::AlignHCenter, {kTextSize, kMetal});
+}
+
+void DrawWire(QPainter& painter, const Wire& wire, double y) {
+  const QPointF pad(kHeaderX, y), leg(kChipBody.x(), y), tip(leg.x() - 16, y);
+  DrawBar(painter, tip, leg, 9, kLight);
+  DrawBar(painter, pad, tip, 7, kPaper);
+  DrawBar(painter, pad, tip, 4.5, wire.color);
+  for (const QPointF end : {pad, tip}) FillCircle(painter, end, 4.5, wire.color);
+  Letter(painter, wire.name, {pad.x() - 19, y}, Qt::AlignRight, {kTextSize, kLight});
+  Letter(painter, wire.name, {leg.x() + 12, y}, Qt::AlignLeft, {kTextSize, kLight});
 }
 
 }  // namespace
 
-Canvas DrawIspFigure(std::string_view label, Wiring wiring) {
-  Canvas canvas = Begin(label, wiring == Wiring::ExhvIsp ? "EXHV ISP" : "ISP", "PINS BY NAME: SEE THE DATA SHEET");
-  DrawWriter(canvas);
-  DrawBoard(canvas, NameOf(label));
+QImage DrawIspFigure(std::string_view label, Wiring wiring) {
+  QImage image = Paper(label, wiring == Wiring::ExhvIsp ? "EXHV ISP" : "ISP", "Pins by name: see the data sheet");
+  QPainter painter(&image);
+  Prepare(painter);
+  DrawWriter(painter);
+  DrawTarget(painter, NameOf(label));
   double y = kFirstWire;
   for (const Wire& wire : kWires) {
-    const Point pad{kPadX, y};
     const bool used = wiring == Wiring::ExhvIsp || wire.name != "VPP";
-    canvas.Rect({pad.x - 5, pad.y - 5}, 10, 10, used ? kMetal : kFaintInk);
-    if (used) {
-      const Point legTip{kChipAt.x - 16, y};
-      canvas.Line({legTip.x, y}, {kChipAt.x, y}, 9, kLight);
-      canvas.Line(pad, legTip, 7, kPaper);
-      canvas.Line(pad, legTip, 4.5, wire.color);
-      canvas.Circle(pad, 4.5, wire.color);
-      canvas.Circle(legTip, 4.5, wire.color);
-      DrawText(canvas, wire.name, {pad.x - 20, y - kTextHeight / 2}, Align::Right, {kTextHeight, kLight});
-      DrawText(canvas, wire.name, {kChipAt.x + 12, y - kTextHeight / 2}, Align::Left, {kTextHeight, kLight});
-    }
+    FillBox(painter, {kHeaderX - 5, y - 5, 10, 10}, 0, used ? kMetal : kFaintInk);
+    if (used) DrawWire(painter, wire, y);
     y += kWirePitch;
   }
-  return canvas;
+  return image;
 }
 
 }  // namespace pyxis::folder

@@ -5,8 +5,6 @@
 #include <string_view>
 #include <vector>
 
-#include "pyxisfolder/drawing/canvas.h"
-
 namespace pyxis::folder {
 
 struct Package {

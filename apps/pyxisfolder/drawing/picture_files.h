@@ -1,34 +1,24 @@
-// Pictures as the bytes of files.
+// Pictures as the bytes of files, where Qt alone doesn't write them.
 #pragma once
 
+#include <QByteArray>
 #include <span>
 
-#include "pyxisfolder/drawing/canvas.h"
-#include "pyxisfolder/folder.h"
+#include "pyxisfolder/drawing/pictures.h"
 
 namespace pyxis::folder {
 
-// A Windows bitmap with 256 colours and run-length coded lines; see-through pixels come out in their own colour. In a
-// picture of more colours the most alike ones become one.
-Bytes MakeBmp(const Canvas& picture);
+// By Qt's writer of that format.
+QByteArray Saved(const QImage& picture, const char* format);
 
-// 32-bit PNG, its data stored and not compressed.
-Bytes MakePng(const Canvas& picture);
+// A Windows bitmap with 256 colours and run-length coded lines. In a picture of more colours the rare ones become the
+// nearest of the others.
+QByteArray MakeBmp(const QImage& picture);
 
-// A picture of a cursor or icon file: 32-bit pixels, and a mask bit for the pixels that are mostly see-through.
-struct CursorImage {
-  Canvas picture;  // at most 256 pixels wide and high
-  int hotX = 0, hotY = 0;
-};
-Bytes MakeIcon(std::span<const CursorImage> images);  // .ico, one picture a size
-Bytes MakeCursor(const CursorImage& image);           // .cur
+// .ico, one picture a size.
+QByteArray MakeIcon(std::span<const QImage> pictures);
 
-struct Animation {
-  std::vector<CursorImage> frames;     // of one size
-  std::vector<std::uint8_t> sequence;  // frame numbers in the order of the steps; empty: the frames in their order
-  int ticks;                           // 1/60 s a step
-};
-// .ani: a RIFF file of the form ACON.
-Bytes MakeAni(const Animation& animation);
+// .ani: a RIFF file of the form ACON. The hot spot is the middle of the picture.
+QByteArray MakeAni(const Animation& animation);
 
 }  // namespace pyxis::folder

@@ -1,0 +1,28 @@
+// A stand-in of the access library that keeps what it was called with.
+#include <cstdint>
+#include <string>
+
+namespace {
+std::string theCalls;
+
+void Add(const char* name, long a, long b, long c) {
+  theCalls += name + (" " + std::to_string(a)) + " " + std::to_string(b) + " " + std::to_string(c) + "; ";
+}
+}  // namespace
+
+extern "C" {
+
+int VMOpen(int model, int a, int b) { return Add("open", model, a, b), -3; }
+void VMSetTimeout(int timeout) { Add("timeout", timeout, 0, 0); }
+void VMClose() { Add("close", 0, 0, 0); }
+int VMWrite(std::uint8_t opcode, const std::uint8_t* data, std::uint32_t length) {
+  return Add("write", opcode, *data, length), -4;
+}
+int VMRead(std::uint8_t opcode, std::uint8_t* buffer, std::uint32_t length) {
+  *buffer = 99;
+  return Add("read", opcode, 0, length), -5;
+}
+
+// For the test alone.
+const char* Calls() { return theCalls.c_str(); }
+}
