@@ -6,8 +6,7 @@ namespace pyxis::ui {
 
 ChipInfoWindow::ChipInfoWindow(CReadChipInfoDlg& dialog, HandlerGate& gate, QWidget* parent)
     : LinesWindow(QStringLiteral("Read CHIP Information"), dialog.lines.size(), QStringLiteral("Read"), gate, parent),
-      dialog_(dialog),
-      mirror_(dialog.Changed) {
+      dialog_(dialog) {
   Action = [this] { dialog_.OnRead(); };
   mirror_.Show([this] { Sync(); });
 }

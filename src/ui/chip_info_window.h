@@ -18,7 +18,7 @@ class ChipInfoWindow : public LinesWindow {
  private:
   void Sync();
   CReadChipInfoDlg& dialog_;
-  DialogMirror mirror_;
+  DialogMirror<CReadChipInfoDlg> mirror_{dialog_};
 };
 
 }  // namespace pyxis::ui

@@ -6,9 +6,10 @@
 
 namespace pyxis::ui {
 
+template <typename Dialog>
 class DialogMirror {
  public:
-  explicit DialogMirror(std::function<void()>& changed) : changed_(changed) {}
+  explicit DialogMirror(Dialog& dialog) : changed_(dialog.Changed) {}
   ~DialogMirror() {
     changed_ = [] {};
   }

@@ -7,8 +7,7 @@ namespace pyxis::ui {
 DownloadInfoWindow::DownloadInfoWindow(CDownloadInfoDlg& dialog, HandlerGate& gate, QWidget* parent)
     : LinesWindow(QStringLiteral("Download File Information"), dialog.lines.size(), QStringLiteral("Compare File"),
                   gate, parent),
-      dialog_(dialog),
-      mirror_(dialog.Changed) {
+      dialog_(dialog) {
   Action = [this] { dialog_.OnCompareFile(); };
   mirror_.Show([this] { Sync(); });
 }

@@ -18,7 +18,7 @@ class DownloadInfoWindow : public LinesWindow {
  private:
   void Sync();
   CDownloadInfoDlg& dialog_;
-  DialogMirror mirror_;
+  DialogMirror<CDownloadInfoDlg> mirror_{dialog_};
 };
 
 }  // namespace pyxis::ui

@@ -46,8 +46,7 @@ HexModifiers ModifiersOf(Qt::KeyboardModifiers modifiers) {
 
 }  // namespace
 
-HexViewWidget::HexViewWidget(CMiniHexEditView& view, QWidget* parent)
-    : QAbstractScrollArea(parent), view_(view), mirror_(view.Changed) {
+HexViewWidget::HexViewWidget(CMiniHexEditView& view, QWidget* parent) : QAbstractScrollArea(parent), view_(view) {
   QFont font = QFontDatabase::systemFont(QFontDatabase::FixedFont);
   font.setPointSize(kPointSize);
   font.setStyleHint(QFont::Monospace);
@@ -123,12 +122,11 @@ void HexViewWidget::resizeEvent(QResizeEvent*) { SizeChanged(); }
 
 void HexViewWidget::showEvent(QShowEvent* event) {
   QAbstractScrollArea::showEvent(event);
-  seen_ = false;
   SizeChanged();
 }
 
 void HexViewWidget::paintEvent(QPaintEvent*) {
-  seen_ = true;
+  seen_ = isVisible();
   QPainter painter(viewport());
   painter.fillRect(viewport()->rect(), palette().color(QPalette::Base));
   Measure();

@@ -27,6 +27,7 @@ class HexViewWidget : public QAbstractScrollArea {
   void paintEvent(QPaintEvent* event) override;
   void resizeEvent(QResizeEvent* event) override;
   void showEvent(QShowEvent* event) override;
+  void hideEvent(QHideEvent*) override { seen_ = false; }
   void wheelEvent(QWheelEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
   void mousePressEvent(QMouseEvent* event) override;
@@ -47,7 +48,7 @@ class HexViewWidget : public QAbstractScrollArea {
   void PaintCaret(QPainter& painter);
 
   CMiniHexEditView& view_;
-  DialogMirror mirror_;
+  DialogMirror<CMiniHexEditView> mirror_{view_};
   std::unique_ptr<HexGlyphs> glyphs_;
   bool seen_ = false;     // painted since it was shown: from then on a resize is a change of size
   bool pressed_ = false;  // by the left button

@@ -49,8 +49,7 @@ ChoiceList* MakeList(QWidget* parent) {
 
 }  // namespace
 
-IcSelectWindow::IcSelectWindow(CIcSelectDlg& dialog, QWidget* parent)
-    : QDialog(parent), dialog_(dialog), mirror_(dialog.Changed) {
+IcSelectWindow::IcSelectWindow(CIcSelectDlg& dialog, QWidget* parent) : QDialog(parent), dialog_(dialog) {
   setWindowTitle(QStringLiteral("IC Type Select"));
   auto* all = new QVBoxLayout(this);
   all->addLayout(MakeLists(), 1);

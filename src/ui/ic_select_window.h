@@ -32,7 +32,7 @@ class IcSelectWindow : public QDialog {
   void OnTyped(const QString& text);
 
   CIcSelectDlg& dialog_;
-  DialogMirror mirror_;
+  DialogMirror<CIcSelectDlg> mirror_{dialog_};
   ChoiceList *series_, *types_;
   QLabel *seriesCaption_, *chipName_;
   QCheckBox *displaySerial_, *exhvIsp_, *isp_, *massProduction_, *productionLimit_;

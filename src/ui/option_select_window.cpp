@@ -17,8 +17,7 @@ constexpr const char* kCaptions[3][2] = {
 
 }  // namespace
 
-OptionSelectWindow::OptionSelectWindow(COptionSelectDlg& dialog, QWidget* parent)
-    : QDialog(parent), dialog_(dialog), mirror_(dialog.Changed) {
+OptionSelectWindow::OptionSelectWindow(COptionSelectDlg& dialog, QWidget* parent) : QDialog(parent), dialog_(dialog) {
   setWindowTitle(QStringLiteral("Option Select 1"));
   auto* all = new QVBoxLayout(this);
   for (std::size_t pair = 0; pair < buttons_.size(); ++pair) {

@@ -22,7 +22,7 @@ class OptionSelectWindow : public QDialog {
  private:
   void Sync();
   COptionSelectDlg& dialog_;
-  DialogMirror mirror_;
+  DialogMirror<COptionSelectDlg> mirror_{dialog_};
   std::array<std::array<QRadioButton*, 2>, 3> buttons_{};
 };
 

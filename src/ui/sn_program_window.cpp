@@ -30,7 +30,7 @@ void AddRow(QGridLayout& grid, int row, const char* caption, QLineEdit* field) {
 }  // namespace
 
 SnProgramWindow::SnProgramWindow(CSnProgramDlg& dialog, HandlerGate& gate, QWidget* parent)
-    : QDialog(parent), dialog_(dialog), mirror_(dialog.Changed), gate_(gate) {
+    : QDialog(parent), dialog_(dialog), gate_(gate) {
   setWindowTitle(QStringLiteral("Serial Number Program"));
   auto* all = new QVBoxLayout(this);
   auto* series = new QGridLayout;

@@ -37,7 +37,7 @@ class SnProgramWindow : public QDialog {
   void Sync();
 
   CSnProgramDlg& dialog_;
-  DialogMirror mirror_;
+  DialogMirror<CSnProgramDlg> mirror_{dialog_};
   HandlerGate& gate_;
   QLineEdit* chip_;
   VerdictLabel* verdict_;

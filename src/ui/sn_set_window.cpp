@@ -14,7 +14,7 @@
 namespace pyxis::ui {
 
 SnSetWindow::SnSetWindow(CSnSetDlg& dialog, HandlerGate& gate, QWidget* parent)
-    : QDialog(parent), dialog_(dialog), mirror_(dialog.Changed), gate_(gate) {
+    : QDialog(parent), dialog_(dialog), gate_(gate) {
   setWindowTitle(QStringLiteral("Serial Number Set"));
   auto* all = new QVBoxLayout(this);
   auto* grid = new QGridLayout;

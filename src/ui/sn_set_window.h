@@ -34,7 +34,7 @@ class SnSetWindow : public QDialog {
   void Sync();
 
   CSnSetDlg& dialog_;
-  DialogMirror mirror_;
+  DialogMirror<CSnSetDlg> mirror_{dialog_};
   HandlerGate& gate_;
   NumericEditField *length_, *address_, *start_, *amount_;
   std::array<QRadioButton*, 2> directions_{};

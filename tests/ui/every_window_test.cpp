@@ -185,7 +185,7 @@ TEST_F(EveryWindow, CaptionsDefaultButtonAndEscape) {
         "NG (Hex) : |Total (Hex) : |S/N Program|S/N SET|Reset Count|Close",
         "S/N Program"}},
       {"read_chip_info",
-       {"Read CHIP Information", "Chip Name : |System Config : |Checksum : |ID : |Read|Cancel", "Read"}},
+       {"Read CHIP Information", "Chip Name : |System Config : |Read|Cancel", "Read"}},
       {"compare_file",
        {"Download File Information",
         "Chip Name : QVL04|Download File Time :2015/12/31_23:59:59|"

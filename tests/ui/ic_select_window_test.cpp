@@ -89,6 +89,7 @@ TEST_F(IcSelectWindow, ABadLimitKeepsItOpen) {
   QTest::keyClicks(&limit, "0");
   EXPECT_EQ(op.Heard(), Texts{"Please enter an integer between 1 and 99999999."});
   QTest::keyClick(window.get(), Qt::Key_Return);
+  Click(*types, types->item(1)->text());
   QTest::mouseDClick(types->viewport(), Qt::LeftButton, {}, types->visualItemRect(types->item(1)).center());
   EXPECT_EQ(op.Heard().size(), 2U);
   EXPECT_TRUE(window->isVisible());
