@@ -11,6 +11,7 @@ WORK = os.path.expanduser("~/work")
 DATA = "/usr/share/pyxisload" if INSTALLED else os.environ["FOLDER"]
 TOOLS = os.environ["TOOLS"]
 FOLDER = os.path.expanduser("~/.local/share/pyxisload") if INSTALLED else os.path.expanduser("~/folder")
+PATIENCE = 5  # a busy machine's seconds are longer
 VENDOR, PRODUCT = "7a31", "1602"
 
 
@@ -90,6 +91,10 @@ def run_steps(after_failure=None):
                 after_failure(title)
             except Exception as error:
                 note(f"tidying up failed: {error}")
+    forget_steps()
+
+
+def forget_steps():
     _steps.clear()
 
 
@@ -105,8 +110,8 @@ def until(ready, seconds, what):
         value = ready()
         if value:
             return value
-        if time.monotonic() - began > seconds:
-            raise Failure(f"{what}: not within {seconds} s")
+        if time.monotonic() - began > PATIENCE * seconds:
+            raise Failure(f"{what}: not within {PATIENCE * seconds} s")
         time.sleep(0.05)
 
 
@@ -194,11 +199,11 @@ def start_job(*arguments):
 
 def finish_job(process, seconds=120):
     try:
-        out, error = process.communicate(timeout=seconds)
+        out, error = process.communicate(timeout=PATIENCE * seconds)
     except subprocess.TimeoutExpired:
         process.kill()
         process.communicate()
-        raise Failure(f"pyxisjob hasn't ended within {seconds} s")
+        raise Failure(f"pyxisjob hasn't ended within {PATIENCE * seconds} s")
     lines = [json.loads(line) for line in out.splitlines() if line.startswith("{")]
     return process.returncode, lines, (error.strip().splitlines() or [""])[-1]
 

@@ -65,7 +65,7 @@ def compare():
     file = sample("QV8348.hex")
     same = job("compare", file)
     check(any("OK" in line for line in same["lines"]), str(same))
-    other = job("compare", sample("QV8349.hex"), code=1)
+    other = job("compare", sample("QV8301.hex"), code=1)
     check(any("Fail" in line for line in other["lines"]), str(other))
     return f"{same['lines'][-1]}; {other['lines'][-1]}"
 

@@ -11,6 +11,7 @@ DISPLAY = ":7"
 FRAMES = "/tmp/frames"
 CONNECTED = "PYX STANDALONE LOADER"
 GONE = "USB was not connected"
+LINK = "Link status"
 
 _background = []
 _shots = 0
@@ -42,7 +43,7 @@ def start_display():
     Atspi = module
     Atspi.init()
     # While an operation runs the program answers nobody.
-    Atspi.set_timeout(3000, 5000)
+    Atspi.set_timeout(5000, 20000)
 
 
 class Program:
@@ -57,12 +58,13 @@ class Program:
         self._fields = {}
 
     def _find(self):
-        desktop = Atspi.get_desktop(0)
-        for i in range(desktop.get_child_count()):
-            child = desktop.get_child_at_index(i)
-            if child is not None and (child.get_name() or "").lower() == "pyxisload":
-                child.set_cache_mask(Atspi.Cache.NONE)
-                return child
+        try:
+            for child in self._children(Atspi.get_desktop(0)):
+                if (child.get_name() or "").lower() == "pyxisload":
+                    child.set_cache_mask(Atspi.Cache.NONE)
+                    return child
+        except Exception:  # the registry is only starting
+            pass
         return None
 
     def alive(self):
@@ -124,16 +126,21 @@ class Program:
     def field(self, name):
         """The text of a field of the main window."""
         if name not in self._fields:
-            self._fields[name] = self.item(self.main, name)
+            self._fields[name] = self.item(self.main, name, "text")
         return self.text_of(self._fields[name])
 
     def link(self):
-        if "Link status" not in self._fields:
+        """What the status bar says of the link. A label that tells its name alone is judged by the buttons, which go with
+        the link."""
+        if LINK not in self._fields:
             for item in self._walk(self.main):
-                if item.get_role_name() == "label" and (item.get_name() or "").startswith((CONNECTED, GONE, "Link")):
-                    self._fields["Link status"] = item
-        item = self._fields["Link status"]
-        return (item.get_name() or "") + (self.text_of(item) or "")
+                words = (item.get_name() or "") + (item.get_description() or "")
+                if any(word in words for word in (CONNECTED, GONE, LINK)):
+                    self._fields[LINK] = item
+        words = (self._fields[LINK].get_name() or "") + (self._fields[LINK].get_description() or "")
+        if CONNECTED in words or GONE in words:
+            return words
+        return CONNECTED if self.enabled("Auto") else GONE
 
     def enabled(self, name):
         key = "button " + name
