@@ -84,46 +84,6 @@ TEST_P(Transfer, FirmwareImages) {
   }
 }
 
-TEST_P(Transfer, UpdateFirmware) {
-  const Bytes image = pyxis::folder::MakeFirmware(Model::Km48, 0x1234);
-  Write("a.nce", image);
-  const auto update = [this](bool chosen = true) {
-    if (chosen) op.files = {Path("a.nce")};
-    Start();
-    OnUpdateFirmware();
-  };
-  const std::string filter = "choose Kestrel Nce Files (*.nce)|*.nce||: ";
-  const Texts begin{filter + "a.nce", "paint", "load cursor dinosaur.ani", "cursor busy"};
-  const std::uint32_t code = TheAppState().writer.FirmwareCode;
-  update();
-  ExpectEvents(begin + Firmware(image) + Texts{"box [Message] Update Firmware Ok", "cursor arrow"});
-  EXPECT_EQ(TheAppState().writer.FirmwareCode, code);  // as identified, not as sent
-  update(false);
-  ExpectEvents({filter + "Cancel"});
-  writer.faults.damageMemoryByte = 3;
-  update();
-  EXPECT_EQ(op.Heard().back(), "Update Firmware Fail");
-  record.Take();
-  writer.faults = {};
-  const Texts refused = begin + Texts{"box [PyxisLoad] a.nce open file error\n", "cursor arrow"};
-  // clang-format off
-  for (const auto& [writerModel, imageModel, accepted] : Table<Model, std::uint8_t, bool>{
-           {Model::Km48, 0x98, true}, {Model::Km48, 0x99, false}, {Model::Km48, 0x11, true}, {Model::Km49, 0x98, false},
-           {Model::Km49, 0x99, true}, {Model::Km49, 0, true}, {Model::None, 0x98, false}, {Model::None, 0x11, false}}) {
-    // clang-format on
-    Bytes other = image;
-    other[0xFA8F] = imageModel;
-    Write("a.nce", other);
-    TheAppState().writer.WriterModel = writerModel;
-    update();
-    ExpectEvents(accepted ? begin + Firmware(other) + Texts{"box [Message] Update Firmware Ok", "cursor arrow"}
-                          : refused);
-  }
-  std::filesystem::remove(folder / "a.nce");
-  update();
-  ExpectEvents(refused);
-}
-
 INSTANTIATE_TEST_SUITE_P(BothTransports, Transfer, kBothTransports);
 
 class UnknownHardware : public RecordedBench {};

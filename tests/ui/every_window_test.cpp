@@ -189,7 +189,7 @@ TEST_F(EveryWindow, CaptionsDefaultButtonAndEscape) {
       {"compare_file",
        {"Download File Information",
         "Chip Name : QVL04|Download File Time :2015/12/31_23:59:59|"
-        "Compare Result : |Compare File|Cancel",
+        "Compare File|Cancel",
         "Compare File"}},
       {"about", {"About PyxisLoad", "PyxisLoad|Version 1.0.0 Build 007|OK", "OK"}}};
   TheAppState().conversion.SystemConfigWord = -1;
