@@ -83,7 +83,7 @@ class HexViewWindow : public Bench {
       }
     }
     const int row = (view.caret.CurrentOffset - view.geometry.TopOffset) / perLine;
-    const int column = view.caret.CurrentOffset % perLine;
+    const int column = (view.caret.CurrentOffset - view.geometry.TopOffset) % perLine;
     if (!widget.hasFocus() || from >= 0 || view.caret.CurrentOffset < view.geometry.TopOffset || row > kLines)
       return image;
     painter.setCompositionMode(QPainter::CompositionMode_Difference);
@@ -105,6 +105,7 @@ TEST_F(HexViewWindow, ShowsItsModelAfterEveryEvent) {
   Show();
   ShowFile(Path("bytes"));
   widget.setFocus();
+  Shown();
   const auto drag = [this] {
     QTest::mousePress(port, Qt::LeftButton, {}, At(9, 0));
     QTest::mouseMove(port, At(9 + 3 * 3, 2));
@@ -151,8 +152,8 @@ TEST_F(HexViewWindow, ShowsItsModelAfterEveryEvent) {
       {[&] { Click(57 + 2, 3, Qt::ShiftModifier); }, 0, 50, 38, 50, kSize - 36},
       {[&] { for (const int key : {Qt::Key_Tab, Qt::Key_Backspace}) Key(key); }, 0, 50, 38, 50, kSize - 36},
       {[&] { for (const int key : {Qt::Key_Delete, Qt::Key_Escape}) Key(key); }, 0, 50, 38, 50, kSize - 36},
-      {[&] { QTest::mouseDClick(port, Qt::LeftButton, {}, At(15, 1)); }, 0, 18, -1, -1, kSize - 36},
-      {[&] { QTest::mouseClick(port, Qt::RightButton, {}, At(15, 3)); }, 0, 18, -1, -1, kSize - 36},
+      {[&] { QTest::mouseDClick(port, Qt::LeftButton, {}, At(15, 1)); }, 0, 50, 38, 50, kSize - 36},
+      {[&] { QTest::mouseClick(port, Qt::RightButton, {}, At(15, 3)); }, 0, 50, 38, 50, kSize - 36},
       {[&] { Click(3, 4); }, 0, 64, -1, -1, kSize - 36},
       {[&] { Key(Qt::Key_Q, Qt::AltModifier); }, 0, 64, -1, -1, kSize - 36},
       {[&] { widget.clearFocus(); }, 0, 64, -1, -1, kSize - 36}};
