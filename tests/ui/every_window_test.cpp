@@ -188,8 +188,7 @@ TEST_F(EveryWindow, CaptionsDefaultButtonAndEscape) {
        {"Read CHIP Information", "Chip Name : |System Config : |Read|Cancel", "Read"}},
       {"compare_file",
        {"Download File Information",
-        "Chip Name : QVL04|Download File Time :2015/12/31_23:59:59|"
-        "Compare File|Cancel",
+        "Chip Name : QVL04|Download File Time :2015/12/31_23:59:59|Compare File|Cancel",
         "Compare File"}},
       {"about", {"About PyxisLoad", "PyxisLoad|Version 1.0.0 Build 007|OK", "OK"}}};
   TheAppState().conversion.SystemConfigWord = -1;

@@ -83,7 +83,7 @@ class HexViewWindow : public Bench {
       }
     }
     const int row = (view.caret.CurrentOffset - view.geometry.TopOffset) / perLine;
-    const int column = view.caret.CurrentOffset % perLine;
+    const int column = (view.caret.CurrentOffset - view.geometry.TopOffset) % perLine;
     if (!widget.hasFocus() || from >= 0 || view.caret.CurrentOffset < view.geometry.TopOffset || row > kLines)
       return image;
     painter.setCompositionMode(QPainter::CompositionMode_Difference);
@@ -100,6 +100,78 @@ class HexViewWindow : public Bench {
   const int cell = QFontMetrics(widget.font()).horizontalAdvance(QLatin1Char('0'));
   const int line = QFontMetrics(widget.font()).height();
 };
+
+TEST_F(HexViewWindow, ShowsItsModelAfterEveryEvent) {
+  Show();
+  ShowFile(Path("bytes"));
+  widget.setFocus();
+  Shown();
+  const auto drag = [this] {
+    QTest::mousePress(port, Qt::LeftButton, {}, At(9, 0));
+    QTest::mouseMove(port, At(9 + 3 * 3, 2));
+    QTest::mouseRelease(port, Qt::LeftButton, {}, At(9 + 3 * 3, 2));
+    QTest::mouseMove(port, At(9, 5));  // no button any more
+  };
+  const auto cut = [this] {
+    QKeyEvent key(QEvent::KeyPress, Qt::Key_X, Qt::ControlModifier, QStringLiteral("\x18"));
+    QApplication::sendEvent(&widget, &key);
+  };
+  using A = QAbstractSlider;
+  struct Step {
+    std::function<void()> act;
+    int top, current, start, end, length = kSize;
+  };
+  // clang-format off
+  const Step steps[] = {
+      {[&] { Click(15, 1); }, 0, 18, -1, -1},
+      {[&] { QTest::keyClicks(&widget, "a"); }, 0, 18, -1, -1},
+      {[&] { Key(Qt::Key_Right, Qt::ShiftModifier); }, 0, 19, 18, 20},
+      {[&] { Key(Qt::Key_Left); }, 0, 18, -1, -1},
+      {[&] { Key(Qt::Key_Down); }, 0, 34, -1, -1},
+      {[&] { Key(Qt::Key_Up); }, 0, 18, -1, -1},
+      {[&] { Key(Qt::Key_End); }, 0, 31, -1, -1},
+      {[&] { Key(Qt::Key_Home); }, 0, 16, -1, -1},
+      {[&] { Key(Qt::Key_PageDown); }, 144, 16, -1, -1},  // the view comes a line back to the caret
+      {[&] { Wheel(-120); }, 176, 16, -1, -1},
+      {[&] { Wheel(-30); }, 176, 16, -1, -1},  // half a line
+      {[&] { Wheel(-30); }, 192, 16, -1, -1},  // and the other half
+      {[&] { Wheel(180); }, 144, 16, -1, -1},
+      {[&] { Key(Qt::Key_PageUp); }, 0, 16, -1, -1},
+      {[&] { Key(Qt::Key_End, Qt::ControlModifier); }, 840, 999, -1, -1},
+      {drag, 840, 875, 840, 876},
+      {[&] { Bar(A::SliderSingleStepSub); }, 824, 859, 840, 876},
+      {[&] { Bar(A::SliderSingleStepAdd); }, 840, 875, 840, 876},
+      {[&] { Bar(A::SliderSingleStepAdd); }, 840, 875, 840, 876},
+      {[&] { Bar(A::SliderPageStepSub); }, 680, 715, 840, 876},
+      {[&] { Bar(A::SliderPageStepAdd); }, 840, 875, 840, 876},
+      {[&] { Bar(A::SliderMove, 3); }, 48, 83, 840, 876},
+      {cut, 48, 83, -1, -1, kSize - 36},
+      {[&] { Key(Qt::Key_Home, Qt::ControlModifier); }, 0, 0, -1, -1, kSize - 36},
+      {[&] { Click(57 + 5, 2); }, 0, 37, -1, -1, kSize - 36},
+      {[&] { QTest::keyClicks(&widget, "Z"); }, 0, 38, -1, -1, kSize - 36},
+      {[&] { Click(57 + 2, 3, Qt::ShiftModifier); }, 0, 50, 38, 50, kSize - 36},
+      {[&] { for (const int key : {Qt::Key_Tab, Qt::Key_Backspace}) Key(key); }, 0, 50, 38, 50, kSize - 36},
+      {[&] { for (const int key : {Qt::Key_Delete, Qt::Key_Escape}) Key(key); }, 0, 50, 38, 50, kSize - 36},
+      {[&] { QTest::mouseDClick(port, Qt::LeftButton, {}, At(15, 1)); }, 0, 50, 38, 50, kSize - 36},
+      {[&] { QTest::mouseClick(port, Qt::RightButton, {}, At(15, 3)); }, 0, 50, 38, 50, kSize - 36},
+      {[&] { Click(3, 4); }, 0, 64, -1, -1, kSize - 36},
+      {[&] { Key(Qt::Key_Q, Qt::AltModifier); }, 0, 64, -1, -1, kSize - 36},
+      {[&] { widget.clearFocus(); }, 0, 64, -1, -1, kSize - 36}};
+  // clang-format on
+  int number = 0;
+  for (const Step& step : steps) {
+    SCOPED_TRACE(number++);
+    step.act();
+    EXPECT_EQ(All(view.geometry.TopOffset, view.caret.CurrentOffset, view.DataLength()),
+              All(step.top, step.current, step.length));
+    EXPECT_EQ(All(view.selection.SelStart, view.selection.SelEnd), All(step.start, step.end));
+    EXPECT_EQ(Shown(), Expected());
+    const QScrollBar& bar = *widget.verticalScrollBar();
+    EXPECT_EQ(All(bar.isEnabled(), bar.minimum(), bar.maximum(), bar.pageStep(), bar.value()),
+              All(true, 0, step.length / 16 - kLines + 1, kLines, step.top / 16));
+  }
+  EXPECT_EQ(All(view.Data[18], view.Data[37]), All(0xAE, 'Z'));
+}
 
 TEST_F(HexViewWindow, ClearedItIsBlankAndTakesNothing) {
   Show();

@@ -61,7 +61,7 @@ TEST_F(IcSelectWindow, ListsBoxesAndLimitReachTheDialog) {
   EXPECT_EQ(Boxes(), "--y--");
   Click(*series, "MCU: 8 Bit QV81 Series");
   EXPECT_EQ(All(types->currentItem()->text().toStdString(), ChipShown()),
-            All("QV8101", "MCU: 8 Bit QV81 Series/QV8101"));
+            All("QV8121", "MCU: 8 Bit QV81 Series/QV8121"));
   Click(*types, "QV8111");
   EXPECT_EQ(All(ChipShown(), Boxes()), All("MCU: 8 Bit QV81 Series/QV8111", "yyyyy"));
   Tick("EXHV ISP program");
