@@ -1,5 +1,7 @@
 // Package download, firmware load and Update F/W: their events, and each way in which they fail.
 #include "intake/package_files.h"
+#include "link/identification.h"
+#include "link/writer_commands.h"
 #include "operations/download.h"
 #include "operations/firmware.h"
 #include "pyxisfolder/folder.h"
@@ -156,6 +158,44 @@ TEST_F(Lengths, OfPackageFiles) {
     }
   }
 }
+
+// Zeros are what a buffer holds that nothing has come into: a link that dies before the last byte of the read-back must
+// not pass for one that brought them.
+class LostReadBack : public BothTransports {
+ protected:
+  // Whether the load is good when the link is lost after `transfers`; afterwards `left` tells how many weren't used.
+  bool GoodAfter(int transfers) {
+    StartTask(firmware ? task::kOpenFirmwareLoad : task::kOpenPackageLoad);
+    if (!firmware) SendControl(control::kBeginLoad);
+    writer.faults.disconnectAfter = transfers;
+    const bool good = firmware ? LoadFirmware(Path("zeros"), false) : DownloadPackageFile(Path("zeros"), area::kData);
+    left = *writer.faults.disconnectAfter;
+    writer.faults.disconnectAfter.reset();
+    CloseTransport();
+    usb.pluggedIn = vendor.pluggedIn = true;
+    OpenTransport();
+    if (!firmware || !good) SendControl(control::kEndLoad);
+    return good;
+  }
+  bool firmware = false;
+  int left = 0;
+};
+
+TEST_P(LostReadBack, OfZerosIsNoGoodTransfer) {
+  Write("zeros", Bytes(kFirmwareImageSize, 0));
+  for (const auto& [withFirmware, closingCommands] : Table<bool, int>{{false, 1}, {true, 2}}) {
+    firmware = withFirmware;
+    SCOPED_TRACE(firmware);
+    constexpr int kEnough = 100000;
+    ASSERT_TRUE(GoodAfter(kEnough));
+    // On frames the read ends with its status block, and a command takes three transfers.
+    const int behindTheRead = GetParam() == Transport::Usb ? 1 + 3 * closingCommands : closingCommands;
+    const int read = kEnough - left - behindTheRead;
+    for (const int transfers : {0, read / 2, read - 1}) EXPECT_FALSE(GoodAfter(transfers)) << transfers;
+    EXPECT_TRUE(GoodAfter(read));
+  }
+}
+INSTANTIATE_TEST_SUITE_P(BothTransports, LostReadBack, kBothTransports);
 
 class FirmwareSelection : public StandinBench {};
 
