@@ -1,4 +1,5 @@
 // The writer plugged in and pulled out: the events, the witnesses of the model, and what a refresh shows.
+#include "intake/package_files.h"
 #include "link/writer_commands.h"
 #include "platform/byte_order.h"
 #include "platform/text.h"
@@ -8,6 +9,7 @@
 #include "shell/refresh_from_writer.h"
 #include "shell/start_up.h"
 #include "support/recorded_bench.h"
+#include "view/hex_view.h"
 
 namespace pyxis::test {
 namespace {
@@ -68,6 +70,22 @@ TEST_P(DeviceEvents, PulledOutAndPutBack) {
 }
 
 // Another device: on the frame link its name tells, with velmarapi the library.
+// Its name or its checksum isn't what is shown; the last byte of its block tells nothing.
+TEST_P(DeviceEvents, AnotherJobEmptiesTheFileFieldAndTheView) {
+  for (const std::size_t changed : {std::size_t{5}, Field::ImageChecksum.offset, std::size_t{511}}) {
+    LoadSample("QV8348");
+    ShowVerdict("Auto OK", true, false);
+    TheMainControls().focus.reset();
+    writer.OptionArea()[changed] ^= 1;
+    const bool same = changed == 511;
+    Tell(kWriterCame);
+    EXPECT_EQ(TheAppState().conversion.LoadedFilePath.empty(), !same) << changed;
+    EXPECT_EQ(TheMainControls()[ControlId::FileField].text, TheAppState().conversion.LoadedFilePath);
+    EXPECT_EQ(All(TheHexView().Blanked, TheMainControls().verdict.words), All(!same, same ? "Auto OK" : ""));
+    EXPECT_EQ(TheMainControls().focus, ControlId::Auto);
+  }
+}
+
 TEST_P(DeviceEvents, OfOtherDevices) {
   Tell(kOtherWent);
   ExpectEvents(OnVendor({"api open 9899 0 0"}));

@@ -130,7 +130,7 @@ TEST_P(MainDialog, AsksBeforeItEnds) {
 }
 
 TEST_P(MainDialog, ChecksTheVersion) {
-  const Texts asked{"load cursor dinosaur.ani", "cursor busy", "main window off", "update client",
+  const Texts asked{"load cursor dinosaur.ani", "cursor busy", "main window off", "paint", "update client",
                     "main window on",           "cursor arrow"};
   const std::string question = "ask [Select Exit ? ] Do you want to exit old version of PyxisLoad ?: ";
   // clang-format off
