@@ -4,6 +4,7 @@
 #include "platform/byte_order.h"
 #include "platform/text.h"
 #include "pyxisfolder/folder.h"
+#include "shell/device_arrival.h"
 #include "shell/main_dialog.h"
 #include "shell/on_device.h"
 #include "shell/refresh_from_writer.h"
@@ -86,23 +87,6 @@ TEST_P(DeviceEvents, AnotherJobEmptiesTheFileFieldAndTheView) {
   }
 }
 
-TEST_P(DeviceEvents, OfOtherDevices) {
-  Tell(kOtherWent);
-  ExpectEvents(OnVendor({"api open 9899 0 0"}));
-  EXPECT_TRUE(TheAppState().writer.WriterConnected);
-  PlugIn(false);
-  Tell(kOtherWent);
-  EXPECT_EQ(TheAppState().writer.WriterConnected, Usb());
-  EXPECT_EQ(TheAppState().writer.UseVendorApi, !Usb());  // keeps its value until the next arrival
-  if (Usb()) return;
-  Tell(kOtherCame);
-  ExpectEvents({"api close", "api open 9899 0 0 failed"});
-  EXPECT_FALSE(TheAppState().writer.UseVendorApi);
-  PlugIn(true);
-  Tell(kOtherCame);
-  EXPECT_TRUE(TheAppState().writer.UseVendorApi && TheAppState().writer.WriterConnected);
-}
-
 TEST_P(DeviceEvents, AWriterWithoutFirmwareGetsItsTestImage) {
   const auto arrive = [this](std::uint8_t inBlock) {
     writer.Memory()[address::kModel] = 0;
@@ -161,6 +145,24 @@ TEST_P(DeviceEvents, WitnessesOfTheModel) {
 }
 
 INSTANTIATE_TEST_SUITE_P(BothTransports, DeviceEvents, kBothTransports);
+
+class ComesBack : public StandinBench {};
+
+TEST_F(ComesBack, WithAnotherJobItEmptiesFileAndView) {
+  for (const std::size_t changed : {std::size_t{5}, Field::ImageChecksum.offset, std::size_t{511}}) {
+    LoadSample("QV8348");
+    TheMainControls().focus.reset();
+    ShowVerdict("Auto OK", true, false);
+    writer.OptionArea()[changed] ^= 1;  // QV8348 becomes QV8358, or the job another one; the last byte tells nothing
+    const bool same = changed == 511;
+    OnDeviceEvent(kWriterCame);
+    EXPECT_EQ(TheAppState().conversion.LoadedFilePath.empty(), !same) << changed;
+    EXPECT_EQ(TheMainControls()[ControlId::FileField].text, TheAppState().conversion.LoadedFilePath);
+    EXPECT_EQ(TheHexView().Blanked, !same);
+    EXPECT_EQ(TheMainControls().verdict.words, same ? "Auto OK" : "");
+    EXPECT_EQ(TheMainControls().focus, ControlId::Auto);
+  }
+}
 
 class Refresh : public RecordedBench {
  protected:
