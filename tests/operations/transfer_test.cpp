@@ -103,7 +103,7 @@ TEST_P(Transfer, UpdateFirmware) {
   writer.faults.damageMemoryByte = 3;
   update();
   EXPECT_EQ(op.Heard().back(), "Update Firmware Fail");
-  record.Take();
+  SendControl(control::kEndLoad);  // on the frame link the load is left open
   writer.faults = {};
   const Texts refused = begin + Texts{"box [PyxisLoad] a.nce open file error\n", "cursor arrow"};
   // clang-format off
