@@ -23,9 +23,7 @@ class HexView : public Bench {
     for (std::size_t i = 0; i < size; ++i) data[i] = static_cast<std::uint8_t>(i);
     view.PreparePaint();
   }
-  void Click(int cell, int row, bool shift = false) {
-    view.OnLButtonDown(cell * kWidth + 2, row * kHeight + 3, shift);
-  }
+  void Click(int cell, int row, bool shift = false) { view.OnLButtonDown(cell * kWidth + 2, row * kHeight + 3, shift); }
   void Type(const char* text) {
     for (; *text != '\0'; ++text) view.OnChar(static_cast<char32_t>(*text), {});
   }
@@ -158,7 +156,8 @@ TEST_F(HexView, HitTest) {
     EXPECT_EQ(view.caret.CurrentOffset, offset) << cell;
     EXPECT_EQ(area == kHexArea ? view.caret.Nibble : 0, nibble) << cell;
     EXPECT_EQ(view.caret.CaretX, caretCell * kWidth) << cell;
-    EXPECT_EQ(All(view.caret.CaretY, view.caret.Width(view.geometry)), All(row * kHeight, (area == kAddressArea ? 8 : 1) * kWidth));
+    EXPECT_EQ(All(view.caret.CaretY, view.caret.Width(view.geometry)),
+              All(row * kHeight, (area == kAddressArea ? 8 : 1) * kWidth));
   }
   Click(9, 0);
   for (const auto& [cell, row] : {std::pair{73, 0}, {9, 11}, {90, 2}}) {
@@ -271,6 +270,43 @@ TEST_F(HexView, Selection) {
   view.OnKeyDown(HexKey::Down, {});
   Type("1");
   EXPECT_EQ(view.caret.CurrentOffset, 0);
+}
+
+TEST_F(HexView, OtherColumns) {
+  view.SetOptions(true, true, true, false, 2);  // addresses of four digits and a blank
+  Open(0x100);
+  for (const auto& [cell, offset, nibble] : Table<int, int, int>{{5, 0, 2}, {6, 0, 1}, {8, 1, 2}, {9, 1, 1}}) {
+    Click(cell, 0);
+    EXPECT_EQ(All(view.caret.CurrentArea, view.caret.CurrentOffset, view.caret.Nibble), All(kHexArea, offset, nibble));
+  }
+  view.SetOptions(false, false, true, false, 2);
+  Open(0x100);
+  Click(3, 1);
+  EXPECT_EQ(All(view.caret.CurrentArea, view.caret.CurrentOffset, view.caret.CaretX),
+            All(kAsciiArea, 17 + 3, 3 * kWidth));
+}
+
+TEST_F(HexView, Edges) {
+  Open(0x200);
+  view.OnMouseMove(9 * kWidth, 5 * kHeight);  // nothing was begun
+  EXPECT_EQ(Selected(), std::pair(-1, -1));
+  Click(9, 10);  // the line below the last whole one
+  EXPECT_EQ(view.caret.CurrentOffset, 0xA0);
+  Click(9, 0);
+  view.OnKeyDown(HexKey::Right, {});
+  view.OnKeyDown(HexKey::Left, {});
+  EXPECT_EQ(All(view.caret.CurrentOffset, view.caret.Nibble), All(0, 2));
+  view.GoTo(0x10);
+  Click(9, 1);
+  view.OnKeyDown(HexKey::Up, {});  // to the top line, not beyond
+  EXPECT_EQ(All(view.geometry.TopOffset, view.caret.CurrentOffset), All(0x10, 0x10));
+  view.GoTo(0x1F0);
+  view.selection = {0x100, 0x200};
+  view.OnChar(24, {false, true});  // the top is gone as well
+  EXPECT_EQ(All(view.DataLength(), view.geometry.TopOffset), All(0x100, 0));
+  Open(0x25);
+  view.OnKeyDown(HexKey::End, {false, true});
+  EXPECT_EQ(All(view.geometry.TopOffset, view.caret.CurrentOffset, view.caret.CaretY), All(0, 0x24, 2 * kHeight));
 }
 
 TEST_F(HexView, ANewFileKeepsTheCaretInside) {
