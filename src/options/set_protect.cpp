@@ -38,6 +38,11 @@ bool JobIsTheRows(const ChipEntry& row) {
          ChipNameOf(app.writer.WriterInfoBlock) == app.selection.SelectedChip;
 }
 
+Outcome RefuseOtherChip() {
+  TheMachine().op->Tell("HW and SW Chip Name is discordant", kMessageCaption, MessageIcon::Warning);
+  return Refused(Reason::OtherChip);
+}
+
 Outcome SendOptionArea() {
   Outcome outcome = Failed(Reason::NotWritable);
   StartTask(task::kOpenPackageLoad);
@@ -58,14 +63,12 @@ Outcome OnSetProtect() {
   AppState& app = TheAppState();
   ReadInfoBlock(app.writer.WriterInfoBlock);
   const ChipEntry& row = Row(app.selection.SeriesIndex, app.selection.TypeIndex);
-  if (!JobIsTheRows(row)) {
-    TheMachine().op->Tell("HW and SW Chip Name is discordant", kMessageCaption, MessageIcon::Warning);
-    return Refused(Reason::OtherChip);
-  }
+  if (!JobIsTheRows(row)) return RefuseOtherChip();
   COptionSelectDlg dialog;
   dialog.choice[COptionSelectDlg::Mode] = dialog.choice[COptionSelectDlg::Clock] = -1;
   dialog.OnInitDialog();
   if (TheMachine().op->RunDialog(dialog) != DialogEnd::Ok) return Cancelled();
+  if (!JobIsTheRows(row)) return RefuseOtherChip();  // another writer has come under the dialog
   ResetFusePanel();
   const Protection& protection = row.ic->protection;
   ChangeBit(protection, dialog.choice[COptionSelectDlg::Protection] == 1);

@@ -8,6 +8,7 @@
 #include "intake/package_files.h"
 #include "options/option_select.h"
 #include "platform/text.h"
+#include "shell/device_arrival.h"
 #include "support/recorded_bench.h"
 
 namespace pyxis::test {
@@ -142,6 +143,23 @@ TEST_P(EveryIcsProtection, OfAnotherIcsRowIsRefused) {
   Protect(true);
   ExpectEvents(InfoBlock() + Texts{"box [Message, warning] HW and SW Chip Name is discordant"});
   EXPECT_EQ(writer.OptionArea(), before);
+}
+
+class UnderTheDialog : public StandinBench {};
+
+TEST_F(UnderTheDialog, AnotherWritersJobKeepsItsProtection) {
+  LoadSample("QV8348");
+  op.optionSelect = [this](COptionSelectDlg& dialog) {
+    writer.OptionArea()[5] ^= 1;  // QV8348 becomes QV8358
+    OnDeviceEvent({DeviceEvent::Kind::Arrival, kWriterInterfaceClass});
+    dialog.Click(COptionSelectDlg::Protection, 1);
+    dialog.OnOk();
+    return DialogEnd::Ok;
+  };
+  const std::uint8_t before = writer.OptionArea()[36];
+  EXPECT_EQ(OnSetProtect(), Refused(Reason::OtherChip));
+  EXPECT_EQ(op.Heard(), Texts{"HW and SW Chip Name is discordant"});
+  EXPECT_EQ(writer.OptionArea()[36], before);
 }
 
 }  // namespace
