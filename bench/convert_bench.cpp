@@ -24,7 +24,7 @@ void BM_Convert(benchmark::State& state, const char* chip, std::uint32_t code) {
   std::uint32_t optionValue = 0x60;
   const ConvertRequest request{.ChipCode = code, .OptionValue = &optionValue, .Path = dir + sample.fileName};
   for (auto _ : state)
-    if (ConvertFile(request) != 0) state.SkipWithError("failed");
+    if (!ConvertFile(request).Good()) state.SkipWithError("failed");
   std::filesystem::remove_all(dir);
 }
 BENCHMARK_CAPTURE(BM_Convert, QV8303, "QV8303", 0x2708)->Unit(benchmark::kMicrosecond);

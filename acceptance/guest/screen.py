@@ -46,6 +46,10 @@ def start_display():
     Atspi.set_timeout(5000, 20000)
 
 
+class Busy(Exception):
+    """The program runs an operation and answers nobody."""
+
+
 class Program:
     def __init__(self):
         settings = dict(os.environ, QT_LINUX_ACCESSIBILITY_ALWAYS_ON="1", QT_QPA_PLATFORM="xcb")
@@ -73,7 +77,10 @@ class Program:
     # ---- what it shows
 
     def _children(self, item):
-        for i in range(item.get_child_count()):
+        count = item.get_child_count()
+        if count < 0:
+            raise Busy
+        for i in range(count):
             child = item.get_child_at_index(i)
             if child is not None:
                 yield child
@@ -122,6 +129,15 @@ class Program:
             if (item.get_name() or "").strip().startswith(name.strip()) and role in (None, item.get_role_name()):
                 return item
         raise Failure(f"nothing is called {name}")
+
+    def item_soon(self, window, name, role=None):
+        """The same where the program may still be busy, or the window still filling."""
+        def there():
+            try:
+                return self.item(window, name, role)
+            except Exception:
+                return None
+        return until(there, 20, f"something called {name}")
 
     def field(self, name):
         """The text of a field of the main window."""

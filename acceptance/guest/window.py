@@ -74,13 +74,13 @@ def serial():
         write(text)
     shot("serial_set")
     window.shut("alt+o", 2)
-    ok = window.item(dialog, "OK (Hex)", "text")
+    ok = window.item_soon(dialog, "OK (Hex)", "text")
     for count in ("1", "2", "3"):
         key("alt+p")
         if count != "3":
             until(lambda: window._quietly(lambda: window.text_of(ok)) == count, 30, f"{count} under OK")
     window.wait_message("Serial Number Program Complete")
-    seen = [window.text_of(window.item(dialog, name, "text")) for name in ("OK", "NG", "Total", "Start Serial")]
+    seen = [window.text_of(window.item_soon(dialog, name, "text")) for name in ("OK", "NG", "Total", "Start Serial")]
     shot("serial_program")
     check(seen[:3] == ["3", "0", "3"], f"OK, NG, Total, next: {seen}")
     window.shut("alt+c", 1)

@@ -44,7 +44,7 @@ bool PutFirmware(const fs::path& dir) {
     std::set<std::string> made;
     for (int list = 0; list < kListCount; ++list)
       for (const ChipEntry& row : ChipList(list)) {
-        const std::string file = FirmwareFileOf(row.ChipCode);
+        const std::string file = row.ic->firmware.file;
         const auto firmware = FirmwareFor(row.ChipCode, model);
         if (firmware && made.insert(file).second)
           good = PutFile(folder / file, MakeFirmware(model, firmware->FirmwareCode)) && good;

@@ -32,29 +32,32 @@ Bytes Random(const std::string& seed, std::size_t count) {
 }
 
 Bytes OtpImage(const Hex14OtpRow& row, bool dual) {
-  Bytes image = Words14(row.name, row.idWord + 1U, row.length);
+  const Hex14OtpMemory& memory = row.memory;
+  Bytes image = Words14(row.name, memory.idWord + 1U, memory.length);
   const unsigned config = Filler(std::string(row.name) + " config").Next() & kWordMask;
-  StoreLe16(&image[2U * row.config], dual ? config & ~unsigned{kNotDualBit} : config | kNotDualBit);
-  image[2U * row.idWord] = row.idLow;
-  image[2U * row.idWord + 1] = row.idHigh;
+  StoreLe16(&image[2U * memory.config], dual ? config & ~unsigned{kNotDualBit} : config | kNotDualBit);
+  image[2U * memory.idWord] = row.idLow;
+  image[2U * memory.idWord + 1] = row.idHigh;
   return image;
 }
 
 Bytes MtpImage(const Hex14MtpRow& row) {
-  const std::size_t words = std::max<std::size_t>(row.id.offset / 2 + 2, row.config + 1U);
-  Bytes image = Words14(row.name, words, row.length);
-  StoreLe16(&image[2U * row.config], Filler(std::string(row.name) + " config").Next() & kWordMask);
-  for (std::size_t i = 0; i < std::size(row.id.tests); ++i)
-    if (row.id.tests[i].mask != 0) image[row.id.offset + i] = row.id.tests[i].value;
+  const Hex14MtpMemory& memory = row.memory;
+  const std::size_t words = std::max<std::size_t>(memory.idOffset / 2 + 2, memory.config + 1U);
+  Bytes image = Words14(row.name, words, memory.length);
+  StoreLe16(&image[2U * memory.config], Filler(std::string(row.name) + " config").Next() & kWordMask);
+  for (std::size_t i = 0; i < row.id.size(); ++i)
+    if (row.id[i].mask != 0) image[memory.idOffset + i] = row.id[i].value;
   return image;
 }
 
 Bytes VelmarImage(const VelmarFlashRow& row) {
-  Bytes image = Random(row.name, row.idOffset + 16);
-  image[row.idOffset] = 0x27;
-  image[row.idOffset + 1] = row.idSecond;
-  image[row.idOffset + 2] = static_cast<std::uint8_t>(row.idThirdHigh << 4);
-  image[row.idOffset + 7] = 0x05;  // a small protected tail
+  const std::size_t id = row.imageBytes + 2U;  // behind the configuration word
+  Bytes image = Random(row.name, id + 16);
+  image[id] = 0x27;
+  image[id + 1] = row.idSecond;
+  image[id + 2] = static_cast<std::uint8_t>(row.idThirdHigh << 4);
+  image[id + 7] = 0x05;  // a small protected tail
   return image;
 }
 
@@ -103,7 +106,7 @@ std::vector<Sample> MakeSamples(const std::string& chipName) {
   for (const auto& row : kHex14OtpTable) {
     if (chipName != row.name) continue;
     std::vector<Sample> samples{{chipName + ".hex", ToIntelHex(OtpImage(row, false))}};
-    if (row.dualSkip != 0) samples.push_back({chipName + "_dual.hex", ToIntelHex(OtpImage(row, true))});
+    if (row.memory.dual.skip != 0) samples.push_back({chipName + "_dual.hex", ToIntelHex(OtpImage(row, true))});
     return samples;
   }
   for (const auto& row : kHex14MtpTable)

@@ -31,7 +31,7 @@ std::vector<ChipEntry> RowsOf(const std::string& chip) {
 OptionFamily FamilyOf(const ChipEntry& chip) {
   const auto oneTime = RowOf(kHex14OtpTable, chip.ChipName);
   if (oneTime != kHex14OtpTable.end())
-    return oneTime->dualSkip != 0 ? OptionFamily::OneTimeDual : OptionFamily::OneTime;
+    return oneTime->memory.dual.skip != 0 ? OptionFamily::OneTimeDual : OptionFamily::OneTime;
   if (RowOf(kHex14MtpTable, chip.ChipName) != kHex14MtpTable.end()) return OptionFamily::MultiTime;
   if (std::string_view(chip.FileExtension) == ".velmar") return OptionFamily::Flash;
   return chip.OptionMasks == M0 ? OptionFamily::FourBit : OptionFamily::Usb;

@@ -21,7 +21,7 @@ void ConvertOne(Job& job, const ChipOptions& chip, std::uint32_t code, const std
   const AppState& app = TheAppState();
   job.op.messages.clear();
   std::uint32_t optionValue = chip.optionValue;
-  const int result = ConvertFile({.ChipCode = code,
+  const ConversionResults results = ConvertFile({.ChipCode = code,
                                   .OptionValue = &optionValue,
                                   .Path = file,
                                   .SnMode = chip.choices.serial,
@@ -30,12 +30,12 @@ void ConvertOne(Job& job, const ChipOptions& chip, std::uint32_t code, const std
                                   .ProductionLimitOn = chip.choices.limit > 0,
                                   .ProductionLimitBcd = PackedDecimal(chip.choices.limit),
                                   .IspProgram = chip.choices.isp});
-  if (result != 0) job.exitCode = kExitFailed;
+  if (!results.Good()) job.exitCode = kExitFailed;
   const std::string checksum = Printf("%04X", app.conversion.ImageChecksum);
   if (job.options.json) {
     Print({{"file", file},
-           {"result", result},
-           {"code", LastConverterCode()},
+           {"result", results.result},
+           {"code", static_cast<int>(results.code)},
            {"messages", job.op.messages},
            {"checksum", checksum},
            {"system_config", app.conversion.SystemConfigWord},
@@ -43,9 +43,9 @@ void ConvertOne(Job& job, const ChipOptions& chip, std::uint32_t code, const std
            {"image_unprotected", app.conversion.ImageUnprotected ? 1 : 0},
            {"used_length", app.conversion.UsedLength},
            {"partial_checksum", app.conversion.PartialChecksum},
-           {"loaded_file", app.conversion.LoadedFilePath}});
+           {"loaded_file", results.Good() ? results.LoadedFilePath : ""}});
   } else {
-    std::printf("%s: %s, checksum %s\n", file.c_str(), result == 0 ? "converted" : "failed", checksum.c_str());
+    std::printf("%s: %s, checksum %s\n", file.c_str(), results.Good() ? "converted" : "failed", checksum.c_str());
   }
 }
 

@@ -30,7 +30,7 @@ void PrintRow(const Job& job, Model model, int list, const ChipEntry& row) {
          {"read_size_bytes", row.ReadSizeBytes},
          {"read_swap_bytes", row.ReadSwapBytes},
          {"has_isp_program", row.HasIspProgram},
-         {"firmware_file", FirmwareFileOf(row.ChipCode)},
+         {"firmware_file", row.ic->firmware.file},
          {"firmware_code", FirmwareFor(row.ChipCode, model)->FirmwareCode}});
 }
 

@@ -34,7 +34,7 @@ std::optional<std::string> OptionsMissing(const ChipEntry& row, const LoadArgume
     if (!words && !given.optionValue) return std::nullopt;
     return Printf("%s has no options to choose", row.TypeLabel);
   }
-  const bool full = PanelKindOf(row.ChipCode) == PanelKind::Full;
+  const bool full = row.ic->protection.panel == PanelKind::Full;
   if (given.optionValue) {
     if (!words) return std::nullopt;
     return "--option-value stands in the place of --protect and the other words";

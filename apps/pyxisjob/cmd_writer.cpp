@@ -5,6 +5,7 @@
 #include "intake/package_files.h"
 #include "job.h"
 #include "link/identification.h"
+#include "link/writer_commands.h"
 #include "platform/text.h"
 #include "shell/ground/app_state.h"
 
@@ -16,7 +17,7 @@ const char* ModelName(Model model) { return model == Model::Km48 ? "KM48" : mode
 
 // Two models are possible: what start-up settled needs both witnesses, and a writer without a job has one only.
 const char* RegisterName(std::uint8_t modelRegister) {
-  return modelRegister == 0x98 ? "KM48" : modelRegister == 0x99 ? "KM49" : "unknown";
+  return modelRegister == kRegisterKm48 ? "KM48" : modelRegister == kRegisterKm49 ? "KM49" : "unknown";
 }
 
 void PrintWriter(const Job& job) {

@@ -2,10 +2,8 @@
 
 #include <algorithm>
 #include <string_view>
-#include <vector>
 
-#include "catalogue/ics.h"
-#include "catalogue/lists.h"
+#include "catalogue/rows.h"
 #include "platform/files.h"
 #include "platform/text.h"
 #include "shell/ground/app_state.h"
@@ -14,103 +12,22 @@ namespace pyxis {
 
 namespace {
 
-struct ListEntry {
-  const char* caption;
-  std::span<const ListRow> rows;
-};
-
-constexpr std::array<ListEntry, kListCount> kLists{{
-    {"MCU: 4 Bit QV41 series", kList0},
-    {"MCU: 4 Bit QV42 series", kList1},
-    {"MCU: 8 Bit QV81 Series", kList2},
-    {"MCU: 8 Bit QV82 Series", kList3},
-    {"MCU: 8 Bit QV83 Series", kList4},
-    {"MCU: 8 Bit QV85 Series", kList5},
-    {"USB: Low Speed Series", kList6},
-    {"USB: Full Speed Series", kList7},
-    {"MCU: 8 Bit QV81 Series", kList8},
-    {"MCU: 8 Bit QV82 Series", kList9},
-    {"MCU: 8 Bit QV83 Series", kList10},
-    {"MCU: 8 Bit QV85 Series", kList11},
-    {"USB: Full Speed Series", kList12},
-}};
-
-constexpr std::size_t kRowCount = 224;
-
-constexpr std::size_t CountRows() {
-  std::size_t count = 0;
-  for (const ListEntry& list : kLists) count += list.rows.size();
-  return count;
-}
-static_assert(CountRows() == kRowCount);
-static_assert(kIcs.size() == 108);
+constexpr std::size_t kRowCount = CountRows(kIcs);
+constexpr std::array<ChipEntry, kRowCount> ChipCatalogue = MakeCatalogue<kRowCount>(kIcs);
 
 constexpr auto MakeCaptions() {
   std::array<const char*, kListCount> captions{};
-  for (std::size_t i = 0; i < captions.size(); ++i) captions[i] = kLists[i].caption;
+  for (std::size_t i = 0; i < captions.size(); ++i) captions[i] = kSeriesLists[i].caption;
   return captions;
 }
 constexpr auto kCaptions = MakeCaptions();
 
-// A label is all of the IC's name, or the name, "_" and pin counts. Written out, because library calls are too many
-// steps for some compilers' constant evaluation.
-constexpr bool BelongsTo(const char* label, const char* name) {
-  while (*name != '\0' && *label == *name) ++label, ++name;
-  return *name == '\0' && (*label == '\0' || *label == '_');
-}
-
-constexpr const Ic& IcOf(const char* label) {
-  for (const Ic& ic : kIcs)
-    if (BelongsTo(label, ic.ChipName)) return ic;
-  throw "a label without an IC";  // fails the constant evaluation below
-}
-
-constexpr ChipEntry MakeEntry(const ListRow& row) {
-  const Ic& ic = IcOf(row.TypeLabel);
-  return {ic.ChipName,
-          row.TypeLabel,
-          ic.FileExtension,
-          ic.ChipCode,
-          ic.HasOptionDialog,
-          ic.HasSmartOption,
-          ic.ticks.autoRun,
-          ic.ticks.blank,
-          ic.ticks.program,
-          ic.ticks.verify,
-          row.masks[0] != 0 ? row.masks : ic.masks,
-          row.readSizeBytes != 0 ? row.readSizeBytes : ic.ReadSizeBytes,
-          ic.ReadSwapBytes,
-          ic.HasIspProgram};
-}
-
-constexpr auto MakeCatalogue() {
-  std::array<ChipEntry, kRowCount> entries{};
-  std::size_t at = 0;
-  for (const ListEntry& list : kLists)
-    for (const ListRow& row : list.rows) entries[at++] = MakeEntry(row);
-  return entries;
-}
-
-constexpr std::array<ChipEntry, kRowCount> ChipCatalogue = MakeCatalogue();
-
 constexpr auto MakeStarts() {
   std::array<std::size_t, kListCount + 1> starts{};
-  for (std::size_t i = 0; i < kLists.size(); ++i) starts[i + 1] = starts[i] + kLists[i].rows.size();
+  for (std::size_t i = 0; i < kSeriesLists.size(); ++i) starts[i + 1] = starts[i] + CountRows(kIcs, kSeriesLists[i]);
   return starts;
 }
 constexpr auto kStarts = MakeStarts();
-
-constexpr bool TicksAreSet() {
-  return std::all_of(ChipCatalogue.begin(), ChipCatalogue.end(), [](const ChipEntry& row) {
-    return row.AutoTicks != 0 && row.BlankTicks != 0 && row.ProgramTicks != 0 && row.VerifyTicks != 0;
-  });
-}
-static_assert(TicksAreSet());
-
-const Ic* IcWithCode(std::uint32_t chipCode) {
-  const auto found = std::find_if(kIcs.begin(), kIcs.end(), [=](const Ic& ic) { return ic.ChipCode == chipCode; });
-  return found == kIcs.end() ? nullptr : &*found;
-}
 
 }  // namespace
 
@@ -161,9 +78,24 @@ int FindChip(std::string_view label, int& seriesIndex, int& typeIndex) {
   return 0;
 }
 
-const char* FirmwareFileOf(std::uint32_t chipCode) {
-  const Ic* ic = IcWithCode(chipCode);
-  return ic == nullptr ? nullptr : ic->FirmwareFile;
+const Ic* IcOfName(std::string_view chipName) {
+  const auto found = std::find_if(kIcs.begin(), kIcs.end(), [=](const Ic* ic) { return ic->ChipName == chipName; });
+  return found == kIcs.end() ? nullptr : *found;
+}
+
+const Ic* IcOfCode(std::uint32_t chipCode) {
+  const auto found = std::find_if(kIcs.begin(), kIcs.end(), [=](const Ic* ic) { return ic->ChipCode == chipCode; });
+  return found == kIcs.end() || chipCode == kNoCode ? nullptr : *found;
+}
+
+std::span<const Ic* const> AllIcs() { return kIcs; }
+
+bool SeriesTakesSerialAndMass(int listIndex) {
+  return kSeriesLists[static_cast<std::size_t>(listIndex)].takesSerialAndMass;
+}
+
+bool StartsLikeAName(std::span<const std::uint8_t> block) {
+  return block.size() >= 2 && block[0] == kNameStart[0] && block[1] == kNameStart[1];
 }
 
 std::string FirmwareFolder(Model model) {
@@ -171,9 +103,9 @@ std::string FirmwareFolder(Model model) {
 }
 
 std::optional<Firmware> FirmwareFor(std::uint32_t chipCode, Model model) {
-  const Ic* ic = IcWithCode(chipCode);
-  if (ic == nullptr) return std::nullopt;
-  return Firmware{FirmwareFolder(model) + ic->FirmwareFile, ic->FirmwareCode};
+  const Ic* ic = IcOfCode(chipCode);
+  if (ic == nullptr || ic->series == Series::None) return std::nullopt;
+  return Firmware{FirmwareFolder(model) + ic->firmware.file, ic->firmware.code};
 }
 
 std::string FigurePath(std::string_view label, bool exhvIsp, bool isp) {

@@ -1,5 +1,5 @@
-// The fixed knowledge of the ICs: thirteen lists of rows, 0 to 7 for the model KM48, 8 to 12 for the KM49. The rows
-// stand in catalogue/rows/, one file a list.
+// The fixed knowledge of the ICs: thirteen lists of rows, 0 to 7 for the model KM48, 8 to 12 for the KM49. They are
+// made of the records in catalogue/ics/, which catalogue/ics.h gathers.
 #pragma once
 
 #include <array>
@@ -9,6 +9,7 @@
 #include <string>
 #include <string_view>
 
+#include "catalogue/ic.h"
 #include "shell/ground/app_state.h"
 
 namespace pyxis {
@@ -24,10 +25,11 @@ struct ChipEntry {
   bool HasOptionDialog;
   bool HasSmartOption;
   std::uint32_t AutoTicks, BlankTicks, ProgramTicks, VerifyTicks;  // never 0
-  std::array<std::uint32_t, 9> OptionMasks;
+  Masks OptionMasks;
   std::uint32_t ReadSizeBytes;
   bool ReadSwapBytes;
   bool HasIspProgram;
+  const Ic* ic;  // all that is known of the IC
 };
 
 struct Firmware {
@@ -41,6 +43,18 @@ const ChipEntry& Row(int seriesIndex, int typeIndex);
 // The first row of an IC by its ChipName, which the KM49 labels don't give; null for a name that no IC has.
 const ChipEntry* RowOfChip(std::string_view chipName);
 
+// The record of an IC, in the catalogue or not, by the whole name; null for a name that no IC has.
+const Ic* IcOfName(std::string_view chipName);
+// Likewise by its code.
+const Ic* IcOfCode(std::uint32_t chipCode);
+std::span<const Ic* const> AllIcs();
+
+// Whether Display Serial Number and Mass Production Mode are offered when a list is chosen.
+bool SeriesTakesSerialAndMass(int listIndex);
+
+// Whether a block begins as every IC's name does.
+bool StartsLikeAName(std::span<const std::uint8_t> block);
+
 // The captions of the Series list: eight for model 1, five for model 2, none for any other.
 std::span<const char* const> SeriesCaptions(Model model);
 int ListIndex(Model model, int position);
@@ -52,8 +66,7 @@ int FindChip(std::string_view label, int& seriesIndex, int& typeIndex);
 // The image that a ChipCode runs on. Model 1 takes it from firmware48, any other from firmware49. Nothing for a code
 // without a catalogue row.
 std::optional<Firmware> FirmwareFor(std::uint32_t chipCode, Model model);
-const char* FirmwareFileOf(std::uint32_t chipCode);  // the bare file name, or null
-std::string FirmwareFolder(Model model);             // AppDir and "firmware48" or "firmware49", with a separator
+std::string FirmwareFolder(Model model);  // AppDir and "firmware48" or "firmware49", with a separator
 
 // Path of the package figure of a label (or chip name): normal, EXHV ISP, ISP. The file needn't exist.
 std::string FigurePath(std::string_view label, bool exhvIsp, bool isp);

@@ -1,6 +1,5 @@
 #include "catalogue/ic_select.h"
 
-#include <algorithm>
 #include <charconv>
 #include <limits>
 #include <optional>
@@ -18,24 +17,8 @@ namespace {
 
 constexpr std::int32_t kLargestLimit = 99999999;
 
-// The lists of the series that have rules of their own.
-constexpr int kQv41List = 0;
-constexpr int kQv42List = 1;
-constexpr int kQv81Lists[] = {2, 8};
-
-// ICs that differ from their series.
-constexpr std::string_view kQv81WithoutSerial[] = {"QV8101", "QV8102"};
-constexpr std::string_view kQv42WithSerial[] = {"QV4201", "QV4204"};
-constexpr std::string_view kUsbWithAllBoxes[] = {"QVL01", "QVL02", "QVL03", "QVL04", "QVL05",
-                                                 "QVL06", "QVL09", "QVL10", "QVL11"};
-constexpr std::string_view kUsbWithoutBoxes[] = {"QVL07"};
-constexpr std::string_view kWithIspProgram[] = {"QVL09",  "QVL12",  "QV8101", "QV8102", "QV8103",
-                                                "QV8104", "QV8105", "QV8106", "QV8108", "QV8111",
-                                                "QV8113", "QV8115", "QV8117", "QV8119", "QV8120"};
-
-template <typename List, typename Value>
-bool Holds(const List& list, const Value& value) {
-  return std::find(std::begin(list), std::end(list), value) != std::end(list);
+void Follow(CIcSelectDlg::CheckBox& box, BoxRule rule) {
+  if (rule != BoxRule::Leave) box.enabled = rule == BoxRule::Enable;
 }
 
 void ClearAndDisable(CIcSelectDlg::CheckBox& box) { box = {.enabled = false, .checked = false}; }
@@ -82,11 +65,11 @@ void CIcSelectDlg::OnSeriesChange(int position) {
     ClearAndDisable(isp);
   }
   chipName = row.ChipName;
-  if (seriesIndex == kQv41List || seriesIndex == kQv42List) {
+  if (SeriesTakesSerialAndMass(seriesIndex)) {
+    displaySerial.enabled = massProduction.enabled = true;
+  } else {
     ClearAndDisable(displaySerial);
     ClearAndDisable(massProduction);
-  } else {
-    displaySerial.enabled = massProduction.enabled = true;
   }
   TakeControls();
   Changed();
@@ -96,15 +79,13 @@ void CIcSelectDlg::OnTypeChange(int position) {
   typeIndex = typePosition = position;
   const ChipEntry& row = Row(seriesIndex, typeIndex);
   chipName = row.ChipName;
-  if (Holds(kQv81Lists, seriesIndex)) displaySerial.enabled = !Holds(kQv81WithoutSerial, chipName);
-  if (seriesIndex == kQv42List) displaySerial.enabled = Holds(kQv42WithSerial, chipName);
-  if (Holds(kUsbWithAllBoxes, chipName))
-    displaySerial.enabled = massProduction.enabled = productionLimit.enabled = true;
-  if (Holds(kUsbWithoutBoxes, chipName))
-    displaySerial.enabled = massProduction.enabled = productionLimit.enabled = false;
+  const SelectionBoxes& boxes = row.ic->boxes;
+  Follow(displaySerial, boxes.displaySerial);
+  Follow(massProduction, boxes.massProduction);
+  Follow(productionLimit, boxes.productionLimit);
   if (row.HasIspProgram) {
     exhvIsp.enabled = true;
-    isp.enabled = Holds(kWithIspProgram, chipName);
+    isp.enabled = row.ic->isp == Isp::ExhvAndIsp;
   } else {
     ClearAndDisable(exhvIsp);
     ClearAndDisable(isp);
@@ -164,7 +145,7 @@ void CIcSelectDlg::OnProductionLimit(bool checked) {
 
 void CIcSelectDlg::OnExhvIsp(bool checked) {
   exhvIsp.checked = checked;
-  isp.enabled = !checked && Holds(kWithIspProgram, chipName);
+  isp.enabled = !checked && Row(seriesIndex, typeIndex).ic->isp == Isp::ExhvAndIsp;
   TakeControls();
   Changed();
 }

@@ -1,18 +1,9 @@
-// Progress divisors and Smart Option masks that several ICs share.
+// What several ICs share, by name.
 #pragma once
 
-#include <array>
-#include <cstdint>
+#include "catalogue/ic.h"
 
 namespace pyxis {
-
-// Status polls that move the bar by one, during Auto, Blank check, Program, Verify.
-struct Ticks {
-  std::uint32_t autoRun, blank, program, verify;
-};
-
-// Bit fields of the configuration word, one a Smart Option row; 0 ends them.
-using Masks = std::array<std::uint32_t, 9>;
 
 inline constexpr Ticks T1{28, 7, 21, 8};
 inline constexpr Ticks T2{7, 2, 5, 2};
@@ -52,5 +43,40 @@ inline constexpr Masks M22{0x2000, 0x1000, 0x80, 0x40};
 inline constexpr Masks M23{0x2000, 0x1000, 0x800, 0x300, 0x80, 0x40};
 inline constexpr Masks M24{0x2000, 0xC00, 0x200, 0x80, 0x40};
 inline constexpr Masks M25{0x2000};
+
+// Program files.
+inline constexpr char kHex[] = ".hex";
+inline constexpr char kHexOrBin[] = ".hexbin";
+inline constexpr char kObj[] = ".obj";
+inline constexpr char kOtp[] = ".otp";
+inline constexpr char kEpm[] = ".epm";
+inline constexpr char kVelmar[] = ".velmar";
+
+inline constexpr FirmwareImage kCommonFirmware{"all.nce", 0};
+
+// IC selection. A box that is left keeps the state that the series or the IC before gave it.
+inline constexpr SelectionBoxes kBoxesLeft{BoxRule::Leave, BoxRule::Leave, BoxRule::Leave};
+inline constexpr SelectionBoxes kSerialEnabled{BoxRule::Enable, BoxRule::Leave, BoxRule::Leave};
+inline constexpr SelectionBoxes kSerialDisabled{BoxRule::Disable, BoxRule::Leave, BoxRule::Leave};
+inline constexpr SelectionBoxes kBoxesEnabled{BoxRule::Enable, BoxRule::Enable, BoxRule::Enable};
+inline constexpr SelectionBoxes kBoxesDisabled{BoxRule::Disable, BoxRule::Disable, BoxRule::Disable};
+
+// Serial numbers.
+inline constexpr SerialPlace kNoSerial{.endLimit = 0, .endMarkCounts = SnUnit::Bytes, .fixedAddress = kAnyAddress};
+constexpr SerialPlace UpTo(std::uint32_t endLimit) {
+  return {.endLimit = endLimit, .endMarkCounts = SnUnit::Bytes, .fixedAddress = kAnyAddress};
+}
+constexpr SerialPlace WordsUpTo(std::uint32_t endLimit) {
+  return {.endLimit = endLimit, .endMarkCounts = SnUnit::Words, .fixedAddress = kAnyAddress};
+}
+constexpr SerialPlace FixedAt(std::uint32_t address, std::uint32_t endLimit) {
+  return {.endLimit = endLimit, .endMarkCounts = SnUnit::Words, .fixedAddress = address};
+}
+
+// The menu Operation. An IC without Serial Number Program is given its serial numbers in IC selection, if it has any.
+inline constexpr MenuEntries kAllEntries{.serialNumberProgram = true, .readChipInfo = true};
+inline constexpr MenuEntries kNoSerialProgram{.serialNumberProgram = false, .readChipInfo = true};
+inline constexpr MenuEntries kNoChipInfo{.serialNumberProgram = true, .readChipInfo = false};
+inline constexpr MenuEntries kNeitherEntry{.serialNumberProgram = false, .readChipInfo = false};
 
 }  // namespace pyxis

@@ -1,8 +1,11 @@
 #include "intake/convert.h"
 
-#include "intake/converters/families.h"
+#include "intake/converters/dispatch.h"
 #include "intake/package_files.h"
+#include "link/writer_commands.h"
 #include "platform/files.h"
+#include "platform/machine.h"
+#include "platform/operator.h"
 #include "platform/text.h"
 #include "shell/ground/app_state.h"
 
@@ -10,37 +13,31 @@ namespace pyxis {
 
 namespace {
 
-constexpr int kNoConverter = -1;
-constexpr std::uint8_t kModelByteKm48 = 0x98;
-constexpr std::uint8_t kModelByteOther = 0x99;
-
-int lastConverterCode = kNoConverter;
-
-using Family = bool (*)(const ConvertRequest&, int&);
-constexpr Family kFamilies[] = {ConvertHex14Otp,    ConvertHex14Mtp,    ConvertVelmarFlash, ConvertEpm4,
-                                ConvertOtp4,        ConvertUsbHex,      ConvertUsbObj,      ConvertUsbEeprom,
-                                ConvertVelmarBlock, ConvertVelmarEeprom};
-
-// Into the option package as it lies on the disk, whatever became of the conversion.
-void WriteModelByte() {
-  const File file = OpenFile(OptionPackagePath(), "r+b");
-  if (!file) return;
-  if (std::fseek(file.get(), static_cast<long>(Field::WriterModelByte.offset), SEEK_SET) != 0) return;
-  std::fputc(TheAppState().writer.WriterModel == Model::Km48 ? kModelByteKm48 : kModelByteOther, file.get());
+// Into the option package as it lies on the disk, whatever became of the conversion. One that can't be opened is passed
+// over; false when the byte didn't reach the file.
+bool WriteModelByte() {
+  File file = OpenFile(OptionPackagePath(), "r+b");
+  if (!file) return true;
+  const int model = TheAppState().writer.WriterModel == Model::Km48 ? kRegisterKm48 : kRegisterKm49;
+  const bool placed = std::fseek(file.get(), static_cast<long>(Field::WriterModelByte.offset), SEEK_SET) == 0;
+  const bool written = placed && std::fputc(model, file.get()) != EOF;
+  if (CloseFile(std::move(file)) && written) return true;
+  TheMachine().op->Tell(Printf("%s write file error\n", OptionPackagePath().c_str()));
+  return false;
 }
 
 }  // namespace
 
-int ConvertFile(const ConvertRequest& request) {
-  TheAppState().conversion.SystemConfigWord = kNoSystemConfig;
-  lastConverterCode = kNoConverter;
-  for (const Family convert : kFamilies)
-    if (convert(request, lastConverterCode)) break;
-  WriteModelByte();
-  return lastConverterCode == 0 ? 0 : 1;
+ConversionResults ConvertFile(const ConvertRequest& request) {
+  ConversionState& state = TheAppState().conversion;
+  state.SystemConfigWord = kNoSystemConfig;
+  ConversionResults results;
+  if (const ConverterEntry* entry = FindConverter(request.ChipCode))
+    results = std::visit([&request](const auto* row) { return Convert(*row, request); }, entry->row);
+  results.result = WriteModelByte() && results.code == kConverted ? 0 : 1;
+  if (results.Good()) state.LoadedFilePath = results.LoadedFilePath;
+  return results;
 }
-
-int LastConverterCode() { return lastConverterCode; }
 
 std::uint32_t PackedDecimal(std::int32_t count) {
   std::uint32_t packed = 0;

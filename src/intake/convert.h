@@ -18,12 +18,31 @@ struct ConvertRequest {
   bool IspProgram = false;
 };
 
-// 0 when the converter returned 0, else 1; the converter has told the operator why. Sets the results of a conversion in
-// AppState, and writes WriterModelByte into the option package whatever happened.
-int ConvertFile(const ConvertRequest& request);
+// Codes that converters return.
+enum ConverterCode : int {
+  kNoConverter = -1,  // the ChipCode has none
+  kConverted = 0,
+  kSourceFailed = 1,  // serial file, template or binary program file; serial range
+  kOptionFailed = 2,  // option package, and a wrong ID
+  kDataFailed = 3,
+  kReaderFailed = 4,
+  kImageFailed = 5,
+};
+inline constexpr ConverterCode kWrongId = kOptionFailed;
 
-// The code that the last converter returned (0 to 5); -1 when the ChipCode has none.
-int LastConverterCode();
+// What became of one conversion.
+struct ConversionResults {
+  ConverterCode code = kNoConverter;  // the converter's own
+  int result = 1;                     // of the dispatch: 0 when both package files stand
+  std::string LoadedFilePath = {};    // which file the run worked from; empty when it failed
+  std::string shownFile = {};         // the same file under its own name, where that differs in case
+
+  bool Good() const { return result == 0; }
+};
+
+// Converts; on a failure the operator has been told why. Leaves the values of a conversion in AppState, LoadedFilePath
+// only after a good one, and writes WriterModelByte into the option package whatever happened.
+ConversionResults ConvertFile(const ConvertRequest& request);
 
 // The count in packed decimal: at most 8 digits from the left (1234 becomes 0x1234).
 std::uint32_t PackedDecimal(std::int32_t count);

@@ -21,11 +21,11 @@ int ReadEepromBin(const std::string& sourcePath, const std::string& imagePath) {
   Operator& op = *TheMachine().op;
   const auto source = ReadWholeFile(sourcePath);
   if (!source) {
-    op.Tell("Open bin file failed!", kPlainCaption);
+    op.Tell("Open bin file failed!");
     return 0;
   }
   if (source->size() > kLargestFile) {
-    op.Tell("bin file Length over 256 Byte", kPlainCaption);
+    op.Tell("bin file Length over 256 Byte");
     return 0;
   }
   std::vector<std::uint8_t> image(std::begin(kImageName), std::end(kImageName));
@@ -35,7 +35,7 @@ int ReadEepromBin(const std::string& sourcePath, const std::string& imagePath) {
     image.push_back(i < source->size() ? (*source)[i] : 0);
   }
   // The caller finds a missing image when it opens it.
-  if (!WriteWholeFile(imagePath, image)) op.Tell("Create bin file failed!", kPlainCaption);
+  if (!WriteWholeFile(imagePath, image)) op.Tell("Create bin file failed!");
   return 1;
 }
 

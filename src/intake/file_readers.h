@@ -3,14 +3,13 @@
 
 #include <cstdint>
 #include <string>
-#include <string_view>
 
 namespace pyxis {
 
 // One step of the 16-bit checksum (x^16 + x^15 + x^2 + 1, most significant bit first, no reflection, no final xor): takes
-// ChecksumInput, which is 0 afterwards, into the ImageChecksum accumulator.
+// ChecksumInput, which is 0 afterwards, into the ImageChecksum accumulator. All converters sum through it.
 void UpdateChecksum();
-// The same step as a function: the accumulator after the word.
+// The step itself: the accumulator after the word.
 std::uint16_t ChecksumAfter(std::uint16_t accumulator, std::uint16_t word);
 
 enum ReadMode : int {
@@ -20,15 +19,10 @@ enum ReadMode : int {
 };
 
 // 0 on success, 1 on any failure. Reads Intel HEX text, writes the flat image up to the highest data address. Addresses
-// count words when the low digit of the first record's byte count is 2 (modes 2 and 3).
-int ReadIntelHex(const std::string& sourcePath, const std::string& imagePath, int mode);
-
-// When not 0, ReadIntelHex writes exactly that many bytes.
-extern std::uint32_t ForcedImageLength;
-
-// Up to maxDigits (at most 8) hexadecimal digits; negative means the whole text. Leading "0" and blanks are passed over,
-// the first other character ends the number.
-std::uint32_t ParseHexDigits(std::string_view text, int maxDigits);
+// count words when the low digit of the first record's byte count is 2 (modes 2 and 3). A line ends with LF, with any
+// number of CR before an LF, or with a lone CR. When forcedImageLength isn't 0, the image has exactly that many bytes.
+int ReadIntelHex(const std::string& sourcePath, const std::string& imagePath, int mode,
+                 std::uint32_t forcedImageLength = 0);
 
 // 1 on success, 0 on failure (the other way round from ReadIntelHex). Wraps at most 256 EEPROM bytes into an image.
 int ReadEepromBin(const std::string& sourcePath, const std::string& imagePath);

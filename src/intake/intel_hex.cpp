@@ -1,37 +1,19 @@
 #include <algorithm>
-#include <array>
 #include <cstring>
-#include <vector>
+#include <string_view>
 
 #include "intake/file_readers.h"
 #include "platform/diagnostics.h"
 #include "platform/files.h"
-#include "platform/text.h"
+#include "platform/hex_digits.h"
 
 namespace pyxis {
-
-std::uint32_t ForcedImageLength = 0;
 
 namespace {
 
 constexpr std::size_t kImageBufferSize = 65536;
-constexpr std::size_t kLongestLine = 255;  // a longer line is taken in pieces
 
 std::uint8_t ImageBuffer[kImageBufferSize + 2];
-
-constexpr std::array<std::int8_t, 256> MakeDigits() {
-  std::array<std::int8_t, 256> digits{};
-  digits.fill(-1);
-  for (int i = 0; i < 10; ++i) digits[static_cast<std::size_t>('0' + i)] = static_cast<std::int8_t>(i);
-  for (int i = 0; i < 6; ++i)
-    digits[static_cast<std::size_t>('A' + i)] = digits[static_cast<std::size_t>('a' + i)] =
-        static_cast<std::int8_t>(10 + i);
-  return digits;
-}
-constexpr std::array<std::int8_t, 256> kDigits = MakeDigits();
-
-// Value of a hexadecimal digit, or -1.
-constexpr int DigitValue(char c) { return kDigits[static_cast<unsigned char>(c)]; }
 
 void FillImageBuffer(int mode) {
   if (mode == kReadBlankWords) {
@@ -44,12 +26,15 @@ void FillImageBuffer(int mode) {
   std::memset(ImageBuffer, mode == kReadZeroWords ? 0x00 : 0xFF, kImageBufferSize);
 }
 
-// Takes the next line off `rest`, at most kLongestLine characters, its line end included.
+// Takes the next line off `rest`, without its line end.
 std::string_view TakeLine(std::string_view& rest) {
-  const std::string_view window = rest.substr(0, kLongestLine);
-  const std::size_t end = window.find('\n');
-  const std::string_view line = end == std::string_view::npos ? window : window.substr(0, end + 1);
-  rest.remove_prefix(line.size());
+  const auto end = std::find_if(rest.begin(), rest.end(), [](char c) { return c == '\n' || c == '\r'; });
+  const auto length = static_cast<std::size_t>(end - rest.begin());
+  const std::string_view line = rest.substr(0, length);
+  rest.remove_prefix(length);
+  const std::size_t feed = rest.find_first_not_of('\r');
+  const bool ended = feed != std::string_view::npos && rest[feed] == '\n';
+  rest.remove_prefix(ended ? feed + 1 : std::min<std::size_t>(rest.size(), 1));
   return line;
 }
 
@@ -59,7 +44,7 @@ std::uint32_t NumberAt(std::string_view line, std::size_t at, std::size_t digits
 
 // A digit behind the end of the line, like any character that is no digit, counts as 0.
 unsigned DataDigit(std::string_view line, std::size_t at) {
-  const int value = at < line.size() ? DigitValue(line[at]) : 0;
+  const int value = at < line.size() ? HexDigitValue(line[at]) : 0;
   return value < 0 ? 0U : static_cast<unsigned>(value);
 }
 
@@ -70,7 +55,7 @@ std::size_t StoreRecords(std::string_view text, std::size_t addressScale) {
   std::size_t highWater = 0;
   while (!text.empty()) {
     const std::string_view line = TakeLine(text);
-    if (line.front() != ':') break;
+    if (!line.starts_with(':')) break;
     const std::uint32_t count = NumberAt(line, 1, 2);
     std::size_t address = NumberAt(line, 3, 4) * addressScale;
     const std::uint32_t type = NumberAt(line, 7, 2);
@@ -86,19 +71,8 @@ std::size_t StoreRecords(std::string_view text, std::size_t addressScale) {
 
 }  // namespace
 
-std::uint32_t ParseHexDigits(std::string_view text, int maxDigits) {
-  if (maxDigits >= 0) text = text.substr(0, static_cast<std::size_t>(maxDigits));
-  while (!text.empty() && (text.front() == '0' || text.front() == ' ')) text.remove_prefix(1);
-  std::uint32_t value = 0;
-  for (char c : text.substr(0, 8)) {
-    const int digit = DigitValue(c);
-    if (digit < 0) break;
-    value = value << 4 | static_cast<std::uint32_t>(digit);
-  }
-  return value;
-}
-
-int ReadIntelHex(const std::string& sourcePath, const std::string& imagePath, int mode) {
+int ReadIntelHex(const std::string& sourcePath, const std::string& imagePath, int mode,
+                 std::uint32_t forcedImageLength) {
   FillImageBuffer(mode);
   const auto source = ReadWholeFile(sourcePath);
   if (!source) {
@@ -106,7 +80,7 @@ int ReadIntelHex(const std::string& sourcePath, const std::string& imagePath, in
     return 1;
   }
   const std::string_view text(reinterpret_cast<const char*>(source->data()), source->size());
-  if (text.empty() || text.front() != ':') {
+  if (!text.starts_with(':')) {
     Diagnose("File %s Not Intel HEX format ???\n", sourcePath.c_str());
     return 1;
   }
@@ -116,7 +90,7 @@ int ReadIntelHex(const std::string& sourcePath, const std::string& imagePath, in
   const std::size_t addressScale = wordsPossible && first.size() > 2 && first[2] == '2' ? 2 : 1;
   const std::size_t highWater = StoreRecords(text, addressScale);
   const std::size_t length =
-      ForcedImageLength != 0 ? std::min<std::size_t>(ForcedImageLength, kImageBufferSize) : highWater;
+      forcedImageLength != 0 ? std::min<std::size_t>(forcedImageLength, kImageBufferSize) : highWater;
   return WriteWholeFile(imagePath, std::span(ImageBuffer, length)) ? 0 : 1;
 }
 

@@ -49,7 +49,7 @@ void EmptyLoadedFile() {
   ShowFile("");
 }
 
-int Convert(const ChipEntry& row, const std::string& path) {
+ConversionResults ConvertFor(const ChipEntry& row, const std::string& path) {
   AppState& app = TheAppState();
   return ConvertFile({.ChipCode = row.ChipCode,
                       .OptionValue = &app.selection.OptionValue,
@@ -62,12 +62,12 @@ int Convert(const ChipEntry& row, const std::string& path) {
                       .IspProgram = app.selection.IspProgram});
 }
 
-void ShowResult() {
+void ShowResult(const ConversionResults& results) {
   AppState& app = TheAppState();
   app.conversion.ChecksumText = Printf("%04X", app.conversion.ImageChecksum);
   SetControlText(ControlId::ChecksumField, app.conversion.ChecksumText);
   SetControlText(ControlId::FileField, app.conversion.LoadedFilePath);
-  ShowFile(app.conversion.LoadedFilePath);
+  ShowFile(results.shownFile);
 }
 
 // The end of every run that got as far as showing ReadyText.
@@ -92,14 +92,14 @@ Outcome SendToWriter(std::uint32_t chipCode) {
 // The whole run behind the file dialog, up to what has become of the job.
 Outcome LoadJob(const ChipEntry& row, const std::string& path) {
   AppState& app = TheAppState();
-  const bool converted = Convert(row, path) == 0;
-  if (ProtectionComesFromFile(row.ChipCode)) SetFusePanel(app.conversion.ImageUnprotected ? 1 : 0, -1, -1);
-  ShowResult();
+  const ConversionResults results = ConvertFor(row, path);
+  if (row.ic->protection.fromFile) SetFusePanel(app.conversion.ImageUnprotected ? 1 : 0, -1, -1);
+  ShowResult(results);
   BeginBusyCursor("dinosaur.ani");
   if (app.writer.FirmwareLevel > kHostFirmwareLevel &&
       !TheMachine().op->Ask("Software Version is Old, Still continue to use ?", kBlankCaption, MessageIcon::Warning))
     return Cancelled(Reason::NotConfirmed);
-  return converted ? SendToWriter(row.ChipCode) : Failed(Reason::NotConverted);
+  return results.Good() ? SendToWriter(row.ChipCode) : Failed(Reason::NotConverted);
 }
 
 // Two ends leave the writer and the serial numbers' dialog as they were: an old program that the operator doesn't want
@@ -137,7 +137,7 @@ Outcome Run(const ChipEntry& row, const std::string& path) {
   AppState& app = TheAppState();
   app.selection.OptionValue = kDefaultOptionValue;
   const std::string chip = app.selection.SelectedChip;
-  if (row.HasOptionDialog) ChooseOptions(row.ChipCode);
+  if (row.HasOptionDialog) ChooseOptions(*row.ic);
   if (!StillSelected(row, chip)) return GiveUp(Refused(Reason::OtherChip));
   if (path.empty()) {
     TheMachine().op->Tell("File is empty.", kPlainCaption);

@@ -65,12 +65,12 @@ void ShowResult(const std::string& path) {
 std::string ReadDataPath() { return TheAppState().program.AppDir + "readdata.txt"; }
 
 bool ReadChip() {
-  const std::string path = ReadDataPath();
-  ReplacedFile file(path);
-  if (!file.IsOpen()) return false;
   const std::int64_t wanted = LengthToRead();
   if (wanted <= 0) return false;
   const auto length = static_cast<std::size_t>(wanted);
+  const std::string path = ReadDataPath();
+  ReplacedFile file(path);  // before the chip is asked, so that a file that can't be made costs no read
+  if (!file.IsOpen()) return false;
 
   DisableOperations();
   StartTask(task::kReadChip);

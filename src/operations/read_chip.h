@@ -10,12 +10,13 @@ namespace pyxis {
 // In AppDir; binary, whatever its extension says.
 std::string ReadDataPath();
 
-// The button Read; tells the operator itself; failed: NotWritable. A writer that holds no job of the selected IC first gets the IC's template
-// as its option area.
+// The button Read; tells the operator itself. A writer that holds no job of the selected IC first gets the IC's template
+// as its option area. Failed: NotWritable.
 Outcome OnRead();
 
-// The read proper, ReadSizeBytes less the words in front of DualStart. False when the result file can't be written, which
-// leaves everything else as it was, or when nothing would be left to read. The transfers aren't looked at.
+// The read proper, ReadSizeBytes less the words in front of DualStart. False when nothing would be
+// left to read or the result file can't be created, both before the chip is asked and with nothing changed, and when it
+// can't be written in full, which leaves it empty. The transfers aren't looked at.
 bool ReadChip();
 
 }  // namespace pyxis

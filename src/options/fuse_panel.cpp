@@ -1,7 +1,6 @@
 #include "options/fuse_panel.h"
 
 #include "catalogue/chip_catalogue.h"
-#include "options/fuse_ics.h"
 #include "shell/ground/app_state.h"
 #include "shell/ground/main_controls.h"
 
@@ -37,19 +36,9 @@ void SetPair(const Pair& pair, int value) {
 
 }  // namespace
 
-PanelKind PanelKindOf(std::uint32_t chipCode) {
-  const FuseIc* ic = FuseIcOf(chipCode);
-  return ic == nullptr ? PanelKind::None : ic->panel;
-}
-
-bool ProtectionComesFromFile(std::uint32_t chipCode) {
-  const FuseIc* ic = FuseIcOf(chipCode);
-  return ic != nullptr && ic->protectionFromFile;
-}
-
 void ResetFusePanel() {
   const AppState& app = TheAppState();
-  const PanelKind kind = PanelKindOf(Row(app.selection.SeriesIndex, app.selection.TypeIndex).ChipCode);
+  const PanelKind kind = Row(app.selection.SeriesIndex, app.selection.TypeIndex).ic->protection.panel;
   ResetPair(kProtection, kind != PanelKind::None);
   ResetPair(kMode, kind == PanelKind::Full);
   ResetPair(kClock, kind == PanelKind::Full);

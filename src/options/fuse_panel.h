@@ -1,15 +1,7 @@
 // The fuse panel: three pairs of boxes that show the protection, mode and clock choices of a job. Display only.
 #pragma once
 
-#include <cstdint>
-
 namespace pyxis {
-
-enum class PanelKind { None, ProtectionOnly, Full };
-
-PanelKind PanelKindOf(std::uint32_t chipCode);
-// The ICs whose protect state stands in the program file.
-bool ProtectionComesFromFile(std::uint32_t chipCode);
 
 // Shows the pairs of the selected IC's panel kind, hides the others, unmarks what it shows.
 void ResetFusePanel();

@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "options/fuse_ics.h"
+#include "options/fuse_panel.h"
 #include "platform/machine.h"
 #include "platform/operator.h"
 #include "shell/ground/app_state.h"
@@ -22,19 +22,20 @@ std::uint32_t BitIfFirst(const COptionSelectDlg& dialog, COptionSelectDlg::Pair 
   return dialog.choice[pair] == kFirstButton ? bit : 0;
 }
 
-void TakeChoices(const COptionSelectDlg& dialog, OptionEffect effect) {
+void TakeChoices(const COptionSelectDlg& dialog, OptionChoice effect) {
   const std::uint32_t unprotect = BitIfFirst(dialog, COptionSelectDlg::Protection, kUnprotectBit);
   std::uint32_t& value = TheAppState().selection.OptionValue;
   switch (effect) {
-    case OptionEffect::None:
+    case OptionChoice::None:
+    case OptionChoice::Smart:
       break;
-    case OptionEffect::UnprotectAlone:
+    case OptionChoice::UnprotectAlone:
       value = unprotect;
       break;
-    case OptionEffect::UnprotectBit:
+    case OptionChoice::UnprotectBit:
       value |= unprotect;
       break;
-    case OptionEffect::AllBits:
+    case OptionChoice::AllBits:
       value |= unprotect | BitIfFirst(dialog, COptionSelectDlg::Mode, kFastModeBit) |
                BitIfFirst(dialog, COptionSelectDlg::Clock, kClock32kDisableBit);
       break;
@@ -53,14 +54,12 @@ void COptionSelectDlg::Click(Pair pair, int button) {
 
 void COptionSelectDlg::OnOk() { std::copy(std::begin(shown_), std::end(shown_), std::begin(choice)); }
 
-void ChooseOptions(std::uint32_t chipCode) {
-  const FuseIc* ic = FuseIcOf(chipCode);
-  if (ic == nullptr) return;
-  const bool full = ic->panel == PanelKind::Full;
+void ChooseOptions(const Ic& ic) {
+  const bool full = ic.protection.panel == PanelKind::Full;
   COptionSelectDlg dialog;
   if (!full) dialog.choice[COptionSelectDlg::Mode] = dialog.choice[COptionSelectDlg::Clock] = kNoButton;
   dialog.OnInitDialog();
-  if (TheMachine().op->RunDialog(dialog) == DialogEnd::Ok) TakeChoices(dialog, ic->effect);
+  if (TheMachine().op->RunDialog(dialog) == DialogEnd::Ok) TakeChoices(dialog, ic.options);
   SetFusePanel(dialog.flag[COptionSelectDlg::Protection], full ? dialog.flag[COptionSelectDlg::Mode] : -1,
                full ? dialog.flag[COptionSelectDlg::Clock] : -1);
 }

@@ -1,8 +1,9 @@
 // The dialog Option Select 1, the only place where the operator makes the protection, mode and clock choices.
 #pragma once
 
-#include <cstdint>
 #include <functional>
+
+#include "catalogue/ic.h"
 
 namespace pyxis {
 
@@ -25,6 +26,6 @@ class COptionSelectDlg {
 
 // The options step of Load File: runs the dialog, takes an OK into OptionValue, and shows the state of the buttons on
 // the fuse panel either way.
-void ChooseOptions(std::uint32_t chipCode);
+void ChooseOptions(const Ic& ic);
 
 }  // namespace pyxis

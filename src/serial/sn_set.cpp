@@ -3,13 +3,13 @@
 #include <algorithm>
 #include <array>
 
-#include "intake/file_readers.h"
 #include "intake/package_files.h"
 #include "link/writer_commands.h"
 #include "operations/download.h"
 #include "platform/byte_order.h"
 #include "platform/clock.h"
 #include "platform/files.h"
+#include "platform/hex_digits.h"
 #include "platform/machine.h"
 #include "platform/operator.h"
 #include "platform/text.h"
@@ -106,16 +106,15 @@ void CSnSetDlg::OnLoad() {
 
 bool CSnSetDlg::PlaceIsGood() {
   const SnRecord& record = TheSnRecord();
-  const std::string& chip = TheAppState().selection.SelectedChip;
-  if (const auto fixed = FixedSnAddress(chip)) {
+  const SerialPlace& place = SerialPlaceOf(TheAppState().selection.SelectedChip);
+  if (place.fixedAddress != kAnyAddress) {
     // These two are told and pass all the same.
     if (record.SnLength != kFixedLength) Refuse("S/N Length Enter 4");
-    if (record.SnStartAddress != *fixed) Refuse("S/N Start Address Error");
+    if (record.SnStartAddress != place.fixedAddress) Refuse("S/N Start Address Error");
     return true;
   }
-  const std::uint32_t limit = SnEndLimit(chip);
-  if (limit >= std::uint64_t{record.SnStartAddress} + record.SnLength) return true;
-  Refuse(Printf("S/N End Address > 0x%X", limit));
+  if (place.endLimit >= std::uint64_t{record.SnStartAddress} + record.SnLength) return true;
+  Refuse(Printf("S/N End Address > 0x%X", place.endLimit));
   return false;
 }
 
@@ -167,8 +166,8 @@ CSnSetDlg::Written CSnSetDlg::WriteSerialFile() const {
                                       (snFromIcSelection_ ? kSerialBySelection : kSerialByMenu));
   head[1] = record.SnLength;
   StoreBe16(head + 2, record.SnStartAddress);
-  StoreBe16(head + 4, record.SnStartAddress +
-                          (SnCountsWords(app.selection.SelectedChip) ? record.SnLength / 2U : record.SnLength));
+  const bool words = SerialPlaceOf(app.selection.SelectedChip).endMarkCounts == SnUnit::Words;
+  StoreBe16(head + 4, record.SnStartAddress + (words ? record.SnLength / 2U : record.SnLength));
   bytes[Field::IspFlags.offset] = exhvIsp_ || isp_ ? 1 : 0;
   const auto block = file->begin() + static_cast<std::ptrdiff_t>(Field::SerialBlock.offset);
   std::copy(record.SnStartBytes.begin(), record.SnStartBytes.end(),

@@ -1,5 +1,6 @@
 #include "shell/refresh_from_writer.h"
 
+#include "catalogue/chip_catalogue.h"
 #include "intake/package_files.h"
 #include "options/block_fuses.h"
 #include "options/fuse_panel.h"
@@ -15,7 +16,6 @@ namespace pyxis {
 
 namespace {
 
-constexpr char kNameStart[] = "QV";  // of every name in the catalogue
 constexpr std::uint8_t kExhvIspBit = 1;
 constexpr std::uint8_t kIspBit = 2;
 constexpr std::uint8_t kProductionBits = 0x11;
@@ -65,7 +65,7 @@ void DropOtherJob(const std::string& name, unsigned checksum) {
 void RefreshFromWriter() {
   AppState& app = TheAppState();
   const auto& block = app.writer.WriterInfoBlock;
-  if (block[0] != kNameStart[0] || block[1] != kNameStart[1]) return;
+  if (!StartsLikeAName(block)) return;
   const std::string name = ChipNameOf(block);
   DropOtherJob(name, FieldWord(block, Field::ImageChecksum));
   ShowChipName(name);

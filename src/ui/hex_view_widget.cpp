@@ -122,12 +122,11 @@ void HexViewWidget::resizeEvent(QResizeEvent*) { SizeChanged(); }
 
 void HexViewWidget::showEvent(QShowEvent* event) {
   QAbstractScrollArea::showEvent(event);
-  seen_ = false;
   SizeChanged();
 }
 
 void HexViewWidget::paintEvent(QPaintEvent*) {
-  seen_ = true;
+  seen_ = isVisible();
   QPainter painter(viewport());
   painter.fillRect(viewport()->rect(), palette().color(QPalette::Base));
   Measure();

@@ -58,8 +58,8 @@ ProgressStatusBar::ProgressStatusBar(QWidget* parent)
     colours.setColor(role, kText);
   setPalette(colours);
   setFixedHeight(fontMetrics().height() + 2 * kMargin);
-  pane0_->setAccessibleName(QStringLiteral("Status"));
-  pane1_->setAccessibleName(QStringLiteral("Link status"));
+  pane0_->setAccessibleDescription(QStringLiteral("Status"));  // the name of a label is its text
+  pane1_->setAccessibleDescription(QStringLiteral("Link status"));
   progress_->setAccessibleName(QStringLiteral("Progress"));
   note_->setText(QStringLiteral("No right to open the writer"));
   note_->setAutoFillBackground(true);

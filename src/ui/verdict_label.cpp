@@ -14,14 +14,14 @@ constexpr double kWordsSize = 1.8;  // of the window's font
 constexpr double kCountsSize = 1.3;
 constexpr QColor kGood(0, 110, 50), kBad(180, 20, 20), kWords(255, 255, 255);
 
-QLabel* MakeLabel(QWidget* parent, double size, const char* name) {
+QLabel* MakeLabel(QWidget* parent, double size, const char* description) {
   auto* label = new QLabel(parent);
   QFont font = label->font();
   font.setPointSizeF(font.pointSizeF() * size);
   font.setBold(true);
   label->setFont(font);
   label->setTextFormat(Qt::PlainText);
-  label->setAccessibleName(QString::fromLatin1(name));
+  label->setAccessibleDescription(QString::fromLatin1(description));  // its name is its text
   return label;
 }
 

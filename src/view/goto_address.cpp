@@ -1,6 +1,6 @@
 #include "view/goto_address.h"
 
-#include "intake/file_readers.h"
+#include "platform/hex_digits.h"
 #include "platform/machine.h"
 #include "platform/operator.h"
 #include "view/hex_view.h"

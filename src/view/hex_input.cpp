@@ -2,6 +2,7 @@
 #include <algorithm>
 #include <optional>
 
+#include "platform/hex_digits.h"
 #include "view/hex_view.h"
 
 namespace pyxis {
@@ -16,10 +17,8 @@ constexpr char32_t kControlX = 24;
 constexpr char32_t kLargestByte = 0xFF;
 
 std::optional<unsigned> HexDigitOf(char32_t character) {
-  if (character >= U'0' && character <= U'9') return character - U'0';
-  if (character >= U'a' && character <= U'f') return character - U'a' + 10;
-  if (character >= U'A' && character <= U'F') return character - U'A' + 10;
-  return std::nullopt;
+  const int value = character < 0x80 ? HexDigitValue(static_cast<char>(character)) : -1;
+  return value < 0 ? std::nullopt : std::optional(static_cast<unsigned>(value));
 }
 
 }  // namespace

@@ -14,6 +14,7 @@ class ConverterBench : public Bench {
  protected:
   ConvertRequest request;
   std::uint32_t optionValue = 0x60;
+  ConversionResults results;
   Bytes option, data;
 
   ConverterBench() { TheAppState().writer.WriterModel = Model::Km48; }
@@ -26,11 +27,11 @@ class ConverterBench : public Bench {
     request.ChipCode = chipCode;
     request.OptionValue = &optionValue;
     request.Path = Path(file);
-    const int result = ConvertFile(request);
-    EXPECT_EQ(result, LastConverterCode() == 0 ? 0 : 1);
+    results = ConvertFile(request);
+    EXPECT_EQ(results.result, results.code == kConverted ? 0 : 1);
     option = Contents(kOptionPackageName);
     data = Contents(kDataPackageName);
-    return LastConverterCode();
+    return results.code;
   }
   int ConvertHex(std::uint32_t chipCode, const Bytes& image, const std::string& file = "job.hex") {
     Write(file, pyxis::folder::ToIntelHex(image));

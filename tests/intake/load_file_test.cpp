@@ -132,60 +132,6 @@ TEST_P(LoadFile, AnEmptyPath) {
                 "status = ", "choose Kestrel Hex Files (*.hex)|*.hex||: ", "paint", "box [PyxisLoad] File is empty."});
 }
 
-// The run shows what the conversion last held, sends nothing, and reads the block.
-TEST_P(LoadFile, AFailedConversion) {
-  Write("bad.hex", Bytes{'x'});
-  Run("bad.hex");
-  ExpectEvents(Begin("bad.hex") +
-               Texts{"file buffer_data.prog 0", "file buffer_option.prog 0", "box [Message] bad.hex open file error\n",
-                     "file buffer_option.prog 208", "Checksum = FFFF", "hex paint", "load cursor dinosaur.ani",
-                     "cursor busy"} +
-               InfoBlock() + Restored(false) + Up(false));
-}
-
-TEST_P(LoadFile, NewerFirmware) {
-  TheAppState().writer.FirmwareLevel = 5;
-  const std::string question = "ask [ , warning] Software Version is Old, Still continue to use ?: ";
-  Run("samples/QV8348.hex");
-  ExpectEvents(Begin("samples/QV8348.hex") + Converted() + Texts{question + "No"} + Restored(false));
-
-  TheAppState().writer.FirmwareCode = 0x2710;
-  op.answers = {true};
-  SetStatusText("X=1 Y=2");
-  Run("samples/QV8348.hex");
-  Texts converted = Converted();
-  std::erase_if(converted,
-                [](const std::string& line) { return line.starts_with("Checksum") || line.starts_with("FileField"); });
-  ExpectEvents(Begin("samples/QV8348.hex") + converted + Texts{question + "Yes"} + Firmware(Image()) +
-               Texts{"wait 3000"} + PackagesAfterFirmware() + InfoBlock() + Restored() + Up());
-  EXPECT_EQ(TheAppState().writer.FirmwareLevel, 4U);
-}
-
-TEST_P(LoadFile, FirmwareThatFails) {
-  writer.faults.damageMemoryByte = 0x10000;
-  Run("samples/QV8348.hex");
-  Texts firmware = Firmware(Image());
-  firmware.resize(firmware.size() - 2);  // without the closing pair, or with it and without the last step
-  const Texts fails{"box [Message] Update Firmware Fail", "w SET_MODE 07", "w CONTROL 90"};
-  ExpectEvents(Begin("samples/QV8348.hex") + Converted() + firmware + Texts{"wait 3000"} + fails + Restored());
-
-  // The image counts as sent; the failure stays until a good transfer.
-  writer.faults = {};
-  SetStatusText("X=1 Y=2");
-  Run("samples/QV8348.hex");
-  Texts converted = Converted();
-  std::erase_if(converted,
-                [](const std::string& line) { return line.starts_with("Checksum") || line.starts_with("FileField"); });
-  ExpectEvents(Begin("samples/QV8348.hex") + converted + Texts{fails[0]} + Command(fails[1], true) +
-               Command(fails[2], true) + Restored(Usb()));
-  EXPECT_TRUE(writer.DataArea().empty());
-
-  std::filesystem::remove(folder / "firmware48/QV8348.nce");
-  TheAppState().writer.FirmwareLoadFailed = false;
-  Run("samples/QV8348.hex");
-  EXPECT_EQ(op.Heard(), Texts{"Update Firmware Fail"});
-}
-
 TEST_P(LoadFile, PackagesThatFail) {
   Run("samples/QV8348.hex");
   writer.faults.damageAreaByte = 1500;  // in the data package only

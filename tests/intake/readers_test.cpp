@@ -1,4 +1,5 @@
 #include "intake/file_readers.h"
+#include "platform/hex_digits.h"
 #include "support/bench.h"
 
 namespace pyxis::test {

@@ -113,7 +113,7 @@ TEST_F(Compare, WhatCantBeReadOrMadeIsNeverCompared) {
            {"no such image", "QVL01", "gone.obj", "Open Fail ! (" + Path("gone.obj") + ")"},
            {"unwritable image", "QV8348", "blocked.hex", Path("blocked.bin") + " write file error\n"},
            {"unwritable copy", "QV4101", "taken.epm", Path("taken.bin") + " write file error\n"},
-           {"its own target", "QV4105", "own.BIN", Path("own.bin") + " write file error\n"}}) {
+           {"its own target", "QV4105", "own.BIN", Path("own.BIN") + " would be overwritten by its own image\n"}}) {
     // clang-format on
     SCOPED_TRACE(why);
     SetJob(chip, 1, 2, 2);

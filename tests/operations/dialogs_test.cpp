@@ -33,7 +33,7 @@ TEST_P(Dialogs, Read) {
   BurnJob();
   Write("readdata.txt", Bytes{1});
   const auto read = [&](std::size_t length) {
-    return Texts{"bar 0-50", "bar 1", "load cursor metronom.ani", "cursor busy"} + InfoBlock() + off +
+    return Texts{"bar 0-50 1", "load cursor metronom.ani", "cursor busy"} + InfoBlock() + off +
            Texts{"w START_TASK 34",
                  "wait 1000",
                  "w START_TASK 34",
@@ -67,56 +67,6 @@ TEST_P(Dialogs, Read) {
   Start();
   OnRead();
   ExpectEvents(load + Texts{"wait 100"} + read(0x1010));
-}
-
-TEST_P(Dialogs, ReadChipInfo) {
-  BurnJob();
-  op.chipInfo = [this](CReadChipInfoDlg& dialog) {
-    dialog.Changed = [this, &dialog] {
-      record.Line(Joined(dialog.lines) + (dialog.readEnabled ? ", Read" : "") +
-                  (dialog.cancelEnabled ? ", Cancel" : ""));
-    };
-    dialog.Changed();
-    dialog.OnRead();
-    return DialogEnd::Cancel;
-  };
-  const Bytes package = Contents("buffer_option.prog");
-  Start();
-  OnReadChipInfo();
-  ExpectEvents(Texts{"dialog Read CHIP Information", "Chip Name : |System Config : |Checksum : |ID : , Read, Cancel",
-                     "Chip Name : |System Config : |Checksum : |ID : ", "paint", "bar 0-50"} +
-               off + Texts{"paint", "w START_TASK 16"} + Poll(9, 1, 0) + on + Texts{"bar 50 off", "wait 1000"} +
-               InfoBlock() +
-               Texts{Printf("Chip Name : QV8348|System Config : %x|Checksum : %x|ID : 210, Read, Cancel",
-                            package[36] * 256 + package[37], package[16] * 256 + package[17]),
-                     "paint", "Cancel"});
-}
-
-TEST_P(Dialogs, CompareFile) {
-  BurnJob();
-  const std::string lines = "Chip Name : QV8348|Download File Time :2015/3/5_9:7:3|Compare Result : ";
-  op.downloadInfo = [this](CDownloadInfoDlg& dialog) {
-    dialog.Changed = [this, &dialog] {
-      record.Line(Joined(dialog.lines) + (dialog.compareEnabled ? ", Compare" : "") +
-                  (dialog.cancelEnabled ? ", Cancel" : ""));
-    };
-    dialog.OnCompareFile();
-    return DialogEnd::Cancel;
-  };
-  const std::size_t length = Contents("samples/QV8348.bin").size();
-  const std::string filter = "choose Kestrel Hex Files (*.hex)|*.hex||: ";
-  const auto begin = InfoBlock() + Texts{"dialog Download File Information", lines, "paint"};
-  op.files = {Path("samples/QV8348.hex")};
-  Start();
-  OnDownloadInfo();
-  ExpectEvents(begin +
-               Texts{filter + "samples/QV8348.hex", Printf("file samples/QV8348.bin %zu", length), "w SET_MODE 47",
-                     "w SELECT_AREA 08 17"} +
-               BarBefore() + Texts{Printf("w READ_AREA %zu", length)} + BarBehind(length) +
-               Texts{"w SELECT_AREA 0C 07", "w SET_MODE 07"} + OnUsb({"bar off"}) +
-               Texts{lines + "OK, Compare, Cancel", "paint", "Cancel"});
-  OnDownloadInfo();
-  ExpectEvents(begin + Texts{filter + "Cancel", lines + ", Compare, Cancel", "paint", "Cancel"});
 }
 
 TEST_P(Dialogs, SelfTest) {

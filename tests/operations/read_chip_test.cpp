@@ -49,22 +49,24 @@ TEST_F(ReadScripted, WordsAndLengths) {
   EXPECT_EQ(op.told.back(), (Told{"Read OK", "Message", MessageIcon::None}));
 }
 
-TEST_F(ReadScripted, AFileThatCantBeMadeFailsBeforeTheWriterIsAsked) {
+TEST_F(ReadScripted, AFileThatCantBeMadeFailsBeforeTheChipIsAsked) {
   std::filesystem::create_directory(Path("readdata.txt"));
   TheAppState().conversion.LoadedFilePath = "before";
   OnRead();
   EXPECT_EQ(op.Boxes(), (std::vector<Told>{{"Read FAIL", "Message", MessageIcon::None}}));
-  EXPECT_TRUE(vendor.calls.empty());
+  EXPECT_EQ(vendor.calls, blockRead);
   EXPECT_EQ(All(TheAppState().conversion.LoadedFilePath, TheAppState().writer.ProgressMode),
             All("before", Progress::None));
 }
 
 TEST_F(ReadScripted, AStartBehindTheChipLeavesNothingToRead) {
+  Write("readdata.txt", Bytes{1, 2, 3});  // of the read before
   for (const unsigned dualStart : {4U, 5U, 0xFFFFU}) {
     vendor.Script({Block(dualStart)});
     OnRead();
     EXPECT_EQ(op.Heard().back(), "Read FAIL");
     EXPECT_EQ(vendor.calls, blockRead);
+    EXPECT_EQ(Contents("readdata.txt"), (Bytes{1, 2, 3}));
   }
 }
 

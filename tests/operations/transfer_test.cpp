@@ -1,5 +1,7 @@
 // Package download, firmware load and Update F/W: their events, and each way in which they fail.
 #include "intake/package_files.h"
+#include "link/identification.h"
+#include "link/writer_commands.h"
 #include "operations/download.h"
 #include "operations/firmware.h"
 #include "pyxisfolder/folder.h"
@@ -82,46 +84,6 @@ TEST_P(Transfer, FirmwareImages) {
   }
 }
 
-TEST_P(Transfer, UpdateFirmware) {
-  const Bytes image = pyxis::folder::MakeFirmware(Model::Km48, 0x1234);
-  Write("a.nce", image);
-  const auto update = [this](bool chosen = true) {
-    if (chosen) op.files = {Path("a.nce")};
-    Start();
-    OnUpdateFirmware();
-  };
-  const std::string filter = "choose Kestrel Nce Files (*.nce)|*.nce||: ";
-  const Texts begin{filter + "a.nce", "paint", "load cursor dinosaur.ani", "cursor busy"};
-  const std::uint32_t code = TheAppState().writer.FirmwareCode;
-  update();
-  ExpectEvents(begin + Firmware(image) + Texts{"box [Message] Update Firmware Ok", "cursor arrow"});
-  EXPECT_EQ(TheAppState().writer.FirmwareCode, code);  // as identified, not as sent
-  update(false);
-  ExpectEvents({filter + "Cancel"});
-  writer.faults.damageMemoryByte = 3;
-  update();
-  EXPECT_EQ(op.Heard().back(), "Update Firmware Fail");
-  record.Take();
-  writer.faults = {};
-  const Texts refused = begin + Texts{"box [PyxisLoad] a.nce open file error\n", "cursor arrow"};
-  // clang-format off
-  for (const auto& [writerModel, imageModel, accepted] : Table<Model, std::uint8_t, bool>{
-           {Model::Km48, 0x98, true}, {Model::Km48, 0x99, false}, {Model::Km48, 0x11, true}, {Model::Km49, 0x98, false},
-           {Model::Km49, 0x99, true}, {Model::Km49, 0, true}, {Model::None, 0x98, false}, {Model::None, 0x11, false}}) {
-    // clang-format on
-    Bytes other = image;
-    other[0xFA8F] = imageModel;
-    Write("a.nce", other);
-    TheAppState().writer.WriterModel = writerModel;
-    update();
-    ExpectEvents(accepted ? begin + Firmware(other) + Texts{"box [Message] Update Firmware Ok", "cursor arrow"}
-                          : refused);
-  }
-  std::filesystem::remove(folder / "a.nce");
-  update();
-  ExpectEvents(refused);
-}
-
 INSTANTIATE_TEST_SUITE_P(BothTransports, Transfer, kBothTransports);
 
 class UnknownHardware : public RecordedBench {};
@@ -156,6 +118,44 @@ TEST_F(Lengths, OfPackageFiles) {
     }
   }
 }
+
+// Zeros are what a buffer holds that nothing has come into: a link that dies before the last byte of the read-back must
+// not pass for one that brought them.
+class LostReadBack : public BothTransports {
+ protected:
+  // Whether the load is good when the link is lost after `transfers`; afterwards `left` tells how many weren't used.
+  bool GoodAfter(int transfers) {
+    StartTask(firmware ? task::kOpenFirmwareLoad : task::kOpenPackageLoad);
+    if (!firmware) SendControl(control::kBeginLoad);
+    writer.faults.disconnectAfter = transfers;
+    const bool good = firmware ? LoadFirmware(Path("zeros"), false) : DownloadPackageFile(Path("zeros"), area::kData);
+    left = *writer.faults.disconnectAfter;
+    writer.faults.disconnectAfter.reset();
+    CloseTransport();
+    usb.pluggedIn = vendor.pluggedIn = true;
+    OpenTransport();
+    if (!firmware || !good) SendControl(control::kEndLoad);
+    return good;
+  }
+  bool firmware = false;
+  int left = 0;
+};
+
+TEST_P(LostReadBack, OfZerosIsNoGoodTransfer) {
+  Write("zeros", Bytes(kFirmwareImageSize, 0));
+  for (const auto& [withFirmware, closingCommands] : Table<bool, int>{{false, 1}, {true, 2}}) {
+    firmware = withFirmware;
+    SCOPED_TRACE(firmware);
+    constexpr int kEnough = 100000;
+    ASSERT_TRUE(GoodAfter(kEnough));
+    // On frames the read ends with its status block, and a command takes three transfers.
+    const int behindTheRead = GetParam() == Transport::Usb ? 1 + 3 * closingCommands : closingCommands;
+    const int read = kEnough - left - behindTheRead;
+    for (const int transfers : {0, read / 2, read - 1}) EXPECT_FALSE(GoodAfter(transfers)) << transfers;
+    EXPECT_TRUE(GoodAfter(read));
+  }
+}
+INSTANTIATE_TEST_SUITE_P(BothTransports, LostReadBack, kBothTransports);
 
 class FirmwareSelection : public StandinBench {};
 

@@ -3,6 +3,7 @@
 
 #include "options/set_protect.h"
 
+#include <cstring>
 #include <sstream>
 
 #include "catalogue/chip_catalogue.h"

@@ -109,30 +109,6 @@ TEST_P(SerialEvents, ARunByTheMenu) {
                            "0101 of 0100, OK 2 NG 1 Total 3", "0101 of 0100, OK 0 NG 0 Total 0"}));
 }
 
-TEST_P(SerialEvents, Presses) {
-  ASSERT_TRUE([] {
-    CSnSetDlg set(false, false, false);
-    return EnterSerial(set, {"1", "10", "0E", "1"});
-  }());
-  CSnProgramDlg dialog(false);
-  dialog.OnInitDialog();
-  dialog.RefreshFields();
-  dialog.snProgramEnabled = true;
-  Follow(dialog);
-  const std::string end = " of 0E, ";
-  writer.faults.failTask = 1;
-  Start();
-  dialog.OnSnProgram();
-  ExpectEvents(Texts{"0E" + end + "OK 0 NG 0 Total 1, Program"} + Task("14", 3, false) +
-               Texts{"0E" + end + "OK 0 NG 1 Total 1, Program"});
-  dialog.OnSnProgram();
-  ExpectEvents(Texts{"0E" + end + "OK 0 NG 1 Total 2, Program"} + Task("14", 3, true) +
-               Texts{"0F" + end + "OK 1 NG 1 Total 2, Program", "0F" + end + "OK 1 NG 1 Total 2",
-                     "box [Message] Serial Number Program Complete"});
-  dialog.OnSnProgram();
-  ExpectEvents({});
-}
-
 TEST_P(SerialEvents, ARunThroughIcSelection) {
   CSnSetDlg set(true, false, false);
   ASSERT_TRUE(EnterSerial(set, {"2", "10", "00FF", "2"}));

@@ -1,13 +1,16 @@
 // The writer plugged in and pulled out: the events, the witnesses of the model, and what a refresh shows.
+#include "intake/package_files.h"
 #include "link/writer_commands.h"
 #include "platform/byte_order.h"
 #include "platform/text.h"
 #include "pyxisfolder/folder.h"
+#include "shell/device_arrival.h"
 #include "shell/main_dialog.h"
 #include "shell/on_device.h"
 #include "shell/refresh_from_writer.h"
 #include "shell/start_up.h"
 #include "support/recorded_bench.h"
+#include "view/hex_view.h"
 
 namespace pyxis::test {
 namespace {
@@ -68,21 +71,20 @@ TEST_P(DeviceEvents, PulledOutAndPutBack) {
 }
 
 // Another device: on the frame link its name tells, with velmarapi the library.
-TEST_P(DeviceEvents, OfOtherDevices) {
-  Tell(kOtherWent);
-  ExpectEvents(OnVendor({"api open 9899 0 0"}));
-  EXPECT_TRUE(TheAppState().writer.WriterConnected);
-  PlugIn(false);
-  Tell(kOtherWent);
-  EXPECT_EQ(TheAppState().writer.WriterConnected, Usb());
-  EXPECT_EQ(TheAppState().writer.UseVendorApi, !Usb());  // keeps its value until the next arrival
-  if (Usb()) return;
-  Tell(kOtherCame);
-  ExpectEvents({"api close", "api open 9899 0 0 failed"});
-  EXPECT_FALSE(TheAppState().writer.UseVendorApi);
-  PlugIn(true);
-  Tell(kOtherCame);
-  EXPECT_TRUE(TheAppState().writer.UseVendorApi && TheAppState().writer.WriterConnected);
+// Its name or its checksum isn't what is shown; the last byte of its block tells nothing.
+TEST_P(DeviceEvents, AnotherJobEmptiesTheFileFieldAndTheView) {
+  for (const std::size_t changed : {std::size_t{5}, Field::ImageChecksum.offset, std::size_t{511}}) {
+    LoadSample("QV8348");
+    ShowVerdict("Auto OK", true, false);
+    TheMainControls().focus.reset();
+    writer.OptionArea()[changed] ^= 1;
+    const bool same = changed == 511;
+    Tell(kWriterCame);
+    EXPECT_EQ(TheAppState().conversion.LoadedFilePath.empty(), !same) << changed;
+    EXPECT_EQ(TheMainControls()[ControlId::FileField].text, TheAppState().conversion.LoadedFilePath);
+    EXPECT_EQ(All(TheHexView().Blanked, TheMainControls().verdict.words), All(!same, same ? "Auto OK" : ""));
+    EXPECT_EQ(TheMainControls().focus, ControlId::Auto);
+  }
 }
 
 TEST_P(DeviceEvents, AWriterWithoutFirmwareGetsItsTestImage) {
@@ -143,6 +145,24 @@ TEST_P(DeviceEvents, WitnessesOfTheModel) {
 }
 
 INSTANTIATE_TEST_SUITE_P(BothTransports, DeviceEvents, kBothTransports);
+
+class ComesBack : public StandinBench {};
+
+TEST_F(ComesBack, WithAnotherJobItEmptiesFileAndView) {
+  for (const std::size_t changed : {std::size_t{5}, Field::ImageChecksum.offset, std::size_t{511}}) {
+    LoadSample("QV8348");
+    TheMainControls().focus.reset();
+    ShowVerdict("Auto OK", true, false);
+    writer.OptionArea()[changed] ^= 1;  // QV8348 becomes QV8358, or the job another one; the last byte tells nothing
+    const bool same = changed == 511;
+    OnDeviceEvent(kWriterCame);
+    EXPECT_EQ(TheAppState().conversion.LoadedFilePath.empty(), !same) << changed;
+    EXPECT_EQ(TheMainControls()[ControlId::FileField].text, TheAppState().conversion.LoadedFilePath);
+    EXPECT_EQ(TheHexView().Blanked, !same);
+    EXPECT_EQ(TheMainControls().verdict.words, same ? "Auto OK" : "");
+    EXPECT_EQ(TheMainControls().focus, ControlId::Auto);
+  }
+}
 
 class Refresh : public RecordedBench {
  protected:

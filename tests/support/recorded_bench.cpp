@@ -78,10 +78,10 @@ Texts RecordedBench::Command(const std::string& line, bool shows) const {
 }
 
 Texts RecordedBench::Packages(const Bytes& option, const Bytes& data, bool shows) const {
-  return OnVendor({"bar 0-100 5", "paint"}) + Command("w START_TASK 30", shows) + Command("w CONTROL 10", shows) + OnVendor({"bar 21", "paint"}) +
-         PackageFile("04", option) + OnVendor({"bar 53", "paint"}) + PackageFile("08", data) +
-         Texts{"w SET_MODE 07", "w CONTROL 90"} + OnVendor({"bar 85", "paint"}) + Texts{"wait 1500"} +
-         OnVendor({"bar 100", "paint"}) + Texts{"box [Message] Loading Data Ok", "hex paint"};
+  return OnVendor({"bar 0-100 5", "paint"}) + Command("w START_TASK 30", shows) + Command("w CONTROL 10", shows) +
+         OnVendor({"bar 21", "paint"}) + PackageFile("04", option) + OnVendor({"bar 53", "paint"}) +
+         PackageFile("08", data) + Texts{"w SET_MODE 07", "w CONTROL 90"} + OnVendor({"bar 85", "paint"}) +
+         Texts{"wait 1500"} + OnVendor({"bar 100", "paint"}) + Texts{"box [Message] Loading Data Ok", "hex paint"};
 }
 
 Texts RecordedBench::Firmware(const Bytes& image) const {

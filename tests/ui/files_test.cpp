@@ -25,13 +25,13 @@ Bytes With(Bytes file, std::size_t at, const Bytes& bytes) {
   return file;
 }
 
-// A cursor of 3 x 2 pixels with the hot spot 2, 1; 8 bits a pixel, lower line first, then the mask.
+// A cursor of 3 x 2 pixels with the hot spot 2, 1; 8 bits a pixel, lower line first, then the mask. One pixel inverts.
 Bytes Cursor() {
   Bytes header(40), colors(8);
   header = With(With(With(With(header, 0, {40}), 4, {3}), 8, {4}), 12, {1, 0, 8});
   header[32] = 2;  // colours
   colors[6] = 0xFF;
-  const Bytes bitmap = header + colors + Bytes{1, 1, 0, 0, 1, 0, 1, 0} + Bytes{0x20, 0, 0, 0, 0x40, 0, 0, 0};
+  const Bytes bitmap = header + colors + Bytes{1, 1, 1, 0, 1, 0, 1, 0} + Bytes{0x20, 0, 0, 0, 0x40, 0, 0, 0};
   return Bytes{0, 0, 2, 0,  1, 0, 3, 2, 0, 0, 2, 0, 1, 0, static_cast<std::uint8_t>(bitmap.size()),
                0, 0, 0, 22, 0, 0, 0} +
          bitmap;

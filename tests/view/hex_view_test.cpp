@@ -127,8 +127,15 @@ TEST_F(HexView, GoTo) {
     EXPECT_EQ(view.geometry.TopOffset, top) << text;
   }
   op.gotoAddress = nullptr;  // Cancel
+  view.OnDragStart();
   OnGotoAddress(view);
+  EXPECT_FALSE(view.selection.Exists());
   EXPECT_EQ(view.geometry.TopOffset, 0xFF);
+  op.gotoAddress = [](CGotoAddressDlg&) { return ADD_FAILURE() << "nothing to go to", DialogEnd::Ok; };
+  view.Blanked = true;
+  OnGotoAddress(view);
+  Open(0);
+  OnGotoAddress(view);
   Open(0x50);
   view.GoTo(0x51);
   EXPECT_EQ(view.geometry.TopOffset, 0);

@@ -2,13 +2,12 @@
 
 #include <array>
 
-#include "intake/file_readers.h"
+#include "intake/converters/hex14.h"
 #include "platform/byte_order.h"
 #include "platform/clock.h"
 #include "platform/machine.h"
 #include "platform/operator.h"
 #include "platform/text.h"
-#include "shell/ground/app_state.h"
 
 namespace pyxis {
 
@@ -27,53 +26,71 @@ std::array<std::uint8_t, 16> TimeStamp() {
   return stamp;
 }
 
+ConverterCode TellWriteError(ConverterCode code, const std::string& path) {
+  TheMachine().op->Tell(Printf("%s write file error\n", path.c_str()));
+  return code;
+}
+
 }  // namespace
 
-ConversionFrame::ConversionFrame(const ConvertRequest& convertRequest, std::string programPath)
+ConversionFrame::ConversionFrame(const ConvertRequest& convertRequest, Names names)
     : request(convertRequest),
-      path(std::move(programPath)),
-      stem(StemOf(path)),
-      imagePath(stem + ".bin"),
-      massProduction_(convertRequest.MassProduction) {
-  TheAppState().conversion.ImageChecksum = 0xFFFF;
+      state(TheAppState().conversion),
+      path(names == Names::LowerCase ? ToLower(request.Path) : request.Path),
+      massProduction_(request.MassProduction) {
+  state.ImageChecksum = 0xFFFF;
 }
 
-int ConversionFrame::TellOpenError(int code, const std::string& failedPath) const {
-  TheMachine().op->Tell(Printf("%s open file error\n", failedPath.c_str()), kPlainCaption);
+// The folder is the program file's own, as chosen: a lower-cased folder may be another one.
+ConversionFrame::Beside ConversionFrame::FileBeside(const std::string& ending) const {
+  const std::string name = StemOf(path) + ending;
+  const std::string chosen = StemOf(request.Path);
+  const std::size_t folder = chosen.rfind(kPathSeparator) + 1;
+  return {name, chosen.substr(0, folder) + name.substr(folder)};
+}
+
+ConverterCode ConversionFrame::TellOpenError(ConverterCode code, const std::string& failedPath) const {
+  TheMachine().op->Tell(Printf("%s open file error\n", failedPath.c_str()));
   return code;
 }
 
-int ConversionFrame::TellIdError(int code) const {
-  TheMachine().op->Tell(Printf("%s ID error\n", path.c_str()), kPlainCaption);
+ConverterCode ConversionFrame::TellIdError(ConverterCode code) const {
+  TheMachine().op->Tell(Printf("%s ID error\n", path.c_str()));
   return code;
+}
+
+ConverterCode ConversionFrame::WriteBeside(const std::string& ending, std::span<const std::uint8_t> bytes) const {
+  const Beside file = FileBeside(ending);
+  return WriteWholeFile(file.place, bytes) ? kConverted : TellWriteError(kImageFailed, file.path);
 }
 
 // Most packages are about as long as their image.
-void ConversionFrame::TakeImage(std::vector<std::uint8_t> bytes) {
-  data.reserve(bytes.size() + kReserve);
-  image = Image(std::move(bytes));
+ConverterCode ConversionFrame::TakeImage() {
+  auto bytes = ReadForUpdate(image_.place);
+  if (!bytes) return TellOpenError(kImageFailed, image_.path);
+  data.reserve(bytes->size() + kReserve);
+  image = Image(std::move(*bytes));
+  return kConverted;
 }
 
-int ConversionFrame::OpenProgramFile() {
-  auto bytes = ReadForUpdate(path);
-  if (!bytes) return TellOpenError(kSourceFailed, path);
-  TakeImage(std::move(*bytes));
-  return 0;
+ConverterCode ConversionFrame::OpenProgramFile() {
+  image_ = {path, request.Path};
+  return TakeImage() == kConverted ? kConverted : kSourceFailed;
 }
 
-int ConversionFrame::OpenSerialFile() {
-  if (!request.SnMode) return 0;
+ConverterCode ConversionFrame::OpenSerialFile() {
+  if (!request.SnMode) return kConverted;
   massProduction_ = false;
   auto bytes = ReadForUpdate(SerialFilePath());
   if (!bytes) {
-    TheMachine().op->Tell("SNFile open file error\n", kPlainCaption);
+    TheMachine().op->Tell("SNFile open file error\n");
     return kSourceFailed;
   }
   serial = std::move(*bytes);
-  return 0;
+  return kConverted;
 }
 
-int ConversionFrame::OpenPackages(const std::string& templateName) {
+ConverterCode ConversionFrame::OpenPackages(const std::string& templateName) {
   auto bytes = ReadForUpdate(TemplatePath(templateName));
   if (!bytes) return TellOpenError(kSourceFailed, path);
   templateBytes = std::move(*bytes);
@@ -82,50 +99,54 @@ int ConversionFrame::OpenPackages(const std::string& templateName) {
   dataFile_ = ReplacedFile(DataPackagePath());
   if (!dataFile_.IsOpen()) return TellOpenError(kDataFailed, path);
   option.bytes = templateBytes;
-  return 0;
+  return kConverted;
 }
 
-int ConversionFrame::ReadHexImage(int mode) {
-  if (ReadIntelHex(path, imagePath, mode) != 0) return TellOpenError(kReaderFailed, path);
-  auto bytes = ReadForUpdate(imagePath);
-  if (!bytes) return TellOpenError(kImageFailed, imagePath);
-  TakeImage(std::move(*bytes));
-  return 0;
+ConverterCode ConversionFrame::ReadHexImage(ReadMode mode, std::uint32_t forcedLength) {
+  image_ = FileBeside(".bin");
+  if (ReadIntelHex(request.Path, image_.place, mode, forcedLength) != 0) return TellOpenError(kReaderFailed, path);
+  return TakeImage();
 }
 
-int ConversionFrame::ReadEepromImage() {
-  imagePath = stem + "_new.bin";
-  if (ReadEepromBin(path, imagePath) == 0) return kSourceFailed;
-  auto bytes = ReadForUpdate(imagePath);
-  if (!bytes) return TellOpenError(kImageFailed, imagePath);
-  TakeImage(std::move(*bytes));
-  return 0;
+ConverterCode ConversionFrame::ReadEepromImage() {
+  image_ = FileBeside("_new.bin");
+  return ReadEepromBin(request.Path, image_.place) == 0 ? kSourceFailed : TakeImage();
 }
 
-void ConversionFrame::Sum(std::uint16_t word) {
-  AppState& app = TheAppState();
-  app.conversion.ImageChecksum = ChecksumAfter(app.conversion.ImageChecksum, word);
-  app.conversion.ChecksumInput = 0;
+ConverterCode ConversionFrame::OpenHexJob(const std::string& templateName, ReadMode mode) {
+  if (const auto code = OpenSerialFile(); code != kConverted) return code;
+  if (const auto code = OpenPackages(templateName); code != kConverted) return code;
+  return ReadHexImage(mode);
 }
+
+void ConversionFrame::KeepPartialChecksum(std::uint32_t number) {
+  if (number == kPartialChecksumWord) state.PartialChecksum = state.ImageChecksum & kWordMask;
+}
+
+void ConversionFrame::MaskChecksum() { state.ImageChecksum &= kWordMask; }
 
 void ConversionFrame::WriteBe16(std::uint16_t word) {
   data.push_back(static_cast<std::uint8_t>(word >> 8));
   data.push_back(static_cast<std::uint8_t>(word));
 }
 
-int ConversionFrame::WritePackages() {
-  if (!dataFile_.Write(data)) {
-    TheMachine().op->Tell(Printf("%s write file error\n", DataPackagePath().c_str()), kPlainCaption);
-    return kDataFailed;
-  }
-  if (!optionFile_.Write(option.bytes)) {
-    TheMachine().op->Tell(Printf("%s write file error\n", OptionPackagePath().c_str()), kPlainCaption);
-    return kOptionFailed;
-  }
-  return 0;
+bool ConversionFrame::WriteSerialRange() const {
+  File file = OpenFile(SerialFilePath(), "r+b");
+  const std::span<const std::uint8_t> range = std::span(serial).subspan(kSerialRange.offset, kSerialRange.width);
+  const bool written = file && std::fseek(file.get(), static_cast<long>(kSerialRange.offset), SEEK_SET) == 0 &&
+                       std::fwrite(range.data(), 1, range.size(), file.get()) == range.size();
+  return CloseFile(std::move(file)) && written;
 }
 
-int ConversionFrame::Finish(const Tail& tail, const std::string& loadedPath) {
+// serial.txt last: a job whose packages don't stand mustn't move it.
+ConverterCode ConversionFrame::WritePackages() {
+  if (!dataFile_.Write(data)) return TellWriteError(kDataFailed, DataPackagePath());
+  if (!optionFile_.Write(option.bytes)) return TellWriteError(kOptionFailed, OptionPackagePath());
+  if (serialMoved && !WriteSerialRange()) return TellWriteError(kSourceFailed, SerialFilePath());
+  return kConverted;
+}
+
+ConversionResults ConversionFrame::Finish(const Tail& tail, Loaded loaded) {
   option.Put(Field::HeaderChecksum, tail.headerChecksum);
   if (massProduction_) option.Put(Field::ProductionFlags, kProductionMass);
   if (request.ProductionLimitOn) {
@@ -133,9 +154,9 @@ int ConversionFrame::Finish(const Tail& tail, const std::string& loadedPath) {
     option.Put(Field::ProductionLimit, request.ProductionLimitBcd);
   }
   if (request.SnMode && tail.serial) {
-    if (const int code = tail.moveSerial ? tail.moveSerial(*this) : 0; code != 0) {
+    if (const auto code = tail.moveSerial ? tail.moveSerial(*this) : kConverted; code != kConverted) {
       WritePackages();
-      return code;
+      return {code};
     }
     const Image from(serial);  // a short serial file reads as 0xFF behind its end
     for (const FieldPlace field : {Field::SerialHead, Field::SerialBlock})
@@ -144,9 +165,16 @@ int ConversionFrame::Finish(const Tail& tail, const std::string& loadedPath) {
   option.Put(Field::DownloadTime, TimeStamp());
   for (std::size_t i = Field::DownloadTime.offset + Field::DownloadTime.width; i < tail.zeroFillTo; ++i)
     option.PutAt(i, 0);
-  if (const int code = WritePackages(); code != 0) return code;
-  TheAppState().conversion.LoadedFilePath = loadedPath;
-  return kConverted;
+  if (const auto code = WritePackages(); code != kConverted) return {code};
+  switch (loaded) {
+    case Loaded::ProgramFile:
+      return {.code = kConverted, .LoadedFilePath = path, .shownFile = request.Path};
+    case Loaded::Image:
+      return {.code = kConverted, .LoadedFilePath = image_.path, .shownFile = image_.place};
+    case Loaded::DataPackage:
+      break;
+  }
+  return {.code = kConverted, .LoadedFilePath = DataPackagePath(), .shownFile = DataPackagePath()};
 }
 
 std::uint8_t IspFlagsOf(const ConvertRequest& request, ArgumentClass argumentClass, std::uint8_t exhvValue) {

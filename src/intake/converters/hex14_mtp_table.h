@@ -4,65 +4,83 @@
 #include <array>
 #include <cstdint>
 
-#include "intake/converters/families.h"
-#include "intake/converters/frame.h"
+#include "intake/converters/argument_class.h"
 #include "intake/file_readers.h"
 
 namespace pyxis {
 
-// Bytes at a file offset that tell the IC. A mask of 0 tests nothing.
-struct IdBytes {
-  struct Test {
-    std::uint8_t value, mask;
-  };
-  std::uint32_t offset;
-  Test tests[3];
-};
-
-struct Hex14MtpRow {
-  std::uint32_t ChipCode;
-  const char* name;        // of the template
+// How a memory of one size lies in the image and in the package.
+struct Hex14MtpMemory {
   std::uint16_t length;    // words that are copied and summed
   std::uint8_t copied;     // words behind them that are copied only
   std::uint16_t config;    // index of the configuration word
-  IdBytes id;
-  ReadMode mode;
-  std::uint16_t sumMask;   // or-ed into the configuration word before it is summed
+  std::uint32_t idOffset;  // of the bytes that tell the IC
   std::uint8_t byte73;     // ProgramParameter, low byte
-  ArgumentClass argumentClass;
-  std::uint8_t exhvFlags;  // IspFlags for EXHV ISP
+};
+
+// clang-format off
+inline constexpr Hex14MtpMemory kMtp1024{.length = 1024, .copied = 0, .config = 1024, .idOffset = 2068, .byte73 = 0x08};
+inline constexpr Hex14MtpMemory kMtp2033{.length = 2033, .copied = 15, .config = 2048, .idOffset = 4116, .byte73 = 0x08};
+inline constexpr Hex14MtpMemory kMtp2048{.length = 2048, .copied = 0, .config = 2048, .idOffset = 4116, .byte73 = 0x08};
+inline constexpr Hex14MtpMemory kMtp4096{.length = 4096, .copied = 0, .config = 4096, .idOffset = 8212, .byte73 = 0x08};
+inline constexpr Hex14MtpMemory kMtp8192{.length = 8192, .copied = 0, .config = 8192, .idOffset = 16404, .byte73 = 0x08};
+// With a longer ID, right behind the configuration word.
+inline constexpr Hex14MtpMemory kMtp1024Long{.length = 1024, .copied = 0, .config = 1025, .idOffset = 2052, .byte73 = 0x06};
+inline constexpr Hex14MtpMemory kMtp2048Long{.length = 2048, .copied = 0, .config = 2049, .idOffset = 4100, .byte73 = 0x06};
+// clang-format on
+
+// What the bytes at the ID offset must be; a mask of 0 tests nothing.
+struct IdTest {
+  std::uint8_t value, mask;
+};
+using IdTests = std::array<IdTest, 3>;
+// The low byte, and the two low bits of the high byte.
+constexpr IdTests ShortId(std::uint8_t low, std::uint8_t high) { return {{{low, 0xFF}, {high, 3}, {0, 0}}}; }
+constexpr IdTests LowId(std::uint8_t low) { return {{{low, 0xFF}, {0, 0}, {0, 0}}}; }
+constexpr IdTests LongId(std::uint8_t first, std::uint8_t second, std::uint8_t third) {
+  return {{{first, 0xFF}, {second, 0xFF}, {third, 0xFF}}};
+}
+
+struct Hex14MtpRow {
+  std::uint32_t ChipCode;
+  const char* name;  // of the template
+  const Hex14MtpMemory& memory;
+  IdTests id;
+  std::uint16_t sumMask;  // or-ed into the configuration word before it is summed
+  // What few ICs do otherwise.
+  ReadMode mode = kReadBlankWords;
+  ArgumentClass argumentClass = ArgumentClass::B;
+  std::uint8_t exhvFlags = 1;  // IspFlags for EXHV ISP
 };
 
 // clang-format off
 inline constexpr std::array<Hex14MtpRow, 25> kHex14MtpTable{{
-    // code  name  length copied config {idOffset, {value, mask} x 3} mode sumMask byte73 class exhvFlags
-    {0x2805,  "QV8306", 1024, 0, 1025, {2052, {{0x05, 0xFF}, {0x28, 0xFF}, {0xF2, 0xFF}}}, kReadBlankWords, 0x0000, 0x06, ArgumentClass::B, 1},
-    {0x28051, "QV8307", 1024, 0, 1025, {2052, {{0x05, 0xFF}, {0x28, 0xFF}, {0xF2, 0xFF}}}, kReadBlankWords, 0x0000, 0x06, ArgumentClass::B, 1},
-    {0x2778,  "QVX01", 1024, 0, 1024, {2068, {{0x78, 0xFF}, {0x02, 0x03}, {0x00, 0x00}}}, kReadBlankWords, 0x001F, 0x08, ArgumentClass::B, 1},
-    {0x2724,  "QV8314", 1024, 0, 1024, {2068, {{0x24, 0xFF}, {0x02, 0x03}, {0x00, 0x00}}}, kReadBlankWords, 0x001F, 0x08, ArgumentClass::B, 1},
-    {0x2735,  "QV8319", 1024, 0, 1024, {2068, {{0x35, 0xFF}, {0x02, 0x03}, {0x00, 0x00}}}, kReadBlankWords, 0x103F, 0x08, ArgumentClass::B, 1},
-    {0x2752,  "QV8315", 1024, 0, 1024, {2068, {{0x52, 0xFF}, {0x00, 0x00}, {0x00, 0x00}}}, kReadBlankWords, 0x001F, 0x08, ArgumentClass::B, 1},
-    {0x27521, "QV8316", 1024, 0, 1024, {2068, {{0x52, 0xFF}, {0x00, 0x00}, {0x00, 0x00}}}, kReadBlankWords, 0x001F, 0x08, ArgumentClass::B, 1},
-    {0x2754,  "QV8321", 2033, 15, 2048, {4116, {{0x54, 0xFF}, {0x02, 0x03}, {0x00, 0x00}}}, kReadBlankWords, 0x001F, 0x08, ArgumentClass::B, 1},
-    {0x2802,  "QV8312", 2048, 0, 2049, {4100, {{0x02, 0xFF}, {0x28, 0xFF}, {0xF2, 0xFF}}}, kReadBlankWords, 0x0000, 0x06, ArgumentClass::B, 1},
-    {0x2806,  "QV8322", 2048, 0, 2049, {4100, {{0x06, 0xFF}, {0x28, 0xFF}, {0xF3, 0xFF}}}, kReadBlankWords, 0x0000, 0x06, ArgumentClass::B, 1},
-    {0x2726,  "QV8317", 2048, 0, 2048, {4116, {{0x26, 0xFF}, {0x02, 0x03}, {0x00, 0x00}}}, kReadBlankWords, 0x001F, 0x08, ArgumentClass::B, 1},
-    {0x2736,  "QV8320", 2048, 0, 2048, {4116, {{0x36, 0xFF}, {0x02, 0x03}, {0x00, 0x00}}}, kReadBlankWords, 0x103F, 0x08, ArgumentClass::B, 1},
-    {0x2738,  "QV8309", 2048, 0, 2048, {4116, {{0x38, 0xFF}, {0x02, 0x03}, {0x00, 0x00}}}, kReadBlankWords, 0x001F, 0x08, ArgumentClass::B, 1},
-    {0x27381, "QV8310", 2048, 0, 2048, {4116, {{0x38, 0xFF}, {0x03, 0x03}, {0x00, 0x00}}}, kReadBlankWords, 0x001F, 0x08, ArgumentClass::B, 1},
-    {0x27530, "QV8305", 2048, 0, 2048, {4116, {{0x53, 0xFF}, {0x01, 0x03}, {0x00, 0x00}}}, kReadBlankWords, 0x001F, 0x08, ArgumentClass::B, 1},
-    {0x27531, "QV8308", 2048, 0, 2048, {4116, {{0x53, 0xFF}, {0x03, 0x03}, {0x00, 0x00}}}, kReadBlankWords, 0x001F, 0x08, ArgumentClass::B, 1},
-    {0x2753,  "QV8311", 2048, 0, 2048, {4116, {{0x53, 0xFF}, {0x02, 0x03}, {0x00, 0x00}}}, kReadBlankWords, 0x001F, 0x08, ArgumentClass::B, 1},
-    {0x2722,  "QV8201", 4096, 0, 4096, {8212, {{0x22, 0xFF}, {0x02, 0x03}, {0x00, 0x00}}}, kReadZeroWords, 0x001F, 0x08, ArgumentClass::B, 1},
-    {0x2725,  "QV8313", 4096, 0, 4096, {8212, {{0x25, 0xFF}, {0x02, 0x03}, {0x00, 0x00}}}, kReadBlankWords, 0x001F, 0x08, ArgumentClass::B, 1},
-    {0x2727,  "QV8318", 4096, 0, 4096, {8212, {{0x27, 0xFF}, {0x02, 0x03}, {0x00, 0x00}}}, kReadBlankWords, 0x10BF, 0x08, ArgumentClass::B, 1},
-    {0x2705,  "QV8301", 4096, 0, 4096, {8212, {{0x05, 0xFF}, {0x02, 0x03}, {0x00, 0x00}}}, kReadBlankWords, 0x003F, 0x08, ArgumentClass::A, 1},
-    {0x27050, "QV8302", 4096, 0, 4096, {8212, {{0x05, 0xFF}, {0x03, 0x03}, {0x00, 0x00}}}, kReadBlankWords, 0x003F, 0x08, ArgumentClass::A, 1},
-    {0x2748,  "QV8202", 4096, 0, 4096, {8212, {{0x48, 0xFF}, {0x02, 0x03}, {0x00, 0x00}}}, kReadZeroWords, 0x001F, 0x08, ArgumentClass::B, 1},
-    {0x2708,  "QV8303", 8192, 0, 8192, {16404, {{0x08, 0xFF}, {0x02, 0x03}, {0x00, 0x00}}}, kReadBlankWords, 0x003F, 0x08, ArgumentClass::C, 3},
-    {0x27081, "QV8304", 8192, 0, 8192, {16404, {{0x08, 0xFF}, {0x03, 0x03}, {0x00, 0x00}}}, kReadBlankWords, 0x003F, 0x08, ArgumentClass::C, 3},
+    {.ChipCode = 0x2805, .name = "QV8306", .memory = kMtp1024Long, .id = LongId(0x05, 0x28, 0xF2), .sumMask = 0x0000},
+    {.ChipCode = 0x28051, .name = "QV8307", .memory = kMtp1024Long, .id = LongId(0x05, 0x28, 0xF2), .sumMask = 0x0000},
+    {.ChipCode = 0x2778, .name = "QVX01", .memory = kMtp1024, .id = ShortId(0x78, 2), .sumMask = 0x001F},
+    {.ChipCode = 0x2724, .name = "QV8314", .memory = kMtp1024, .id = ShortId(0x24, 2), .sumMask = 0x001F},
+    {.ChipCode = 0x2735, .name = "QV8319", .memory = kMtp1024, .id = ShortId(0x35, 2), .sumMask = 0x103F},
+    {.ChipCode = 0x2752, .name = "QV8315", .memory = kMtp1024, .id = LowId(0x52), .sumMask = 0x001F},
+    {.ChipCode = 0x27521, .name = "QV8316", .memory = kMtp1024, .id = LowId(0x52), .sumMask = 0x001F},
+    {.ChipCode = 0x2754, .name = "QV8321", .memory = kMtp2033, .id = ShortId(0x54, 2), .sumMask = 0x001F},
+    {.ChipCode = 0x2802, .name = "QV8312", .memory = kMtp2048Long, .id = LongId(0x02, 0x28, 0xF2), .sumMask = 0x0000},
+    {.ChipCode = 0x2806, .name = "QV8322", .memory = kMtp2048Long, .id = LongId(0x06, 0x28, 0xF3), .sumMask = 0x0000},
+    {.ChipCode = 0x2726, .name = "QV8317", .memory = kMtp2048, .id = ShortId(0x26, 2), .sumMask = 0x001F},
+    {.ChipCode = 0x2736, .name = "QV8320", .memory = kMtp2048, .id = ShortId(0x36, 2), .sumMask = 0x103F},
+    {.ChipCode = 0x2738, .name = "QV8309", .memory = kMtp2048, .id = ShortId(0x38, 2), .sumMask = 0x001F},
+    {.ChipCode = 0x27381, .name = "QV8310", .memory = kMtp2048, .id = ShortId(0x38, 3), .sumMask = 0x001F},
+    {.ChipCode = 0x27530, .name = "QV8305", .memory = kMtp2048, .id = ShortId(0x53, 1), .sumMask = 0x001F},
+    {.ChipCode = 0x27531, .name = "QV8308", .memory = kMtp2048, .id = ShortId(0x53, 3), .sumMask = 0x001F},
+    {.ChipCode = 0x2753, .name = "QV8311", .memory = kMtp2048, .id = ShortId(0x53, 2), .sumMask = 0x001F},
+    {.ChipCode = 0x2722, .name = "QV8201", .memory = kMtp4096, .id = ShortId(0x22, 2), .sumMask = 0x001F, .mode = kReadZeroWords},
+    {.ChipCode = 0x2725, .name = "QV8313", .memory = kMtp4096, .id = ShortId(0x25, 2), .sumMask = 0x001F},
+    {.ChipCode = 0x2727, .name = "QV8318", .memory = kMtp4096, .id = ShortId(0x27, 2), .sumMask = 0x10BF},
+    {.ChipCode = 0x2705, .name = "QV8301", .memory = kMtp4096, .id = ShortId(0x05, 2), .sumMask = 0x003F, .argumentClass = ArgumentClass::A},
+    {.ChipCode = 0x27050, .name = "QV8302", .memory = kMtp4096, .id = ShortId(0x05, 3), .sumMask = 0x003F, .argumentClass = ArgumentClass::A},
+    {.ChipCode = 0x2748, .name = "QV8202", .memory = kMtp4096, .id = ShortId(0x48, 2), .sumMask = 0x001F, .mode = kReadZeroWords},
+    {.ChipCode = 0x2708, .name = "QV8303", .memory = kMtp8192, .id = ShortId(0x08, 2), .sumMask = 0x003F, .argumentClass = ArgumentClass::C, .exhvFlags = 3},
+    {.ChipCode = 0x27081, .name = "QV8304", .memory = kMtp8192, .id = ShortId(0x08, 3), .sumMask = 0x003F, .argumentClass = ArgumentClass::C, .exhvFlags = 3},
 }};
 // clang-format on
-static_assert(kHex14MtpTable.size() == 25 && KeysAreUnique(kHex14MtpTable));
 
 }  // namespace pyxis

@@ -4,120 +4,156 @@
 #include <array>
 #include <cstdint>
 
-#include "intake/converters/families.h"
-#include "intake/converters/frame.h"
+#include "intake/convert.h"
 
 namespace pyxis {
+
+// In dual mode the serial range moves into the upper half of the memory.
+struct SerialMove {
+  std::uint8_t shift;   // added to the high byte of both addresses
+  std::uint16_t limit;  // the new end address must be less
+  const char* message;  // when it isn't
+};
+
+inline constexpr SerialMove kTo3fb{2, 1020, "S/N End Address > 0x3fb"};
+inline constexpr SerialMove kTo3fc{2, 1020, "S/N End Address > 0x3fc"};
+inline constexpr SerialMove kTo7fc{2, 2044, "S/N End Address > 0x7fc"};
+inline constexpr SerialMove kToFfc{2, 4092, "S/N End Address > 0xffc"};
+inline constexpr SerialMove kFarToFfc{8, 4092, "S/N End Address > 0xffc"};
+
+struct DualMode {
+  std::uint16_t skip;   // words left out of the checksum; 0: the IC has no dual mode
+  std::uint8_t byte73;  // ProgramParameter, low byte; 0xFF outside dual mode
+  bool sumBits;         // the checksum gets bits 12 and 13
+  SerialMove serialMove;
+};
+inline constexpr DualMode kNoDualMode{.skip = 0, .byte73 = 0xFF, .sumBits = false, .serialMove = {}};
+
+// How a memory of one size lies in the image and in the package.
+struct Hex14OtpMemory {
+  std::uint16_t length;   // words that are copied and summed
+  std::uint8_t copied;    // words behind them that go to the package, outside the checksum
+  std::uint8_t blanks;    // words behind them that are replaced by blank words
+  std::uint16_t config;   // index of the configuration word
+  std::uint16_t idWord;   // index of the word with the IC's identity
+  std::uint8_t byte72;    // ProgramParameter, high byte
+  DualMode dual;
+};
+
+// clang-format off
+inline constexpr Hex14OtpMemory kOtp1019{
+    .length = 1019, .copied = 0, .blanks = 1, .config = 1020, .idWord = 1021, .byte72 = 0x86,
+    .dual = {.skip = 0x200, .byte73 = 0xFB, .sumBits = false, .serialMove = kTo3fb}};
+inline constexpr Hex14OtpMemory kOtp1020{
+    .length = 1020, .copied = 0, .blanks = 0, .config = 1020, .idWord = 1022, .byte72 = 0x86,
+    .dual = {.skip = 0x200, .byte73 = 0xFD, .sumBits = true, .serialMove = kTo3fc}};
+inline constexpr Hex14OtpMemory kOtp2040{
+    .length = 2040, .copied = 4, .blanks = 0, .config = 2044, .idWord = 2046, .byte72 = 0x8E, .dual = kNoDualMode};
+inline constexpr Hex14OtpMemory kOtp2042{
+    .length = 2042, .copied = 2, .blanks = 0, .config = 2044, .idWord = 2046, .byte72 = 0x8E, .dual = kNoDualMode};
+inline constexpr Hex14OtpMemory kOtp2044{
+    .length = 2044, .copied = 0, .blanks = 0, .config = 2044, .idWord = 2046, .byte72 = 0x8E, .dual = kNoDualMode};
+inline constexpr Hex14OtpMemory kOtp2044Dual{
+    .length = 2044, .copied = 0, .blanks = 0, .config = 2044, .idWord = 2046, .byte72 = 0x8E,
+    .dual = {.skip = 0x400, .byte73 = 0xFD, .sumBits = true, .serialMove = kTo7fc}};
+inline constexpr Hex14OtpMemory kOtp4091{
+    .length = 4091, .copied = 0, .blanks = 1, .config = 4092, .idWord = 4093, .byte72 = 0x9E,
+    .dual = {.skip = 0x800, .byte73 = 0xFB, .sumBits = false, .serialMove = kTo3fb}};
+inline constexpr Hex14OtpMemory kOtp4092{
+    .length = 4092, .copied = 0, .blanks = 0, .config = 4092, .idWord = 4094, .byte72 = 0x9E, .dual = kNoDualMode};
+inline constexpr Hex14OtpMemory kOtp4092Dual{
+    .length = 4092, .copied = 0, .blanks = 0, .config = 4092, .idWord = 4094, .byte72 = 0x9E,
+    .dual = {.skip = 0x800, .byte73 = 0xFD, .sumBits = true, .serialMove = kToFfc}};
+inline constexpr Hex14OtpMemory kOtp4092DualFar{
+    .length = 4092, .copied = 0, .blanks = 0, .config = 4092, .idWord = 4094, .byte72 = 0x9E,
+    .dual = {.skip = 0x800, .byte73 = 0xFD, .sumBits = true, .serialMove = kFarToFfc}};
+// clang-format on
 
 // What goes into IspFlags.
 enum class IspByte { Template, ExhvIsp, DualMode };  // nothing; 1 for EXHV ISP; 16 in dual mode
 // What goes into UsedLength: the index of the last word that isn't blank, or always the length.
 enum class UsedWords { Tracked, Length };
 
-// In dual mode the serial range moves into the upper half of the memory.
-struct SerialMove {
-  std::uint8_t shift;    // added to the high byte of both addresses
-  std::uint16_t limit;   // the new end address must be less
-  const char* message;   // when it isn't
-};
-
 struct Hex14OtpRow {
   std::uint32_t ChipCode;
-  const char* name;          // of the template
-  std::uint16_t length;      // words that are copied and summed
-  std::uint16_t config;      // index of the configuration word
-  std::uint16_t idWord;      // index of the word with the IC's identity
-  std::uint8_t idLow;        // its low byte
-  std::uint8_t idHighMask;   // bits of its high byte that are tested
-  std::uint8_t idHigh;       // their value
-  std::uint16_t dualSkip;    // words left out of the checksum in dual mode; 0: no dual mode
-  std::uint16_t sumMask;     // or-ed into the configuration word before it is summed
-  std::uint8_t byte72;       // ProgramParameter, high byte
-  std::uint8_t dualByte73;   // ProgramParameter, low byte in dual mode; 0xFF outside it
-  std::uint8_t copied;       // words behind the length that go to the package, outside the checksum
-  std::uint8_t blanks;       // words behind the length that are replaced by blank words
-  std::uint16_t outputSet;   // bits set in the configuration word that goes out
-  std::uint16_t outputClear; // bits cleared in it first
-  bool dualSumBits;          // the checksum gets bits 12 and 13 in dual mode
-  bool protectByte;          // ProtectFlags is 16 when bit 11 of the configuration word is 0
-  IspByte isp;
-  UsedWords used;
-  int idCode;                // returned for a wrong ID
-  SerialMove serialMove;
+  const char* name;  // of the template
+  const Hex14OtpMemory& memory;
+  std::uint8_t idLow;     // the ID word's low byte
+  std::uint8_t idHigh;    // the tested bits of its high byte
+  std::uint16_t sumMask;  // or-ed into the configuration word before it is summed
+  // What few ICs do otherwise.
+  std::uint8_t idHighMask = 3;       // which bits are tested
+  std::uint16_t outputSet = 0x1F;    // bits set in the configuration word that goes out
+  std::uint16_t outputClear = 0;     // bits cleared in it first
+  bool protectByte = false;          // ProtectFlags is 16 when bit 11 of the configuration word is 0
+  IspByte isp = IspByte::Template;
+  UsedWords used = UsedWords::Tracked;
+  ConverterCode idCode = kWrongId;   // returned for a wrong ID
 };
-
-inline constexpr SerialMove kNoLimit{0, 0, nullptr};
-inline constexpr SerialMove k3fb{2, 1020, "S/N End Address > 0x3fb"};
-inline constexpr SerialMove k3fc{2, 1020, "S/N End Address > 0x3fc"};
-inline constexpr SerialMove k7fc{2, 2044, "S/N End Address > 0x7fc"};
-inline constexpr SerialMove kffc{2, 4092, "S/N End Address > 0xffc"};
-inline constexpr SerialMove kffcFar{8, 4092, "S/N End Address > 0xffc"};
 
 // clang-format off
 inline constexpr std::array<Hex14OtpRow, 60> kHex14OtpTable{{
-    // code   name           length config idWord idLow idHigh(mask, value) dualSkip sumMask byte72 73 copied blanks set clear dualSumBits protectByte isp used idCode serialMove
-    {0x2801,  "QV8333",     1019, 1020, 1021, 0x01, 3, 2, 0x200, 0x201F, 0x86, 0xFB, 0, 1, 0x1F,  0x0,  false, false, IspByte::ExhvIsp,    UsedWords::Tracked, kWrongId,     k3fb},
-    {0x28016, "QV8334",     1019, 1020, 1021, 0x01, 3, 2, 0x200, 0x201F, 0x86, 0xFB, 0, 1, 0x1F,  0x0,  false, false, IspByte::ExhvIsp,    UsedWords::Tracked, kWrongId,     k3fb},
-    {0x28014, "QV8335",     1019, 1020, 1021, 0x01, 3, 2, 0x200, 0x201F, 0x86, 0xFB, 0, 1, 0x1F,  0x0,  false, false, IspByte::ExhvIsp,    UsedWords::Tracked, kWrongId,     k3fb},
-    {0x28011, "QV8370",     1019, 1020, 1021, 0x01, 3, 3, 0x200, 0x201F, 0x86, 0xFB, 0, 1, 0x1F,  0x0,  false, false, IspByte::ExhvIsp,    UsedWords::Tracked, kWrongId,     k3fb},
-    {0x28017, "QV8371",     1019, 1020, 1021, 0x01, 3, 3, 0x200, 0x201F, 0x86, 0xFB, 0, 1, 0x1F,  0x0,  false, false, IspByte::ExhvIsp,    UsedWords::Tracked, kWrongId,     k3fb},
-    {0x28015, "QV8372",     1019, 1020, 1021, 0x01, 3, 3, 0x200, 0x201F, 0x86, 0xFB, 0, 1, 0x1F,  0x0,  false, false, IspByte::ExhvIsp,    UsedWords::Tracked, kWrongId,     k3fb},
-    {0x28012, "QV8502",     1019, 1020, 1021, 0x01, 3, 3, 0x200, 0x201F, 0x86, 0xFB, 0, 1, 0x1F,  0x0,  false, false, IspByte::ExhvIsp,    UsedWords::Tracked, kWrongId,     k3fb},
-    {0x28013, "QV8503_2XX", 1019, 1020, 1021, 0x01, 3, 3, 0x200, 0x201F, 0x86, 0xFB, 0, 1, 0x1F,  0x0,  false, false, IspByte::ExhvIsp,    UsedWords::Tracked, kWrongId,     k3fb},
-    {0x2701,  "QV8349",     1020, 1020, 1022, 0x01, 3, 2, 0x200, 0x203F, 0x86, 0xFD, 0, 0, 0x1F,  0x0,  true,  true,  IspByte::Template,   UsedWords::Tracked, kWrongId,     k3fc},
-    {0x2700,  "QV8348",     1020, 1020, 1022, 0x10, 3, 2, 0x200, 0x201F, 0x86, 0xFD, 0, 0, 0x1F,  0x0,  true,  false, IspByte::Template,   UsedWords::Tracked, kWrongId,     k3fc},
-    {0x27011, "QV8323",     1020, 1020, 1022, 0x11, 3, 1, 0x200, 0x201F, 0x86, 0xFD, 0, 0, 0x1F,  0x0,  true,  true,  IspByte::Template,   UsedWords::Tracked, kWrongId,     k3fc},
-    {0x27111, "QV8355",     1020, 1020, 1022, 0x11, 3, 2, 0x200, 0x201F, 0x86, 0xFD, 0, 0, 0x1F,  0x0,  true,  true,  IspByte::Template,   UsedWords::Tracked, kWrongId,     k3fc},
-    {0x2711,  "QV8350",     1020, 1020, 1022, 0x11, 3, 2, 0x200, 0x201F, 0x86, 0xFD, 0, 0, 0x1F,  0x0,  true,  true,  IspByte::Template,   UsedWords::Tracked, kWrongId,     k3fc},
-    {0x2712,  "QV8329",     1020, 1020, 1022, 0x12, 3, 2, 0x200, 0x203F, 0x86, 0xFD, 0, 0, 0x1F,  0x0,  true,  true,  IspByte::DualMode,   UsedWords::Tracked, kWrongId,     k3fc},
-    {0x2702,  "QV8330",     1020, 1020, 1022, 0x12, 3, 3, 0x200, 0x201F, 0x86, 0xFD, 0, 0, 0x1F,  0x0,  true,  true,  IspByte::Template,   UsedWords::Tracked, kWrongId,     k3fc},
-    {0x27133, "QV8327",     1020, 1020, 1022, 0x13, 3, 1, 0x200, 0x201F, 0x86, 0xFD, 0, 0, 0x1F,  0x0,  true,  false, IspByte::Template,   UsedWords::Tracked, kWrongId,     k3fc},
-    {0x2713,  "QV8356",     1020, 1020, 1022, 0x13, 3, 2, 0x200, 0x201F, 0x86, 0xFD, 0, 0, 0x1F,  0x0,  true,  false, IspByte::Template,   UsedWords::Tracked, kWrongId,     k3fc},
-    {0x27130, "QV8357",     1020, 1020, 1022, 0x13, 3, 2, 0x200, 0x201F, 0x86, 0xFD, 0, 0, 0x1F,  0x0,  true,  false, IspByte::Template,   UsedWords::Tracked, kWrongId,     k3fc},
-    {0x27131, "QV8358",     1020, 1020, 1022, 0x13, 3, 2, 0x200, 0x201F, 0x86, 0xFD, 0, 0, 0x1F,  0x0,  true,  false, IspByte::Template,   UsedWords::Tracked, kWrongId,     k3fc},
-    {0x27132, "QV8359",     1020, 1020, 1022, 0x13, 3, 3, 0x200, 0x201F, 0x86, 0xFD, 0, 0, 0x1F,  0x0,  true,  false, IspByte::Template,   UsedWords::Tracked, kWrongId,     k3fc},
-    {0x27134, "QV8365",     1020, 1020, 1022, 0x13, 3, 3, 0x200, 0x201F, 0x86, 0xFD, 0, 0, 0x1F,  0x0,  true,  false, IspByte::Template,   UsedWords::Tracked, kWrongId,     k3fc},
-    {0x2737,  "QV8360",     1020, 1020, 1022, 0x37, 3, 2, 0x200, 0x201F, 0x86, 0xFD, 0, 0, 0x1F,  0x0,  true,  false, IspByte::Template,   UsedWords::Tracked, kWrongId,     k3fc},
-    {0x17402, "QV8325",     1020, 1020, 1022, 0x40, 3, 0, 0x200, 0x201F, 0x86, 0xFD, 0, 0, 0x1F,  0x0,  true,  true,  IspByte::Template,   UsedWords::Tracked, kWrongId,     k3fc},
-    {0x17403, "QV8326",     1020, 1020, 1022, 0x40, 3, 0, 0x200, 0x201F, 0x86, 0xFD, 0, 0, 0x1F,  0x0,  true,  true,  IspByte::Template,   UsedWords::Tracked, kWrongId,     k3fc},
-    {0x1740,  "QV8324",     1020, 1020, 1022, 0x40, 3, 1, 0x200, 0x201F, 0x86, 0xFD, 0, 0, 0x1F,  0x0,  true,  true,  IspByte::Template,   UsedWords::Tracked, kWrongId,     k3fc},
-    {0x2740,  "QV8351",     1020, 1020, 1022, 0x40, 3, 2, 0x200, 0x201F, 0x86, 0xFD, 0, 0, 0x1F,  0x0,  true,  true,  IspByte::ExhvIsp,    UsedWords::Tracked, kWrongId,     k3fc},
-    {0x27401, "QV8352",     1020, 1020, 1022, 0x40, 3, 2, 0x200, 0x201F, 0x86, 0xFD, 0, 0, 0x1F,  0x0,  true,  true,  IspByte::ExhvIsp,    UsedWords::Tracked, kWrongId,     k3fc},
-    {0x27403, "QV8353",     1020, 1020, 1022, 0x40, 3, 3, 0x200, 0x201F, 0x86, 0xFD, 0, 0, 0x1F,  0x0,  true,  true,  IspByte::ExhvIsp,    UsedWords::Tracked, kWrongId,     k3fc},
-    {0x27404, "QV8354",     1020, 1020, 1022, 0x40, 3, 3, 0x200, 0x201F, 0x86, 0xFD, 0, 0, 0x1F,  0x0,  true,  true,  IspByte::ExhvIsp,    UsedWords::Tracked, kWrongId,     k3fc},
-    {0x27430, "QV8328",     1020, 1020, 1022, 0x43, 3, 1, 0x200, 0x201F, 0x86, 0xFD, 0, 0, 0x1F,  0x0,  true,  false, IspByte::Template,   UsedWords::Tracked, kWrongId,     k3fc},
-    {0x2743,  "QV8361",     1020, 1020, 1022, 0x43, 3, 2, 0x200, 0x201F, 0x86, 0xFD, 0, 0, 0x1F,  0x0,  true,  false, IspByte::Template,   UsedWords::Tracked, kWrongId,     k3fc},
-    {0x27431, "QV8362",     1020, 1020, 1022, 0x43, 3, 2, 0x200, 0x201F, 0x86, 0xFD, 0, 0, 0x1F,  0x0,  true,  false, IspByte::Template,   UsedWords::Tracked, kWrongId,     k3fc},
-    {0x27432, "QV8363",     1020, 1020, 1022, 0x43, 3, 3, 0x200, 0x201F, 0x86, 0xFD, 0, 0, 0x1F,  0x0,  true,  false, IspByte::Template,   UsedWords::Tracked, kWrongId,     k3fc},
-    {0x27433, "QV8364",     1020, 1020, 1022, 0x43, 3, 3, 0x200, 0x201F, 0x86, 0xFD, 0, 0, 0x1F,  0x0,  true,  false, IspByte::Template,   UsedWords::Tracked, kWrongId,     k3fc},
-    {0x2744,  "QV8332",     1020, 1020, 1022, 0x44, 3, 2, 0x200, 0x231F, 0x86, 0xFD, 0, 0, 0x1F,  0x0,  true,  true,  IspByte::Template,   UsedWords::Tracked, kWrongId,     k3fc},
-    {0x2747,  "QV8331",     1020, 1020, 1022, 0x47, 2, 2, 0x200, 0x233F, 0x86, 0xFD, 0, 0, 0x1F,  0x0,  true,  true,  IspByte::Template,   UsedWords::Tracked, kWrongId,     k3fc},
-    {0x27293, "QV8342",     2040, 2044, 2046, 0x29, 3, 0, 0x000, 0x303F, 0x8E, 0xFF, 4, 0, 0x1F,  0x0,  false, false, IspByte::Template,   UsedWords::Tracked, kWrongId,     kNoLimit},
-    {0x27292, "QV8340",     2040, 2044, 2046, 0x29, 3, 1, 0x000, 0x303F, 0x8E, 0xFF, 4, 0, 0x1F,  0x0,  false, false, IspByte::Template,   UsedWords::Tracked, kWrongId,     kNoLimit},
-    {0x27291, "QV8341",     2042, 2044, 2046, 0x29, 3, 2, 0x000, 0x303F, 0x8E, 0xFF, 2, 0, 0x1F,  0x0,  false, false, IspByte::Template,   UsedWords::Tracked, kWrongId,     kNoLimit},
-    {0x2729,  "QV8339",     2042, 2044, 2046, 0x29, 3, 3, 0x000, 0x303F, 0x8E, 0xFF, 2, 0, 0x1F,  0x0,  false, false, IspByte::Template,   UsedWords::Tracked, kWrongId,     kNoLimit},
-    {0x2746,  "QV8337",     2044, 2044, 2046, 0x46, 3, 2, 0x000, 0x201F, 0x8E, 0xFF, 0, 0, 0x1F,  0x0,  false, false, IspByte::Template,   UsedWords::Tracked, kWrongId,     kNoLimit},
-    {0x2757,  "QV8338",     2044, 2044, 2046, 0x46, 3, 2, 0x000, 0x201F, 0x8E, 0xFF, 0, 0, 0x1F,  0x0,  false, false, IspByte::Template,   UsedWords::Tracked, kWrongId,     kNoLimit},
-    {0x2756,  "QV8343",     2044, 2044, 2046, 0x56, 3, 3, 0x000, 0x21FF, 0x8E, 0xFF, 0, 0, 0x1FF, 0x0,  false, false, IspByte::Template,   UsedWords::Tracked, kWrongId,     kNoLimit},
-    {0x2750,  "QV8366",     2044, 2044, 2046, 0x50, 3, 2, 0x400, 0x231F, 0x8E, 0xFD, 0, 0, 0x1F,  0x100, true,  false, IspByte::Template,   UsedWords::Tracked, kWrongId,     k7fc},
-    {0x27503, "QV8367",     2044, 2044, 2046, 0x50, 3, 2, 0x400, 0x231F, 0x8E, 0xFD, 0, 0, 0x1F,  0x100, true,  false, IspByte::Template,   UsedWords::Tracked, kWrongId,     k7fc},
-    {0x27501, "QV8373",     2044, 2044, 2046, 0x50, 3, 3, 0x400, 0x231F, 0x8E, 0xFD, 0, 0, 0x1F,  0x0,  true,  false, IspByte::Template,   UsedWords::Tracked, kWrongId,     k7fc},
-    {0x27505, "QV8503_5XX", 2044, 2044, 2046, 0x50, 3, 3, 0x400, 0x231F, 0x8E, 0xFD, 0, 0, 0x1F,  0x0,  true,  false, IspByte::Template,   UsedWords::Tracked, kWrongId,     k7fc},
-    {0x27506, "QV8503_8XX", 2044, 2044, 2046, 0x50, 3, 3, 0x400, 0x231F, 0x8E, 0xFD, 0, 0, 0x1F,  0x0,  true,  false, IspByte::Template,   UsedWords::Tracked, kWrongId,     k7fc},
-    {0x27502, "QV8374",     2044, 2044, 2046, 0x50, 3, 3, 0x400, 0x231F, 0x8E, 0xFD, 0, 0, 0x1F,  0x0,  true,  false, IspByte::Template,   UsedWords::Tracked, kWrongId,     k7fc},
-    {0x27504, "QV8375",     2044, 2044, 2046, 0x50, 3, 3, 0x400, 0x231F, 0x8E, 0xFD, 0, 0, 0x1F,  0x0,  true,  false, IspByte::Template,   UsedWords::Tracked, kWrongId,     k7fc},
-    {0x2803,  "QV8347",     4091, 4092, 4093, 0x03, 3, 2, 0x800, 0x201F, 0x9E, 0xFB, 0, 1, 0x1F,  0x0,  false, false, IspByte::ExhvIsp,    UsedWords::Tracked, kWrongId,     k3fb},
-    {0x28031, "QV8378",     4091, 4092, 4093, 0x03, 3, 3, 0x800, 0x201F, 0x9E, 0xFB, 0, 1, 0x1F,  0x0,  false, false, IspByte::ExhvIsp,    UsedWords::Tracked, kWrongId,     k3fb},
-    {0x27091, "QV8336",     4092, 4092, 4094, 0x09, 3, 1, 0x000, 0x203F, 0x9E, 0xFF, 0, 0, 0x1F,  0x0,  false, true,  IspByte::Template,   UsedWords::Length,  kImageFailed, kNoLimit},
-    {0x2709,  "QV8344",     4092, 4092, 4094, 0x09, 3, 2, 0x800, 0x203F, 0x9E, 0xFD, 0, 0, 0x1F,  0x0,  true,  true,  IspByte::Template,   UsedWords::Tracked, kWrongId,     kffcFar},
-    {0x2728,  "QV8368",     4092, 4092, 4094, 0x28, 3, 2, 0x800, 0x203F, 0x9E, 0xFD, 0, 0, 0x1F,  0x0,  true,  false, IspByte::Template,   UsedWords::Tracked, kWrongId,     kffc},
-    {0x2755,  "QV8345",     4092, 4092, 4094, 0x55, 3, 2, 0x800, 0x201F, 0x9E, 0xFD, 0, 0, 0x1F,  0x20, true,  false, IspByte::Template,   UsedWords::Tracked, kWrongId,     kffc},
-    {0x27553, "QV8346",     4092, 4092, 4094, 0x55, 3, 2, 0x800, 0x201F, 0x9E, 0xFD, 0, 0, 0x1F,  0x20, true,  false, IspByte::Template,   UsedWords::Tracked, kWrongId,     kffc},
-    {0x27551, "QV8376",     4092, 4092, 4094, 0x55, 3, 3, 0x800, 0x201F, 0x9E, 0xFD, 0, 0, 0x1F,  0x0,  true,  false, IspByte::Template,   UsedWords::Tracked, kWrongId,     kffc},
-    {0x27554, "QV8377",     4092, 4092, 4094, 0x55, 3, 3, 0x800, 0x201F, 0x9E, 0xFD, 0, 0, 0x1F,  0x0,  true,  false, IspByte::Template,   UsedWords::Tracked, kWrongId,     kffc},
-    {0x27552, "QV8501",     4092, 4092, 4094, 0x55, 3, 3, 0x800, 0x201F, 0x9E, 0xFD, 0, 0, 0x1F,  0x0,  true,  false, IspByte::Template,   UsedWords::Tracked, kWrongId,     kffc},
+    {.ChipCode = 0x2801, .name = "QV8333", .memory = kOtp1019, .idLow = 0x01, .idHigh = 2, .sumMask = 0x201F, .isp = IspByte::ExhvIsp},
+    {.ChipCode = 0x28016, .name = "QV8334", .memory = kOtp1019, .idLow = 0x01, .idHigh = 2, .sumMask = 0x201F, .isp = IspByte::ExhvIsp},
+    {.ChipCode = 0x28014, .name = "QV8335", .memory = kOtp1019, .idLow = 0x01, .idHigh = 2, .sumMask = 0x201F, .isp = IspByte::ExhvIsp},
+    {.ChipCode = 0x28011, .name = "QV8370", .memory = kOtp1019, .idLow = 0x01, .idHigh = 3, .sumMask = 0x201F, .isp = IspByte::ExhvIsp},
+    {.ChipCode = 0x28017, .name = "QV8371", .memory = kOtp1019, .idLow = 0x01, .idHigh = 3, .sumMask = 0x201F, .isp = IspByte::ExhvIsp},
+    {.ChipCode = 0x28015, .name = "QV8372", .memory = kOtp1019, .idLow = 0x01, .idHigh = 3, .sumMask = 0x201F, .isp = IspByte::ExhvIsp},
+    {.ChipCode = 0x28012, .name = "QV8502", .memory = kOtp1019, .idLow = 0x01, .idHigh = 3, .sumMask = 0x201F, .isp = IspByte::ExhvIsp},
+    {.ChipCode = 0x28013, .name = "QV8503_2XX", .memory = kOtp1019, .idLow = 0x01, .idHigh = 3, .sumMask = 0x201F, .isp = IspByte::ExhvIsp},
+    {.ChipCode = 0x2701, .name = "QV8349", .memory = kOtp1020, .idLow = 0x01, .idHigh = 2, .sumMask = 0x203F, .protectByte = true},
+    {.ChipCode = 0x2700, .name = "QV8348", .memory = kOtp1020, .idLow = 0x10, .idHigh = 2, .sumMask = 0x201F},
+    {.ChipCode = 0x27011, .name = "QV8323", .memory = kOtp1020, .idLow = 0x11, .idHigh = 1, .sumMask = 0x201F, .protectByte = true},
+    {.ChipCode = 0x27111, .name = "QV8355", .memory = kOtp1020, .idLow = 0x11, .idHigh = 2, .sumMask = 0x201F, .protectByte = true},
+    {.ChipCode = 0x2711, .name = "QV8350", .memory = kOtp1020, .idLow = 0x11, .idHigh = 2, .sumMask = 0x201F, .protectByte = true},
+    {.ChipCode = 0x2712, .name = "QV8329", .memory = kOtp1020, .idLow = 0x12, .idHigh = 2, .sumMask = 0x203F, .protectByte = true, .isp = IspByte::DualMode},
+    {.ChipCode = 0x2702, .name = "QV8330", .memory = kOtp1020, .idLow = 0x12, .idHigh = 3, .sumMask = 0x201F, .protectByte = true},
+    {.ChipCode = 0x27133, .name = "QV8327", .memory = kOtp1020, .idLow = 0x13, .idHigh = 1, .sumMask = 0x201F},
+    {.ChipCode = 0x2713, .name = "QV8356", .memory = kOtp1020, .idLow = 0x13, .idHigh = 2, .sumMask = 0x201F},
+    {.ChipCode = 0x27130, .name = "QV8357", .memory = kOtp1020, .idLow = 0x13, .idHigh = 2, .sumMask = 0x201F},
+    {.ChipCode = 0x27131, .name = "QV8358", .memory = kOtp1020, .idLow = 0x13, .idHigh = 2, .sumMask = 0x201F},
+    {.ChipCode = 0x27132, .name = "QV8359", .memory = kOtp1020, .idLow = 0x13, .idHigh = 3, .sumMask = 0x201F},
+    {.ChipCode = 0x27134, .name = "QV8365", .memory = kOtp1020, .idLow = 0x13, .idHigh = 3, .sumMask = 0x201F},
+    {.ChipCode = 0x2737, .name = "QV8360", .memory = kOtp1020, .idLow = 0x37, .idHigh = 2, .sumMask = 0x201F},
+    {.ChipCode = 0x17402, .name = "QV8325", .memory = kOtp1020, .idLow = 0x40, .idHigh = 0, .sumMask = 0x201F, .protectByte = true},
+    {.ChipCode = 0x17403, .name = "QV8326", .memory = kOtp1020, .idLow = 0x40, .idHigh = 0, .sumMask = 0x201F, .protectByte = true},
+    {.ChipCode = 0x1740, .name = "QV8324", .memory = kOtp1020, .idLow = 0x40, .idHigh = 1, .sumMask = 0x201F, .protectByte = true},
+    {.ChipCode = 0x2740, .name = "QV8351", .memory = kOtp1020, .idLow = 0x40, .idHigh = 2, .sumMask = 0x201F, .protectByte = true, .isp = IspByte::ExhvIsp},
+    {.ChipCode = 0x27401, .name = "QV8352", .memory = kOtp1020, .idLow = 0x40, .idHigh = 2, .sumMask = 0x201F, .protectByte = true, .isp = IspByte::ExhvIsp},
+    {.ChipCode = 0x27403, .name = "QV8353", .memory = kOtp1020, .idLow = 0x40, .idHigh = 3, .sumMask = 0x201F, .protectByte = true, .isp = IspByte::ExhvIsp},
+    {.ChipCode = 0x27404, .name = "QV8354", .memory = kOtp1020, .idLow = 0x40, .idHigh = 3, .sumMask = 0x201F, .protectByte = true, .isp = IspByte::ExhvIsp},
+    {.ChipCode = 0x27430, .name = "QV8328", .memory = kOtp1020, .idLow = 0x43, .idHigh = 1, .sumMask = 0x201F},
+    {.ChipCode = 0x2743, .name = "QV8361", .memory = kOtp1020, .idLow = 0x43, .idHigh = 2, .sumMask = 0x201F},
+    {.ChipCode = 0x27431, .name = "QV8362", .memory = kOtp1020, .idLow = 0x43, .idHigh = 2, .sumMask = 0x201F},
+    {.ChipCode = 0x27432, .name = "QV8363", .memory = kOtp1020, .idLow = 0x43, .idHigh = 3, .sumMask = 0x201F},
+    {.ChipCode = 0x27433, .name = "QV8364", .memory = kOtp1020, .idLow = 0x43, .idHigh = 3, .sumMask = 0x201F},
+    {.ChipCode = 0x2744, .name = "QV8332", .memory = kOtp1020, .idLow = 0x44, .idHigh = 2, .sumMask = 0x231F, .protectByte = true},
+    {.ChipCode = 0x2747, .name = "QV8331", .memory = kOtp1020, .idLow = 0x47, .idHigh = 2, .sumMask = 0x233F, .idHighMask = 2, .protectByte = true},
+    {.ChipCode = 0x27293, .name = "QV8342", .memory = kOtp2040, .idLow = 0x29, .idHigh = 0, .sumMask = 0x303F},
+    {.ChipCode = 0x27292, .name = "QV8340", .memory = kOtp2040, .idLow = 0x29, .idHigh = 1, .sumMask = 0x303F},
+    {.ChipCode = 0x27291, .name = "QV8341", .memory = kOtp2042, .idLow = 0x29, .idHigh = 2, .sumMask = 0x303F},
+    {.ChipCode = 0x2729, .name = "QV8339", .memory = kOtp2042, .idLow = 0x29, .idHigh = 3, .sumMask = 0x303F},
+    {.ChipCode = 0x2746, .name = "QV8337", .memory = kOtp2044, .idLow = 0x46, .idHigh = 2, .sumMask = 0x201F},
+    {.ChipCode = 0x2757, .name = "QV8338", .memory = kOtp2044, .idLow = 0x46, .idHigh = 2, .sumMask = 0x201F},
+    {.ChipCode = 0x2756, .name = "QV8343", .memory = kOtp2044, .idLow = 0x56, .idHigh = 3, .sumMask = 0x21FF, .outputSet = 0x1FF},
+    {.ChipCode = 0x2750, .name = "QV8366", .memory = kOtp2044Dual, .idLow = 0x50, .idHigh = 2, .sumMask = 0x231F, .outputClear = 0x100},
+    {.ChipCode = 0x27503, .name = "QV8367", .memory = kOtp2044Dual, .idLow = 0x50, .idHigh = 2, .sumMask = 0x231F, .outputClear = 0x100},
+    {.ChipCode = 0x27501, .name = "QV8373", .memory = kOtp2044Dual, .idLow = 0x50, .idHigh = 3, .sumMask = 0x231F},
+    {.ChipCode = 0x27505, .name = "QV8503_5XX", .memory = kOtp2044Dual, .idLow = 0x50, .idHigh = 3, .sumMask = 0x231F},
+    {.ChipCode = 0x27506, .name = "QV8503_8XX", .memory = kOtp2044Dual, .idLow = 0x50, .idHigh = 3, .sumMask = 0x231F},
+    {.ChipCode = 0x27502, .name = "QV8374", .memory = kOtp2044Dual, .idLow = 0x50, .idHigh = 3, .sumMask = 0x231F},
+    {.ChipCode = 0x27504, .name = "QV8375", .memory = kOtp2044Dual, .idLow = 0x50, .idHigh = 3, .sumMask = 0x231F},
+    {.ChipCode = 0x2803, .name = "QV8347", .memory = kOtp4091, .idLow = 0x03, .idHigh = 2, .sumMask = 0x201F, .isp = IspByte::ExhvIsp},
+    {.ChipCode = 0x28031, .name = "QV8378", .memory = kOtp4091, .idLow = 0x03, .idHigh = 3, .sumMask = 0x201F, .isp = IspByte::ExhvIsp},
+    {.ChipCode = 0x27091, .name = "QV8336", .memory = kOtp4092, .idLow = 0x09, .idHigh = 1, .sumMask = 0x203F, .protectByte = true, .used = UsedWords::Length, .idCode = kImageFailed},
+    {.ChipCode = 0x2709, .name = "QV8344", .memory = kOtp4092DualFar, .idLow = 0x09, .idHigh = 2, .sumMask = 0x203F, .protectByte = true},
+    {.ChipCode = 0x2728, .name = "QV8368", .memory = kOtp4092Dual, .idLow = 0x28, .idHigh = 2, .sumMask = 0x203F},
+    {.ChipCode = 0x2755, .name = "QV8345", .memory = kOtp4092Dual, .idLow = 0x55, .idHigh = 2, .sumMask = 0x201F, .outputClear = 0x20},
+    {.ChipCode = 0x27553, .name = "QV8346", .memory = kOtp4092Dual, .idLow = 0x55, .idHigh = 2, .sumMask = 0x201F, .outputClear = 0x20},
+    {.ChipCode = 0x27551, .name = "QV8376", .memory = kOtp4092Dual, .idLow = 0x55, .idHigh = 3, .sumMask = 0x201F},
+    {.ChipCode = 0x27554, .name = "QV8377", .memory = kOtp4092Dual, .idLow = 0x55, .idHigh = 3, .sumMask = 0x201F},
+    {.ChipCode = 0x27552, .name = "QV8501", .memory = kOtp4092Dual, .idLow = 0x55, .idHigh = 3, .sumMask = 0x201F},
 }};
 // clang-format on
-static_assert(kHex14OtpTable.size() == 60 && KeysAreUnique(kHex14OtpTable));
 
 }  // namespace pyxis

@@ -9,6 +9,9 @@
 
 namespace pyxis {
 
+// Start and end address of a series, in serial.txt and in the package.
+inline constexpr FieldPlace kSerialRange{Field::SerialHead.offset + 2, 4, ByteOrder::Big};
+
 class OptionPackage {
  public:
   std::vector<std::uint8_t> bytes;

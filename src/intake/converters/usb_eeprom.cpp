@@ -1,46 +1,12 @@
-#include <array>
 #include <string>
 
-#include "intake/converters/families.h"
+#include "intake/converters/dispatch.h"
 #include "intake/converters/frame.h"
-#include "intake/converters/hex14.h"
-#include "intake/file_readers.h"
 #include "platform/text.h"
-#include "shell/ground/app_state.h"
 
 namespace pyxis {
 
 namespace {
-
-constexpr std::uint32_t kNoId = 0;
-
-struct UsbEepromRow {
-  std::uint32_t ChipCode;
-  const char* name;
-  ReadMode mode;
-  std::uint32_t idOffset;  // bytes; kNoId: the image isn't tested
-  std::uint8_t idLow, idHigh;
-  std::uint32_t words;
-  ArgumentClass argumentClass;
-  const char* eepromName;      // that an EEPROM image must carry
-  std::uint8_t eepromStart;    // of an EEPROM image, in units of 256 words
-  std::uint32_t forcedLength;  // of the temporary image; 0: up to the highest address
-  bool plainBytes;             // bytes go out and are summed in file order; OptionValue is the configuration byte
-  bool loadsImage;             // LoadedFilePath is the image, else the data package
-};
-
-// clang-format off
-constexpr std::array<UsbEepromRow, 6> kTable{{
-    // code   name     mode             id               words  class             EEPROM name    start forced  plain  loads
-    {0x1645, "QVL09", kReadBlankWords, 16404, 0x45, 3,  8192,  ArgumentClass::C, "QVL09EEPROM", 0x17, 0,      false, false},
-    {0x1655, "QVL12", kReadBlankWords, 16404, 0x55, 2,  8192,  ArgumentClass::C, "QVL12EEPROM", 0x17, 0,      false, false},
-    {0x1646, "QVL10", kReadBlankWords, 12308, 0x46, 3,  6144,  ArgumentClass::B, "QVL10EEPROM", 0x17, 0,      false, true},
-    {0x1650, "QVL11", kReadBlankWords, 8212,  0x50, 3,  4096,  ArgumentClass::B, "QVL11EEPROM", 0x0F, 0,      false, true},
-    {0x1638, "QVL07", kReadZeroWords,  kNoId, 0, 0,     12288, ArgumentClass::B, "QVL07EEPROM", 0x0F, 0x6020, true,  true},
-    {0x9840, "QVX03", kReadBytes,      kNoId, 0, 0,     8192,  ArgumentClass::C, "QVL09EEPROM", 0x17, 0,      false, false},
-}};
-// clang-format on
-static_assert(KeysAreUnique(kTable));
 
 constexpr std::size_t kEepromImageLength = 525;
 constexpr std::size_t kEepromNameField = 13;
@@ -59,24 +25,21 @@ std::string EepromNameOf(const Image& image) {
   return name;
 }
 
-bool IdMatches(const UsbEepromRow& row, const Image& image) {
-  return row.idOffset == kNoId ||
-         (image.Byte(row.idOffset) == row.idLow && (image.Byte(row.idOffset + 1) & 3) == row.idHigh);
+bool IdMatches(const UsbEepromId& id, const Image& image) {
+  return id.offset == kNoId.offset ||
+         (image.Byte(id.offset) == id.low && (image.Byte(id.offset + 1) & 3) == id.high);
 }
 
-int ReadHex(const UsbEepromRow& row, ConversionFrame& frame) {
-  ForcedImageLength = row.forcedLength;
-  const int code = frame.ReadHexImage(row.mode);
-  ForcedImageLength = 0;
-  if (code != 0) return code;
-  return IdMatches(row, frame.image) ? 0 : frame.TellIdError();
+ConverterCode ReadHex(const UsbEepromRow& row, ConversionFrame& frame) {
+  if (const auto code = frame.ReadHexImage(row.mode, row.forcedLength); code != kConverted) return code;
+  return IdMatches(row.id, frame.image) ? kConverted : frame.TellIdError();
 }
 
-int ReadEeprom(const UsbEepromRow& row, ConversionFrame& frame) {
-  if (int code = frame.ReadEepromImage(); code != 0) return code;
+ConverterCode ReadEeprom(const UsbEepromRow& row, ConversionFrame& frame) {
+  if (const auto code = frame.ReadEepromImage(); code != kConverted) return code;
   const bool ours =
       EqualsNoCase(EepromNameOf(frame.image), row.eepromName) && frame.image.Length() == kEepromImageLength;
-  return ours ? 0 : frame.TellOpenError(kReaderFailed, frame.path);
+  return ours ? kConverted : frame.TellOpenError(kReaderFailed, frame.path);
 }
 
 // The program words, and the configuration word behind them where the image holds it.
@@ -85,13 +48,13 @@ std::uint32_t CopyProgram(const UsbEepromRow& row, ConversionFrame& frame) {
     const std::size_t at = 2 * (std::size_t{i} - 1);
     const std::uint16_t word = row.plainBytes ? frame.image.Be16(at) : frame.image.Le16(at);
     frame.WriteBe16(word);
-    ConversionFrame::Sum(word);
-    if (!row.plainBytes) KeepPartialChecksum(i);
+    frame.Sum(word);
+    if (!row.plainBytes) frame.KeepPartialChecksum(i);
   }
   if (row.plainBytes) return *frame.request.OptionValue;
   const std::uint16_t config = frame.image.Word(row.words);
-  TheAppState().conversion.SystemConfigWord = config;
-  ConversionFrame::Sum((config | kSummedConfigSet) & kSummedConfigBits);
+  frame.state.SystemConfigWord = config;
+  frame.Sum((config | kSummedConfigSet) & kSummedConfigBits);
   return config;
 }
 
@@ -99,21 +62,20 @@ void CopyEeprom(const UsbEepromRow& row, ConversionFrame& frame) {
   for (std::uint32_t i = kEepromFirstWord; i < row.words; ++i) {
     const std::uint16_t word = frame.image.Be16(kEepromNameField + 2 * (std::size_t{i} - kEepromFirstWord));
     frame.WriteBe16(word);
-    ConversionFrame::Sum(word);
+    frame.Sum(word);
   }
 }
 
 void PatchOption(const UsbEepromRow& row, std::uint32_t config, bool eeprom, ConversionFrame& frame) {
-  const AppState& app = TheAppState();
   OptionPackage& option = frame.option;
-  option.Put(Field::ImageChecksum, app.conversion.ImageChecksum);
+  option.Put(Field::ImageChecksum, frame.state.ImageChecksum);
   if (row.plainBytes) {
     option.PutAt(Field::ConfigWord.offset, static_cast<std::uint8_t>(config));
   } else {
     option.Put(Field::UsedLength, row.words);
     option.Put(Field::ImageLength, row.words);
     option.Put(Field::ConfigWord, config & kConfigOutBits);
-    option.Put(Field::PartialChecksum, app.conversion.PartialChecksum);
+    option.Put(Field::PartialChecksum, frame.state.PartialChecksum);
   }
   if (eeprom) {
     option.Put(Field::DualStart, std::uint32_t{row.eepromStart} << 8);
@@ -123,12 +85,14 @@ void PatchOption(const UsbEepromRow& row, std::uint32_t config, bool eeprom, Con
   option.Put(Field::IspFlags, IspFlagsOf(frame.request, row.argumentClass));
 }
 
-int Convert(const UsbEepromRow& row, const ConvertRequest& request) {
-  ConversionFrame frame(request, ToLower(request.Path));
+}  // namespace
+
+ConversionResults Convert(const UsbEepromRow& row, const ConvertRequest& request) {
+  ConversionFrame frame(request, Names::LowerCase);
   const bool eeprom = frame.path.ends_with(".bin");
-  if (int code = frame.OpenSerialFile(); code != 0) return code;
-  if (int code = frame.OpenPackages(row.name); code != 0) return code;
-  if (int code = eeprom ? ReadEeprom(row, frame) : ReadHex(row, frame); code != 0) return code;
+  if (const auto code = frame.OpenSerialFile(); code != kConverted) return {code};
+  if (const auto code = frame.OpenPackages(row.name); code != kConverted) return {code};
+  if (const auto code = eeprom ? ReadEeprom(row, frame) : ReadHex(row, frame); code != kConverted) return {code};
 
   std::uint32_t config = *request.OptionValue;
   if (eeprom) {
@@ -136,17 +100,9 @@ int Convert(const UsbEepromRow& row, const ConvertRequest& request) {
   } else {
     config = CopyProgram(row, frame);
   }
-  MaskChecksum();
+  frame.MaskChecksum();
   PatchOption(row, config, eeprom, frame);
-  return frame.Finish({}, row.loadsImage ? frame.imagePath : DataPackagePath());
-}
-
-}  // namespace
-
-bool ConvertUsbEeprom(const ConvertRequest& request, int& code) {
-  const UsbEepromRow* row = FindRow(kTable, request.ChipCode);
-  if (row != nullptr) code = Convert(*row, request);
-  return row != nullptr;
+  return frame.Finish({}, row.loadsImage ? ConversionFrame::Loaded::Image : ConversionFrame::Loaded::DataPackage);
 }
 
 }  // namespace pyxis

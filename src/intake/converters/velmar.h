@@ -2,15 +2,16 @@
 #pragma once
 
 #include <cstdint>
-#include <string>
 
 #include "intake/converters/frame.h"
 
 namespace pyxis {
 
-// The low nibble of the first byte, the whole second, the high nibble of the third.
-inline constexpr std::uint8_t kVelmarIdFirst = 7;
+// The low nibble of the first byte is 7; the whole second; the high nibble of the third.
 bool VelmarIdMatches(const Image& image, std::size_t offset, std::uint8_t second, std::uint8_t thirdHigh);
+
+// The configuration word lies behind the image's bytes, the ID behind that.
+constexpr std::size_t VelmarIdOffset(std::uint16_t imageBytes) { return imageBytes + std::size_t{2}; }
 
 // Copies `imageBytes` bytes and sums the words that end at `sumLength` or before.
 void CopyVelmarImage(ConversionFrame& frame, std::size_t imageBytes, std::int32_t sumLength);

@@ -4,48 +4,44 @@
 #include <array>
 #include <cstdint>
 
-#include "intake/converters/families.h"
-
 namespace pyxis {
 
 struct VelmarFlashRow {
   std::uint32_t ChipCode;
-  const char* name;           // of the template
-  std::uint16_t imageBytes;
-  std::uint32_t idOffset;     // bytes
-  std::uint8_t idSecond;      // second byte of the ID
-  std::uint8_t idThirdHigh;   // high nibble of the third
-  bool wholeConfig;           // the configuration word's low five bits are real bits
-  bool usedInWords;           // UsedLength counts words
+  const char* name;          // of the template
+  std::uint16_t imageBytes;  // the configuration word lies behind them, and the ID behind that
+  std::uint8_t idSecond;     // second byte of the ID
+  std::uint8_t idThirdHigh;  // high nibble of the third
+  // What few ICs do otherwise.
+  bool wholeConfig = false;  // the configuration word's low five bits are real bits
+  bool usedInWords = false;  // UsedLength counts words
 };
 
 // clang-format off
 inline constexpr std::array<VelmarFlashRow, 21> kVelmarFlashTable{{
-    // code   name  imageBytes idOffset idSecond idThirdHigh wholeConfig usedInWords
-    {0x3706,  "QV8121", 4094, 4096, 0x06, 0x2, false,false},
-    {0x37060, "QV8122", 4094, 4096, 0x06, 0x3, false,false},
-    {0x3710,  "QV8115", 8190, 8192, 0x10, 0x2, false,false},
-    {0x37100, "QV8117", 8190, 8192, 0x10, 0x3, false,false},
-    {0x37101, "QV8116", 8190, 8192, 0x10, 0x4, false,false},
-    {0x37102, "QV8118", 8190, 8192, 0x10, 0x5, false,false},
-    {0x3712,  "QV8111", 8190, 8192, 0x12, 0x2, false,false},
-    {0x37120, "QV8113", 8190, 8192, 0x12, 0x3, false,false},
-    {0x37121, "QV8112", 8190, 8192, 0x12, 0x4, false,false},
-    {0x37122, "QV8114", 8190, 8192, 0x12, 0x5, false,false},
-    {0x37130, "QV8108", 8190, 8192, 0x13, 0x2, false,false},
-    {0x3713,  "QV8106", 8190, 8192, 0x13, 0x3, false,false},
-    {0x37132, "QV8109", 8190, 8192, 0x13, 0x4, false,false},
-    {0x37131, "QV8107", 8190, 8192, 0x13, 0x5, false,false},
-    {0x3703,  "QV8120", 16382, 16384, 0x03, 0x2, false,false},
-    {0x37030, "QV8119", 16382, 16384, 0x03, 0x3, false,false},
-    {0x3704,  "QV8103", 16382, 16384, 0x04, 0x2, true, false},
-    {0x37090, "QV8105", 16382, 16384, 0x09, 0x2, true, false},
-    {0x3709,  "QV8104", 16382, 16384, 0x09, 0x3, true, false},
-    {0x37140, "QV8102", 32766, 32768, 0x14, 0x2, false,true},
-    {0x3714,  "QV8101", 32766, 32768, 0x14, 0x3, false,true},
+    {.ChipCode = 0x3706, .name = "QV8121", .imageBytes = 4094, .idSecond = 0x06, .idThirdHigh = 0x2},
+    {.ChipCode = 0x37060, .name = "QV8122", .imageBytes = 4094, .idSecond = 0x06, .idThirdHigh = 0x3},
+    {.ChipCode = 0x3710, .name = "QV8115", .imageBytes = 8190, .idSecond = 0x10, .idThirdHigh = 0x2},
+    {.ChipCode = 0x37100, .name = "QV8117", .imageBytes = 8190, .idSecond = 0x10, .idThirdHigh = 0x3},
+    {.ChipCode = 0x37101, .name = "QV8116", .imageBytes = 8190, .idSecond = 0x10, .idThirdHigh = 0x4},
+    {.ChipCode = 0x37102, .name = "QV8118", .imageBytes = 8190, .idSecond = 0x10, .idThirdHigh = 0x5},
+    {.ChipCode = 0x3712, .name = "QV8111", .imageBytes = 8190, .idSecond = 0x12, .idThirdHigh = 0x2},
+    {.ChipCode = 0x37120, .name = "QV8113", .imageBytes = 8190, .idSecond = 0x12, .idThirdHigh = 0x3},
+    {.ChipCode = 0x37121, .name = "QV8112", .imageBytes = 8190, .idSecond = 0x12, .idThirdHigh = 0x4},
+    {.ChipCode = 0x37122, .name = "QV8114", .imageBytes = 8190, .idSecond = 0x12, .idThirdHigh = 0x5},
+    {.ChipCode = 0x37130, .name = "QV8108", .imageBytes = 8190, .idSecond = 0x13, .idThirdHigh = 0x2},
+    {.ChipCode = 0x3713, .name = "QV8106", .imageBytes = 8190, .idSecond = 0x13, .idThirdHigh = 0x3},
+    {.ChipCode = 0x37132, .name = "QV8109", .imageBytes = 8190, .idSecond = 0x13, .idThirdHigh = 0x4},
+    {.ChipCode = 0x37131, .name = "QV8107", .imageBytes = 8190, .idSecond = 0x13, .idThirdHigh = 0x5},
+    {.ChipCode = 0x3703, .name = "QV8120", .imageBytes = 16382, .idSecond = 0x03, .idThirdHigh = 0x2},
+    {.ChipCode = 0x37030, .name = "QV8119", .imageBytes = 16382, .idSecond = 0x03, .idThirdHigh = 0x3},
+    {.ChipCode = 0x3704, .name = "QV8103", .imageBytes = 16382, .idSecond = 0x04, .idThirdHigh = 0x2, .wholeConfig = true},
+    {.ChipCode = 0x37090, .name = "QV8105", .imageBytes = 16382, .idSecond = 0x09, .idThirdHigh = 0x2, .wholeConfig = true},
+    {.ChipCode = 0x3709, .name = "QV8104", .imageBytes = 16382, .idSecond = 0x09, .idThirdHigh = 0x3, .wholeConfig = true},
+    {.ChipCode = 0x37140, .name = "QV8102", .imageBytes = 32766, .idSecond = 0x14, .idThirdHigh = 0x2, .usedInWords = true},
+    {.ChipCode = 0x3714, .name = "QV8101", .imageBytes = 32766, .idSecond = 0x14, .idThirdHigh = 0x3, .usedInWords = true},
 }};
 // clang-format on
-static_assert(kVelmarFlashTable.size() == 21 && KeysAreUnique(kVelmarFlashTable));
 
 // Bytes at the end of the image that the checksum leaves out, by the low nibble of the size byte.
 inline constexpr std::array<std::uint16_t, 16> kProtectedTail{0,    0,     0,     0,     0,     0x1E,   0x3E,   0x7E,

@@ -1,0 +1,55 @@
+// How Compare File makes its target of each kind of program file.
+#pragma once
+
+#include "catalogue/ic.h"
+
+namespace pyxis {
+
+inline constexpr char kCompareHexFilter[] = "Kestrel Hex Files (*.hex)|*.hex||";
+inline constexpr char kCompareOtpFilter[] = "Kestrel Otp Files (*.otp)|*.otp||";
+constexpr CompareKind HexFilledWith(HexFill fill) {
+  return {.filter = kCompareHexFilter,
+          .target = CompareKind::Target::IntelHex,
+          .fill = fill,
+          .header = 0,
+          .configAt = 0,
+          .configBytes = 0,
+          .imageBytes = 0};
+}
+constexpr CompareKind CutFrom(const char* filter, std::size_t header) {
+  return {.filter = filter,
+          .target = CompareKind::Target::Cut,
+          .fill = HexFill::Bytes,
+          .header = header,
+          .configAt = 0,
+          .configBytes = 0,
+          .imageBytes = 0};
+}
+inline constexpr CompareKind kCompareHex = HexFilledWith(HexFill::BlankWords);
+inline constexpr CompareKind kCompareHexZeroWords = HexFilledWith(HexFill::ZeroWords);
+inline constexpr CompareKind kCompareHexBytes = HexFilledWith(HexFill::Bytes);
+inline constexpr CompareKind kCompareObj = CutFrom("Kestrel Obj Files (*.obj)|*.obj||", 32);
+inline constexpr CompareKind kCompareEpm = CutFrom("Kestrel Epm Files (*.epm)|*.epm||", 0);
+inline constexpr CompareKind kCompareOtpByte{.filter = kCompareOtpFilter,
+                                             .target = CompareKind::Target::Cut,
+                                             .fill = HexFill::Bytes,
+                                             .header = 32,
+                                             .configAt = 8223,
+                                             .configBytes = 1,
+                                             .imageBytes = 0};
+inline constexpr CompareKind kCompareOtpWords{.filter = kCompareOtpFilter,
+                                              .target = CompareKind::Target::Cut,
+                                              .fill = HexFill::Bytes,
+                                              .header = 32,
+                                              .configAt = 16414,
+                                              .configBytes = 2,
+                                              .imageBytes = 13024};
+inline constexpr CompareKind kCompareVelmar{.filter = "Kestrel Velmar Files (*.Velmar)|*.Velmar||",
+                                            .target = CompareKind::Target::LeftByLoadFile,
+                                            .fill = HexFill::Bytes,
+                                            .header = 0,
+                                            .configAt = 0,
+                                            .configBytes = 0,
+                                            .imageBytes = 0};
+
+}  // namespace pyxis

@@ -1,0 +1,98 @@
+// The USB ICs.
+#pragma once
+
+#include "catalogue/compare_kinds.h"
+#include "catalogue/profiles.h"
+#include "catalogue/protections.h"
+#include "catalogue/unlisted.h"
+
+namespace pyxis {
+
+// clang-format off
+inline constexpr Ic kUsbIcs[] = {
+    {.ChipName = "QVL01", .ChipCode = 0x1603, .templateName = "QVL01",
+     .series = Series::UsbLow, .km48 = {"QVL01"}, .km49 = kNoRow,
+     .boxes = kBoxesEnabled, .isp = Isp::None, .FileExtension = kObj, .firmware = kCommonFirmware,
+     .ticks = T6, .ReadSizeBytes = 0x4000, .ReadSwapBytes = true, .comparison = kCompareObj,
+     .options = OptionChoice::None, .masks = M0, .protection = kOneTimeProtection,
+     .serial = UpTo(0x2000), .menus = kAllEntries},
+    {.ChipName = "QVL02", .ChipCode = 0x1604, .templateName = "QVL02",
+     .series = Series::UsbLow, .km48 = {"QVL02"}, .km49 = kNoRow,
+     .boxes = kBoxesEnabled, .isp = Isp::None, .FileExtension = kObj, .firmware = kCommonFirmware,
+     .ticks = T6, .ReadSizeBytes = 0x4000, .ReadSwapBytes = true, .comparison = kCompareObj,
+     .options = OptionChoice::None, .masks = M0, .protection = kOneTimeProtection,
+     .serial = UpTo(0x2000), .menus = kAllEntries},
+    {.ChipName = "QVL03", .ChipCode = 0x1615, .templateName = "QVL03",
+     .series = Series::UsbLow, .km48 = {"QVL03"}, .km49 = kNoRow,
+     .boxes = kBoxesEnabled, .isp = Isp::None, .FileExtension = kObj, .firmware = kCommonFirmware,
+     .ticks = T6, .ReadSizeBytes = 0x3FFE, .ReadSwapBytes = true, .comparison = kCompareObj,
+     .options = OptionChoice::None, .masks = M0, .protection = kOneTimeProtection,
+     .serial = UpTo(0x1FFF), .menus = kAllEntries},
+    {.ChipName = "QVL04", .ChipCode = 0x1622, .templateName = "QVL04",
+     .series = Series::UsbFull, .km48 = {"QVL04"}, .km49 = kNoRow,
+     .boxes = kBoxesEnabled, .isp = Isp::None, .FileExtension = kHex, .firmware = kCommonFirmware,
+     .ticks = T10, .ReadSizeBytes = 0x8001, .ReadSwapBytes = false, .comparison = kCompareHexBytes,
+     .options = OptionChoice::AllBits, .masks = M0, .protection = kFullPanelProtection,
+     .serial = UpTo(0x8000), .menus = kAllEntries},
+    {.ChipName = "QVL05", .ChipCode = 0x1630, .templateName = "QVL05",
+     .series = Series::UsbFull, .km48 = {"QVL05"}, .km49 = kNoRow,
+     .boxes = kBoxesEnabled, .isp = Isp::None, .FileExtension = kHex, .firmware = kCommonFirmware,
+     .ticks = T8, .ReadSizeBytes = 0x4001, .ReadSwapBytes = false, .comparison = kCompareHexBytes,
+     .options = OptionChoice::AllBits, .masks = M0, .protection = kFullPanelProtection,
+     .serial = UpTo(0x4000), .menus = kAllEntries},
+    {.ChipName = "QVL06", .ChipCode = 0x1636, .templateName = "QVL06",
+     .series = Series::UsbFull, .km48 = {"QVL06"}, .km49 = kNoRow,
+     .boxes = kBoxesEnabled, .isp = Isp::None, .FileExtension = kHex, .firmware = kCommonFirmware,
+     .ticks = T11, .ReadSizeBytes = 0x6001, .ReadSwapBytes = false, .comparison = kCompareHexBytes,
+     .options = OptionChoice::AllBits, .masks = M0, .protection = kFullPanelProtection,
+     .serial = UpTo(0x6000), .menus = kAllEntries},
+    {.ChipName = "QVL07", .ChipCode = 0x1638, .templateName = "QVL07",
+     .series = Series::UsbFull, .km48 = {"QVL07"}, .km49 = kNoRow,
+     .boxes = kBoxesDisabled, .isp = Isp::Exhv, .FileExtension = kHex, .firmware = {"QVL07.nce", 0x1638},
+     .ticks = T3, .ReadSizeBytes = 0x6020, .ReadSwapBytes = false, .comparison = kCompareHex,
+     .options = OptionChoice::UnprotectBit, .masks = M0, .protection = kHighByteProtection,
+     .serial = UpTo(0x3000), .menus = kAllEntries},
+    {.ChipName = "QVL09", .ChipCode = 0x1645, .templateName = "QVL09",
+     .series = Series::UsbFull, .km48 = {"QVL09"}, .km49 = {"QVL09_48"},
+     .boxes = kBoxesEnabled, .isp = Isp::ExhvAndIsp, .FileExtension = kHex, .firmware = {"QVL09.nce", 0x1645},
+     .ticks = T3, .ReadSizeBytes = 0x4040, .ReadSwapBytes = true, .comparison = kCompareHex,
+     .options = OptionChoice::Smart, .masks = M15, .protection = kMultiTimeProtection,
+     .serial = UpTo(0x2000), .menus = kAllEntries},
+    {.ChipName = "QVL10", .ChipCode = 0x1646, .templateName = "QVL10",
+     .series = Series::UsbFull, .km48 = {"QVL10"}, .km49 = kNoRow,
+     .boxes = kBoxesEnabled, .isp = Isp::Exhv, .FileExtension = kHex, .firmware = {"QVL10.nce", 0x1646},
+     .ticks = T3, .ReadSizeBytes = 0x3020, .ReadSwapBytes = true, .comparison = kCompareHex,
+     .options = OptionChoice::Smart, .masks = M15, .protection = kMultiTimeProtection,
+     .serial = UpTo(0x1800), .menus = kAllEntries},
+    {.ChipName = "QVL11", .ChipCode = 0x1650, .templateName = "QVL11",
+     .series = Series::UsbFull, .km48 = {"QVL11"}, .km49 = kNoRow,
+     .boxes = kBoxesEnabled, .isp = Isp::Exhv, .FileExtension = kHexOrBin, .firmware = {"QVL11.nce", 0x1650},
+     .ticks = T3, .ReadSizeBytes = 0x2020, .ReadSwapBytes = true, .comparison = kCompareHex,
+     .options = OptionChoice::Smart, .masks = M25, .protection = kMultiTimeProtection,
+     .serial = UpTo(0x1000), .menus = kAllEntries},
+    {.ChipName = "QVL12", .ChipCode = 0x1655, .templateName = "QVL12",
+     .series = Series::UsbFull, .km48 = {"QVL12"}, .km49 = kNoRow,
+     .boxes = kBoxesLeft, .isp = Isp::ExhvAndIsp, .FileExtension = kHex, .firmware = {"QVL09.nce", 0x1645},
+     .ticks = T3, .ReadSizeBytes = 0x4040, .ReadSwapBytes = true, .comparison = kCompareHex,
+     .options = OptionChoice::Smart, .masks = M15, .protection = kMultiTimeProtection,
+     .serial = UpTo(0x2000), .menus = kAllEntries},
+    {.ChipName = "QVL13", .ChipCode = 0x1632, .templateName = "QVL13",
+     .series = Series::UsbFull, .km48 = {"QVL13"}, .km49 = kNoRow,
+     .boxes = kBoxesLeft, .isp = Isp::None, .FileExtension = kHex, .firmware = kCommonFirmware,
+     .ticks = T8, .ReadSizeBytes = 0x4001, .ReadSwapBytes = false, .comparison = kCompareHexBytes,
+     .options = OptionChoice::UnprotectBit, .masks = M0, .protection = kHighByteProtection,
+     .serial = UpTo(0x4000), .menus = kAllEntries},
+
+    // Not in the catalogue.
+    Unlisted({.ChipName = "QVL08", .ChipCode = 0x1633, .templateName = "QVL08", .comparison = kCompareHex,
+              .protection = kOneTimeProtection, .serial = kNoSerial, .menus = kAllEntries}),
+    Unlisted({.ChipName = "QVX01", .ChipCode = 0x2778, .templateName = "QVX01", .comparison = kCompareHex,
+              .protection = kMultiTimeProtection, .serial = UpTo(0x400), .menus = kAllEntries}),
+    Unlisted({.ChipName = "QVX02", .ChipCode = 0x1629, .templateName = "QVX02", .comparison = kCompareHex,
+              .protection = kOneTimeProtection, .serial = UpTo(0x400), .menus = kAllEntries}),
+    Unlisted({.ChipName = "QVX03", .ChipCode = 0x9840, .templateName = "QVX03", .comparison = kCompareHex,
+              .protection = kMultiTimeProtection, .serial = UpTo(0x2000), .menus = kAllEntries}),
+};
+// clang-format on
+
+}  // namespace pyxis

@@ -1,0 +1,67 @@
+// The 4-bit ICs with .epm files.
+#pragma once
+
+#include <array>
+#include <cstddef>
+#include <cstdint>
+
+namespace pyxis {
+
+// The option words behind the image, which become ExtraWords: first some that aren't summed, then some that are.
+struct Epm4Options {
+  std::size_t offset;
+  std::size_t notSummed, summed;
+};
+constexpr Epm4Options OptionsAt(std::size_t offset) { return {offset, 2, 13}; }
+inline constexpr Epm4Options kNoOptions{0, 0, 0};
+
+// Bytes behind the image that belong to the data: first some that aren't summed, then some that are.
+struct Epm4Tail {
+  std::size_t notSummed, summed;
+};
+
+// What becomes of the first bytes of ExtraWords.
+enum class ExtraPatch { None, ClearFirst, FromTemplate };
+// How the image's protect byte is meant: or-ed with 2, bit 0 set is protected; or taken as it is, 1 is not protected.
+enum class ProtectByte { BitSet, Plain };
+
+// The byte that tells two ICs' images apart: the selected chip `chip` needs `value` there, and has a template of its own.
+struct Epm4Key {
+  std::size_t offset;
+  std::uint8_t value;
+  const char* chip;  // null: the images needn't be told apart
+};
+inline constexpr Epm4Key kNoKey{0, 0, nullptr};
+inline constexpr Epm4Key kKeyOf4207{65598, 1, "QV4207"};
+
+struct Epm4Row {
+  std::uint32_t ChipCode;
+  const char* name;  // of the template
+  std::size_t imageBytes;
+  std::size_t protectOffset;
+  Epm4Options options;
+  bool serial;  // the IC takes serial numbers
+  // What few ICs do otherwise.
+  Epm4Tail tail = {0, 0};
+  ProtectByte protect = ProtectByte::BitSet;
+  ExtraPatch extra = ExtraPatch::FromTemplate;
+  std::size_t packageLength = 256;  // zero-filled up to it; 0: as it comes out
+  Epm4Key key = kNoKey;
+};
+
+// clang-format off
+inline constexpr std::array<Epm4Row, 10> kEpm4Table{{
+    {.ChipCode = 0x1390, .name = "QV4301", .imageBytes = 49152, .protectOffset = 0x10002, .options = OptionsAt(0x10000), .serial = false, .packageLength = 0},
+    {.ChipCode = 0x1393, .name = "QV4206", .imageBytes = 65536, .protectOffset = 0x10002, .options = OptionsAt(0x10000), .serial = false, .key = kKeyOf4207},
+    {.ChipCode = 0x13931, .name = "QV4206", .imageBytes = 65536, .protectOffset = 0x10002, .options = OptionsAt(0x10000), .serial = false, .key = kKeyOf4207},
+    {.ChipCode = 0x1384, .name = "QV4205", .imageBytes = 49152, .protectOffset = 0x10002, .options = OptionsAt(0x10000), .serial = false},
+    {.ChipCode = 0x1392, .name = "QV4204", .imageBytes = 32768, .protectOffset = 32770, .options = OptionsAt(32768), .serial = true},
+    {.ChipCode = 0x1388, .name = "QV4202", .imageBytes = 32768, .protectOffset = 32770, .options = OptionsAt(32768), .serial = false},
+    {.ChipCode = 0x1387, .name = "QV4201", .imageBytes = 16384, .protectOffset = 16386, .options = OptionsAt(16384), .serial = true},
+    {.ChipCode = 0x1385, .name = "QV4107", .imageBytes = 8192, .protectOffset = 8192, .options = {8192, 1, 13}, .serial = true, .extra = ExtraPatch::ClearFirst},
+    {.ChipCode = 0x1357, .name = "QV4104", .imageBytes = 8192, .protectOffset = 8194, .options = {8192, 16, 0}, .serial = true, .protect = ProtectByte::Plain, .extra = ExtraPatch::ClearFirst},
+    {.ChipCode = 0x1382, .name = "QV4101", .imageBytes = 32768, .protectOffset = 32770, .options = kNoOptions, .serial = false, .tail = {4, 2044}, .extra = ExtraPatch::None},
+}};
+// clang-format on
+
+}  // namespace pyxis

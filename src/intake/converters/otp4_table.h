@@ -1,0 +1,28 @@
+// The 4-bit ICs with .otp files.
+#pragma once
+
+#include <array>
+#include <cstddef>
+#include <cstdint>
+
+namespace pyxis {
+
+enum class Otp4Unit { Byte, Word };
+
+struct Otp4Row {
+  std::uint32_t ChipCode;
+  const char* name;  // of the template
+  Otp4Unit unit;
+  std::size_t configOffset;
+  std::size_t words = 0;  // copied and summed; an IC of bytes takes the file's length
+};
+
+// clang-format off
+inline constexpr std::array<Otp4Row, 3> kOtp4Table{{
+    {.ChipCode = 0x1395, .name = "QV4105", .unit = Otp4Unit::Byte, .configOffset = 8223},
+    {.ChipCode = 0x1396, .name = "QV4106", .unit = Otp4Unit::Word, .configOffset = 16414, .words = 6512},
+    {.ChipCode = 0x1397, .name = "QV4103", .unit = Otp4Unit::Word, .configOffset = 16414, .words = 6512},
+}};
+// clang-format on
+
+}  // namespace pyxis

@@ -1,0 +1,52 @@
+// The USB ICs whose program file may be an EEPROM image as well.
+#pragma once
+
+#include <array>
+#include <cstdint>
+
+#include "intake/converters/argument_class.h"
+#include "intake/file_readers.h"
+
+namespace pyxis {
+
+// The bytes that tell the IC: the low byte, and the two low bits of the high byte.
+struct UsbEepromId {
+  std::uint32_t offset;  // bytes; 0: the image isn't tested
+  std::uint8_t low, high;
+};
+inline constexpr UsbEepromId kNoId{0, 0, 0};
+
+struct UsbEepromRow {
+  std::uint32_t ChipCode;
+  const char* name;  // of the template
+  UsbEepromId id;
+  std::uint32_t words;
+  ArgumentClass argumentClass;
+  const char* eepromName;    // that an EEPROM image must carry
+  std::uint8_t eepromStart;  // of an EEPROM image, in units of 256 words
+  bool loadsImage;           // LoadedFilePath is the image, else the data package
+  // What few ICs do otherwise.
+  ReadMode mode = kReadBlankWords;
+  std::uint32_t forcedLength = 0;  // of the temporary image; 0: up to the highest address
+  bool plainBytes = false;         // bytes go out and are summed in file order; OptionValue is the configuration byte
+};
+
+// clang-format off
+inline constexpr std::array<UsbEepromRow, 6> kUsbEepromTable{{
+    {.ChipCode = 0x1645, .name = "QVL09", .id = {16404, 0x45, 3}, .words = 8192, .argumentClass = ArgumentClass::C,
+     .eepromName = "QVL09EEPROM", .eepromStart = 0x17, .loadsImage = false},
+    {.ChipCode = 0x1655, .name = "QVL12", .id = {16404, 0x55, 2}, .words = 8192, .argumentClass = ArgumentClass::C,
+     .eepromName = "QVL12EEPROM", .eepromStart = 0x17, .loadsImage = false},
+    {.ChipCode = 0x1646, .name = "QVL10", .id = {12308, 0x46, 3}, .words = 6144, .argumentClass = ArgumentClass::B,
+     .eepromName = "QVL10EEPROM", .eepromStart = 0x17, .loadsImage = true},
+    {.ChipCode = 0x1650, .name = "QVL11", .id = {8212, 0x50, 3}, .words = 4096, .argumentClass = ArgumentClass::B,
+     .eepromName = "QVL11EEPROM", .eepromStart = 0x0F, .loadsImage = true},
+    {.ChipCode = 0x1638, .name = "QVL07", .id = kNoId, .words = 12288, .argumentClass = ArgumentClass::B,
+     .eepromName = "QVL07EEPROM", .eepromStart = 0x0F, .loadsImage = true,
+     .mode = kReadZeroWords, .forcedLength = 0x6020, .plainBytes = true},
+    {.ChipCode = 0x9840, .name = "QVX03", .id = kNoId, .words = 8192, .argumentClass = ArgumentClass::C,
+     .eepromName = "QVL09EEPROM", .eepromStart = 0x17, .loadsImage = false, .mode = kReadBytes},
+}};
+// clang-format on
+
+}  // namespace pyxis
