@@ -172,6 +172,30 @@ TEST_P(MainDialog, SelectsAnIc) {
                OnUsb({"bar off"}));
 }
 
+TEST_P(MainDialog, ChecksTheVersion) {
+  SetProgressPosition(0);  // that the load before has left full
+  const Texts asked{"load cursor dinosaur.ani", "cursor busy", "main window off", "paint", "update client",
+                    "main window on",           "cursor arrow"};
+  const std::string question = "ask [Select Exit ? ] Do you want to exit old version of PyxisLoad ?: ";
+  // clang-format off
+  for (const auto& [result, yes, events] : Table<std::int32_t, bool, Texts>{
+           {0, true, {question + "Yes", "end main window"}}, {0, false, {question + "No"}},
+           {4, true, {"box [PyxisLoad] This is newer version ."}}, {1, true, {}}, {-1, true, {}}, {5, true, {}}}) {
+    // clang-format on
+    record.updateResult = result;
+    op.answers = {yes};
+    Start();
+    dialog.OnCommand(MenuEntry::CheckNewVersion);
+    ExpectEvents(asked + events);
+  }
+  const std::string request = UpdateRequest;
+  EXPECT_TRUE(request.starts_with("<?xml version=\"1.0\" encoding=\"utf-8\"?><soap:Envelope "));
+  EXPECT_NE(request.find("<clientXmlstr>&lt;?xml version=\"1.0\" encoding=\"utf-8\"?&gt;&lt;root&gt;&lt;oldFileInfo&gt;"
+                         "&lt;progid&gt;KM48_EN&lt;/progid&gt;\n&lt;verno&gt;1.0.2&lt;/verno&gt;\n"
+                         "&lt;buildno&gt;034&lt;/buildno&gt;\n&lt;/oldFileInfo&gt;\n&lt;/root&gt;\n</clientXmlstr>"),
+            std::string::npos);
+}
+
 INSTANTIATE_TEST_SUITE_P(BothTransports, MainDialog, kBothTransports);
 
 class Menu : public RecordedBench {

@@ -184,11 +184,9 @@ TEST_F(EveryWindow, CaptionsDefaultButtonAndEscape) {
         "S/N Start Address[Hex] : |S/N End Address[Hex] : |  Counter  |OK (Hex) : |"
         "NG (Hex) : |Total (Hex) : |S/N Program|S/N SET|Reset Count|Close",
         "S/N Program"}},
-      {"read_chip_info",
-       {"Read CHIP Information", "Chip Name : |System Config : |Read|Cancel", "Read"}},
+      {"read_chip_info", {"Read CHIP Information", "Chip Name : |System Config : |Read|Cancel", "Read"}},
       {"compare_file",
-       {"Download File Information",
-        "Chip Name : QVL04|Download File Time :2015/12/31_23:59:59|Compare File|Cancel",
+       {"Download File Information", "Chip Name : QVL04|Download File Time :2015/12/31_23:59:59|Compare File|Cancel",
         "Compare File"}},
       {"about", {"About PyxisLoad", "PyxisLoad|Version 1.0.0 Build 007|OK", "OK"}}};
   TheAppState().conversion.SystemConfigWord = -1;
