@@ -8,6 +8,7 @@
 #include "link/writer_commands.h"
 #include "link/writer_link.h"
 #include "platform/text.h"
+#include "platform/writer_access.h"
 #include "shell/ground/app_state.h"
 #include "shell/refresh_from_writer.h"
 #include "shell/start_up.h"
@@ -57,6 +58,8 @@ bool Connect(Job& job) {
   Open(job.options.link);
   if (!TheAppState().writer.WriterConnected) {
     job.op.Tell("USB was not connected", kMessageCaption, MessageIcon::Stop);
+    if (const std::string words = MissingRightWords(); !words.empty())
+      job.op.Tell(words, kMessageCaption, MessageIcon::Stop);
     return false;
   }
   IdentifyAtStart();

@@ -4,6 +4,7 @@
 #include <QPainter>
 #include <QProgressBar>
 
+#include "platform/writer_access.h"
 #include "shell/ground/main_controls.h"
 #include "ui/qt_text.h"
 
@@ -46,6 +47,7 @@ ProgressStatusBar::ProgressStatusBar(QWidget* parent)
       pane0_(MakePane(this)),
       icon_(MakePane(this)),
       pane1_(MakePane(this)),
+      note_(MakePane(this)),
       progress_(new QProgressBar(this)) {
   setSizeGripEnabled(false);
   setAutoFillBackground(true);
@@ -59,6 +61,9 @@ ProgressStatusBar::ProgressStatusBar(QWidget* parent)
   pane0_->setAccessibleDescription(QStringLiteral("Status"));  // the name of a label is its text
   pane1_->setAccessibleDescription(QStringLiteral("Link status"));
   progress_->setAccessibleName(QStringLiteral("Progress"));
+  note_->setText(QStringLiteral("No right to open the writer"));
+  note_->setAutoFillBackground(true);
+  note_->hide();
   progress_->setTextVisible(false);
   progress_->hide();
 }
@@ -74,6 +79,9 @@ void ProgressStatusBar::Sync() {
     pane1_->setText(text1);
     LayOut();
   }
+  const QString words = bar.connectedIcon ? QString() : FromText(MissingRightWords());
+  for (QLabel* label : {note_, icon_, pane1_}) label->setToolTip(words);
+  note_->setVisible(!words.isEmpty());
   if (iconShown_ != (bar.connectedIcon ? 1 : 0)) {
     iconShown_ = bar.connectedIcon ? 1 : 0;
     icon_->setPixmap(LinkIcon(bar.connectedIcon, fontMetrics().height(), devicePixelRatioF()));
@@ -91,6 +99,8 @@ void ProgressStatusBar::LayOut() {
   const int width1 = std::max(kPane1Width, iconWidth + pane1_->sizeHint().width() + kMargin);
   const int width0 = width() - width1;
   pane0_->setGeometry(kMargin, 0, width0 - kMargin, height());
+  const int noteWidth = note_->sizeHint().width() + kMargin;
+  note_->setGeometry(width0 - noteWidth, 0, noteWidth, height());
   progress_->setGeometry(0, 2, width0, height() - 4);
   icon_->setGeometry(width0 + kMargin, kMargin, iconWidth - kMargin, height() - 2 * kMargin);
   pane1_->setGeometry(width0 + iconWidth, 0, width1 - iconWidth, height());

@@ -22,6 +22,7 @@ class ProgressStatusBar : public QStatusBar {
   QLabel* pane0_;
   QLabel* icon_;
   QLabel* pane1_;
+  QLabel* note_;  // why a writer that is plugged in isn't connected, at the end of pane 0
   QProgressBar* progress_;
   int iconShown_ = -1;
 };
