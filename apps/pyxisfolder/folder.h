@@ -12,7 +12,8 @@ namespace pyxis::folder {
 
 using Bytes = std::vector<std::uint8_t>;
 
-// All files but the pictures below `dir`, which is made if need be. False, with a line on standard error, when a file can't be written.
+// All files but the pictures below `dir`, which is made if need be. False, with a line on standard error, when a file
+// can't be written.
 bool BuildProgramFolder(const std::string& dir);
 
 // The template of an IC by the template's name; empty for a name that no IC has.

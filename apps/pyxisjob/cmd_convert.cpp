@@ -22,14 +22,14 @@ void ConvertOne(Job& job, const ChipOptions& chip, std::uint32_t code, const std
   job.op.messages.clear();
   std::uint32_t optionValue = chip.optionValue;
   const ConversionResults results = ConvertFile({.ChipCode = code,
-                                  .OptionValue = &optionValue,
-                                  .Path = file,
-                                  .SnMode = chip.choices.serial,
-                                  .ExhvIsp = chip.choices.exhvIsp,
-                                  .MassProduction = chip.choices.mass,
-                                  .ProductionLimitOn = chip.choices.limit > 0,
-                                  .ProductionLimitBcd = PackedDecimal(chip.choices.limit),
-                                  .IspProgram = chip.choices.isp});
+                                                 .OptionValue = &optionValue,
+                                                 .Path = file,
+                                                 .SnMode = chip.choices.serial,
+                                                 .ExhvIsp = chip.choices.exhvIsp,
+                                                 .MassProduction = chip.choices.mass,
+                                                 .ProductionLimitOn = chip.choices.limit > 0,
+                                                 .ProductionLimitBcd = PackedDecimal(chip.choices.limit),
+                                                 .IspProgram = chip.choices.isp});
   if (!results.Good()) job.exitCode = kExitFailed;
   const std::string checksum = Printf("%04X", app.conversion.ImageChecksum);
   if (job.options.json) {

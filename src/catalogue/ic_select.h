@@ -20,8 +20,8 @@ class CIcSelectDlg {
   bool OnInitDialog();
   void OnSeriesChange(int position);
   void OnTypeChange(int position);
-  // Goes to the first IC of the model whose label begins so, in the current series first, by the steps of a click. False
-  // when there is none, and nothing moves.
+  // Goes to the first IC of the model whose label begins so, in the current series first, by the steps of a click.
+  // False when there is none, and nothing moves.
   bool OnTypedName(std::string_view typed);
   void OnDisplaySerial(bool checked);
   void OnMassProduction(bool checked);

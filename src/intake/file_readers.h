@@ -6,16 +6,16 @@
 
 namespace pyxis {
 
-// One step of the 16-bit checksum (x^16 + x^15 + x^2 + 1, most significant bit first, no reflection, no final xor): takes
-// ChecksumInput, which is 0 afterwards, into the ImageChecksum accumulator. All converters sum through it.
+// One step of the 16-bit checksum (x^16 + x^15 + x^2 + 1, most significant bit first, no reflection, no final xor):
+// takes ChecksumInput, which is 0 afterwards, into the ImageChecksum accumulator. All converters sum through it.
 void UpdateChecksum();
 // The step itself: the accumulator after the word.
 std::uint16_t ChecksumAfter(std::uint16_t accumulator, std::uint16_t word);
 
 enum ReadMode : int {
-  kReadBytes = 1,        // fill FF, addresses count bytes
-  kReadBlankWords = 2,   // fill FF 3F, the first record's byte count may select word addresses
-  kReadZeroWords = 3,    // fill 00, likewise
+  kReadBytes = 1,       // fill FF, addresses count bytes
+  kReadBlankWords = 2,  // fill FF 3F, the first record's byte count may select word addresses
+  kReadZeroWords = 3,   // fill 00, likewise
 };
 
 // 0 on success, 1 on any failure. Reads Intel HEX text, writes the flat image up to the highest data address. Addresses

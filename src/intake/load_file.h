@@ -9,7 +9,8 @@
 namespace pyxis {
 
 // The menu command. All results are in AppState, in the package files and in the writer; good means that both packages
-// have arrived. Cancelled: NoFile, NotConfirmed; failed: NotConverted, FirmwareFailed, OptionNotArrived, DataNotArrived.
+// have arrived. Cancelled: NoFile, NotConfirmed; failed: NotConverted, FirmwareFailed, OptionNotArrived,
+// DataNotArrived.
 Outcome OnLoadFile();
 
 // The file dialog filter of a row's FileExtension.

@@ -1,6 +1,6 @@
-// The two package files. OptionPackage (buffer_option.prog) is the header of a job: fixed offsets, started from the IC's
-// template; the writer returns its copy as the 512 bytes of WriterInfoBlock. DataPackage (buffer_data.prog) is the bytes
-// to burn, without header or trailer. Fields wider than a byte are big-endian, except DownloadTime.
+// The two package files. OptionPackage (buffer_option.prog) is the header of a job: fixed offsets, started from the
+// IC's template; the writer returns its copy as the 512 bytes of WriterInfoBlock. DataPackage (buffer_data.prog) is the
+// bytes to burn, without header or trailer. Fields wider than a byte are big-endian, except DownloadTime.
 #pragma once
 
 #include <cstddef>

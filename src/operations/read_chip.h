@@ -10,8 +10,8 @@ namespace pyxis {
 // In AppDir; binary, whatever its extension says.
 std::string ReadDataPath();
 
-// The button Read; tells the operator itself. A writer that holds no job of the selected IC first gets the IC's template
-// as its option area. Failed: NotWritable.
+// The button Read; tells the operator itself. A writer that holds no job of the selected IC first gets the IC's
+// template as its option area. Failed: NotWritable.
 Outcome OnRead();
 
 // The read proper, ReadSizeBytes less the words in front of DualStart. False when nothing would be

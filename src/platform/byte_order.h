@@ -5,13 +5,9 @@
 
 namespace pyxis {
 
-constexpr std::uint16_t LoadBe16(const std::uint8_t* p) {
-  return static_cast<std::uint16_t>((p[0] << 8) | p[1]);
-}
+constexpr std::uint16_t LoadBe16(const std::uint8_t* p) { return static_cast<std::uint16_t>((p[0] << 8) | p[1]); }
 
-constexpr std::uint16_t LoadLe16(const std::uint8_t* p) {
-  return static_cast<std::uint16_t>((p[1] << 8) | p[0]);
-}
+constexpr std::uint16_t LoadLe16(const std::uint8_t* p) { return static_cast<std::uint16_t>((p[1] << 8) | p[0]); }
 
 constexpr std::uint32_t LoadLe32(const std::uint8_t* p) {
   return LoadLe16(p) | (static_cast<std::uint32_t>(LoadLe16(p + 2)) << 16);

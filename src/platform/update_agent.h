@@ -1,5 +1,6 @@
 // The update library: one call that blocks until the update client has finished. The real body loads it from beside
-// the program; a missing library gives kUpdateAgentMissing. Other results than those named here mean nothing to the program.
+// the program; a missing library gives kUpdateAgentMissing. Other results than those named here mean nothing to the
+// program.
 #pragma once
 
 #include <cstdint>

@@ -27,7 +27,8 @@ std::string MissingRightWords(const std::string& sysfs, const std::string& nodes
   std::error_code error;
   for (fs::directory_iterator entry(sysfs, error), end; !error && entry != end; entry.increment(error)) {
     const fs::path& device = entry->path();
-    if (Number(device / "idVendor", 16) != kWriterVendor || Number(device / "idProduct", 16) != kWriterProduct) continue;
+    if (Number(device / "idVendor", 16) != kWriterVendor || Number(device / "idProduct", 16) != kWriterProduct)
+      continue;
     const std::string node =
         nodes + Printf("/%03lu/%03lu", Number(device / "busnum", 10), Number(device / "devnum", 10));
     if (access(node.c_str(), R_OK | W_OK) == 0) continue;

@@ -3,9 +3,8 @@
 #include "system/windows_pipes.h"
 
 // windows.h comes first: setupapi.h needs its types.
-#include <windows.h>
-
 #include <setupapi.h>
+#include <windows.h>
 
 namespace pyxis {
 
@@ -30,8 +29,7 @@ std::string PathOf(HDEVINFO set, SP_DEVICE_INTERFACE_DATA& device) {
 
 std::vector<std::string> WindowsPipes::InterfacePaths() {
   std::vector<std::string> paths;
-  const HDEVINFO set =
-      SetupDiGetClassDevsA(&kWriterClass, nullptr, nullptr, DIGCF_PRESENT | DIGCF_DEVICEINTERFACE);
+  const HDEVINFO set = SetupDiGetClassDevsA(&kWriterClass, nullptr, nullptr, DIGCF_PRESENT | DIGCF_DEVICEINTERFACE);
   if (set == INVALID_HANDLE_VALUE) return paths;
   SP_DEVICE_INTERFACE_DATA device{};
   device.cbSize = sizeof device;

@@ -75,8 +75,8 @@ class UiBench : public StandinBench {
 // A click that waits in the event queue.
 void PostClick(QWidget& target);
 
-// A child by its accessible name or description, or a button by its caption without the mnemonic. Throws, and so fails the test, when
-// there is none, or none of that class.
+// A child by its accessible name or description, or a button by its caption without the mnemonic. Throws, and so fails
+// the test, when there is none, or none of that class.
 QWidget& FindControl(QWidget& within, const QString& name);
 template <typename Control = QWidget>
 Control& Find(QWidget& within, const QString& name) {

@@ -32,9 +32,9 @@ ConversionResults Convert(const UsbObjRow& row, const ConvertRequest& request);
 ConversionResults Convert(const UsbEepromRow& row, const ConvertRequest& request);
 
 // A row of one of the ten families.
-using ConverterFamily =
-    std::variant<const Otp4Row*, const Epm4Row*, const Hex14OtpRow*, const Hex14MtpRow*, const VelmarFlashRow*,
-                 const VelmarEepromRow*, const VelmarBlockRow*, const UsbHexRow*, const UsbObjRow*, const UsbEepromRow*>;
+using ConverterFamily = std::variant<const Otp4Row*, const Epm4Row*, const Hex14OtpRow*, const Hex14MtpRow*,
+                                     const VelmarFlashRow*, const VelmarEepromRow*, const VelmarBlockRow*,
+                                     const UsbHexRow*, const UsbObjRow*, const UsbEepromRow*>;
 
 struct ConverterEntry {
   std::uint32_t ChipCode = 0;

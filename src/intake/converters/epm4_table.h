@@ -25,7 +25,8 @@ enum class ExtraPatch { None, ClearFirst, FromTemplate };
 // How the image's protect byte is meant: or-ed with 2, bit 0 set is protected; or taken as it is, 1 is not protected.
 enum class ProtectByte { BitSet, Plain };
 
-// The byte that tells two ICs' images apart: the selected chip `chip` needs `value` there, and has a template of its own.
+// The byte that tells two ICs' images apart: the selected chip `chip` needs `value` there, and has a template of its
+// own.
 struct Epm4Key {
   std::size_t offset;
   std::uint8_t value;

@@ -50,8 +50,8 @@ class ConversionFrame {
   void KeepPartialChecksum(std::uint32_t number);
   void MaskChecksum();  // to 14 bits
   void WriteByte(std::uint8_t byte) { data.push_back(byte); }
-  void WriteBe16(std::uint16_t word);                        // high byte first
-  void CopyPair(std::size_t offset) {                        // in file order
+  void WriteBe16(std::uint16_t word);  // high byte first
+  void CopyPair(std::size_t offset) {  // in file order
     WriteByte(image.Byte(offset));
     WriteByte(image.Byte(offset + 1));
   }

@@ -31,12 +31,12 @@ inline constexpr DualMode kNoDualMode{.skip = 0, .byte73 = 0xFF, .sumBits = fals
 
 // How a memory of one size lies in the image and in the package.
 struct Hex14OtpMemory {
-  std::uint16_t length;   // words that are copied and summed
-  std::uint8_t copied;    // words behind them that go to the package, outside the checksum
-  std::uint8_t blanks;    // words behind them that are replaced by blank words
-  std::uint16_t config;   // index of the configuration word
-  std::uint16_t idWord;   // index of the word with the IC's identity
-  std::uint8_t byte72;    // ProgramParameter, high byte
+  std::uint16_t length;  // words that are copied and summed
+  std::uint8_t copied;   // words behind them that go to the package, outside the checksum
+  std::uint8_t blanks;   // words behind them that are replaced by blank words
+  std::uint16_t config;  // index of the configuration word
+  std::uint16_t idWord;  // index of the word with the IC's identity
+  std::uint8_t byte72;   // ProgramParameter, high byte
   DualMode dual;
 };
 
@@ -82,13 +82,13 @@ struct Hex14OtpRow {
   std::uint8_t idHigh;    // the tested bits of its high byte
   std::uint16_t sumMask;  // or-ed into the configuration word before it is summed
   // What few ICs do otherwise.
-  std::uint8_t idHighMask = 3;       // which bits are tested
-  std::uint16_t outputSet = 0x1F;    // bits set in the configuration word that goes out
-  std::uint16_t outputClear = 0;     // bits cleared in it first
-  bool protectByte = false;          // ProtectFlags is 16 when bit 11 of the configuration word is 0
+  std::uint8_t idHighMask = 3;     // which bits are tested
+  std::uint16_t outputSet = 0x1F;  // bits set in the configuration word that goes out
+  std::uint16_t outputClear = 0;   // bits cleared in it first
+  bool protectByte = false;        // ProtectFlags is 16 when bit 11 of the configuration word is 0
   IspByte isp = IspByte::Template;
   UsedWords used = UsedWords::Tracked;
-  ConverterCode idCode = kWrongId;   // returned for a wrong ID
+  ConverterCode idCode = kWrongId;  // returned for a wrong ID
 };
 
 // clang-format off

@@ -26,8 +26,7 @@ std::string EepromNameOf(const Image& image) {
 }
 
 bool IdMatches(const UsbEepromId& id, const Image& image) {
-  return id.offset == kNoId.offset ||
-         (image.Byte(id.offset) == id.low && (image.Byte(id.offset + 1) & 3) == id.high);
+  return id.offset == kNoId.offset || (image.Byte(id.offset) == id.low && (image.Byte(id.offset + 1) & 3) == id.high);
 }
 
 ConverterCode ReadHex(const UsbEepromRow& row, ConversionFrame& frame) {

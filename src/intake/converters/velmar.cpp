@@ -5,7 +5,7 @@ namespace pyxis {
 namespace {
 constexpr std::uint16_t kSummedConfigBits = 0x7FFF;
 constexpr std::uint8_t kIdFirst = 7;
-}
+}  // namespace
 
 bool VelmarIdMatches(const Image& image, std::size_t offset, std::uint8_t second, std::uint8_t thirdHigh) {
   return (image.Byte(offset) & 0x0F) == kIdFirst && image.Byte(offset + 1) == second &&

@@ -58,7 +58,7 @@ struct MainControls {
   std::string title = "PyxisLoad";
   VerdictLine verdict;
   std::optional<ControlId> focus;  // that is to have the focus when the operation has ended
-  std::string pinFigure;  // path of the bitmap that the picture shows; empty when it shows none
+  std::string pinFigure;           // path of the bitmap that the picture shows; empty when it shows none
 
   MainControls();
   ControlState& operator[](ControlId id) { return controls[static_cast<std::size_t>(id)]; }
