@@ -3,6 +3,7 @@
 #include <cstdlib>
 
 #include "catalogue/chip_catalogue.h"
+#include "intake/converters/dispatch.h"
 #include "job.h"
 #include "platform/text.h"
 #include "shell/ground/app_state.h"
@@ -48,6 +49,10 @@ std::optional<std::uint32_t> SelectChip(const ChipOptions& chip) {
       return std::nullopt;
     }
     code = static_cast<std::uint32_t>(number);
+    if (FindConverter(code) == nullptr) {
+      std::fprintf(stderr, "%s is no known IC's code; pyxisjob ics lists them\n", chip.code.c_str());
+      return std::nullopt;
+    }
   }
   if (!chip.model.empty()) app.writer.WriterModel = chip.model == "KM48" ? Model::Km48 : Model::Km49;
   if (!chip.hw.empty()) app.writer.HwFolder = chip.hw;

@@ -73,6 +73,9 @@ TEST_F(SerialJob, PrintsALineAChip) {
            {place + "--start 1 --amount 9 --wait --chips 2 2>/dev/null", "\\n",
             "0001 OK\nOK 1, NG 0, Total 1, next 0002\n", 1},
            {place + "--start 1G --amount 1 2>/dev/null", "", "", 2},
+           {"convert --code 0x99999 samples/QV8348.hex 2>&1", "",
+            "0x99999 is no known IC's code; pyxisjob ics lists them\n", 2},
+           {"convert --ic QV9999 samples/QV8348.hex 2>&1", "", "QV9999 is no known IC; pyxisjob ics lists them\n", 2},
            {place + "--start 1 --amount 1 --ic QV8348 2>/dev/null", "", "", 2}}) {
     // clang-format on
     EXPECT_EQ(Job(arguments, input), std::pair(out, exitCode)) << arguments;
