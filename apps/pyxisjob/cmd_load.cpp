@@ -68,6 +68,18 @@ Outcome Load(Job& job, const LoadArguments& given) {
   return OnLoadFile();
 }
 
+// The job that the writer held before is none of the line's; IC and checksum of the new one are known at the end.
+Outcome RecordedLoad(Job& job, const LoadArguments& given) {
+  LineEntry entry;
+  entry.command = "load";
+  entry.job.ic = KnownIc(given.ic)->ChipName;
+  entry.file = given.file;
+  if (!BeginLine(job, entry)) return Failed(Reason::NotWritable);
+  const Outcome outcome = Load(job, given);
+  const LineJob brought = outcome.Good() && job.record.IsOpen() ? JobOfBlock() : LineJob{};
+  return EndLine(job, outcome, &brought) ? outcome : Failed(Reason::NotWritable);
+}
+
 void AddOptionWords(CLI::App& command, LoadArguments& given) {
   auto* protect = command.add_flag("--protect", given.protect, "chips come out protected");
   command.add_flag("--unprotect", given.unprotect, "chips come out unprotected")->excludes(protect);
@@ -87,6 +99,7 @@ void AddLoad(CLI::App& app, Job& job) {
   command->add_option("--ic", given->ic, "IC by its label, such as QV8348 or QV8329_16")->required();
   AddChoices(*command, given->choices);
   AddOptionWords(*command, *given);
+  AddRecord(*command, job);
   command->add_option("FILE", given->file, "program file")->required();
   command->callback([&job, given] {
     const ChipEntry* row = KnownIc(given->ic);
@@ -96,7 +109,7 @@ void AddLoad(CLI::App& app, Job& job) {
       job.exitCode = kExitUsage;
       return;
     }
-    RunOnWriter(job, "load", [&] { return Load(job, *given); });
+    if (OpenRecord(job, "load")) RunOnWriter(job, "load", [&] { return RecordedLoad(job, *given); });
   });
 }
 

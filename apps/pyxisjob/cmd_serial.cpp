@@ -5,6 +5,7 @@
 #include <memory>
 #include <nlohmann/json.hpp>
 
+#include "catalogue/chip_catalogue.h"
 #include "intake/load_file.h"
 #include "intake/package_files.h"
 #include "job.h"
@@ -31,6 +32,7 @@ struct SerialArguments {
   // The road through IC selection.
   std::string ic, file;
   bool exhvIsp = false, isp = false;
+  bool resume = false;
 };
 
 constexpr std::uint32_t kMostChips = 0xFFFFFFFF;
@@ -116,16 +118,55 @@ std::uint32_t ChipsOf(const SerialArguments& given) {
 
 unsigned long Count(const std::string& hex) { return std::strtoul(hex.c_str(), nullptr, 16); }
 
+// What of a series is to be put through.
+enum class Plan { Run, Complete, Refused };
+
+LineSeries SeriesOf(const SerialArguments& given) {
+  return MakeLineSeries(given.length, given.address, given.start, given.amount, given.direction);
+}
+
+// Looks the series up in the record. `rest`: as given, or what is left of it; the chips still carry the whole series'
+// values in their lines. Without a checksum the job isn't known yet, and has to be looked at again.
+Plan PlanSeries(Job& job, const SerialArguments& given, const std::string& ic,
+                const std::optional<std::string>& checksum, SerialArguments& rest) {
+  rest = given;
+  if (!job.record.IsOpen()) return Plan::Run;
+  const LineSeries series = SeriesOf(given);
+  Resumption resumption;
+  if (given.resume) {
+    resumption = ResumeSeries(job.record.Serials(), series, ic, checksum);
+  } else {
+    resumption.error = SerialsGoneOut(job.record.Serials(), series, ic);
+  }
+  if (!resumption.error.empty()) {
+    Refuse(job, resumption.error);
+    return Plan::Refused;
+  }
+  if (!given.resume) return Plan::Run;
+  rest.start = resumption.start;
+  rest.amount = resumption.amount;
+  return resumption.amount == "0" ? Plan::Complete : Plan::Run;
+}
+
+void ReportComplete(Job& job) {
+  job.op.Tell("The record shows every serial of the series as OK: nothing is left", kMessageCaption, MessageIcon::None);
+  Report(job, "serial", kGood);
+}
+
 // One press a chip, to the end of the run or of the chips. True when every chip is good, and there were as many as
 // asked for or as there are serials.
-bool PressThrough(const Job& job, const SerialArguments& given, CSnProgramDlg& dialog) {
+bool PressThrough(Job& job, const SerialArguments& given, LineEntry entry, CSnProgramDlg& dialog) {
   const std::uint32_t chips = ChipsOf(given);
   std::string line;
   std::uint32_t chip = 1;
   for (; chip <= chips && dialog.snProgramEnabled; ++chip) {
     if (given.wait && !std::getline(std::cin, line)) break;
-    const std::string serial = ToUpper(dialog.startText);
-    PrintChip(job, chip, serial, dialog.OnSnProgram().Good());
+    entry.serial = ToUpper(dialog.startText);
+    if (!BeginLine(job, entry)) return false;
+    const Outcome outcome = dialog.OnSnProgram();
+    const bool recorded = EndLine(job, outcome);
+    PrintChip(job, chip, entry.serial, outcome.Good());
+    if (!recorded) return false;
     if (chip == kMostChips) break;
   }
   const bool enough = given.chips == 0 || !dialog.snProgramEnabled || chip > chips || chip == kMostChips;
@@ -149,6 +190,14 @@ void ReportRun(Job& job, const CSnProgramDlg& dialog, bool good) {
   }
 }
 
+LineEntry EntryOf(const SerialArguments& given) {
+  LineEntry entry;
+  entry.command = "serial";
+  entry.series = SeriesOf(given);
+  entry.job = JobOfBlock();
+  return entry;
+}
+
 // Serial Number Program: the series goes to a writer that holds its job already.
 bool MenuRoad(Job& job, const SerialArguments& given) {
   if (!MenuEnabled(MenuEntry::SerialNumberProgram)) {
@@ -157,13 +206,27 @@ bool MenuRoad(Job& job, const SerialArguments& given) {
                              : Printf("%s takes serial numbers through --ic only", chip.c_str()));
     return false;
   }
+  LineEntry entry;
+  SerialArguments rest = given;
+  if (job.record.IsOpen()) {
+    entry = EntryOf(given);  // now: the series takes the job's place in the block
+    if (entry.job.checksum.empty()) {
+      Refuse(job,
+             "The writer holds a series in the place of its job's description, so the job can't be recorded: load "
+             "it again, or use --ic");
+      return false;
+    }
+    const Plan plan = PlanSeries(job, given, entry.job.ic, entry.job.checksum, rest);
+    if (plan == Plan::Complete) ReportComplete(job);
+    if (plan != Plan::Run) return plan == Plan::Complete;
+  }
   bool ran = false;
-  job.op.snSet = [&](CSnSetDlg& dialog) { return AnswerSet(job, given, dialog); };
+  job.op.snSet = [&](CSnSetDlg& dialog) { return AnswerSet(job, rest, dialog); };
   job.op.snProgram = [&](CSnProgramDlg& dialog) {
     const std::size_t told = job.op.messages.size();
     dialog.OnSnSet();
     ran = dialog.snProgramEnabled;
-    if (ran) ReportRun(job, dialog, PressThrough(job, given, dialog));
+    if (ran) ReportRun(job, dialog, PressThrough(job, rest, entry, dialog));
     if (!ran && job.op.messages.size() == told) Refuse(job, "The writer doesn't hold serial.txt");
     dialog.OnClose();
     return DialogEnd::Cancel;
@@ -174,9 +237,13 @@ bool MenuRoad(Job& job, const SerialArguments& given) {
 
 // IC selection with Display Serial Number, then Load File, whose package takes the series to the writer.
 bool SelectionRoad(Job& job, const SerialArguments& given) {
+  SerialArguments rest;
+  const Plan plan = PlanSeries(job, given, KnownIc(given.ic)->ChipName, std::nullopt, rest);
+  if (plan == Plan::Complete) ReportComplete(job);
+  if (plan != Plan::Run) return plan == Plan::Complete;
   bool set = false;
   job.op.snSet = [&](CSnSetDlg& dialog) {
-    const DialogEnd end = AnswerSet(job, given, dialog);
+    const DialogEnd end = AnswerSet(job, rest, dialog);
     set = end == DialogEnd::Ok;
     return end;
   };
@@ -185,12 +252,16 @@ bool SelectionRoad(Job& job, const SerialArguments& given) {
   job.op.file = given.file;
   if (!OnLoadFile().Good() || !SnProgressDlg()) return false;
   CSnProgramDlg& dialog = *SnProgressDlg();
-  ReportRun(job, dialog, PressThrough(job, given, dialog));
+  const LineEntry entry = EntryOf(given);
+  SerialArguments known;
+  const bool fits = PlanSeries(job, given, entry.job.ic, entry.job.checksum, known) == Plan::Run;
+  if (fits) ReportRun(job, dialog, PressThrough(job, rest, entry, dialog));
   dialog.OnClose();
-  return true;
+  return fits;
 }
 
 void Run(Job& job, const SerialArguments& given) {
+  if (!OpenRecord(job, "serial", !given.resume)) return;
   if (!Connect(job)) return Report(job, "serial", Failed(Reason::NotReadable));
   if (given.ic.empty()) SettleModelAtSelection();
   if (!(given.ic.empty() ? MenuRoad(job, given) : SelectionRoad(job, given)))
@@ -226,6 +297,9 @@ void AddSerial(CLI::App& app, Job& job) {
       ->add_option("--chips", given->chips, "chips to put through, decimal; default: 1, with --wait as many as serials")
       ->check(CLI::Range(1U, kMostChips));
   command->add_flag("--wait", given->wait, "each chip waits for a line on standard input");
+  CLI::Option* record = AddRecord(*command, job);
+  command->add_flag("--resume", given->resume, "go on behind the last serial that the record shows as OK")
+      ->needs(record);
   command->add_option("--ic", given->ic, "take the road through IC selection, with this IC and FILE");
   command->add_flag("--exhv-isp", given->exhvIsp, "EXHV ISP program, with --ic");
   command->add_flag("--isp", given->isp, "ISP program, with --ic")->excludes("--exhv-isp");

@@ -2,6 +2,7 @@
 #include <algorithm>
 #include <nlohmann/json.hpp>
 
+#include "intake/package_files.h"
 #include "job.h"
 #include "link/identification.h"
 #include "operations/tasks.h"
@@ -25,20 +26,43 @@ constexpr TaskCommand kCommands[] = {
     {"verify", "verify", OnVerify, ControlId::Verify},
 };
 
-Outcome Run(Job& job, const TaskCommand& command) {
+// The writer counts such a series by itself: which serial it burns now, nobody could write down.
+bool BurnsUnknownSerial(const Job& job, const TaskCommand& command) {
+  const std::uint8_t head = FieldByte(TheAppState().writer.WriterInfoBlock, Field::SerialHead);
+  return job.record.IsOpen() && (head & kSerialRoadBits) == kSerialBySelection &&
+         (command.button == ControlId::Auto || command.button == ControlId::Program);
+}
+
+Outcome Perform(Job& job, const TaskCommand& command) {
   if (TheMainControls()[command.button].enabled) return command.run();
   job.op.Tell("Only auto works in Mass Production Mode and with a Production Limit", kMessageCaption,
               MessageIcon::Warning);
   return Refused(Reason::NotSupported);
 }
 
+Outcome Run(Job& job, const TaskCommand& command) {
+  if (BurnsUnknownSerial(job, command)) {
+    job.op.Tell("The job has serial numbers: only the command serial can record them", kMessageCaption,
+                MessageIcon::Warning);
+    return Refused(Reason::NotSupported);
+  }
+  LineEntry entry;
+  entry.command = command.name;
+  if (!BeginLine(job, entry)) return Failed(Reason::NotWritable);
+  const Outcome outcome = Perform(job, command);
+  return EndLine(job, outcome) ? outcome : Failed(Reason::NotWritable);
+}
+
 }  // namespace
 
 void AddTasks(CLI::App& app, Job& job) {
-  for (const TaskCommand& command : kCommands)
-    app.add_subcommand(command.name, command.help)->callback([&job, &command] {
-      RunOnWriter(job, command.name, [&] { return Run(job, command); });
+  for (const TaskCommand& command : kCommands) {
+    CLI::App* added = app.add_subcommand(command.name, command.help);
+    AddRecord(*added, job);
+    added->callback([&job, &command] {
+      if (OpenRecord(job, command.name)) RunOnWriter(job, command.name, [&] { return Run(job, command); });
     });
+  }
 }
 
 }  // namespace pyxis::job

@@ -44,11 +44,10 @@ void PrintWriter(const Job& job) {
            {"production_flags", FieldByte(block, Field::ProductionFlags)}});
     return;
   }
-  std::printf("identity   %s (%s, over %s)\n", app.writer.WriterIdentityText.data(), app.writer.HwFolder.c_str(),
-              transport);
-  std::printf("model      %s\n", RegisterName(app.writer.ModelRegister));
-  std::printf("firmware   code 0x%04X, version %d, level %u\n", app.writer.FirmwareCode, app.writer.FirmwareVersion,
-              app.writer.FirmwareLevel);
+  const LineWriter writer = WriterIdentity();
+  std::printf("identity   %s (%s, over %s)\n", writer.identity.c_str(), writer.hardware.c_str(), transport);
+  std::printf("model      %s\n", writer.model.c_str());
+  std::printf("firmware   %s\n", writer.firmware.c_str());
   if (FieldWord(block, Field::ImageChecksum) == 0) {
     std::printf("job        none\n");
   } else {
@@ -58,6 +57,13 @@ void PrintWriter(const Job& job) {
 }
 
 }  // namespace
+
+LineWriter WriterIdentity() {
+  const WriterState& writer = TheAppState().writer;
+  return {
+      writer.WriterIdentityText.data(), writer.HwFolder, RegisterName(writer.ModelRegister),
+      Printf("code 0x%04X, version %d, level %u", writer.FirmwareCode, writer.FirmwareVersion, writer.FirmwareLevel)};
+}
 
 void AddWriter(CLI::App& app, Job& job) {
   app.add_subcommand("writer", "identity, model, firmware, and the job that the writer holds")->callback([&job] {

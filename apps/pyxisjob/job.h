@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "platform/operator.h"
+#include "record/line_record.h"
 #include "shell/ground/outcome.h"
 #include "shell/menu_rules.h"
 
@@ -77,7 +78,9 @@ struct Job {
   Options options;
   HeadlessOperator op;
   int exitCode = kExitGood;
-  bool icKnown = false;  // the writer's job is of an IC of the catalogue
+  bool icKnown = false;    // the writer's job is of an IC of the catalogue
+  std::string recordFile;  // of --record; empty: nothing is recorded
+  LineRecord record;
 };
 
 void AddChoices(CLI::App& command, Choices& choices);
@@ -109,6 +112,19 @@ void RunOnWriter(Job& job, const char* command, const std::function<Outcome()>& 
 // object.
 void Report(Job& job, const char* command, const Outcome& outcome);
 void Report(Job& job, const char* command, const Outcome& outcome, const nlohmann::json& members);
+
+// The line's record (record/line_record.h). Where none is wanted, all of these do nothing and are good.
+CLI::Option* AddRecord(CLI::App& command, Job& job);
+// Before the writer is opened. False, with the failure reported, when the record can't be had.
+bool OpenRecord(Job& job, const char* command, bool create = true);
+// IC, checksum and conversion time of the writer's job; no checksum where a series from the menu has taken the job's
+// place in the block.
+LineJob JobOfBlock();
+// The time, the writer and, unless the entry names its own, the job are filled in. False, with the operator told.
+bool BeginLine(Job& job, LineEntry entry);
+bool EndLine(Job& job, const Outcome& outcome, const LineJob* brought = nullptr);
+// As `writer` tells it.
+LineWriter WriterIdentity();
 
 // Whether the menu entry would be enabled; the operator is told when it wouldn't.
 bool Allowed(Job& job, MenuEntry entry, const char* name);

@@ -17,8 +17,11 @@ std::size_t bdConvFromHex(BD number, const char* text);
 // number of characters that the whole text has.
 std::size_t bdConvToHex(BD number, char* buffer, std::size_t size);
 void bdAdd(BD result, BD a, BD b);
+// a - b; 0 where b is the larger one.
+void bdSubtract(BD result, BD a, BD b);
 void bdIncrement(BD number);
 void bdDecrement(BD number);
+int bdCompare(BD a, BD b);  // below, equal to or above 0
 int bdIsEqual(BD a, BD b);
 int bdIsZero(BD number);
 

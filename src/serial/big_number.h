@@ -18,9 +18,11 @@ class BigNumber {
   std::string Hex() const;  // upper case, without leading zeros
   void SetZero() { bdSetZero(number_); }
   void SetSum(const BigNumber& a, const BigNumber& b) { bdAdd(number_, a.number_, b.number_); }
+  void SetDifference(const BigNumber& a, const BigNumber& b) { bdSubtract(number_, a.number_, b.number_); }
   void Increment() { bdIncrement(number_); }
   void Decrement() { bdDecrement(number_); }
   bool Equals(const BigNumber& other) const { return bdIsEqual(number_, other.number_) != 0; }
+  bool Below(const BigNumber& other) const { return bdCompare(number_, other.number_) < 0; }
   bool IsZero() const { return bdIsZero(number_) != 0; }
 
  private:

@@ -50,11 +50,18 @@ std::size_t bdConvToHex(BD number, char* buffer, std::size_t size) {
 
 void bdAdd(BD result, BD a, BD b) { mpz_add(result->value, a->value, b->value); }
 
+void bdSubtract(BD result, BD a, BD b) {
+  if (bdCompare(a, b) <= 0) return bdSetZero(result);
+  mpz_sub(result->value, a->value, b->value);
+}
+
 void bdIncrement(BD number) { mpz_add_ui(number->value, number->value, 1); }
 
 void bdDecrement(BD number) {
   if (bdIsZero(number) == 0) mpz_sub_ui(number->value, number->value, 1);
 }
+
+int bdCompare(BD a, BD b) { return mpz_cmp(a->value, b->value); }
 
 int bdIsEqual(BD a, BD b) { return mpz_cmp(a->value, b->value) == 0 ? 1 : 0; }
 
