@@ -96,7 +96,7 @@ Json Parse(const std::string& text) { return Json::parse(text, nullptr, false); 
 // How much of a torn line can be read once a brace or two are put behind it; what has got of a result is no result.
 std::size_t ReadablePart(const std::string& tail, std::string& closing) {
   for (std::size_t end = tail.size(); end > 0; --end) {
-    if (end < tail.size() && tail[end] != ',' && tail[end] != '}') continue;
+    if (end < tail.size() && tail[end] != ',' && tail[end] != '}' && tail[end] != '\0') continue;
     for (const char* braces : {"}", "}}"}) {
       const Json object = Parse(tail.substr(0, end) + braces);
       if (!object.is_object() || object.contains("result")) continue;
@@ -107,10 +107,12 @@ std::size_t ReadablePart(const std::string& tail, std::string& closing) {
   return 0;
 }
 
-// Whether the text can be what a write left of a line: its beginning, or blocks of a file system that never got theirs.
+// Whether the text can be what a write left of a line: its beginning, and behind it blocks of a file system that never
+// got theirs.
 bool IsTornLine(const std::string& text) {
-  const std::size_t head = std::min(text.size(), kLineHead.size());
-  return text.compare(0, head, kLineHead, 0, head) == 0 || text.find_first_not_of('\0') == std::string::npos;
+  const std::string begun = text.substr(0, text.find_last_not_of('\0') + 1);
+  const std::size_t head = std::min(begun.size(), kLineHead.size());
+  return begun.compare(0, head, kLineHead, 0, head) == 0;
 }
 
 void SyncFolderOf(const std::string& path) {

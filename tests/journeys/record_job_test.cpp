@@ -95,14 +95,14 @@ TEST_F(RecordJob, NoSerialTwiceNoneSkippedAfterKills) {
 
 TEST_F(RecordJob, ALineALoadATaskAndAChip) {
   const std::string series = "serial --length 2 --address 3FA --start 1 --amount 9 --chips 1" + Record();
-  EXPECT_EQ(Job("load --unprotect --fast --no-32k" + Record() + Sample()), 0) << Told();
+  EXPECT_EQ(Job("load" + Record() + Sample()), 0) << Told();
   EXPECT_EQ(Job("auto" + Record()), 0);
   EXPECT_EQ(Job("blank --no" + Record()), 1);  // the chip isn't blank any more
   EXPECT_EQ(Job(series), 0) << Told();
   // The series has taken the job's place: which job it is can't be known.
   EXPECT_EQ(Job(series + " --resume"), 1);
   EXPECT_NE(Told().find("load it again"), std::string::npos) << Told();
-  EXPECT_EQ(Job("load --unprotect --fast --no-32k" + Record() + Sample()), 0);
+  EXPECT_EQ(Job("load" + Record() + Sample()), 0);
   EXPECT_EQ(Job(series + " --resume"), 0) << Told();
   const auto lines = Lines();
   Texts told;
