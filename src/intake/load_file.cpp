@@ -108,6 +108,11 @@ bool EndsEarly(const Outcome& outcome) {
   return outcome.reason == Reason::NotConfirmed || outcome.reason == Reason::FirmwareFailed;
 }
 
+// The writer may hold part of the job, and have begun its series anew or not: nobody knows which serial comes next.
+bool BrokeOff(const Outcome& outcome) {
+  return outcome.reason == Reason::OptionNotArrived || outcome.reason == Reason::DataNotArrived;
+}
+
 // A writer that came while a dialog lay open may have brought another selection along.
 bool StillSelected(const ChipEntry& row, const std::string& chip) {
   const Selection& now = TheAppState().selection;
@@ -145,9 +150,16 @@ Outcome Run(const ChipEntry& row, const std::string& path) {
   }
   SetReadyText(ComposeReadyText(TheMachine().language->GetSystemDefaultLangID()));
   const Outcome outcome = LoadJob(row, path);
-  if (!EndsEarly(outcome) && app.writer.WriterConnected) ReadInfoBlock(app.writer.WriterInfoBlock);
+  if (!EndsEarly(outcome) && app.writer.WriterConnected) {
+    // A block that doesn't come, as when the cable goes at the very end, must not tell the series and the limit of
+    // before.
+    for (const FieldPlace field : {Field::SerialHead, Field::ProductionFlags})
+      app.writer.WriterInfoBlock[field.offset] = 0;
+    ReadInfoBlock(app.writer.WriterInfoBlock);
+  }
   RestoreDisplay();
   if (EndsEarly(outcome)) return outcome;
+  if (BrokeOff(outcome)) StopSnProgress();
   BringSnProgressUpToDate(outcome.Good());
   if (outcome.Good()) AwaitChips();
   PaintNow();

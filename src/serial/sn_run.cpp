@@ -166,6 +166,8 @@ void FollowTheWriter() {
   record.SnLength = block[Field::SerialHead.offset + 1];
   BigNumber end;
   end.TakeHex(TextOf(behindLast));
+  // Behind the very last number of 16 bytes the field is 0: the digit before it is left out.
+  if (end.IsZero()) end.TakeHex("1" + std::string(2 * behindLast.size(), '0'));
   end.Decrement();
   record.SnEndText = end.Hex();
 }

@@ -45,7 +45,8 @@ std::unique_ptr<CSnProgramDlg>& SnProgressDlg();
 // with what it had, and so do the shown serial and the button.
 void BringSnProgressUpToDate(bool arrived);
 
-// Another selection: the series that the instance shows is no longer the writer's. Load File enables it again.
+// Another selection, or a load that broke off: the series that the instance shows may no longer be the writer's. The
+// next good load enables it again.
 void StopSnProgress();
 
 // The menu command Serial Number Program.

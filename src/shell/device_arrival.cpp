@@ -75,8 +75,9 @@ void SettleModel() {
                                                                        : Model::None;
 }
 
+// In serial number mode the serial window alone burns chips: it wouldn't know of the serials that the buttons take.
 void EnableAll() {
-  for (ControlId id : kTaskButtons) EnableControl(id, true);
+  for (ControlId id : kTaskButtons) EnableControl(id, id == ControlId::Read || !TheAppState().selection.SnMode);
   if (TheAppState().selection.HasSmartOption) EnableControl(ControlId::SmartOption, true);
   EnableControl(ControlId::WriterTest, true);
 }

@@ -1,5 +1,7 @@
 #include "standin/chip.h"
 
+#include <algorithm>
+
 namespace pyxis::standin {
 
 bool Chip::Erase(bool flash) {
@@ -21,6 +23,11 @@ bool Chip::Burn(const std::vector<std::uint8_t>& data, std::uint16_t configWord)
   config = configWord;
   state = ChipState::Programmed;
   return true;
+}
+
+void Chip::BreakOff() {
+  std::fill(burnt.begin() + static_cast<std::ptrdiff_t>(burnt.size() / 2), burnt.end(), std::uint8_t{0xFF});
+  checksum = upperChecksum = 0;
 }
 
 bool Chip::Holds(const std::vector<std::uint8_t>& data) const {

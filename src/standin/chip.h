@@ -20,6 +20,8 @@ struct Chip {
   bool IsBlank() const { return state == ChipState::Blank; }
   // False for a chip that isn't there, is protected or no longer takes a charge.
   bool Burn(const std::vector<std::uint8_t>& data, std::uint16_t configWord);
+  // The power went while it was burnt: the second half is as it was before.
+  void BreakOff();
   bool Holds(const std::vector<std::uint8_t>& data) const;
 };
 

@@ -93,6 +93,7 @@ int FrameDoor::In(std::uint8_t* data, int count) {
     std::copy_n(buffer_.end() - left_, count, data);
     left_ -= static_cast<std::uint32_t>(count);
     if (left_ == 0) phase_ = Phase::Status;
+    if (opcode_ == OP_TASK_STATUS) model_.StatusDelivered(*data);
     return count;
   }
   if (phase_ != Phase::Status || count != static_cast<int>(kFrameBlockSize)) {

@@ -40,6 +40,7 @@ Line WriterModel::Now() const {
 Line WriterModel::NextTransfer() {
   const Line line = Now();
   if (line != Line::Answers) LoseHost();
+  if (line == Line::Gone) LosePower();
   if (line == Line::Answers)
     for (std::optional<int>* left : {&faults.stallAfter, &faults.disconnectAfter})
       if (*left) --**left;
@@ -92,7 +93,7 @@ void WriterModel::Write(std::uint8_t opcode, std::span<const std::uint8_t> data,
   }
 }
 
-std::vector<std::uint8_t> WriterModel::Read(std::uint8_t opcode, std::size_t length, Door) {
+std::vector<std::uint8_t> WriterModel::Read(std::uint8_t opcode, std::size_t length, Door door) {
   std::vector<std::uint8_t> answer(length, 0);
   const auto give = [&answer](std::span<const std::uint8_t> bytes) {
     std::copy_n(bytes.begin(), std::min(bytes.size(), answer.size()), answer.begin());
@@ -111,6 +112,7 @@ std::vector<std::uint8_t> WriterModel::Read(std::uint8_t opcode, std::size_t len
       return ReadArea(length);
     case OP_TASK_STATUS:
       if (LengthIs(opcode, length, 1)) answer[0] = TaskStatus();
+      if (door == Door::Vendor && length == 1) StatusDelivered(answer[0]);
       return answer;
     case OP_READ_CHIP:
       std::fill(answer.begin(), answer.end(), kErased);

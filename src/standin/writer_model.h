@@ -41,8 +41,13 @@ class WriterModel {
 
   const std::vector<std::string>& Violations() const { return violations_; }
   void Violate(const std::string& text);
+  // The host has what a status read brought it. Read tells it itself where the answer is the delivery, at Door::Vendor.
+  void StatusDelivered(std::uint8_t status);
   // A transfer was lost: what the host sends until its next sequence counts as no breach.
-  void LoseHost() { hostLost_ = true; }
+  void LoseHost() {
+    hostLost_ = true;
+    verdictsDelivered_ = 0;
+  }
 
   // The job, the memory and the counters, kept over a restart. False when the file can't be written, or isn't a
   // writer's memory.
@@ -80,6 +85,8 @@ class WriterModel {
   void Control(std::uint8_t control);
   void CloseLoad();
   bool RunTask(std::uint8_t task);
+  void SettleTask();
+  void LosePower();
   bool RunAuto();
   bool RunProgram();
   bool RunVerify();
@@ -123,7 +130,9 @@ class WriterModel {
   bool taskStarted_ = false;
   std::uint8_t verdict_ = 0;
   int statusReads_ = 0;
-  std::uint32_t produced_ = 0;  // good Autos of a job with a production limit
+  std::optional<std::uint8_t> unsettledTask_;  // a good one whose verdict the host hasn't got yet
+  int verdictsDelivered_ = 0;                  // in a row
+  std::uint32_t produced_ = 0;                 // good Autos of a job with a production limit
   int firmwareLoads_ = 0;
   std::vector<std::string> violations_;
 };

@@ -15,6 +15,8 @@ namespace {
 
 constexpr std::uint8_t kVerdictGood = 1;
 constexpr std::uint8_t kVerdictFailed = 3;
+constexpr std::uint8_t kStatusBits = 3;          // the bits of a status byte that hold the verdict
+constexpr int kVerdictReads = 6;                 // in a row, until a host takes it
 constexpr std::uint8_t kNoise = 0xFC;            // the bits of a status byte that mean nothing
 constexpr std::uint8_t kNoAnswer = 0xFF;         // of an empty socket
 constexpr std::uint8_t kLastDualClass = 15;      // ChipClass of the ICs with a dual mode: up to this
@@ -84,11 +86,7 @@ bool WriterModel::ChipIsGood() const {
 }
 
 void WriterModel::StartTask(std::uint8_t task) {
-  if (std::exchange(hostLost_, false)) {  // the load of before was broken off
-    load_ = Load::None;
-    selectedArea_ = 0;
-    optionWritten_ = dataWritten_ = false;
-  }
+  if (std::exchange(hostLost_, false)) CloseLoad();  // the load of before was broken off
   if (load_ == Load::Package || load_ == Load::Firmware) Violate(Printf("task %d during a load", task));
   if (task != task::kReadChip) chipReadStarts_ = 0;
   switch (task) {
@@ -97,11 +95,11 @@ void WriterModel::StartTask(std::uint8_t task) {
     case task::kProgram:
     case task::kVerify: {
       taskStarted_ = true;
-      statusReads_ = 0;
+      statusReads_ = verdictsDelivered_ = 0;
       const bool burns = task == task::kAuto || task == task::kProgram;
       if (burns && freshChips) chip = Chip{};
       const bool good = RunTask(task) && !CountsDown(faults.failTask);
-      if (burns && good) StepSerial();
+      unsettledTask_ = good ? std::optional(task) : std::nullopt;
       verdict_ = good ? kVerdictGood : kVerdictFailed;
       return;
     }
@@ -125,6 +123,28 @@ std::uint8_t WriterModel::TaskStatus() {
   return faults.noVerdict || statusReads_ <= zeroReads ? kNoise : static_cast<std::uint8_t>(kNoise | verdict_);
 }
 
+void WriterModel::StatusDelivered(std::uint8_t status) {
+  verdictsDelivered_ = (status & kStatusBits) != 0 ? verdictsDelivered_ + 1 : 0;
+  if (verdictsDelivered_ == kVerdictReads) SettleTask();
+}
+
+// Only a chip that the host knows to be good counts: its serial is given out, and it is one of the production limit.
+void WriterModel::SettleTask() {
+  const std::optional<std::uint8_t> task = std::exchange(unsettledTask_, std::nullopt);
+  if (task != task::kAuto && task != task::kProgram) return;
+  StepSerial();
+  if (task != task::kAuto) return;
+  ++produced_;
+  if (LimitIsUsedUp()) optionArea_[Field::WriterStatus.offset] = kLimitUsedUp;
+}
+
+// The cable feeds the writer: a task that isn't settled ends in the middle of its chip, and a load with what has come.
+void WriterModel::LosePower() {
+  const std::optional<std::uint8_t> task = std::exchange(unsettledTask_, std::nullopt);
+  if (task == task::kAuto || task == task::kProgram) chip.BreakOff();
+  CloseLoad();
+}
+
 bool WriterModel::RunTask(std::uint8_t task) {
   if (!HoldsJob()) return false;
   if (!chip.Present()) {
@@ -145,10 +165,7 @@ bool WriterModel::RunTask(std::uint8_t task) {
 
 bool WriterModel::RunAuto() {
   if (LimitIsUsedUp() || !DataForNextChip()) return false;
-  if (!chip.Erase(FlashJob()) || !RunProgram() || !RunVerify()) return false;
-  ++produced_;
-  if (LimitIsUsedUp()) optionArea_[Field::WriterStatus.offset] = kLimitUsedUp;
-  return true;
+  return chip.Erase(FlashJob()) && RunProgram() && RunVerify();
 }
 
 bool WriterModel::RunProgram() {

@@ -50,6 +50,25 @@ TEST_P(WireFaults, AStalledWriterEndsEachOperation) {
   EXPECT_EQ(op.Heard(), Texts{"Verify FAIL"});
 }
 
+// Behind a load whose cable went at its very end stands no limit of the job before.
+TEST_P(WireFaults, ACableThatIsPulledLeavesNoLimitOfBefore) {
+  Selection& selection = TheAppState().selection;
+  for (int transfers = 0; transfers < 120; ++transfers) {
+    SCOPED_TRACE(transfers);
+    selection.ProductionLimitOn = true;
+    LoadSample("QV8348");
+    EXPECT_TRUE(TheMainControls().verdict.left.has_value());
+    selection.ProductionLimitOn = false;
+    writer.faults.disconnectAfter = transfers;
+    LoadAgain();
+    EXPECT_FALSE(TheMainControls().verdict.left.has_value());
+    CloseTransport();
+    writer.faults.disconnectAfter.reset();
+    vendor.pluggedIn = true;
+    OpenTransport();
+  }
+}
+
 INSTANTIATE_TEST_SUITE_P(BothTransports, WireFaults, kBothTransports);
 
 class LostUsb : public StandinBench {};

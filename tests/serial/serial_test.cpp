@@ -2,6 +2,7 @@
 #include "platform/main_view.h"
 #include "serial/sn_record.h"
 #include "serial/sn_run.h"
+#include "shell/device_arrival.h"
 #include "support/serial_entry.h"
 #include "support/standin_bench.h"
 
@@ -154,6 +155,72 @@ TEST_P(Serial, ARunToItsEnd) {
   EXPECT_FALSE(dialog.visible);
   EXPECT_EQ(TheAppState().selection.SnMode, 0U);
   EXPECT_TRUE(TheMainControls()[ControlId::Auto].enabled);
+}
+
+// Wherever the cable is pulled in a load: S/N Program stays off, or the window shows what the writer burns next.
+TEST_P(Serial, ACableThatIsPulledInALoad) {
+  const std::string sample = PutFolderFor("QV8348");
+  Select("QV8348");
+  TheAppState().selection.SnMode = true;
+  int whole = 0;  // loads that had come to their end
+  for (int transfers = 0; transfers < 120; ++transfers) {
+    SCOPED_TRACE(transfers);
+    ASSERT_TRUE(Set(true, {"2", "10", "0A00", "9"}));
+    Load(sample);
+    ASSERT_EQ(op.Heard(), Texts{"Loading Data Ok"});
+    CSnProgramDlg& dialog = *SnProgressDlg();
+    writer.chip = standin::Chip{};
+    ASSERT_TRUE(dialog.OnSnProgram().Good());
+    ASSERT_TRUE(Set(true, {"1", "0", "41", "9"}));
+    writer.faults.disconnectAfter = transfers;
+    Load(sample);
+    writer.faults.disconnectAfter = 0;
+    OnDeviceEvent({DeviceEvent::Kind::Removal, kWriterInterfaceClass});
+    writer.faults.disconnectAfter.reset();
+    vendor.pluggedIn = true;
+    OnDeviceEvent({DeviceEvent::Kind::Arrival, kWriterInterfaceClass});
+    EXPECT_FALSE(TheMainControls()[ControlId::Auto].enabled);
+    writer.chip = standin::Chip{};
+    if (!dialog.OnSnProgram().Good()) continue;
+    ++whole;
+    EXPECT_EQ(All(dialog.startText, writer.chip.burnt.at(1)), All(std::string("42"), 0x41));
+  }
+  EXPECT_GT(whole, 0);
+}
+
+// The series of an older serial.txt, to the very last number.
+TEST_P(Serial, AnOlderSeriesThatEndsAtTheLastNumber) {
+  PutFolderFor("QV8348");
+  Select("QV8348");
+  TheAppState().selection.SnMode = true;
+  const std::string end = std::string(32, 'F');
+  ASSERT_TRUE(Set(true, {"10", "0", end, "1"}));
+  const Bytes older = Contents("serial.txt");
+  ASSERT_TRUE(Set(true, {"1", "0", "0E", "3"}));
+  Write("serial.txt", older);
+  LoadSample("QV8348");
+  CSnProgramDlg& dialog = *SnProgressDlg();
+  EXPECT_EQ(dialog.startText + " " + dialog.endText, end + " " + end);
+  writer.chip = standin::Chip{};
+  EXPECT_TRUE(dialog.OnSnProgram().Good());
+  EXPECT_FALSE(dialog.snProgramEnabled);
+}
+
+// Part of the job may have arrived, and the series begun anew.
+TEST_P(Serial, ALoadThatBreaksOffStopsTheRun) {
+  PutFolderFor("QV8348");
+  Select("QV8348");
+  TheAppState().selection.SnMode = true;
+  for (const std::size_t byte : {100U, 700U}) {  // of the option package, of the data package alone
+    ASSERT_TRUE(Set(true, {"1", "0", "0E", "3"}));
+    LoadSample("QV8348");
+    SnProgressDlg()->OnSnProgram();
+    EXPECT_TRUE(SnProgressDlg()->snProgramEnabled);
+    writer.faults.damageAreaByte = byte;
+    Load("samples/QV8348.hex");
+    writer.faults.damageAreaByte.reset();
+    EXPECT_FALSE(SnProgressDlg()->snProgramEnabled) << byte;
+  }
 }
 
 INSTANTIATE_TEST_SUITE_P(BothTransports, Serial, kBothTransports);

@@ -87,10 +87,11 @@ void LoadJob(WriterModel& writer, const Bytes& option, const Bytes& data = {}) {
   Put(writer, OP_CONTROL, {144});
 }
 
+// The verdict of a task, read as often as a host reads it.
 int Verdict(WriterModel& writer, std::uint8_t task) {
   Put(writer, OP_START_TASK, {task});
   int status = 0;
-  for (int i = 0; i < 10 && status == 0; ++i) status = writer.Read(OP_TASK_STATUS, 1, Door::Frames)[0] & 3;
+  for (int i = 0; i < writer.zeroReads + 6; ++i) status = writer.Read(OP_TASK_STATUS, 1, Door::Vendor)[0] & 3;
   return status;
 }
 
@@ -155,6 +156,35 @@ TEST(Standin, WhereASeriesStartsAnew) {
     EXPECT_EQ(NextSerial(writer), 0x41);
     EXPECT_EQ(NextSerial(writer), 0x42);
   }
+}
+
+// The cable feeds the writer. Without the verdict's sixth reading the host takes the chip for a bad one.
+TEST(Standin, AChipCountsOnceItsVerdictIsDelivered) {
+  for (const auto& [task, reads, next] :
+       Table<std::uint8_t, int, int>{{16, 0, 0x41}, {16, 5, 0x41}, {16, 6, 0x42}, {20, 5, 0x41}, {20, 6, 0x42}}) {
+    SCOPED_TRACE(reads);
+    WriterModel writer;
+    LoadJob(writer, Series(0x20, 9), {1, 2, 3, 4});
+    Put(writer, OP_START_TASK, {task});
+    for (int i = 0; i < writer.zeroReads + reads; ++i) writer.Read(OP_TASK_STATUS, 1, Door::Vendor);
+    writer.faults.disconnectAfter = 0;
+    EXPECT_EQ(writer.NextTransfer(), standin::Line::Gone);
+    writer.faults = {};
+    EXPECT_EQ(writer.chip.burnt, reads == 6 ? (Bytes{1, 0x41, 3, 4}) : (Bytes{1, 0x41, 0xFF, 0xFF}));
+    EXPECT_EQ(NextSerial(writer), next);
+  }
+}
+
+// Neither a failed Auto nor one whose verdict got lost is one of the production limit.
+TEST(Standin, TheLimitCountsGoodAutosAlone) {
+  WriterModel writer;
+  LoadJob(writer, Option(17, {{78, 17}, {83, 1}}), {1, 2});
+  writer.faults.failTask = 1;
+  EXPECT_EQ(Verdict(writer, 16), 3);
+  Put(writer, OP_START_TASK, {16});
+  writer.LoseHost();
+  EXPECT_EQ(Verdict(writer, 16), 1);
+  EXPECT_EQ(Verdict(writer, 16), 3);
 }
 
 TEST(Standin, SeriesThatAreRefused) {
