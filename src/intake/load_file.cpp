@@ -108,9 +108,11 @@ bool EndsEarly(const Outcome& outcome) {
   return outcome.reason == Reason::NotConfirmed || outcome.reason == Reason::FirmwareFailed;
 }
 
-// The writer may hold part of the job, and have begun its series anew or not: nobody knows which serial comes next.
-bool BrokeOff(const Outcome& outcome) {
-  return outcome.reason == Reason::OptionNotArrived || outcome.reason == Reason::DataNotArrived;
+// A load that broke off, and a writer that doesn't tell its series any more, as when the cable went: it may have begun
+// the series anew or not, and nobody knows which serial comes next.
+bool LostTheSeries(const Outcome& outcome) {
+  return (outcome.reason == Reason::OptionNotArrived || outcome.reason == Reason::DataNotArrived) &&
+         FieldByte(TheAppState().writer.WriterInfoBlock, Field::SerialHead) == 0;
 }
 
 // A writer that came while a dialog lay open may have brought another selection along.
@@ -159,7 +161,7 @@ Outcome Run(const ChipEntry& row, const std::string& path) {
   }
   RestoreDisplay();
   if (EndsEarly(outcome)) return outcome;
-  if (BrokeOff(outcome)) StopSnProgress();
+  if (LostTheSeries(outcome)) StopSnProgress();
   BringSnProgressUpToDate(outcome.Good());
   if (outcome.Good()) AwaitChips();
   PaintNow();

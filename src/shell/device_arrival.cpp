@@ -75,9 +75,8 @@ void SettleModel() {
                                                                        : Model::None;
 }
 
-// In serial number mode the serial window alone burns chips: it wouldn't know of the serials that the buttons take.
 void EnableAll() {
-  for (ControlId id : kTaskButtons) EnableControl(id, id == ControlId::Read || !TheAppState().selection.SnMode);
+  for (ControlId id : kTaskButtons) EnableControl(id, true);
   if (TheAppState().selection.HasSmartOption) EnableControl(ControlId::SmartOption, true);
   EnableControl(ControlId::WriterTest, true);
 }

@@ -179,7 +179,6 @@ TEST_P(Serial, ACableThatIsPulledInALoad) {
     writer.faults.disconnectAfter.reset();
     vendor.pluggedIn = true;
     OnDeviceEvent({DeviceEvent::Kind::Arrival, kWriterInterfaceClass});
-    EXPECT_FALSE(TheMainControls()[ControlId::Auto].enabled);
     writer.chip = standin::Chip{};
     if (!dialog.OnSnProgram().Good()) continue;
     ++whole;
@@ -206,20 +205,21 @@ TEST_P(Serial, AnOlderSeriesThatEndsAtTheLastNumber) {
   EXPECT_FALSE(dialog.snProgramEnabled);
 }
 
-// Part of the job may have arrived, and the series begun anew.
-TEST_P(Serial, ALoadThatBreaksOffStopsTheRun) {
+TEST_P(Serial, ALoadWhoseReadBackDiffersLeavesTheRunAsItWas) {
   PutFolderFor("QV8348");
   Select("QV8348");
   TheAppState().selection.SnMode = true;
   for (const std::size_t byte : {100U, 700U}) {  // of the option package, of the data package alone
     ASSERT_TRUE(Set(true, {"1", "0", "0E", "3"}));
     LoadSample("QV8348");
-    SnProgressDlg()->OnSnProgram();
-    EXPECT_TRUE(SnProgressDlg()->snProgramEnabled);
+    CSnProgramDlg& dialog = *SnProgressDlg();
+    writer.chip = standin::Chip{};
+    ASSERT_TRUE(dialog.OnSnProgram().Good());
     writer.faults.damageAreaByte = byte;
     Load("samples/QV8348.hex");
     writer.faults.damageAreaByte.reset();
-    EXPECT_FALSE(SnProgressDlg()->snProgramEnabled) << byte;
+    EXPECT_TRUE(dialog.snProgramEnabled) << byte;
+    EXPECT_EQ(dialog.startText, "0F") << byte;
   }
 }
 

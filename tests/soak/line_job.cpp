@@ -80,10 +80,12 @@ bool Line::LoadOnce() {
   ++totals_.loads;
   Note("load");
   const bool pulled = pulled_;
+  const bool before = SnProgressDlg() && SnProgressDlg()->snProgramEnabled;
   const bool good = OnLoadFile().Good();
   Expect(good || !sound, "a sound load has failed");
   Expect(!good || sound || pulled, "a damaged read-back has passed");
-  if (!good && SnProgressDlg()) Expect(!SnProgressDlg()->snProgramEnabled, "S/N Program is on after a failed load");
+  if (!good && SnProgressDlg())
+    Expect(SnProgressDlg()->snProgramEnabled == (before && !pulled), "S/N Program after a failed load");
   writer.faults.damageAreaByte.reset();
   if (pulled) Replug();
   deviceAgain_ = pulled;
@@ -141,7 +143,6 @@ void Line::Replug() {
   vendor.pluggedIn = true;
   OnDeviceEvent({DeviceEvent::Kind::Arrival, kWriterInterfaceClass});
   Expect(TheAppState().writer.WriterConnected, "the writer isn't found again");
-  CheckTaskButtons();
 }
 
 }  // namespace pyxis::soak

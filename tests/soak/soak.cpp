@@ -3,7 +3,7 @@
 // each chip what it carries, what the windows show and what the limit says are compared with the soak's own count.
 //
 // Left out: a cable that is pulled while a firmware image is sent; a writer that stalls but keeps its power; Auto of
-// the main window beside a serial window. The buttons forbid the last one, but for the time after a cancelled Device.
+// the main window beside a serial window, which the buttons forbid but after a cancelled Device and an arrival.
 #include <chrono>
 #include <cinttypes>
 #include <cstdio>
