@@ -75,7 +75,7 @@ void Line::RunSelectionRoad() {
   LoadUntilGood();
   Expect(SnProgressDlg() && SnProgressDlg()->visible, "the serial window doesn't show");
   CSnProgramDlg& dialog = *SnProgressDlg();
-  CheckTaskButtons();
+  if (!deviceAgain_) CheckTaskButtons();  // an arrival enables them
   PressThrough(dialog, Task::SerialAuto);
   if (chance_.OneIn(2)) return;
   dialog.OnClose();
