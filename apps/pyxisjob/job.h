@@ -15,7 +15,8 @@
 
 namespace CLI {
 class App;
-}
+class Option;
+}  // namespace CLI
 
 namespace pyxis {
 struct ChipEntry;
@@ -128,6 +129,9 @@ LineWriter WriterIdentity();
 
 // Whether the menu entry would be enabled; the operator is told when it wouldn't.
 bool Allowed(Job& job, MenuEntry entry, const char* name);
+
+// Takes the options, runs the command, and gives the exit code. The machine's bodies are in place.
+int RunCommandLine(Job& job, int argc, char** argv);
 
 // Each adds its command; the callbacks run after the options have been taken over.
 void AddConvert(CLI::App& app, Job& job);

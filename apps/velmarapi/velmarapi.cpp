@@ -4,6 +4,7 @@
 #include <chrono>
 #include <cstdint>
 
+#include "platform/vendor_api.h"
 #include "standin/local_client.h"
 #include "standin/socket_path.h"
 
@@ -11,7 +12,6 @@ namespace {
 
 constexpr int kGood = 0;
 constexpr int kFailed = -1;
-constexpr int kVendorModel = 0x9899;
 
 pyxis::standin::LocalClient writer;
 
@@ -23,7 +23,7 @@ extern "C" {
 
 int VMOpen(int model, int, int) {
   writer.Close();
-  return Result(model == kVendorModel && writer.Open(pyxis::standin::SocketPath()));
+  return Result(model == pyxis::kVendorModel && writer.Open(pyxis::standin::SocketPath()));
 }
 
 void VMSetTimeout(int seconds) { writer.SetTimeout(std::chrono::seconds(std::max(seconds, 1))); }

@@ -64,6 +64,8 @@ inline constexpr std::uint8_t kSerialUnitLowFirst = 1;  // words, low byte first
 inline constexpr std::uint8_t kChipClassFlash = 17;     // MTP/Flash
 inline constexpr std::uint8_t kProductionMass = 16;
 inline constexpr std::uint8_t kProductionLimit = 17;
+// Of fields that hold a number in half a byte.
+inline constexpr std::uint8_t kLowNibble = 0x0F;
 
 std::string OptionPackagePath();  // in AppDir
 std::string DataPackagePath();

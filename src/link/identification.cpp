@@ -13,7 +13,6 @@ namespace pyxis {
 
 namespace {
 
-constexpr int kVendorModel = 0x9899;
 constexpr int kVendorTimeout = 5;
 
 struct KnownIdentity {

@@ -10,8 +10,6 @@ namespace {
 
 constexpr int kConfiguration = 1;
 constexpr int kInterface = 0;
-constexpr int kEndpointOut = 0x02;
-constexpr int kEndpointIn = 0x81;
 constexpr int kTimeout = 0;
 
 constexpr char kReadPipeName[] = "PIPE00";

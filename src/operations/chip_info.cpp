@@ -22,7 +22,6 @@ constexpr std::array<const char*, 4> kCaptions{"Chip Name : ", "System Config : 
 constexpr char kNoSupport[] = "NO Support";
 
 constexpr std::uint32_t kSettleMs = 1000;
-constexpr std::uint8_t kLowNibble = 0x0F;
 constexpr std::uint8_t kHiddenConfig = 18;   // LengthUnit of chips whose configuration can't be shown
 constexpr std::uint8_t kLastDualClass = 15;  // ChipClass of the chips with a dual mode: up to this
 constexpr std::uint8_t kNotDualBit = 0x10;   // of the configuration's high byte

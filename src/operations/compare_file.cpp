@@ -21,7 +21,6 @@ namespace pyxis {
 namespace {
 
 constexpr char kResultFormat[] = "Compare Result : %s";
-constexpr std::uint8_t kLowNibble = 0x0F;
 constexpr std::uint8_t kCountsWords = 1;  // low nibble of LengthUnit
 constexpr std::uint8_t kOrderOfData = 2;  // low nibble of ReadBackOrder: words stand as in the program file
 

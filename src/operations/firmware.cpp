@@ -22,12 +22,12 @@ namespace {
 constexpr std::uint32_t kRestartMs = 3000;
 
 // Positions of the bar with velmarapi.
-namespace bar {
+namespace firmware_bar {
 constexpr int kStart = 5;
 constexpr int kAddressed = 32;
 constexpr int kSent = 69;
 constexpr int kDone = 101;
-}  // namespace bar
+}  // namespace firmware_bar
 
 // The bytes of an image that go out; nothing when the file can't be opened or is too short.
 std::optional<std::vector<std::uint8_t>> ReadImage(const std::string& path) {
@@ -62,21 +62,21 @@ bool Transfer(const std::string& path, bool sendStartByte, const std::vector<std
   const FrameBusy busy;
   StopFrameProgress();
   if (!ActiveTransport().DrivesProgress()) SetProgressRange(0, kTransferSteps);
-  ShowStep(bar::kStart);
+  ShowStep(firmware_bar::kStart);
   if (sendStartByte) StartTask(task::kOpenFirmwareLoad);
   SetWriterMode(mode::kMemory);
   AddressStart();
-  ShowStep(bar::kAddressed);
+  ShowStep(firmware_bar::kAddressed);
   {
     const TransferProgress progress;
     WriteCommand(OP_WRITE_MEMORY, image);
   }
-  ShowStep(bar::kSent);
+  ShowStep(firmware_bar::kSent);
   AddressStart();
   const std::vector<std::uint8_t> received = ReadBack(image);
   const bool good = ReadImage(path) == received;
   if (good || !ActiveTransport().LeavesFailedLoadOpen()) CloseLoad();
-  if (good) ShowStep(bar::kDone);
+  if (good) ShowStep(firmware_bar::kDone);
   return good;
 }
 

@@ -58,7 +58,7 @@ constexpr TestRow kWithoutDacBoard[] = {
 
 constexpr std::uint16_t kSetUp[] = {0x8D01, 0x4403, 0x3905, 0x2207};
 constexpr std::uint8_t kFirstStep = 0;  // measured on every revision
-constexpr std::uint32_t kSettleMs = 100;
+constexpr std::uint32_t kAfterStepMs = 100;
 // What stands in for a first measurement that doesn't come: bad in every test.
 constexpr std::uint8_t kNoMeasure = 0xFF;
 
@@ -68,7 +68,7 @@ class Meter {
   Meter() { values_.fill(kNoMeasure); }
   void Run(std::uint8_t step) {
     SendTestSelect(step);
-    WaitMs(kSettleMs);
+    WaitMs(kAfterStepMs);
     ReadTestMeasure(values_);
     step_ = step;
   }

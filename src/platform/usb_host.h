@@ -11,6 +11,9 @@ namespace pyxis {
 // The writer's numbers.
 inline constexpr std::uint16_t kWriterVendor = 0x7A31;
 inline constexpr std::uint16_t kWriterProduct = 0x1602;
+// Its two bulk end points.
+inline constexpr std::uint8_t kEndpointOut = 0x02;
+inline constexpr std::uint8_t kEndpointIn = 0x81;
 
 struct UsbDeviceEntry {
   std::uint16_t vendor = 0;

@@ -7,6 +7,7 @@
 namespace pyxis {
 
 inline constexpr int kVendorLibraryMissing = -1;
+inline constexpr int kVendorModel = 0x9899;  // the first argument of VMOpen: the writer, of either model
 
 class VendorApi {
  public:

@@ -7,9 +7,6 @@ namespace pyxis::standin {
 namespace {
 
 constexpr int kError = -1;
-constexpr int kEndpointOut = 0x02;
-constexpr int kEndpointIn = 0x81;
-constexpr int kVendorModel = 0x9899;
 constexpr UsbDeviceEntry kStrangeDevice{0x1D6B, 0x0002, nullptr};
 
 }  // namespace

@@ -18,8 +18,6 @@ namespace pyxis::standin {
 namespace {
 
 constexpr std::uint16_t kRelease = 0x0100;
-constexpr std::uint8_t kEndpointOut = 0x02;
-constexpr std::uint8_t kEndpointIn = 0x81;
 constexpr std::uint16_t kPacketSize = 512;
 // Endpoint tables have 16 places for each direction, in behind out.
 constexpr std::size_t kInPlaces = 16;

@@ -22,7 +22,7 @@ namespace {
 using Command = CNumericEdit::Command;
 
 constexpr int kFirstCharacter = 32;
-constexpr std::size_t kMargin = 2;  // characters
+constexpr std::size_t kSpareCharacters = 2;
 
 QColor Of(const Colour& colour) { return {colour.red, colour.green, colour.blue}; }
 
@@ -52,7 +52,7 @@ void NormaliseClipboard() {
 
 NumericEditField::NumericEditField(std::size_t maxLength, QWidget* parent) : QLineEdit(parent), maxLength_(maxLength) {
   setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
-  setMinimumWidth(static_cast<int>(maxLength + kMargin) * fontMetrics().horizontalAdvance(QLatin1Char('0')));
+  setMinimumWidth(static_cast<int>(maxLength + kSpareCharacters) * fontMetrics().horizontalAdvance(QLatin1Char('0')));
   setAcceptDrops(false);
   setDragEnabled(false);
   // For what comes past the keys, such as an accessibility tool.

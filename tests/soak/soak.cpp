@@ -12,12 +12,13 @@
 #include <random>
 
 #include "soak/line.h"
+#include "soak/recorded_line.h"
 
 namespace {
 
 using namespace pyxis;
 
-constexpr int kRunsOfADay = 60;
+constexpr int kRunsOfADay = 60, kRecordedSeriesOfADay = 5;
 
 struct Arguments {
   std::uint64_t chips = 100000, seed = 0;
@@ -65,6 +66,8 @@ int main(int argc, char** argv) {
   try {
     while (totals.chips < arguments.chips) {
       const auto transport = days.OneIn(2) ? test::Transport::Usb : test::Transport::Vendor;
+      soak::RecordedLine recorded(transport, days.Next(), totals);
+      for (int series = 0; series < kRecordedSeriesOfADay; ++series) recorded.Run();
       soak::Line line(transport, days.Next(), totals);
       try {
         for (int run = 0; run < kRunsOfADay && totals.chips < arguments.chips; ++run) line.Run();

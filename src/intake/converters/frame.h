@@ -18,6 +18,10 @@
 
 namespace pyxis {
 
+// Of a 14-bit configuration word: what is summed, and what goes out.
+inline constexpr std::uint16_t kSummedConfigBits = 0x1FFF;
+inline constexpr std::uint16_t kConfigOutBits = 0x3FE0;
+
 // How the names of a conversion are made from the path of the program file.
 enum class Names { AsChosen, LowerCase };
 

@@ -6,8 +6,6 @@ namespace pyxis {
 
 namespace {
 
-constexpr std::uint16_t kSummedConfigBits = 0x1FFF;
-constexpr std::uint16_t kConfigOutBits = 0x3FE0;
 constexpr std::uint8_t kByte72 = 0xC0;
 
 bool IdMatches(const Hex14MtpRow& row, const Image& image) {

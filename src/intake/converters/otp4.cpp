@@ -7,13 +7,13 @@ namespace {
 
 constexpr std::size_t kHeader = 32;  // bytes, skipped
 
-constexpr unsigned kProtectBit = 1;  // of the configuration: 0 means protected
-constexpr unsigned kClearedOut = 2;  // always 0 in the package
-constexpr unsigned kSummedSet = 3;   // always 1 in the checksum
+constexpr unsigned kUnprotectedBit = 1;  // of the configuration: 0 means protected
+constexpr unsigned kClearedOut = 2;      // always 0 in the package
+constexpr unsigned kSummedSet = 3;       // always 1 in the checksum
 
 // The operator's choice Protect clears the bit.
 unsigned WithProtection(unsigned config, const ConvertRequest& request) {
-  return *request.OptionValue != 0 ? config : config & ~kProtectBit;
+  return *request.OptionValue != 0 ? config : config & ~kUnprotectedBit;
 }
 
 std::uint16_t CopyBytes(const Otp4Row& row, ConversionFrame& frame) {

@@ -13,8 +13,6 @@ constexpr std::size_t kEepromNameField = 13;
 constexpr std::uint32_t kEepromFirstWord = 3840;
 constexpr std::uint8_t kEepromFlag = 16;
 constexpr std::uint16_t kSummedConfigSet = 0x1EFF;
-constexpr std::uint16_t kSummedConfigBits = 0x1FFF;
-constexpr std::uint16_t kConfigOutBits = 0x3FE0;
 constexpr std::uint16_t kProgramParameter = 0xC008;
 
 // The text of the name field, up to its first zero.

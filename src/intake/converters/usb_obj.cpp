@@ -5,16 +5,16 @@ namespace pyxis {
 
 namespace {
 
-constexpr std::int32_t kHeader = 32;     // bytes
+constexpr std::int32_t kObjHeader = 32;  // bytes
 constexpr std::size_t kOptionByte = 16;  // offset in the header
 constexpr std::uint8_t kOptionBits = 0x6F;
 
 std::int32_t WordsOf(const UsbObjRow& row, std::int32_t length) {
   switch (row.count) {
     case WordCount::File:
-      return (length - kHeader) / 2;
+      return (length - kObjHeader) / 2;
     case WordCount::FileLessTwo:
-      return (length - kHeader) / 2 - 2;
+      return (length - kObjHeader) / 2 - 2;
     case WordCount::Fixed:
       break;
   }
@@ -24,7 +24,7 @@ std::int32_t WordsOf(const UsbObjRow& row, std::int32_t length) {
 // ImageLength; the ICs with an option byte in the header count a half word at the end as a whole one.
 std::int32_t ImageLengthOf(const UsbObjRow& row, std::int32_t length) {
   if (row.optionSource != OptionSource::Header) return WordsOf(row, length);
-  const std::int32_t words = (length + (length & 1) - kHeader) / 2;
+  const std::int32_t words = (length + (length & 1) - kObjHeader) / 2;
   return row.count == WordCount::FileLessTwo ? words - 3 : words;
 }
 
@@ -42,17 +42,17 @@ ConversionResults Convert(const UsbObjRow& row, const ConvertRequest& request) {
   const auto length = static_cast<std::int32_t>(image.Length());
   std::uint16_t headerChecksum = 0xFFFF;
   if (row.sumHeader) {
-    for (std::size_t i = 0; i < kHeader / 2; ++i) frame.Sum(image.Word(i));
+    for (std::size_t i = 0; i < kObjHeader / 2; ++i) frame.Sum(image.Word(i));
     headerChecksum = frame.state.ImageChecksum;
   }
   const std::int32_t words = WordsOf(row, length);
   for (std::int32_t i = 0; i < words; ++i) {
-    const std::uint16_t word = image.Le16(static_cast<std::size_t>(kHeader + 2 * i));
+    const std::uint16_t word = image.Le16(static_cast<std::size_t>(kObjHeader + 2 * i));
     frame.WriteBe16(word);
     if (static_cast<std::uint32_t>(i) < row.summedWords) frame.Sum(row.swapSum ? Swapped(word) : word);
   }
   const std::size_t optionAt =
-      row.optionSource == OptionSource::Header ? kOptionByte : static_cast<std::size_t>(kHeader + 2 * words);
+      row.optionSource == OptionSource::Header ? kOptionByte : static_cast<std::size_t>(kObjHeader + 2 * words);
   const std::uint8_t optionByte = image.Byte(optionAt) & kOptionBits;
   if (row.sumOption) {
     frame.state.SystemConfigWord = optionByte;

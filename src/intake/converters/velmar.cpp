@@ -3,7 +3,7 @@
 namespace pyxis {
 
 namespace {
-constexpr std::uint16_t kSummedConfigBits = 0x7FFF;
+constexpr std::uint16_t kVelmarSummedBits = 0x7FFF;
 constexpr std::uint8_t kIdFirst = 7;
 }  // namespace
 
@@ -23,7 +23,7 @@ std::uint16_t CopyVelmarConfig(ConversionFrame& frame, std::size_t imageBytes, s
   const std::uint16_t config = frame.image.Le16(imageBytes);
   frame.CopyPair(imageBytes);
   frame.state.SystemConfigWord = config;
-  frame.Sum((config & kSummedConfigBits) | sumSet);
+  frame.Sum((config & kVelmarSummedBits) | sumSet);
   return config;
 }
 

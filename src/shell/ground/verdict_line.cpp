@@ -12,7 +12,7 @@ namespace {
 
 VerdictLine& Line() { return TheMainControls().verdict; }
 
-void Changed() { TheMachine().view->ControlsChanged(); }
+void LineChanged() { TheMachine().view->ControlsChanged(); }
 
 }  // namespace
 
@@ -25,17 +25,17 @@ std::string VerdictLine::Counts() const {
 
 void ClearVerdict() {
   Line() = {};
-  Changed();
+  LineChanged();
 }
 
 void SetChipsLeft(std::uint32_t count) {
   Line().left = count;
-  Changed();
+  LineChanged();
 }
 
 void BeginVerdict() {
   Line().words.clear();
-  Changed();
+  LineChanged();
 }
 
 void ShowVerdict(const std::string& words, bool good, bool takesOne) {
@@ -44,7 +44,7 @@ void ShowVerdict(const std::string& words, bool good, bool takesOne) {
   line.good = good;
   ++(good ? line.ok : line.ng);
   if (good && takesOne && line.left && *line.left > 0) --*line.left;
-  Changed();
+  LineChanged();
   if (!good) TheMachine().op->Alarm();
 }
 
