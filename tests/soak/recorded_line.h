@@ -1,6 +1,6 @@
-// A series that pyxisjob puts through with a record, and that is cut off at random places: in a load, in a task, between
-// two chips, in the middle of a write to the record. Each time it is started again, with --resume, until nothing is
-// left. Then the record's serials and what the chips carry are compared with the soak's own count.
+// A series that pyxisjob puts through with a record, and that is cut off at random places: in a load, in a task,
+// between two chips, in the middle of a write to the record. Each time it is started again, with --resume, until
+// nothing is left. Then the record's serials and what the chips carry are compared with the soak's own count.
 #pragma once
 
 #include <map>
@@ -38,9 +38,9 @@ class RecordedLine : public test::StandinBench {
   ProgramState program_;
   std::string sample_;
   Series series_;
-  Bytes data_;                         // of the job, without a serial
+  Bytes data_;                          // of the job, without a serial
   std::map<std::size_t, Bytes> chips_;  // as burnt, by the record's line
-  std::size_t inSocket_ = 0;           // the line of the chip in the socket
+  std::size_t inSocket_ = 0;            // the line of the chip in the socket
   std::uint64_t presses_ = 0;
 };
 
