@@ -4,7 +4,7 @@
 namespace pyxis::test {
 namespace {
 
-constexpr std::uint32_t kQv8348 = 0x2700;
+constexpr std::uint32_t kFrameIc = 0x2700;
 
 class Frame : public ConverterBench {
  protected:
@@ -14,7 +14,7 @@ class Frame : public ConverterBench {
 TEST_F(Frame, FailuresInTheirOrder) {
   const std::string openError = Path("job.hex") + " open file error\n";
   const auto fails = [&](int code, const std::string& file, const std::string& told) {
-    EXPECT_EQ(Convert(kQv8348, file), code);
+    EXPECT_EQ(Convert(kFrameIc, file), code);
     EXPECT_EQ(op.Heard(), Texts{told});
   };
   Write("job.hex", pyxis::folder::ToIntelHex(image));
@@ -54,7 +54,7 @@ TEST_F(Frame, ProductionFlags) {
     request.SnMode = serial;
     request.MassProduction = mass;
     request.ProductionLimitOn = limit;
-    ASSERT_EQ(ConvertHex(kQv8348, image), 0);
+    ASSERT_EQ(ConvertHex(kFrameIc, image), 0);
     EXPECT_EQ(LoadBe32(&option[80]), limit ? 0x00001234U : 0xAAAAAAAAU);
     ExpectBytes({{78, flags}, {53, serial ? 0x11 : 0xAA}, {127, serial ? 0x11 : 0xAA}, {128, 0xAA}});
   }
@@ -66,7 +66,7 @@ TEST_F(Frame, ShortTemplatesAndTheOtherModel) {
   TheAppState().writer.WriterModel = Model::Km49;
   for (const std::size_t length : {0U, 100U, 208U, 600U}) {
     PutTemplate("QV8348", Bytes(length, 0x33));
-    ASSERT_EQ(ConvertHex(kQv8348, image), 0);
+    ASSERT_EQ(ConvertHex(kFrameIc, image), 0);
     EXPECT_EQ(option.size(), std::max<std::size_t>(length, 208));
     EXPECT_EQ(All(option[207], option[100]), All(153, length > 100 ? 0x33 : 0));
   }
@@ -74,7 +74,7 @@ TEST_F(Frame, ShortTemplatesAndTheOtherModel) {
 
 TEST_F(Frame, NamesWithPointsAndCapitals) {
   PutTemplate("QV8348");
-  ASSERT_EQ(ConvertHex(kQv8348, image, "Job.v2.HEX"), 0);
+  ASSERT_EQ(ConvertHex(kFrameIc, image, "Job.v2.HEX"), 0);
   EXPECT_EQ(TheAppState().conversion.LoadedFilePath, Path("Job.v2.bin"));
   EXPECT_EQ(Contents("Job.v2.bin").size(), image.size());
 }
