@@ -62,6 +62,8 @@ inline constexpr std::uint8_t kSerialRoadBits = 0xF0;
 inline constexpr std::size_t kFirstSerialOffset = Field::SerialBlock.offset + Field::SerialBlock.width / 2;
 inline constexpr std::uint8_t kSerialUnitLowFirst = 1;  // words, low byte first
 inline constexpr std::uint8_t kChipClassFlash = 17;     // MTP/Flash
+// Of a 14-bit IC's configuration word: 0 means dual mode.
+inline constexpr std::uint16_t kNotDualBit = 0x1000;
 inline constexpr std::uint8_t kProductionMass = 16;
 inline constexpr std::uint8_t kProductionLimit = 17;
 // Of fields that hold a number in half a byte.

@@ -24,7 +24,6 @@ constexpr char kNoSupport[] = "NO Support";
 constexpr std::uint32_t kSettleMs = 1000;
 constexpr std::uint8_t kHiddenConfig = 18;   // LengthUnit of chips whose configuration can't be shown
 constexpr std::uint8_t kLastDualClass = 15;  // ChipClass of the chips with a dual mode: up to this
-constexpr std::uint8_t kNotDualBit = 0x10;   // of the configuration's high byte
 constexpr std::size_t kConfigAt = 0;         // places in ChipInfo; words, high byte first
 constexpr std::size_t kUpperChecksumAt = 2;
 constexpr std::size_t kIdAt = 4;
@@ -47,7 +46,7 @@ unsigned WordAt(std::size_t at) { return LoadBe16(ChipInfo() + at); }
 bool UpperHalfCounts() {
   const AppState& app = TheAppState();
   return FieldByte(app.writer.WriterInfoBlock, Field::ChipClass) <= kLastDualClass &&
-         (*ChipInfo() & kNotDualBit) == 0 && app.conversion.DualSkip != 0;
+         (*ChipInfo() & kNotDualBit >> 8) == 0 && app.conversion.DualSkip != 0;
 }
 
 void ShowChip(std::array<std::string, 4>& lines) {

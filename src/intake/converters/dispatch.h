@@ -41,8 +41,6 @@ struct ConverterEntry {
   ConverterFamily row;
 };
 
-inline constexpr std::size_t kConverterCount = 137;
-
 // The entries of all tables, by ChipCode.
 template <typename... Tables>
 constexpr auto GatherConverters(const Tables&... tables) {
@@ -59,7 +57,6 @@ constexpr auto GatherConverters(const Tables&... tables) {
 inline constexpr auto kConverters =
     GatherConverters(kOtp4Table, kEpm4Table, kHex14OtpTable, kHex14MtpTable, kVelmarFlashTable, kVelmarEepromTable,
                      kVelmarBlockTable, kUsbHexTable, kUsbObjTable, kUsbEepromTable);
-static_assert(kConverters.size() == kConverterCount);
 static_assert(std::ranges::adjacent_find(kConverters, {}, &ConverterEntry::ChipCode) == kConverters.end(),
               "a ChipCode stands in two converter rows");
 

@@ -51,7 +51,7 @@ struct Epm4Row {
 };
 
 // clang-format off
-inline constexpr std::array<Epm4Row, 10> kEpm4Table{{
+inline constexpr auto kEpm4Table = std::to_array<Epm4Row>({
     {.ChipCode = 0x1390, .name = "QV4301", .imageBytes = 49152, .protectOffset = 0x10002, .options = OptionsAt(0x10000), .serial = false, .packageLength = 0},
     {.ChipCode = 0x1393, .name = "QV4206", .imageBytes = 65536, .protectOffset = 0x10002, .options = OptionsAt(0x10000), .serial = false, .key = kKeyOf4207},
     {.ChipCode = 0x13931, .name = "QV4206", .imageBytes = 65536, .protectOffset = 0x10002, .options = OptionsAt(0x10000), .serial = false, .key = kKeyOf4207},
@@ -62,7 +62,7 @@ inline constexpr std::array<Epm4Row, 10> kEpm4Table{{
     {.ChipCode = 0x1385, .name = "QV4107", .imageBytes = 8192, .protectOffset = 8192, .options = {8192, 1, 13}, .serial = true, .extra = ExtraPatch::ClearFirst},
     {.ChipCode = 0x1357, .name = "QV4104", .imageBytes = 8192, .protectOffset = 8194, .options = {8192, 16, 0}, .serial = true, .protect = ProtectByte::Plain, .extra = ExtraPatch::ClearFirst},
     {.ChipCode = 0x1382, .name = "QV4101", .imageBytes = 32768, .protectOffset = 32770, .options = kNoOptions, .serial = false, .tail = {4, 2044}, .extra = ExtraPatch::None},
-}};
+});
 // clang-format on
 
 }  // namespace pyxis

@@ -54,7 +54,7 @@ struct Hex14MtpRow {
 };
 
 // clang-format off
-inline constexpr std::array<Hex14MtpRow, 25> kHex14MtpTable{{
+inline constexpr auto kHex14MtpTable = std::to_array<Hex14MtpRow>({
     {.ChipCode = 0x2805, .name = "QV8306", .memory = kMtp1024Long, .id = LongId(0x05, 0x28, 0xF2), .sumMask = 0x0000},
     {.ChipCode = 0x28051, .name = "QV8307", .memory = kMtp1024Long, .id = LongId(0x05, 0x28, 0xF2), .sumMask = 0x0000},
     {.ChipCode = 0x2778, .name = "QVX01", .memory = kMtp1024, .id = ShortId(0x78, 2), .sumMask = 0x001F},
@@ -80,7 +80,7 @@ inline constexpr std::array<Hex14MtpRow, 25> kHex14MtpTable{{
     {.ChipCode = 0x2748, .name = "QV8202", .memory = kMtp4096, .id = ShortId(0x48, 2), .sumMask = 0x001F, .mode = kReadZeroWords},
     {.ChipCode = 0x2708, .name = "QV8303", .memory = kMtp8192, .id = ShortId(0x08, 2), .sumMask = 0x003F, .argumentClass = ArgumentClass::C, .exhvFlags = 3},
     {.ChipCode = 0x27081, .name = "QV8304", .memory = kMtp8192, .id = ShortId(0x08, 3), .sumMask = 0x003F, .argumentClass = ArgumentClass::C, .exhvFlags = 3},
-}};
+});
 // clang-format on
 
 }  // namespace pyxis

@@ -12,7 +12,6 @@ namespace pyxis {
 
 namespace {
 
-constexpr std::uint16_t kNotDualBit = 0x1000;  // of the configuration word: 0 means dual mode
 constexpr std::uint16_t kProtectBit = 0x0800;  // of the configuration word: 0 means protected
 constexpr std::uint16_t kDualSumBits = 0x3000;
 constexpr std::uint8_t kFlagSet = 16;

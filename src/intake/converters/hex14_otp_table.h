@@ -92,7 +92,7 @@ struct Hex14OtpRow {
 };
 
 // clang-format off
-inline constexpr std::array<Hex14OtpRow, 60> kHex14OtpTable{{
+inline constexpr auto kHex14OtpTable = std::to_array<Hex14OtpRow>({
     {.ChipCode = 0x2801, .name = "QV8333", .memory = kOtp1019, .idLow = 0x01, .idHigh = 2, .sumMask = 0x201F, .isp = IspByte::ExhvIsp},
     {.ChipCode = 0x28016, .name = "QV8334", .memory = kOtp1019, .idLow = 0x01, .idHigh = 2, .sumMask = 0x201F, .isp = IspByte::ExhvIsp},
     {.ChipCode = 0x28014, .name = "QV8335", .memory = kOtp1019, .idLow = 0x01, .idHigh = 2, .sumMask = 0x201F, .isp = IspByte::ExhvIsp},
@@ -153,7 +153,7 @@ inline constexpr std::array<Hex14OtpRow, 60> kHex14OtpTable{{
     {.ChipCode = 0x27551, .name = "QV8376", .memory = kOtp4092Dual, .idLow = 0x55, .idHigh = 3, .sumMask = 0x201F},
     {.ChipCode = 0x27554, .name = "QV8377", .memory = kOtp4092Dual, .idLow = 0x55, .idHigh = 3, .sumMask = 0x201F},
     {.ChipCode = 0x27552, .name = "QV8501", .memory = kOtp4092Dual, .idLow = 0x55, .idHigh = 3, .sumMask = 0x201F},
-}};
+});
 // clang-format on
 
 }  // namespace pyxis

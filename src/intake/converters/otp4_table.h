@@ -18,11 +18,11 @@ struct Otp4Row {
 };
 
 // clang-format off
-inline constexpr std::array<Otp4Row, 3> kOtp4Table{{
+inline constexpr auto kOtp4Table = std::to_array<Otp4Row>({
     {.ChipCode = 0x1395, .name = "QV4105", .unit = Otp4Unit::Byte, .configOffset = 8223},
     {.ChipCode = 0x1396, .name = "QV4106", .unit = Otp4Unit::Word, .configOffset = 16414, .words = 6512},
     {.ChipCode = 0x1397, .name = "QV4103", .unit = Otp4Unit::Word, .configOffset = 16414, .words = 6512},
-}};
+});
 // clang-format on
 
 }  // namespace pyxis

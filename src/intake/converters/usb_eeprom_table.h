@@ -32,7 +32,7 @@ struct UsbEepromRow {
 };
 
 // clang-format off
-inline constexpr std::array<UsbEepromRow, 6> kUsbEepromTable{{
+inline constexpr auto kUsbEepromTable = std::to_array<UsbEepromRow>({
     {.ChipCode = 0x1645, .name = "QVL09", .id = {16404, 0x45, 3}, .words = 8192, .argumentClass = ArgumentClass::C,
      .eepromName = "QVL09EEPROM", .eepromStart = 0x17, .loadsImage = false},
     {.ChipCode = 0x1655, .name = "QVL12", .id = {16404, 0x55, 2}, .words = 8192, .argumentClass = ArgumentClass::C,
@@ -46,7 +46,7 @@ inline constexpr std::array<UsbEepromRow, 6> kUsbEepromTable{{
      .mode = kReadZeroWords, .forcedLength = 0x6020, .plainBytes = true},
     {.ChipCode = 0x9840, .name = "QVX03", .id = kNoId, .words = 8192, .argumentClass = ArgumentClass::C,
      .eepromName = "QVL09EEPROM", .eepromStart = 0x17, .loadsImage = false, .mode = kReadBytes},
-}};
+});
 // clang-format on
 
 }  // namespace pyxis

@@ -25,14 +25,14 @@ struct UsbObjRow {
 };
 
 // clang-format off
-inline constexpr std::array<UsbObjRow, 6> kUsbObjTable{{
+inline constexpr auto kUsbObjTable = std::to_array<UsbObjRow>({
     {.ChipCode = 0x1603, .name = "QVL01", .count = WordCount::File, .optionSource = OptionSource::None, .sumHeader = true},
     {.ChipCode = 0x1604, .name = "QVL02", .count = WordCount::File, .optionSource = OptionSource::None, .sumHeader = true},
     {.ChipCode = 0x1615, .name = "QVL03", .count = WordCount::File, .optionSource = OptionSource::None, .sumHeader = true},
     {.ChipCode = 0x1633, .name = "QVL08", .count = WordCount::File, .optionSource = OptionSource::Header, .swapSum = true},
     {.ChipCode = 0x1629, .name = "QVX02", .count = WordCount::FileLessTwo, .optionSource = OptionSource::Header, .summedWords = 1021, .sumOption = true},
     {.ChipCode = 0x1742, .name = "QV8369", .count = WordCount::Fixed, .optionSource = OptionSource::BehindWords, .fixedWords = 4096, .sumOption = true},
-}};
+});
 // clang-format on
 
 }  // namespace pyxis

@@ -14,7 +14,7 @@ struct VelmarEepromRow {
   std::uint8_t idThirdHigh;  // high nibble of the third
 };
 
-inline constexpr std::array<VelmarEepromRow, 1> kVelmarEepromTable{
-    {{.ChipCode = 0x37061, .name = "QV8401", .imageBytes = 4094, .idSecond = 0x06, .idThirdHigh = 0x2}}};
+inline constexpr auto kVelmarEepromTable = std::to_array<VelmarEepromRow>(
+    {{.ChipCode = 0x37061, .name = "QV8401", .imageBytes = 4094, .idSecond = 0x06, .idThirdHigh = 0x2}});
 
 }  // namespace pyxis

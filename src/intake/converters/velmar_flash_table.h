@@ -18,7 +18,7 @@ struct VelmarFlashRow {
 };
 
 // clang-format off
-inline constexpr std::array<VelmarFlashRow, 21> kVelmarFlashTable{{
+inline constexpr auto kVelmarFlashTable = std::to_array<VelmarFlashRow>({
     {.ChipCode = 0x3706, .name = "QV8121", .imageBytes = 4094, .idSecond = 0x06, .idThirdHigh = 0x2},
     {.ChipCode = 0x37060, .name = "QV8122", .imageBytes = 4094, .idSecond = 0x06, .idThirdHigh = 0x3},
     {.ChipCode = 0x3710, .name = "QV8115", .imageBytes = 8190, .idSecond = 0x10, .idThirdHigh = 0x2},
@@ -40,7 +40,7 @@ inline constexpr std::array<VelmarFlashRow, 21> kVelmarFlashTable{{
     {.ChipCode = 0x3709, .name = "QV8104", .imageBytes = 16382, .idSecond = 0x09, .idThirdHigh = 0x3, .wholeConfig = true},
     {.ChipCode = 0x37140, .name = "QV8102", .imageBytes = 32766, .idSecond = 0x14, .idThirdHigh = 0x2, .usedInWords = true},
     {.ChipCode = 0x3714, .name = "QV8101", .imageBytes = 32766, .idSecond = 0x14, .idThirdHigh = 0x3, .usedInWords = true},
-}};
+});
 // clang-format on
 
 // Bytes at the end of the image that the checksum leaves out, by the low nibble of the size byte.
