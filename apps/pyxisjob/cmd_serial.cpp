@@ -98,11 +98,15 @@ DialogEnd AnswerSet(Job& job, const SerialArguments& given, CSnSetDlg& dialog) {
   return DialogEnd::Cancel;
 }
 
-void PrintChip(const Job& job, std::uint32_t chip, const std::string& serial, bool good) {
+// A chip whose result isn't in the record is no good one: its serial will be given once more.
+void PrintChip(const Job& job, std::uint32_t chip, const std::string& serial, const Outcome& outcome, bool recorded) {
+  const bool good = outcome.Good() && recorded;
   if (job.options.json) {
-    Print({{"command", "serial"}, {"chip", chip}, {"serial", serial}, {"result", good ? 0 : 1}});
+    nlohmann::json line{{"command", "serial"}, {"chip", chip}, {"serial", serial}, {"result", good ? 0 : 1}};
+    if (!recorded) line["recorded"] = false;
+    Print(line);
   } else {
-    std::printf("%s %s\n", serial.c_str(), good ? "OK" : "NG");
+    std::printf("%s %s\n", serial.c_str(), good ? "OK" : recorded ? "NG" : "not recorded: put the chip aside");
     std::fflush(stdout);
   }
 }
@@ -153,40 +157,48 @@ void ReportComplete(Job& job) {
   Report(job, "serial", kGood);
 }
 
-// One press a chip, to the end of the run or of the chips. True when every chip is good, and there were as many as
-// asked for or as there are serials.
-bool PressThrough(Job& job, const SerialArguments& given, LineEntry entry, CSnProgramDlg& dialog) {
+struct Pressed {
+  bool good = false;   // every chip is good, and there were as many as asked for or as there are serials
+  std::string unkept;  // the serial of a good chip that didn't get into the record
+};
+
+// One press a chip, to the end of the series or of the chips.
+Pressed PressThrough(Job& job, const SerialArguments& given, LineEntry entry, CSnProgramDlg& dialog) {
   const std::uint32_t chips = ChipsOf(given);
   std::string line;
   std::uint32_t chip = 1;
   for (; chip <= chips && dialog.snProgramEnabled; ++chip) {
     if (given.wait && !std::getline(std::cin, line)) break;
     entry.serial = ToUpper(dialog.startText);
-    if (!BeginLine(job, entry)) return false;
+    if (!BeginLine(job, entry)) return {};
     const Outcome outcome = dialog.OnSnProgram();
     const bool recorded = EndLine(job, outcome);
-    PrintChip(job, chip, entry.serial, outcome.Good());
-    if (!recorded) return false;
+    PrintChip(job, chip, entry.serial, outcome, recorded);
+    if (!recorded) return {false, outcome.Good() ? entry.serial : ""};
     if (chip == kMostChips) break;
   }
   const bool enough = given.chips == 0 || !dialog.snProgramEnabled || chip > chips || chip == kMostChips;
-  return dialog.ngText == "0" && dialog.okText != "0" && enough;
+  return {dialog.ngText == "0" && dialog.okText != "0" && enough, ""};
 }
 
 // The counters, before the dialog's end clears them.
-void ReportRun(Job& job, const CSnProgramDlg& dialog, bool good) {
-  if (!good) job.exitCode = kExitFailed;
-  const unsigned long ok = Count(dialog.okText), ng = Count(dialog.ngText), total = Count(dialog.totalText);
+void ReportRun(Job& job, const CSnProgramDlg& dialog, const Pressed& run) {
+  if (!run.good) job.exitCode = kExitFailed;
+  const unsigned unkept = run.unkept.empty() ? 0 : 1;  // counts as NG
+  const unsigned long ok = Count(dialog.okText) - unkept, ng = Count(dialog.ngText) + unkept;
+  const unsigned long total = Count(dialog.totalText);
+  const bool kept = run.unkept.empty();
   if (job.options.json) {
     Print({{"command", "serial"},
-           {"result", good ? 0 : 1},
+           {"result", run.good ? 0 : 1},
            {"messages", job.op.messages},
            {"ok", ok},
            {"ng", ng},
            {"total", total},
-           {"next", TheSnRecord().SnStartText}});
+           {"next", kept ? TheSnRecord().SnStartText : run.unkept}});
   } else {
-    std::printf("OK %lu, NG %lu, Total %lu, next %s\n", ok, ng, total, dialog.startText.c_str());
+    std::printf("OK %lu, NG %lu, Total %lu, next %s\n", ok, ng, total,
+                kept ? dialog.startText.c_str() : run.unkept.c_str());
   }
 }
 
@@ -260,8 +272,8 @@ bool SelectionRoad(Job& job, const SerialArguments& given) {
   return fits;
 }
 
-void Run(Job& job, const SerialArguments& given) {
-  if (!OpenRecord(job, "serial", !given.resume)) return;
+void RunSerial(Job& job, const SerialArguments& given) {
+  if (!OpenRecord(job, "serial", Wanted::Serials, !given.resume)) return;
   if (!Connect(job)) return Report(job, "serial", Failed(Reason::NotReadable));
   if (given.ic.empty()) SettleModelAtSelection();
   if (!(given.ic.empty() ? MenuRoad(job, given) : SelectionRoad(job, given)))
@@ -306,7 +318,7 @@ void AddSerial(CLI::App& app, Job& job) {
   command->add_option("FILE", given->file, "program file, with --ic");
   command->callback([&job, given] {
     if (Usable(*given)) {
-      Run(job, *given);
+      RunSerial(job, *given);
     } else {
       job.exitCode = kExitUsage;
     }

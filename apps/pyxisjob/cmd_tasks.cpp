@@ -26,10 +26,10 @@ constexpr TaskCommand kCommands[] = {
     {"verify", "verify", OnVerify, ControlId::Verify},
 };
 
-// The writer counts such a series by itself: which serial it burns now, nobody could write down.
+// The writer counts a series by itself, whichever road it came by: which serial it burns now, nobody could write down.
 bool BurnsUnknownSerial(const Job& job, const TaskCommand& command) {
-  const std::uint8_t head = FieldByte(TheAppState().writer.WriterInfoBlock, Field::SerialHead);
-  return job.record.IsOpen() && (head & kSerialRoadBits) == kSerialBySelection &&
+  const int road = FieldByte(TheAppState().writer.WriterInfoBlock, Field::SerialHead) & kSerialRoadBits;
+  return job.record.IsOpen() && (road == kSerialBySelection || road == kSerialByMenu) &&
          (command.button == ControlId::Auto || command.button == ControlId::Program);
 }
 

@@ -117,7 +117,7 @@ void Report(Job& job, const char* command, const Outcome& outcome, const nlohman
 // The line's record (record/line_record.h). Where none is wanted, all of these do nothing and are good.
 CLI::Option* AddRecord(CLI::App& command, Job& job);
 // Before the writer is opened. False, with the failure reported, when the record can't be had.
-bool OpenRecord(Job& job, const char* command, bool create = true);
+bool OpenRecord(Job& job, const char* command, Wanted wanted = Wanted::Nothing, bool create = true);
 // IC, checksum and conversion time of the writer's job; no checksum where a series from the menu has taken the job's
 // place in the block.
 LineJob JobOfBlock();

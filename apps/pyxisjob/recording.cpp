@@ -57,9 +57,9 @@ CLI::Option* AddRecord(CLI::App& command, Job& job) {
           CLI::Validator([](std::string& name) { return std::string(name.empty() ? "an empty file name" : ""); }, ""));
 }
 
-bool OpenRecord(Job& job, const char* command, bool create) {
+bool OpenRecord(Job& job, const char* command, Wanted wanted, bool create) {
   if (job.recordFile.empty()) return true;
-  if (!Told(job, job.record.Open(job.recordFile, create))) {
+  if (!Told(job, job.record.Open(job.recordFile, create, wanted))) {
     Report(job, command, Failed(Reason::NotWritable));
     return false;
   }
@@ -74,7 +74,6 @@ LineJob JobOfBlock() {
   if (TheAppState().selection.ChipNameText.empty()) return job;
   job.ic = ChipNameOf(block);
   if ((FieldByte(block, Field::SerialHead) & kSerialRoadBits) == kSerialByMenu) return job;
-  if (FieldWord(block, Field::ImageChecksum) == 0) return job;
   job.checksum = Printf("%04X", FieldWord(block, Field::ImageChecksum));
   job.converted = ConversionTime(&block[Field::DownloadTime.offset]);
   return job;

@@ -7,6 +7,8 @@
 #include <string_view>
 #include <vector>
 
+#include "shell/ground/app_state.h"
+
 namespace pyxis {
 
 class CIcSelectDlg {
@@ -47,6 +49,8 @@ class CIcSelectDlg {
   std::function<void()> Changed = [] {};
 
  private:
+  // Of the opening: the lists on offer are its, whatever writer comes meanwhile.
+  Model model_ = Model::None;
   void TakeControls();  // the check values into the result
   bool TakeLimit();     // the limit's text into the result
 };

@@ -7,6 +7,7 @@
 #include "link/writer_commands.h"
 #include "operations/download.h"
 #include "operations/firmware.h"
+#include "options/block_fuses.h"
 #include "options/fuse_panel.h"
 #include "options/option_select.h"
 #include "platform/language.h"
@@ -17,6 +18,7 @@
 #include "serial/sn_run.h"
 #include "shell/ground/app_state.h"
 #include "shell/ground/main_controls.h"
+#include "shell/ground/selection_guard.h"
 #include "shell/ground/verdict_line.h"
 #include "view/buffer_area.h"
 #include "view/show_file.h"
@@ -115,14 +117,6 @@ bool LostTheSeries(const Outcome& outcome) {
          FieldByte(TheAppState().writer.WriterInfoBlock, Field::SerialHead) == 0;
 }
 
-// A writer that came while a dialog lay open may have brought another selection along.
-bool StillSelected(const ChipEntry& row, const std::string& chip) {
-  const Selection& now = TheAppState().selection;
-  if (&Row(now.SeriesIndex, now.TypeIndex) == &row && now.SelectedChip == chip) return true;
-  TheMachine().op->Tell("HW and SW Chip Name is discordant", kMessageCaption, MessageIcon::Warning);
-  return false;
-}
-
 // A job has arrived: the next thing is a chip.
 void AwaitChips() {
   const auto& block = TheAppState().writer.WriterInfoBlock;
@@ -140,12 +134,19 @@ Outcome GiveUp(const Outcome& outcome) {
   return outcome;
 }
 
-Outcome Run(const ChipEntry& row, const std::string& path) {
+// Another job has come under one of the dialogs: the panel shows its fuses, not what was chosen for the former one.
+Outcome RefuseOtherChip() {
+  TellOtherChip();
+  ResetFusePanel();
+  ShowFuseBitsOfBlock();
+  return GiveUp(Refused(Reason::OtherChip));
+}
+
+Outcome Run(const ChipEntry& row, const std::string& path, const SelectionGuard& guard) {
   AppState& app = TheAppState();
   app.selection.OptionValue = kDefaultOptionValue;
-  const std::string chip = app.selection.SelectedChip;
   if (row.HasOptionDialog) ChooseOptions(*row.ic);
-  if (!StillSelected(row, chip)) return GiveUp(Refused(Reason::OtherChip));
+  if (!guard.SameJob()) return RefuseOtherChip();
   if (path.empty()) {
     TheMachine().op->Tell("File is empty.", kPlainCaption);
     return Cancelled(Reason::NoFile);
@@ -184,12 +185,12 @@ Outcome OnLoadFile() {
   app.writer.ProgressMode = Progress::Transfers;
   ClearStatusText();
   const ChipEntry& row = Row(app.selection.SeriesIndex, app.selection.TypeIndex);
-  const std::string chip = app.selection.SelectedChip;
+  const SelectionGuard guard;
   const auto path = TheMachine().op->ChooseFile({FileKind::Program, FileFilter(row.FileExtension)});
   if (!path) return GiveUp(Cancelled(Reason::NoFile));
-  if (!StillSelected(row, chip)) return GiveUp(Refused(Reason::OtherChip));
+  if (!guard.SameJob()) return RefuseOtherChip();
   PaintNow();
-  return Run(row, *path);
+  return Run(row, *path, guard);
 }
 
 }  // namespace pyxis

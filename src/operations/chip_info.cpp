@@ -67,7 +67,26 @@ void CReadChipInfoDlg::Show() {
   PumpPaint();
 }
 
+namespace {
+
+// Name and checksum.
+std::string JobOfWriter() {
+  const auto& block = TheAppState().writer.WriterInfoBlock;
+  return ChipNameOf(block) + Printf(" %04X", FieldWord(block, Field::ImageChecksum));
+}
+
+}  // namespace
+
+void CReadChipInfoDlg::OnWriterArrived() {
+  if (!supported_ || JobOfWriter() == job_) return;
+  readEnabled = false;
+  const auto shown = std::ranges::find(lines, "");
+  std::copy_n(kCaptions.begin(), shown - lines.begin(), lines.begin());
+  Changed();
+}
+
 void CReadChipInfoDlg::OnInitDialog() {
+  job_ = JobOfWriter();
   readEnabled = supported_;
   std::copy(kCaptions.begin(), kCaptions.end(), lines.begin());
   if (!supported_) lines = {kNoSupport};

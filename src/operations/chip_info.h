@@ -6,6 +6,7 @@
 #include <string>
 
 #include "shell/ground/outcome.h"
+#include "shell/ground/writer_watch.h"
 
 namespace pyxis {
 
@@ -22,12 +23,16 @@ class CReadChipInfoDlg {
 
   void OnInitDialog();
   // Runs Verify, in which the writer looks at the chip, and shows what the information block then says.
+  // Another writer's job that comes meanwhile takes the lines away and "Read" with them.
   // Refused: NotSupported. The transfers aren't looked at.
   Outcome OnRead();
 
  private:
   void Show();
+  void OnWriterArrived();
   bool supported_;
+  std::string job_;  // of the opening: its menu rules have let the dialog in
+  WriterWatch watch_{[this] { OnWriterArrived(); }};
 };
 
 // The menu command.

@@ -15,6 +15,7 @@
 #include "platform/text.h"
 #include "shell/ground/app_state.h"
 #include "shell/ground/main_controls.h"
+#include "shell/ground/selection_guard.h"
 
 namespace pyxis {
 
@@ -74,6 +75,8 @@ bool DataAreaEquals(const std::vector<std::uint8_t>& expected) {
   return true;
 }
 
+std::string ChipLine() { return "Chip Name : " + ChipNameOf(TheAppState().writer.WriterInfoBlock); }
+
 // Year, month, day, hour, minute, second. Only the year is taken as a whole.
 std::string TimeLine() {
   const std::uint8_t* time = &TheAppState().writer.WriterInfoBlock[Field::DownloadTime.offset];
@@ -94,6 +97,12 @@ bool CompareWithWriter(const std::string& path) {
   return DataAreaEquals(*expected);
 }
 
+// Of a writer that has come. The last result belongs to the job before.
+void CDownloadInfoDlg::ShowJob() {
+  lines = {ChipLine(), TimeLine(), ""};
+  Changed();
+}
+
 void CDownloadInfoDlg::Enable(bool enabled) {
   compareEnabled = cancelEnabled = enabled;
   Changed();
@@ -103,11 +112,15 @@ void CDownloadInfoDlg::Enable(bool enabled) {
 Outcome CDownloadInfoDlg::OnCompareFile() {
   lines[2] = Printf(kResultFormat, "");
   Enable(false);
-  const CompareKind& kind = CompareKindOf(ChipNameOf(TheAppState().writer.WriterInfoBlock));
+  const std::string chip = ChipNameOf(TheAppState().writer.WriterInfoBlock);
+  const CompareKind& kind = CompareKindOf(chip);
   const auto chosen = TheMachine().op->ChooseFile({FileKind::Comparison, kind.filter});
   Outcome outcome = chosen ? Failed(Reason::NotReadable) : Cancelled(Reason::NoFile);
-  if (chosen && MakeCompareTarget(kind, *chosen)) {
-    outcome = CompareWithWriter(CompareTargetPath(*chosen)) ? kGood : Failed(Reason::Different);
+  if (chosen && ChipNameOf(TheAppState().writer.WriterInfoBlock) != chip) {
+    TellOtherChip();
+    outcome = Refused(Reason::OtherChip);
+  } else if (chosen && MakeCompareTarget(kind, *chosen)) {
+    outcome = CompareWithWriter(CompareTargetPath(kind, *chosen)) ? kGood : Failed(Reason::Different);
     lines[2] = Printf(kResultFormat, outcome.Good() ? "OK" : "Fail");
   }
   SetProgressPosition(0);
@@ -118,7 +131,7 @@ Outcome CDownloadInfoDlg::OnCompareFile() {
 void OnDownloadInfo() {
   AppState& app = TheAppState();
   ReadInfoBlock(app.writer.WriterInfoBlock);
-  CDownloadInfoDlg dialog("Chip Name : " + ChipNameOf(app.writer.WriterInfoBlock), TimeLine());
+  CDownloadInfoDlg dialog(ChipLine(), TimeLine());
   TheMachine().op->RunDialog(dialog);
 }
 

@@ -6,6 +6,7 @@
 #include <string>
 
 #include "shell/ground/outcome.h"
+#include "shell/ground/writer_watch.h"
 
 namespace pyxis {
 
@@ -22,11 +23,14 @@ class CDownloadInfoDlg {
 
   // Asks for a file, makes <stem>.bin of it as the writer's data area would hold it, and compares the two. A file that
   // can't be read or made leaves the third line without a result; the operator has been told why.
-  // Cancelled: NoFile; failed: NotReadable (no target), Different.
+  // Refused: OtherChip, when another job has come under the file dialog; cancelled: NoFile; failed: NotReadable (no
+  // target), Different.
   Outcome OnCompareFile();
 
  private:
+  void ShowJob();
   void Enable(bool enabled);
+  WriterWatch watch_{[this] { ShowJob(); }};
 };
 
 // Whether the file equals the writer's data area: ImageLength bytes or words of WriterInfoBlock, in the byte form no

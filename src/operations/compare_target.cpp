@@ -64,11 +64,16 @@ const CompareKind& CompareKindOf(std::string_view chip) {
   return ic == nullptr ? kCompareHex : ic->comparison;
 }
 
-std::string CompareTargetPath(const std::string& chosen) { return chosen.substr(0, chosen.rfind('.')) + ".bin"; }
+std::string CompareTargetPath(const CompareKind& kind, const std::string& chosen) {
+  const std::string target = chosen.substr(0, chosen.rfind('.')) + ".bin";
+  if (kind.target != Target::LeftByLoadFile) return target;
+  const std::size_t name = target.rfind(kPathSeparator) + 1;  // Load File makes names in lower case
+  return target.substr(0, name) + ToLower(target.substr(name));
+}
 
 bool MakeCompareTarget(const CompareKind& kind, const std::string& chosen) {
   if (kind.target == Target::LeftByLoadFile) return true;
-  const std::string target = CompareTargetPath(chosen);
+  const std::string target = CompareTargetPath(kind, chosen);
   if (ResolvePath(target) == ResolvePath(chosen)) return Refuse("%s would be overwritten by its own image\n", chosen);
   if (kind.target == Target::Cut) return CutTarget(kind, chosen, target);
   return ReadIntelHex(chosen, target, ModeOf(kind.fill)) == 0 || TellReaderFailure(chosen, target);

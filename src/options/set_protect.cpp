@@ -12,6 +12,7 @@
 #include "platform/operator.h"
 #include "platform/text.h"
 #include "shell/ground/app_state.h"
+#include "shell/ground/selection_guard.h"
 
 namespace pyxis {
 
@@ -39,7 +40,7 @@ bool JobIsTheRows(const ChipEntry& row) {
 }
 
 Outcome RefuseOtherChip() {
-  TheMachine().op->Tell("HW and SW Chip Name is discordant", kMessageCaption, MessageIcon::Warning);
+  TellOtherChip();
   return Refused(Reason::OtherChip);
 }
 

@@ -20,6 +20,7 @@ namespace {
 using Json = nlohmann::ordered_json;
 
 constexpr std::string_view kLineHead = "{\"time\":\"";
+constexpr std::size_t kLongestTail = 65536;  // bytes; far above any line of ours
 
 void Put(Json& object, const char* name, const std::string& text) {
   if (!text.empty()) object[name] = text;
@@ -66,7 +67,7 @@ RecordedSerial SerialOf(const Json& line, bool good) {
   const Json& series = line.at("series");
   const std::string address = series.at("address");
   return {line.at("ic"),
-          line.at("checksum"),
+          line.value("checksum", ""),
           {series.at("length"), ParseHexDigits(address, -1), series.at("start"), series.at("amount"),
            series.at("direction")},
           line.at("serial"),
@@ -96,7 +97,7 @@ Json Parse(const std::string& text) { return Json::parse(text, nullptr, false); 
 // How much of a torn line can be read once a brace or two are put behind it; what has got of a result is no result.
 std::size_t ReadablePart(const std::string& tail, std::string& closing) {
   for (std::size_t end = tail.size(); end > 0; --end) {
-    if (end < tail.size() && tail[end] != ',' && tail[end] != '}' && tail[end] != '\0') continue;
+    if (end < tail.size() && tail[end] != ',' && tail[end] != '}') continue;
     for (const char* braces : {"}", "}}"}) {
       const Json object = Parse(tail.substr(0, end) + braces);
       if (!object.is_object() || object.contains("result")) continue;
@@ -107,20 +108,31 @@ std::size_t ReadablePart(const std::string& tail, std::string& closing) {
   return 0;
 }
 
+std::string_view WithoutBlankBlocks(std::string_view text) { return text.substr(0, text.find_last_not_of('\0') + 1); }
+
 // Whether the text can be what a write left of a line: its beginning, and behind it blocks of a file system that never
-// got theirs.
-bool IsTornLine(const std::string& text) {
-  const std::string begun = text.substr(0, text.find_last_not_of('\0') + 1);
-  const std::size_t head = std::min(begun.size(), kLineHead.size());
-  return begun.compare(0, head, kLineHead, 0, head) == 0;
+// got theirs. Such blocks alone are no line's where none stands in front: another program's file.
+bool IsTornLine(std::string_view text, bool first) {
+  const std::string_view begun = WithoutBlankBlocks(text);
+  if (begun.size() > kLongestTail || (begun.empty() && first)) return false;
+  return kLineHead.starts_with(begun.substr(0, kLineHead.size()));
 }
 
-void SyncFolderOf(const std::string& path) {
-  const std::string folder = std::filesystem::path(path).parent_path().string();
-  const int descriptor = open(folder.empty() ? "." : folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
-  if (descriptor < 0) return;
-  fsync(descriptor);
+bool IsBlank(std::string_view line) { return line.find_first_not_of(" \t\r") == std::string_view::npos; }
+
+// The folder in which the file lies, wherever a link to it does. Its entry is on the disk then, whoever made it.
+bool SyncFolderOf(const std::string& path) {
+  std::error_code error;
+  const std::string folder = std::filesystem::canonical(path, error).parent_path().string();
+  if (error) return errno = error.value(), false;
+  const int descriptor = open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+  if (descriptor < 0) return false;
+  // File systems that can't bring a folder to the disk say EINVAL.
+  const bool synced = fsync(descriptor) == 0 || errno == EINVAL;
+  const int reason = errno;
   close(descriptor);
+  errno = reason;
+  return synced;
 }
 
 }  // namespace
@@ -133,9 +145,8 @@ std::string LineRecord::Trouble(const char* what) const {
   return Printf("The record %s %s (%s)", path_.c_str(), what, std::strerror(errno));
 }
 
-std::string LineRecord::Open(const std::string& path, bool create) {
+std::string LineRecord::Open(const std::string& path, bool create, Wanted wanted) {
   path_ = path;
-  const bool made = create && access(path.c_str(), F_OK) != 0;
   // Not waiting for the other end of a pipe.
   const int descriptor = open(path.c_str(), O_RDWR | O_APPEND | O_CLOEXEC | O_NONBLOCK | (create ? O_CREAT : 0),
                               S_IRUSR | S_IWUSR | S_IRGRP | S_IROTH);
@@ -153,8 +164,7 @@ std::string LineRecord::Open(const std::string& path, bool create) {
     return error;
   }
   descriptor_ = descriptor;
-  if (made) SyncFolderOf(path);
-  error = TakeLines();
+  error = SyncFolderOf(path) ? TakeLines(wanted) : Trouble("can't be brought to the disk");
   if (!error.empty()) {
     close(descriptor_);
     descriptor_ = -1;
@@ -162,28 +172,39 @@ std::string LineRecord::Open(const std::string& path, bool create) {
   return error;
 }
 
-std::string LineRecord::TakeLines() {
+std::string LineRecord::TakeLines(Wanted wanted) {
   std::string text;
   char buffer[65536];
   ssize_t count = 0;
   while ((count = read(descriptor_, buffer, sizeof buffer)) > 0) text.append(buffer, static_cast<std::size_t>(count));
   if (count < 0) return Trouble("can't be read");
+  bool first = true;
   std::size_t number = 1;
   for (std::size_t at = 0; at < text.size(); ++number) {
     const std::size_t feed = text.find('\n', at);
-    const std::string line = text.substr(at, feed == std::string::npos ? feed : feed - at);
-    if (feed == std::string::npos || !TakeLine(Parse(line), serials_)) {
-      const bool last = feed == std::string::npos || feed + 1 == text.size();
-      if (last && IsTornLine(line)) return Complete(line, at);
+    const bool whole = feed != std::string::npos;
+    const std::size_t next = whole ? feed + 1 : text.size();
+    const std::string line = text.substr(at, (whole ? feed : next) - at);
+    const bool last = next == text.size();
+    if (whole && (IsBlank(line) || (wanted == Wanted::Nothing && !first && !last))) {
+      at = next;
+      continue;
+    }
+    const Json object = Parse(line);
+    if (!whole || !TakeLine(object, serials_)) {
+      const bool torn = last && (!whole || object.is_discarded()) && IsTornLine(line, first);
+      if (torn) return Complete(line, at);
       return Printf("Line %zu of %s is none of a record; the file is left as it is", number, path_.c_str());
     }
-    at = feed + 1;
+    first = false;
+    at = next;
   }
   return "";
 }
 
 // What is kept stays where it is, so another power cut here loses nothing of it.
-std::string LineRecord::Complete(const std::string& tail, std::size_t lineStart) {
+std::string LineRecord::Complete(const std::string& line, std::size_t lineStart) {
+  const std::string tail(WithoutBlankBlocks(line));
   std::string closing, rest;
   const std::size_t kept = ReadablePart(tail, closing);
   Json object = Json::object();

@@ -13,8 +13,9 @@
 //   result     "OK", "NG", "refused" or "cancelled" (no chip was touched), "interrupted" (found half-written)
 //
 // On the disk: all but the result before the chip is touched, the rest and the line feed before the next one is. Each
-// call that writes ends with fsync. A line without its line feed, or a last one that doesn't read, was interrupted: it
-// counts as not done, and the next Open completes it, without losing what can be read of it.
+// call that writes ends with fsync, and Open with one of the folder. A line without its line feed, or a last one that
+// is no JSON, was interrupted: it counts as not done, and the next Open completes it, without losing what can be read
+// of it. Blank lines are passed over.
 #pragma once
 
 #include <optional>
@@ -41,6 +42,10 @@ struct LineEntry {
   LineWriter writer;
 };
 
+// What a run needs of the lines that stand already: with Nothing only the first and the last are looked at, so that a
+// chip of a long record costs no more than one of a new one.
+enum class Wanted { Nothing, Serials };
+
 // Functions that may fail return what the operator is to be told; empty: good. After a failed write no chip may follow.
 class LineRecord {
  public:
@@ -51,7 +56,7 @@ class LineRecord {
 
   // Takes the file for itself alone until the object ends: another program or object that opens it is refused.
   // `create`: one that isn't there is made. A file that holds anything but a record is refused and left as it is.
-  std::string Open(const std::string& path, bool create);
+  std::string Open(const std::string& path, bool create, Wanted wanted = Wanted::Serials);
   bool IsOpen() const { return descriptor_ >= 0; }
   // What Open has found half-written, for the operator; empty when all was whole.
   const std::string& Notice() const { return notice_; }
@@ -65,8 +70,8 @@ class LineRecord {
   const std::vector<RecordedSerial>& Serials() const { return serials_; }
 
  private:
-  std::string TakeLines();
-  std::string Complete(const std::string& tail, std::size_t lineStart);
+  std::string TakeLines(Wanted wanted);
+  std::string Complete(const std::string& line, std::size_t lineStart);
   std::string Append(const std::string& text);
   std::string Trouble(const char* what) const;
 

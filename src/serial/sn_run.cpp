@@ -7,6 +7,7 @@
 #include "intake/package_files.h"
 #include "link/writer_commands.h"
 #include "operations/run_task.h"
+#include "platform/files.h"
 #include "platform/machine.h"
 #include "platform/main_view.h"
 #include "platform/operator.h"
@@ -25,6 +26,17 @@ namespace {
 constexpr std::size_t kLongestChipText = 10;
 
 std::unique_ptr<CSnProgramDlg> snProgressDlg;
+
+// The parts that make a series the one that it is, the IC among them.
+std::vector<std::uint8_t> SeriesOf(std::span<const std::uint8_t> option) {
+  std::vector<std::uint8_t> series;
+  for (const FieldPlace field : {Field::ChipNameField, Field::SerialHead, Field::SerialBlock}) {
+    if (option.size() < field.offset + field.width) return {};
+    const auto part = option.subspan(field.offset, field.width);
+    series.insert(series.end(), part.begin(), part.end());
+  }
+  return series;
+}
 
 }  // namespace
 
@@ -65,7 +77,16 @@ void CSnProgramDlg::OnSnSet() {
   dialog.OnInitDialog();
   const bool loaded = TheMachine().op->RunDialog(dialog) == DialogEnd::Ok;
   snProgramEnabled = loaded && app.writer.SnLoaded;
+  if (snProgramEnabled) Begin(ReadWholeFile(SerialFilePath()).value_or(std::vector<std::uint8_t>{}));
   if (loaded) RefreshFields();
+  Changed();
+}
+
+void CSnProgramDlg::Begin(std::span<const std::uint8_t> option) { series_ = SeriesOf(option); }
+
+void CSnProgramDlg::OnWriterArrived() {
+  if (!snProgramEnabled || SeriesOf(TheAppState().writer.WriterInfoBlock) == series_) return;
+  snProgramEnabled = false;
   Changed();
 }
 
@@ -74,10 +95,10 @@ Outcome CSnProgramDlg::OnSnProgram() {
   const AppState& app = TheAppState();
   SnRecord& record = TheSnRecord();
   totalCount_.Increment();
+  BeginVerdict();  // the former chip's goes before the window is shown anew
   ShowCounters();
   TheAppState().writer.ProgressMode = Progress::None;  // the task's own bar
   SetProgressRange(0, kTaskProgressTop);
-  BeginVerdict();
   const bool good = SnFromIcSelection ? RunTask(task::kAuto, app.selection.AutoTicks)
                                       : RunTask(task::kProgram, app.selection.ProgramTicks);
   SetProgressPosition(0);
@@ -185,6 +206,7 @@ void BringSnProgressUpToDate(bool arrived) {
   dialog.ended = false;
   dialog.snSetEnabled = false;
   if (arrived) dialog.snProgramEnabled = counts || !app.selection.SnMode;
+  if (arrived) dialog.Begin(app.writer.WriterInfoBlock);
   dialog.visible = app.selection.SnMode;
   dialog.RefreshFields();
   TheMachine().view->SnProgressChanged();

@@ -1,12 +1,16 @@
 // The dialog Serial Number Program: chip by chip to the end of a run.
 #pragma once
 
+#include <cstdint>
 #include <functional>
 #include <memory>
+#include <span>
 #include <string>
+#include <vector>
 
 #include "serial/big_number.h"
 #include "shell/ground/outcome.h"
+#include "shell/ground/writer_watch.h"
 
 namespace pyxis {
 
@@ -21,6 +25,10 @@ class CSnProgramDlg {
   void OnResetCount();
   void OnClose();
 
+  // The writer holds the series that `option` tells, an option package or its beginning; of another writer that comes
+  // with another one no chip may follow.
+  void Begin(std::span<const std::uint8_t> option);
+
   // Fields from SnRecord, as Load File wants them on the modeless instance.
   void RefreshFields();
 
@@ -34,6 +42,9 @@ class CSnProgramDlg {
 
  private:
   void ShowCounters();
+  void OnWriterArrived();
+  std::vector<std::uint8_t> series_;  // as the writer holds it: SeriesOf a block
+  WriterWatch watch_{[this] { OnWriterArrived(); }};
   BigNumber okCount_, ngCount_, totalCount_, workSerial_, endSerial_;
 };
 

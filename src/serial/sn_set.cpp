@@ -95,6 +95,8 @@ void CSnSetDlg::OnDirection(int button) {
 }
 
 void CSnSetDlg::OnLoad() {
+  // The limits and the template of another IC would be taken.
+  if (!guard_.SameChip()) return TellOtherChip();
   if (!LoadSnSetup()) {
     Changed();
     return;

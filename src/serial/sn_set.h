@@ -5,6 +5,8 @@
 #include <functional>
 #include <string>
 
+#include "shell/ground/selection_guard.h"
+
 namespace pyxis {
 
 class CSnSetDlg {
@@ -37,6 +39,7 @@ class CSnSetDlg {
   static bool PlaceIsGood();  // tells the operator when it isn't
   Written WriteSerialFile() const;
   bool snFromIcSelection_, exhvIsp_, isp_;
+  SelectionGuard guard_;
 };
 
 }  // namespace pyxis

@@ -12,6 +12,7 @@
 #include "platform/vendor_api.h"
 #include "shell/ground/app_state.h"
 #include "shell/ground/main_controls.h"
+#include "shell/ground/writer_watch.h"
 #include "shell/link_status.h"
 #include "shell/mode_labels.h"
 #include "shell/refresh_from_writer.h"
@@ -105,6 +106,7 @@ void OnArrival(const DeviceEvent& event) {
   if (app.selection.MassProduction != MassMode::Off || app.selection.ProductionLimitOn)
     for (ControlId id : {ControlId::BlankCheck, ControlId::Program, ControlId::Verify}) EnableControl(id, false);
   FocusControl(ControlId::Auto);
+  TellWriterArrived();
 }
 
 void OnRemoval(const DeviceEvent& event) {

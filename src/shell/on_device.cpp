@@ -49,10 +49,10 @@ void TakeSelection(const CIcSelectDlg& dialog) {
   ShowModeLabels();
 }
 
-// A writer that came while the dialog lay open may be one of the other model, whose ICs weren't on offer.
+// A writer that came while the dialog lay open may be of the other model, whose ICs weren't on offer, or of one that
+// isn't known.
 bool IsForWriter(Model offered) {
-  const Model model = TheAppState().writer.WriterModel;
-  if (model == offered || model == Model::None) return true;
+  if (TheAppState().writer.WriterModel == offered) return true;
   TheMachine().op->Tell("Please Power On The Writer", kMessageCaption, MessageIcon::Stop);
   return false;
 }

@@ -79,10 +79,11 @@ void InputFilter::GuardBox(QWidget& box) {
   painted_ = false;
 }
 
-bool InputFilter::BoxIsNew(const QObject& receiver) const {
-  if (box_ == nullptr || !receiver.isWidgetType()) return false;
-  return static_cast<const QWidget&>(receiver).window() == box_ && Now() - shownAt_ < kUnreadMs;
+bool InputFilter::IsInBox(const QObject& receiver) const {
+  return box_ != nullptr && receiver.isWidgetType() && static_cast<const QWidget&>(receiver).window() == box_;
 }
+
+bool InputFilter::BoxIsNew(const QObject& receiver) const { return IsInBox(receiver) && Now() - shownAt_ < kUnreadMs; }
 
 // An X server repeats a held key as pairs of a release and a press of one moment, which aren't always told as repeats.
 bool InputFilter::IsRepeat(const QKeyEvent& key) {
@@ -100,7 +101,8 @@ bool InputFilter::eventFilter(QObject* receiver, QEvent* event) {
   bool drop = discarding_ > 0 || (event->type() != QEvent::Close && BoxIsNew(*receiver));
   if (IsKey(event->type())) {
     auto& key = *static_cast<QKeyEvent*>(event);
-    drop = drop || (IsRepeat(key) && WouldPress(*receiver, key));
+    // A box takes letters for its buttons.
+    drop = drop || (IsRepeat(key) && (WouldPress(*receiver, key) || IsInBox(*receiver)));
     if (event->type() == QEvent::KeyRelease) {
       releasedKey_ = key.key();
       releasedAt_ = key.timestamp();

@@ -22,6 +22,7 @@ class InputFilter : public QObject {
   bool eventFilter(QObject* receiver, QEvent* event) override;
 
  private:
+  bool IsInBox(const QObject& receiver) const;
   bool BoxIsNew(const QObject& receiver) const;
   bool IsRepeat(const QKeyEvent& key);
 

@@ -81,7 +81,7 @@ std::optional<std::string> QtOperator::ChooseFile(const FileQuestion& question) 
   const BusyCursors::Pause arrow(cursors_);
   const HandlerGate::Open open(gate_);
   QString& folder = lastFolders_[{question.kind, question.folder}];
-  if (folder.isEmpty()) folder = FromText(ResolvePath(question.folder));
+  if (folder.isEmpty()) folder = FromText(question.folder.empty() ? CurrentDirectory() : ResolvePath(question.folder));
   QFileDialog dialog(Parent(), QStringLiteral("Open"), folder);
   dialog.setOption(QFileDialog::DontUseNativeDialog);
   dialog.setFileMode(QFileDialog::ExistingFile);

@@ -72,6 +72,8 @@ struct Selection {
   std::uint32_t ReadSizeBytes = 0;
   bool ReadSwapBytes = false;
   std::array<std::uint32_t, 9> OptionMasks{};
+
+  bool operator==(const Selection&) const = default;
 };
 
 // Results of a conversion. They keep their values until the next one changes them.

@@ -1,0 +1,24 @@
+#include "shell/ground/selection_guard.h"
+
+#include "platform/machine.h"
+#include "platform/operator.h"
+
+namespace pyxis {
+
+bool SelectionGuard::SameChip() const {
+  const AppState& app = TheAppState();
+  return app.selection.SelectedChip == before_.SelectedChip &&
+         (model_ == Model::None || app.writer.WriterModel == model_);
+}
+
+bool SelectionGuard::SameJob() const {
+  Selection now = TheAppState().selection;
+  now.OptionValue = before_.OptionValue;  // the operation's own
+  return SameChip() && now == before_;
+}
+
+void TellOtherChip() {
+  TheMachine().op->Tell(kOtherChipText, kMessageCaption, MessageIcon::Warning);
+}
+
+}  // namespace pyxis
