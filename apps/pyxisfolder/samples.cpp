@@ -5,6 +5,7 @@
 #include "intake/converters/hex14_mtp_table.h"
 #include "intake/converters/hex14_otp_table.h"
 #include "intake/converters/velmar_flash_table.h"
+#include "intake/package_files.h"
 #include "intel_hex_writer.h"
 #include "platform/byte_order.h"
 
@@ -13,7 +14,6 @@ namespace pyxis::folder {
 namespace {
 
 constexpr std::uint16_t kWordMask = 0x3FFF;
-constexpr std::uint16_t kNotDualBit = 0x1000;
 
 // 14-bit words, low byte first; the last quarter of the code stays blank.
 Bytes Words14(const std::string& seed, std::size_t count, std::size_t length) {

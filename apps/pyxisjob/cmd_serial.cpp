@@ -83,17 +83,17 @@ class KeptSerialFile {
 // where it would go on: nobody is there to weigh it.
 DialogEnd AnswerSet(Job& job, const SerialArguments& given, CSnSetDlg& dialog) {
   const KeptSerialFile kept;
-  const std::size_t told = job.op.messages.size();
-  dialog.OnLengthChange(given.length);
+  const bool lengthFits = dialog.OnLengthChange(given.length);
   dialog.OnAddressChange(given.address);
   dialog.OnStartChange(given.start);
-  if (dialog.startText != given.start)
-    Refuse(job, Printf("Start serial %s is longer than the length", given.start.c_str()));
+  const bool startFits = dialog.startText == given.start;
+  if (!startFits) Refuse(job, Printf("Start serial %s is longer than the length", given.start.c_str()));
   dialog.OnAmountChange(given.amount);
   dialog.OnDirection(given.direction == "low" ? 0 : 1);
-  if (job.op.messages.size() == told) dialog.OnLoad();
-  if (dialog.ended && !dialog.written) Refuse(job, "The template or serial.txt can't be opened");
-  if (dialog.ended && job.op.messages.size() == told) return DialogEnd::Ok;
+  if (!lengthFits || !startFits) return DialogEnd::Cancel;
+  const Outcome outcome = dialog.OnLoad();
+  if (outcome == kGood) return DialogEnd::Ok;
+  if (outcome.end == End::Failed) Refuse(job, "The template or serial.txt can't be opened");
   if (dialog.written) kept.Restore();
   return DialogEnd::Cancel;
 }
@@ -232,14 +232,17 @@ bool MenuRoad(Job& job, const SerialArguments& given) {
     if (plan == Plan::Complete) ReportComplete(job);
     if (plan != Plan::Run) return plan == Plan::Complete;
   }
-  bool ran = false;
-  job.op.snSet = [&](CSnSetDlg& dialog) { return AnswerSet(job, rest, dialog); };
+  bool ran = false, set = false;
+  job.op.snSet = [&](CSnSetDlg& dialog) {
+    const DialogEnd end = AnswerSet(job, rest, dialog);
+    set = end == DialogEnd::Ok;
+    return end;
+  };
   job.op.snProgram = [&](CSnProgramDlg& dialog) {
-    const std::size_t told = job.op.messages.size();
     dialog.OnSnSet();
     ran = dialog.snProgramEnabled;
     if (ran) ReportRun(job, dialog, PressThrough(job, rest, entry, dialog));
-    if (!ran && job.op.messages.size() == told) Refuse(job, "The writer doesn't hold serial.txt");
+    if (!ran && set) Refuse(job, "The writer doesn't hold serial.txt");
     dialog.OnClose();
     return DialogEnd::Cancel;
   };

@@ -5,6 +5,7 @@
 #include "intake/package_files.h"
 #include "job.h"
 #include "link/identification.h"
+#include "link/transport.h"
 #include "link/writer_commands.h"
 #include "platform/text.h"
 #include "shell/ground/app_state.h"
@@ -25,7 +26,7 @@ void PrintWriter(const Job& job) {
   const auto& block = app.writer.WriterInfoBlock;
   const std::string chip = ChipNameOf(block);
   const std::string checksum = Printf("%04X", FieldWord(block, Field::ImageChecksum));
-  const char* transport = app.writer.UseVendorApi ? "vendor" : app.writer.UseLibusb ? "usb" : "pipes";
+  const char* transport = ActiveTransport().Name();
   if (job.options.json) {
     Print({{"command", "writer"},
            {"result", 0},

@@ -10,6 +10,7 @@
 #include "platform/text.h"
 #include "platform/writer_access.h"
 #include "shell/ground/app_state.h"
+#include "shell/ground/messages.h"
 #include "shell/refresh_from_writer.h"
 #include "shell/start_up.h"
 
@@ -57,7 +58,7 @@ bool StillAnswers(Job& job) {
 bool Connect(Job& job) {
   Open(job.options.link);
   if (!TheAppState().writer.WriterConnected) {
-    job.op.Tell("USB was not connected", kMessageCaption, MessageIcon::Stop);
+    job.op.Tell(kUsbNotConnected, kMessageCaption, MessageIcon::Stop);
     if (const std::string words = MissingRightWords(); !words.empty())
       job.op.Tell(words, kMessageCaption, MessageIcon::Stop);
     return false;

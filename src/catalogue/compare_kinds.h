@@ -1,14 +1,13 @@
 // How Compare File makes its target of each kind of program file.
 #pragma once
 
+#include "catalogue/file_filters.h"
 #include "catalogue/ic.h"
 
 namespace pyxis {
 
-inline constexpr char kCompareHexFilter[] = "Kestrel Hex Files (*.hex)|*.hex||";
-inline constexpr char kCompareOtpFilter[] = "Kestrel Otp Files (*.otp)|*.otp||";
 constexpr CompareKind HexFilledWith(HexFill fill) {
-  return {.filter = kCompareHexFilter,
+  return {.filter = kHexFilter,
           .target = CompareKind::Target::IntelHex,
           .fill = fill,
           .header = 0,
@@ -28,16 +27,16 @@ constexpr CompareKind CutFrom(const char* filter, std::size_t header) {
 inline constexpr CompareKind kCompareHex = HexFilledWith(HexFill::BlankWords);
 inline constexpr CompareKind kCompareHexZeroWords = HexFilledWith(HexFill::ZeroWords);
 inline constexpr CompareKind kCompareHexBytes = HexFilledWith(HexFill::Bytes);
-inline constexpr CompareKind kCompareObj = CutFrom("Kestrel Obj Files (*.obj)|*.obj||", 32);
-inline constexpr CompareKind kCompareEpm = CutFrom("Kestrel Epm Files (*.epm)|*.epm||", 0);
-inline constexpr CompareKind kCompareOtpByte{.filter = kCompareOtpFilter,
+inline constexpr CompareKind kCompareObj = CutFrom(kObjFilter, 32);
+inline constexpr CompareKind kCompareEpm = CutFrom(kEpmFilter, 0);
+inline constexpr CompareKind kCompareOtpByte{.filter = kOtpFilter,
                                              .target = CompareKind::Target::Cut,
                                              .fill = HexFill::Bytes,
                                              .header = 32,
                                              .configAt = 8223,
                                              .configBytes = 1,
                                              .imageBytes = 0};
-inline constexpr CompareKind kCompareOtpWords{.filter = kCompareOtpFilter,
+inline constexpr CompareKind kCompareOtpWords{.filter = kOtpFilter,
                                               .target = CompareKind::Target::Cut,
                                               .fill = HexFill::Bytes,
                                               .header = 32,

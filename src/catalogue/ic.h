@@ -110,7 +110,7 @@ struct MenuEntries {
 struct Ic {
   const char* ChipName;
   std::uint32_t ChipCode;    // kNoCode: the name occurs in a writer's job, but there is no converter
-  const char* templateName;  // of the converter's template
+  const char* templateName;  // of the template that its converter row names
 
   // IC selection.
   Series series;

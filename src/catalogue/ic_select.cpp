@@ -10,6 +10,7 @@
 #include "platform/operator.h"
 #include "platform/text.h"
 #include "shell/ground/app_state.h"
+#include "shell/ground/messages.h"
 
 namespace pyxis {
 
@@ -38,7 +39,7 @@ bool CIcSelectDlg::OnInitDialog() {
   model_ = TheAppState().writer.WriterModel;
   const auto captions = SeriesCaptions(model_);
   if (captions.empty()) {
-    TheMachine().op->Tell("Please Power On The Writer", kMessageCaption, MessageIcon::Stop);
+    TheMachine().op->Tell(kPowerOnTheWriter, kMessageCaption, MessageIcon::Stop);
     return false;
   }
   seriesList.assign(captions.begin(), captions.end());
@@ -96,6 +97,16 @@ void CIcSelectDlg::OnTypeChange(int position) {
 }
 
 bool CIcSelectDlg::OnTypedName(std::string_view typed) {
+  const bool goesOn = typed.size() > typed_.size() && typed.starts_with(typed_);
+  if (!goesOn) typedFrom_ = {seriesPosition, typePosition};
+  typed_ = typed;
+  if (FindTyped(typed)) return true;
+  if (typedFrom_.first != seriesPosition) OnSeriesChange(typedFrom_.first);
+  if (typedFrom_.second != typePosition) OnTypeChange(typedFrom_.second);
+  return false;
+}
+
+bool CIcSelectDlg::FindTyped(std::string_view typed) {
   const auto begins = [typed](std::string_view label) {
     return label.size() >= typed.size() && EqualsNoCase(label.substr(0, typed.size()), typed);
   };

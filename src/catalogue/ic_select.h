@@ -5,6 +5,7 @@
 #include <functional>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include "shell/ground/app_state.h"
@@ -22,8 +23,9 @@ class CIcSelectDlg {
   bool OnInitDialog();
   void OnSeriesChange(int position);
   void OnTypeChange(int position);
-  // Goes to the first IC of the model whose label begins so, in the current series first, by the steps of a click.
-  // False when there is none, and nothing moves.
+  // Goes to the first IC of the model whose label begins so, in the current series first, by the steps of a click. A
+  // name grows by its characters. False when no label begins so: the lists stand where they stood in front of the
+  // name's first character, so that a slip doesn't leave the IC that only began alike.
   bool OnTypedName(std::string_view typed);
   void OnDisplaySerial(bool checked);
   void OnMassProduction(bool checked);
@@ -51,8 +53,11 @@ class CIcSelectDlg {
  private:
   // Of the opening: the lists on offer are its, whatever writer comes meanwhile.
   Model model_ = Model::None;
-  void TakeControls();  // the check values into the result
-  bool TakeLimit();     // the limit's text into the result
+  bool FindTyped(std::string_view typed);
+  std::string typed_;
+  std::pair<int, int> typedFrom_;  // positions of series and type
+  void TakeControls();             // the check values into the result
+  bool TakeLimit();                // the limit's text into the result
 };
 
 }  // namespace pyxis

@@ -8,6 +8,7 @@
 #include "platform/operator.h"
 #include "platform/text.h"
 #include "shell/ground/app_state.h"
+#include "shell/ground/messages.h"
 
 namespace pyxis {
 
@@ -22,7 +23,7 @@ bool WriteModelByte() {
   const bool placed = std::fseek(file.get(), static_cast<long>(Field::WriterModelByte.offset), SEEK_SET) == 0;
   const bool written = placed && std::fputc(model, file.get()) != EOF;
   if (CloseFile(std::move(file)) && written) return true;
-  TheMachine().op->Tell(Printf("%s write file error\n", OptionPackagePath().c_str()));
+  TheMachine().op->Tell(Printf(kWriteFileError, OptionPackagePath().c_str()));
   return false;
 }
 

@@ -6,6 +6,7 @@
 #include "platform/diagnostics.h"
 #include "platform/files.h"
 #include "platform/hex_digits.h"
+#include "shell/ground/messages.h"
 
 namespace pyxis {
 
@@ -76,12 +77,12 @@ int ReadIntelHex(const std::string& sourcePath, const std::string& imagePath, in
   FillImageBuffer(mode);
   const auto source = ReadWholeFile(sourcePath);
   if (!source) {
-    Diagnose("%s open failed !\n", sourcePath.c_str());
+    Diagnose(kOpenFailed, sourcePath.c_str());
     return 1;
   }
   const std::string_view text(reinterpret_cast<const char*>(source->data()), source->size());
   if (!text.starts_with(':')) {
-    Diagnose("File %s Not Intel HEX format ???\n", sourcePath.c_str());
+    Diagnose(kNotIntelHex, sourcePath.c_str());
     return 1;
   }
   std::string_view rest = text;

@@ -1,6 +1,7 @@
 #include "intake/load_file.h"
 
 #include "catalogue/chip_catalogue.h"
+#include "catalogue/file_filters.h"
 #include "intake/convert.h"
 #include "intake/package_files.h"
 #include "intake/ready_text.h"
@@ -18,6 +19,7 @@
 #include "serial/sn_run.h"
 #include "shell/ground/app_state.h"
 #include "shell/ground/main_controls.h"
+#include "shell/ground/messages.h"
 #include "shell/ground/selection_guard.h"
 #include "shell/ground/verdict_line.h"
 #include "view/buffer_area.h"
@@ -32,10 +34,10 @@ struct Filter {
   const char* filter;
 };
 constexpr Filter kFilters[] = {
-    {".hex", "Kestrel Hex Files (*.hex)|*.hex||"},
-    {".obj", "Kestrel Obj Files (*.obj)|*.obj||"},
-    {".otp", "Kestrel Otp Files (*.otp)|*.otp||"},
-    {".epm", "Kestrel Epm Files (*.epm)|*.epm||"},
+    {".hex", kHexFilter},
+    {".obj", kObjFilter},
+    {".otp", kOtpFilter},
+    {".epm", kEpmFilter},
     {".hexbin", "Kestrel Hex Files (*.hex)|*.hex|Kestrel Bin Files (*.bin)|*.bin||"},
     {".velmar", "Kestrel Velmar Files (*.velmar)|*.velmar||"},
 };
@@ -85,7 +87,7 @@ void RestoreDisplay() {
 Outcome SendToWriter(std::uint32_t chipCode) {
   SelectFirmware(chipCode);
   if (!TheAppState().writer.FirmwareLoadFailed) return DownloadPackages();
-  TheMachine().op->Tell("Update Firmware Fail");
+  TheMachine().op->Tell(kUpdateFirmwareFail);
   SetWriterMode(mode::kIdle);
   SendControl(control::kEndLoad);
   return Failed(Reason::FirmwareFailed);

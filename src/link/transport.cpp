@@ -1,6 +1,7 @@
 #include "link/transport.h"
 
 #include "link/command_frames.h"
+#include "link/identification.h"
 #include "link/writer_link.h"
 #include "platform/machine.h"
 #include "platform/vendor_api.h"
@@ -20,7 +21,11 @@ class FrameTransport : public Transport {
     return ReceiveBlock(buffer.data(), LengthOf(buffer), opcode);
   }
   void ReadIdentity(std::span<std::uint8_t> buffer) override { pyxis::ReadIdentity(buffer.data()); }
+  bool Open() override { return OpenWriterLink() != 0; }
   void Close() override { CloseWriterLink(); }
+  bool SurvivesRemoval() const override { return false; }
+  bool NamesItsEvents() const override { return true; }
+  const char* Name() const override { return TheAppState().writer.UseLibusb ? "usb" : "pipes"; }
   bool DrivesProgress() const override { return true; }
   bool CanAddress() const override { return TheAppState().writer.HwKnown; }
   std::size_t AddressWidth() const override { return 2; }
@@ -38,7 +43,11 @@ class VendorTransport : public Transport {
     return 1;
   }
   void ReadIdentity(std::span<std::uint8_t> buffer) override { Read(OP_IDENTITY, buffer); }
+  bool Open() override { return true; }
   void Close() override { TheMachine().vendor->VMClose(); }
+  bool SurvivesRemoval() const override { return VendorWriterAnswers(); }
+  bool NamesItsEvents() const override { return false; }
+  const char* Name() const override { return "vendor"; }
   bool DrivesProgress() const override { return false; }
   bool CanAddress() const override { return true; }
   std::size_t AddressWidth() const override { return 4; }

@@ -18,7 +18,14 @@ class Transport {
   virtual int Write(Opcode opcode, std::span<const std::uint8_t> data) = 0;
   virtual int Read(Opcode opcode, std::span<std::uint8_t> buffer) = 0;
   virtual void ReadIdentity(std::span<std::uint8_t> buffer) = 0;
+  // Behind an arrival. Whether the writer is there; velmarapi has found it already.
+  virtual bool Open() = 0;
   virtual void Close() = 0;
+  // Whether the writer goes on answering behind the removal of a device: it was another one's.
+  virtual bool SurvivesRemoval() const = 0;
+  // Whether events name the writer's interface; else each may be the writer's.
+  virtual bool NamesItsEvents() const = 0;
+  virtual const char* Name() const = 0;  // "vendor", "usb" or "pipes"
 
   // Frames drive the progress bar by themselves while ProgressMode is Transfers, and so mind ProgressMode and
   // TransferBusy; with velmarapi the operations set fixed positions.

@@ -15,6 +15,7 @@
 #include "platform/text.h"
 #include "shell/ground/app_state.h"
 #include "shell/ground/main_controls.h"
+#include "shell/ground/messages.h"
 #include "shell/ground/selection_guard.h"
 
 namespace pyxis {
@@ -91,7 +92,7 @@ bool CompareWithWriter(const std::string& path) {
   const File file = OpenFile(path, "rb");
   const auto expected = file ? ReadFirstBytes(file.get()) : std::nullopt;
   if (!expected) {
-    TheMachine().op->Tell(Printf("Open Fail ! (%s)", path.c_str()), kPlainCaption);
+    TheMachine().op->Tell(Printf(kOpenFail, path.c_str()), kPlainCaption);
     return false;
   }
   return DataAreaEquals(*expected);

@@ -10,6 +10,7 @@
 #include "platform/machine.h"
 #include "platform/operator.h"
 #include "platform/text.h"
+#include "shell/ground/messages.h"
 
 namespace pyxis {
 
@@ -34,19 +35,19 @@ bool Refuse(const char* format, const std::string& path) {
   return false;
 }
 
-bool TellUnwritten(const std::string& target) { return Refuse("%s write file error\n", target); }
+bool TellUnwritten(const std::string& target) { return Refuse(kWriteFileError, target); }
 
 // The reader's own messages go to standard output, which a window program hasn't got.
 bool TellReaderFailure(const std::string& chosen, const std::string& target) {
   const File file = OpenFile(chosen, "rb");
-  if (!file) return Refuse("%s open failed !\n", chosen);
-  if (std::fgetc(file.get()) != ':') return Refuse("File %s Not Intel HEX format ???\n", chosen);
+  if (!file) return Refuse(kOpenFailed, chosen);
+  if (std::fgetc(file.get()) != ':') return Refuse(kNotIntelHex, chosen);
   return TellUnwritten(target);
 }
 
 bool CutTarget(const CompareKind& kind, const std::string& chosen, const std::string& target) {
   auto bytes = ReadWholeFile(chosen);
-  if (!bytes) return Refuse("Open Fail ! (%s)", chosen);
+  if (!bytes) return Refuse(kOpenFail, chosen);
   const Image image(std::move(*bytes));
   const std::size_t toEnd = image.Length() - std::min(image.Length(), kind.header);
   const std::size_t imageBytes = kind.imageBytes != 0 ? kind.imageBytes : toEnd;

@@ -14,6 +14,7 @@
 #include "platform/text.h"
 #include "shell/ground/app_state.h"
 #include "shell/ground/main_controls.h"
+#include "shell/ground/messages.h"
 
 namespace pyxis {
 
@@ -47,7 +48,7 @@ bool DownloadPackageFile(const std::string& path, std::uint8_t areaSelector) {
   SetWriterMode(mode::kArea);
   const File file = OpenFile(path, "r+b");
   if (!file) {
-    TheMachine().op->Tell(Printf("Open Fail ! (%s)", path.c_str()), kPlainCaption);
+    TheMachine().op->Tell(Printf(kOpenFail, path.c_str()), kPlainCaption);
     return false;
   }
   const auto sent = ReadStream(file.get());

@@ -14,6 +14,7 @@
 #include "platform/text.h"
 #include "shell/ground/app_state.h"
 #include "shell/ground/main_controls.h"
+#include "shell/ground/messages.h"
 
 namespace pyxis {
 
@@ -133,12 +134,12 @@ Outcome OnUpdateFirmware() {
   const auto image = ReadForUpdate(*path);
   // A file without a byte there can't be an image of either model.
   if (!image || image->size() <= address::kModel || RefusesImage((*image)[address::kModel])) {
-    op.Tell(Printf("%s open file error\n", path->c_str()), kPlainCaption);
+    op.Tell(Printf(kOpenFileError, path->c_str()), kPlainCaption);
     EndBusyCursor();
     return Refused(Reason::NotReadable);
   }
   const bool good = LoadFirmware(*path, true);
-  op.Tell(good ? "Update Firmware Ok" : "Update Firmware Fail");
+  op.Tell(good ? "Update Firmware Ok" : kUpdateFirmwareFail);
   EndBusyCursor();
   return good ? kGood : Failed(Reason::FirmwareFailed);
 }

@@ -10,6 +10,7 @@
 #include "platform/operator.h"
 #include "shell/ground/app_state.h"
 #include "shell/ground/main_controls.h"
+#include "shell/ground/messages.h"
 #include "shell/ground/selection_guard.h"
 #include "shell/ground/verdict_line.h"
 
@@ -50,7 +51,7 @@ Outcome Guard(const Operation& operation) {
 const char* RefusalText(Reason reason) {
   switch (reason) {
     case Reason::OtherChip:
-      return kOtherChipText;
+      return kOtherChip;
     case Reason::NeedsReload:
       return "Please Reload Program File";
     case Reason::NothingLoaded:

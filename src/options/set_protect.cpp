@@ -12,6 +12,7 @@
 #include "platform/operator.h"
 #include "platform/text.h"
 #include "shell/ground/app_state.h"
+#include "shell/ground/messages.h"
 #include "shell/ground/selection_guard.h"
 
 namespace pyxis {
@@ -51,7 +52,7 @@ Outcome SendOptionArea() {
   if (WriteWholeFile(OptionPackagePath(), TheAppState().writer.WriterInfoBlock)) {
     outcome = DownloadPackageFile(OptionPackagePath(), area::kOption) ? kGood : Failed(Reason::OptionNotArrived);
   } else {
-    TheMachine().op->Tell(Printf("Open Fail ! (%s)", OptionPackagePath().c_str()), kPlainCaption);
+    TheMachine().op->Tell(Printf(kOpenFail, OptionPackagePath().c_str()), kPlainCaption);
   }
   SetWriterMode(mode::kIdle);
   SendControl(control::kEndLoad);

@@ -13,6 +13,7 @@
 #include "platform/diagnostics.h"
 #include "platform/files.h"
 #include "platform/text.h"
+#include "shell/ground/messages.h"
 
 namespace pyxis {
 
@@ -160,7 +161,7 @@ int ReadTinFile(const std::string& path) {
   if (buffer == nullptr) return 0;
   const auto file = ReadText(path);
   if (!file) {
-    Diagnose("%s open failed !\n", path.c_str());
+    Diagnose(kOpenFailed, path.c_str());
     buffer->front().Label[0] = '\0';
     return 0;
   }

@@ -17,6 +17,7 @@
 #include "serial/sn_limits.h"
 #include "serial/sn_record.h"
 #include "shell/ground/app_state.h"
+#include "shell/ground/messages.h"
 
 namespace pyxis {
 
@@ -56,16 +57,17 @@ void CSnSetDlg::OnInitDialog() {
   direction = record.SnDirection;
 }
 
-void CSnSetDlg::OnLengthChange(const std::string& text) {
+bool CSnSetDlg::OnLengthChange(const std::string& text) {
   SnRecord& record = TheSnRecord();
   lengthText = text;
   record.SnLength = static_cast<std::uint8_t>(ParseHexDigits(WithoutPrefix(text), -1));
-  if (LengthIsGood()) {
-    record.SnStartText = startText = std::string(std::size_t{2} * record.SnLength, '0');
-    Changed();
-  } else {
+  if (!LengthIsGood()) {
     Refuse("'Input Serial Number Length Error");
+    return false;
   }
+  record.SnStartText = startText = std::string(std::size_t{2} * record.SnLength, '0');
+  Changed();
+  return true;
 }
 
 void CSnSetDlg::OnAddressChange(const std::string& text) {
@@ -94,35 +96,40 @@ void CSnSetDlg::OnDirection(int button) {
   TheSnRecord().SnDirection = static_cast<std::uint8_t>(direction);
 }
 
-void CSnSetDlg::OnLoad() {
+Outcome CSnSetDlg::OnLoad() {
   // The limits and the template of another IC would be taken.
-  if (!guard_.SameChip()) return TellOtherChip();
-  if (!LoadSnSetup()) {
-    Changed();
-    return;
+  if (!guard_.SameChip()) {
+    TellOtherChip();
+    return Refused(Reason::OtherChip);
   }
-  WaitMs(kSettleMs);
-  ended = true;
+  const Outcome outcome = LoadSnSetup();
+  if (outcome.end != End::Refused) {
+    WaitMs(kSettleMs);
+    ended = true;
+  }
   Changed();
+  return outcome;
 }
 
-bool CSnSetDlg::PlaceIsGood() {
+Outcome CSnSetDlg::CheckPlace() {
   const SnRecord& record = TheSnRecord();
   const SerialPlace& place = SerialPlaceOf(TheAppState().selection.SelectedChip);
   if (place.fixedAddress != kAnyAddress) {
     // These two are told and pass all the same.
-    if (record.SnLength != kFixedLength) Refuse("S/N Length Enter 4");
-    if (record.SnStartAddress != place.fixedAddress) Refuse("S/N Start Address Error");
-    return true;
+    const bool otherLength = record.SnLength != kFixedLength, otherStart = record.SnStartAddress != place.fixedAddress;
+    if (otherLength) Refuse("S/N Length Enter 4");
+    if (otherStart) Refuse("S/N Start Address Error");
+    return {End::Good, otherLength || otherStart ? Reason::OtherPlace : Reason::None};
   }
-  if (place.endLimit >= std::uint64_t{record.SnStartAddress} + record.SnLength) return true;
+  if (place.endLimit >= std::uint64_t{record.SnStartAddress} + record.SnLength) return kGood;
   Refuse(Printf("S/N End Address > 0x%X", place.endLimit));
-  return false;
+  return Refused(Reason::OutOfRange);
 }
 
-bool CSnSetDlg::LoadSnSetup() {
+Outcome CSnSetDlg::LoadSnSetup() {
   SnRecord& record = TheSnRecord();
-  if (!PlaceIsGood()) return false;
+  const Outcome place = CheckPlace();
+  if (!place.Good()) return place;
   record.SnStartText = WithoutPrefix(startText);
   BigNumber start, amount, sum;
   start.TakeHex(record.SnStartText);
@@ -132,7 +139,7 @@ bool CSnSetDlg::LoadSnSetup() {
   record.SnAmountText = amount.Hex();
   if (amount.IsZero()) {
     Refuse("Please Keyin 'S/N Amount'. ( >= 1 )");
-    return false;
+    return Refused(Reason::OutOfRange);
   }
   record.SnStartBytes = ToBytes(record.SnStartText);
   record.SnEndBytes = ToBytes(record.SnEndText);
@@ -140,18 +147,18 @@ bool CSnSetDlg::LoadSnSetup() {
   record.SnEndText = sum.Hex();
   if (record.SnEndText.size() > std::size_t{2} * record.SnLength) {
     Refuse("End Serial Number > SN Length");
-    return false;
+    return Refused(Reason::OutOfRange);
   }
   record.SnStartAddress = ParseHexDigits(WithoutPrefix(addressText), -1);
   record.SnEndAddress = record.SnStartAddress + record.SnLength - 1;
   const Written result = WriteSerialFile();
   if (result == Written::Broken) {
-    Refuse(Printf("%s write file error\n", SerialFilePath().c_str()));
-    return false;
+    Refuse(Printf(kWriteFileError, SerialFilePath().c_str()));
+    return Refused(Reason::NotWritable);
   }
   written = result == Written::Good;
   if (written && !snFromIcSelection_) TheAppState().writer.SnLoaded = RewriteOptionArea(SerialFilePath());
-  return true;
+  return written ? place : Failed(Reason::NotReadable);
 }
 
 // The first bytes of the IC's template with the run written over them. Half a file would burn half a serial: none is

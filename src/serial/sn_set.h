@@ -5,6 +5,7 @@
 #include <functional>
 #include <string>
 
+#include "shell/ground/outcome.h"
 #include "shell/ground/selection_guard.h"
 
 namespace pyxis {
@@ -22,21 +23,24 @@ class CSnSetDlg {
   // Field texts as the window shows them; the On… functions are called at each keystroke with the new text.
   // Every change goes into SnRecord at once, so Cancel takes nothing back.
   std::string lengthText, addressText, startText, amountText;
-  int direction = 0;  // the radio button: 0 "Low Byte", 1 "Hight Byte"
-  void OnLengthChange(const std::string& text);
+  int direction = 0;                             // the radio button: 0 "Low Byte", 1 "Hight Byte"
+  bool OnLengthChange(const std::string& text);  // false, with the operator told, for no length from 1 to 16
   void OnAddressChange(const std::string& text);
   void OnStartChange(const std::string& text);
   void OnAmountChange(const std::string& text);
   void OnDirection(int button);
-  void OnLoad();  // the button "Load"; `ended` tells whether the dialog closed as OK
+  // The button "Load"; `ended` tells whether the dialog closed as OK. Good, with OtherPlace when the operator was
+  // warned; refused: OtherChip, OutOfRange, NotWritable; failed: NotReadable, when the template or serial.txt didn't
+  // open, and the dialog closes all the same.
+  Outcome OnLoad();
   bool ended = false;
   bool written = false;  // this run stands in serial.txt
   std::function<void()> Changed = [] {};
 
  private:
   enum class Written { Good, NotOpened, Broken };
-  bool LoadSnSetup();         // true when the dialog closes
-  static bool PlaceIsGood();  // tells the operator when it isn't
+  Outcome LoadSnSetup();
+  static Outcome CheckPlace();  // tells the operator when it isn't good
   Written WriteSerialFile() const;
   bool snFromIcSelection_, exhvIsp_, isp_;
   SelectionGuard guard_;

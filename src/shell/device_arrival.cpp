@@ -3,8 +3,8 @@
 #include "catalogue/chip_catalogue.h"
 #include "intake/package_files.h"
 #include "link/identification.h"
+#include "link/transport.h"
 #include "link/writer_commands.h"
-#include "link/writer_link.h"
 #include "operations/firmware.h"
 #include "platform/clock.h"
 #include "platform/machine.h"
@@ -27,7 +27,7 @@ constexpr ControlId kTaskButtons[] = {ControlId::Auto, ControlId::BlankCheck, Co
                                       ControlId::Read};
 
 bool IsWriter(const DeviceEvent& event) {
-  return event.deviceName.find(kWriterInterfaceClass) != std::string::npos || TheAppState().writer.UseVendorApi;
+  return !ActiveTransport().NamesItsEvents() || event.deviceName.find(kWriterInterfaceClass) != std::string::npos;
 }
 
 void DisableAll() {
@@ -87,7 +87,7 @@ void OnArrival(const DeviceEvent& event) {
   TheMachine().vendor->VMClose();
   if (!OpenVendorTransport()) app.writer.UseVendorApi = false;
   if (!IsWriter(event)) return;
-  if (!app.writer.UseVendorApi) app.writer.WriterConnected = OpenWriterLink() != 0;
+  app.writer.WriterConnected = ActiveTransport().Open();
   if (!app.writer.WriterConnected) {
     DisableAll();
     return;
@@ -112,12 +112,8 @@ void OnArrival(const DeviceEvent& event) {
 void OnRemoval(const DeviceEvent& event) {
   AppState& app = TheAppState();
   if (!IsWriter(event)) return;
-  if (app.writer.UseVendorApi) {
-    if (VendorWriterAnswers()) return;  // another device went away
-    TheMachine().vendor->VMClose();
-  } else {
-    CloseWriterLink();
-  }
+  if (ActiveTransport().SurvivesRemoval()) return;
+  ActiveTransport().Close();
   app.writer.WriterConnected = false;
   ShowLinkStatus();
   DisableAll();

@@ -7,6 +7,7 @@
 #include "platform/main_view.h"
 #include "shell/ground/app_state.h"
 #include "shell/ground/main_controls.h"
+#include "shell/ground/messages.h"
 
 namespace pyxis {
 
@@ -22,7 +23,7 @@ void ShowLinkStatus() {
   ReadIdentityText(identity);
   bar.connectedIcon = TheAppState().writer.WriterConnected;
   bar.pane1 = bar.connectedIcon ? std::string(identity.data(), strnlen(identity.data(), kShownIdentity))
-                                : std::string("USB was not connected");
+                                : std::string(kUsbNotConnected);
   TheMachine().view->ControlsChanged();
 }
 

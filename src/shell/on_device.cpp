@@ -10,6 +10,7 @@
 #include "shell/chip_selection.h"
 #include "shell/ground/app_state.h"
 #include "shell/ground/main_controls.h"
+#include "shell/ground/messages.h"
 #include "shell/ground/verdict_line.h"
 #include "shell/mode_labels.h"
 #include "shell/start_up.h"
@@ -53,7 +54,7 @@ void TakeSelection(const CIcSelectDlg& dialog) {
 // isn't known.
 bool IsForWriter(Model offered) {
   if (TheAppState().writer.WriterModel == offered) return true;
-  TheMachine().op->Tell("Please Power On The Writer", kMessageCaption, MessageIcon::Stop);
+  TheMachine().op->Tell(kPowerOnTheWriter, kMessageCaption, MessageIcon::Stop);
   return false;
 }
 

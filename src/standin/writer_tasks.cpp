@@ -20,7 +20,6 @@ constexpr int kVerdictReads = 6;                 // in a row, until a host takes
 constexpr std::uint8_t kNoise = 0xFC;            // the bits of a status byte that mean nothing
 constexpr std::uint8_t kNoAnswer = 0xFF;         // of an empty socket
 constexpr std::uint8_t kLastDualClass = 15;      // ChipClass of the ICs with a dual mode: up to this
-constexpr std::uint16_t kNotDualBit = 0x1000;    // of the configuration word
 constexpr std::uint16_t kChecksumBits = 0x3FFF;  // of those ICs
 
 // The count of a packed decimal field.

@@ -8,6 +8,7 @@
 #include "platform/machine.h"
 #include "platform/operator.h"
 #include "platform/text.h"
+#include "shell/ground/messages.h"
 
 namespace pyxis {
 
@@ -27,7 +28,7 @@ std::array<std::uint8_t, 16> TimeStamp() {
 }
 
 ConverterCode TellWriteError(ConverterCode code, const std::string& path) {
-  TheMachine().op->Tell(Printf("%s write file error\n", path.c_str()));
+  TheMachine().op->Tell(Printf(kWriteFileError, path.c_str()));
   return code;
 }
 
@@ -50,7 +51,7 @@ ConversionFrame::Beside ConversionFrame::FileBeside(const std::string& ending) c
 }
 
 ConverterCode ConversionFrame::TellOpenError(ConverterCode code, const std::string& failedPath) const {
-  TheMachine().op->Tell(Printf("%s open file error\n", failedPath.c_str()));
+  TheMachine().op->Tell(Printf(kOpenFileError, failedPath.c_str()));
   return code;
 }
 

@@ -27,7 +27,8 @@ enum class Reason {
   NotReadable,    // a file or the writer gave nothing
   NotWritable,
   Different,   // a comparison
-  OutOfRange,  // a measurement
+  OutOfRange,  // a measurement, or a value of a dialog
+  OtherPlace,  // good all the same: a series that doesn't lie where the IC wants it
 };
 
 struct Outcome {

@@ -2,6 +2,7 @@
 
 #include "platform/machine.h"
 #include "platform/operator.h"
+#include "shell/ground/messages.h"
 
 namespace pyxis {
 
@@ -17,8 +18,6 @@ bool SelectionGuard::SameJob() const {
   return SameChip() && now == before_;
 }
 
-void TellOtherChip() {
-  TheMachine().op->Tell(kOtherChipText, kMessageCaption, MessageIcon::Warning);
-}
+void TellOtherChip() { TheMachine().op->Tell(kOtherChip, kMessageCaption, MessageIcon::Warning); }
 
 }  // namespace pyxis

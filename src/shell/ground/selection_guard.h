@@ -18,7 +18,6 @@ class SelectionGuard {
   Model model_ = TheAppState().writer.WriterModel;
 };
 
-inline constexpr char kOtherChipText[] = "HW and SW Chip Name is discordant";
 void TellOtherChip();
 
 }  // namespace pyxis
