@@ -219,7 +219,7 @@ void Recorder::SnProgressChanged() {
 
 bool Recorder::CreateSnProgress() {
   Line("S/N create");
-  return true;
+  return snWindowsCome;
 }
 
 void Recorder::PumpPaint() {
@@ -350,8 +350,8 @@ int Recorder::VMRead(std::uint8_t opcode, std::uint8_t* buffer, std::uint32_t le
   return result;
 }
 
-std::int32_t Recorder::CallUpdateAgent(const char*) {
-  Line("update client");
+std::int32_t Recorder::CallUpdateAgent(const char* request) {
+  Line(std::string("update client ") + request);
   return updateResult;
 }
 

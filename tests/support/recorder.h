@@ -21,6 +21,7 @@ class Recorder : public MainView, public UsbHost, public VendorApi, public Updat
   void Line(const std::string& text);
   std::function<void()> afterLine = [] {};  // called behind each line, to break something in the middle of a run
   std::int32_t updateResult = 1;            // of the update client
+  bool snWindowsCome = true;                // of CreateSnProgress
   std::map<std::string, Bytes> feed;        // what the next reads of a command bring, in place of the writer's answer
 
   void ControlsChanged() override { FindControlChanges(); }

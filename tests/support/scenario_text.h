@@ -16,6 +16,12 @@ using ScenarioTexts = std::vector<std::pair<std::string, ScenarioText>>;
 
 ScenarioTexts ReadScenarios(const std::string& file);
 Texts Split(const std::string& text, const std::string& separator);  // the parts without blanks around them
+template <typename Lines>
+std::string Joined(const Lines& lines, const std::string& separator) {
+  std::string text;
+  for (const std::string& line : lines) text += (text.empty() ? "" : separator) + line;
+  return text;
+}
 Texts Words(const std::string& text);
 Texts Filled(Texts lines, const Texts& cells);   // $1 to $9
 std::string Unescaped(const std::string& text);  // \n, \r, \t, \s for a blank, \p for |
