@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "catalogue/ic_select.h"
+#include "intake/convert.h"
 #include "intake/load_file.h"
 #include "link/identification.h"
 #include "link/writer_commands.h"
@@ -17,6 +18,7 @@
 #include "options/option_select.h"
 #include "platform/text.h"
 #include "pyxisfolder/folder.h"
+#include "pyxisfolder/intel_hex_writer.h"
 #include "serial/sn_record.h"
 #include "serial/sn_run.h"
 #include "shell/refresh_from_writer.h"
@@ -83,7 +85,8 @@ void ScenarioBench::ExpectBytes(const Args& args) const {
 // Numbers are compared as such, paths without the program folder.
 void ScenarioBench::ExpectField(const std::string& name, const std::string& wanted) const {
   std::string got = fields_.at(name).get();
-  if (got.starts_with(folder.string())) got.erase(0, std::min(got.size(), folder.string().size() + 1));
+  if (ToLower(got).starts_with(ToLower(folder.string())))
+    got.erase(0, std::min(got.size(), folder.string().size() + 1));
   EXPECT_TRUE(got == wanted || (!wanted.empty() && got == std::to_string(std::strtoll(wanted.c_str(), nullptr, 0))))
       << name << " is " << got;
 }
@@ -179,6 +182,24 @@ void ScenarioBench::Press(CSnProgramDlg& dialog, const Texts& steps) {
   }
 }
 
+// Code and file, and sn, mass and limit=N as far as they are on.
+void ScenarioBench::Convert(const Args& args) {
+  ConvertRequest request;
+  request.ChipCode = args.As<std::uint32_t>(0);
+  request.Path = Path(args[1]);
+  request.OptionValue = &optionValue_;
+  for (std::size_t i = 2; i < args.words.size(); ++i) {
+    request.SnMode |= args[i] == "sn";
+    request.MassProduction |= args[i] == "mass";
+    if (!args[i].starts_with("limit=")) continue;
+    request.ProductionLimitOn = true;
+    request.ProductionLimitBcd = PackedDecimal(Number(args[i].substr(6)));
+  }
+  const ConversionResults results = ConvertFile(request);
+  EXPECT_EQ(results.result, results.code == kConverted ? 0 : 1);
+  result_ = results.code;
+}
+
 // The program as it starts, with the buttons on or off.
 void ScenarioBench::Restart(bool buttonsOn) {
   app_.ExitInstance();
@@ -231,7 +252,8 @@ std::map<std::string, ScenarioBench::Field> ScenarioBench::Fields() {
       {"OptionValue", of(s.OptionValue)}, {"SeriesIndex", of(s.SeriesIndex)}, {"TypeIndex", of(s.TypeIndex)},
       {"ReadSizeBytes", of(s.ReadSizeBytes)}, {"ReadSwapBytes", of(s.ReadSwapBytes)},
       {"LoadedFilePath", of(c.LoadedFilePath)}, {"SystemConfigWord", of(c.SystemConfigWord)},
-      {"ImageChecksum", of(c.ImageChecksum)}, {"DualSkip", of(c.DualSkip)}, {"AppDir", of(p.AppDir)},
+      {"ImageChecksum", of(c.ImageChecksum)}, {"DualSkip", of(c.DualSkip)}, {"UsedLength", of(c.UsedLength)},
+      {"PartialChecksum", of(c.PartialChecksum)}, {"optionValue", of(optionValue_)}, {"AppDir", of(p.AppDir)},
       {"ReadyText", of(p.ReadyText)}, {"StartDirectory", of(p.StartDirectory)}, {"WriterModel", of(w.WriterModel)},
       {"FirmwareCode", of(w.FirmwareCode)}, {"FirmwareVersion", of(w.FirmwareVersion)},
       {"FirmwareLevel", of(w.FirmwareLevel)}, {"FirmwareLoadFailed", of(w.FirmwareLoadFailed)},
@@ -262,6 +284,7 @@ std::map<std::string, std::function<void(const ScenarioBench::Args&)>> ScenarioB
       {"remove", [this](auto& a) { std::filesystem::remove(folder / a[0]); }},
       {"mkdir", [this](auto& a) { std::filesystem::create_directory(folder / a[0]); }},
       {"image", [this](auto& a) { Write(a[0], pyxis::folder::MakeFirmware(Model{Number(a.value)}, 0x1234)); }},
+      {"hexfile", [this](auto& a) { Write(a[0], pyxis::folder::ToIntelHex(a.Data())); }},
       {"fault", [this](auto& a) { EXPECT_TRUE(SetFault(writer.faults, Joined(a.words, " "))); }},
       {"measure", [this](auto& a) {
          EXPECT_TRUE(writer.SetMeasure(a.template As<std::uint8_t>(0), a.template As<std::size_t>(1),
@@ -283,7 +306,7 @@ std::map<std::string, std::function<void(const ScenarioBench::Args&)>> ScenarioB
       {"Program", [](auto&) { OnProgram(); }}, {"Verify", [](auto&) { OnVerify(); }}, {"Read", [](auto&) { OnRead(); }},
       {"WriterTest", [](auto&) { WriterTest(); }}, {"LoadFile", [](auto&) { OnLoadFile(); }},
       {"Load", [this](auto& a) { Load(a[0]); }}, {"Sample", [this](auto& a) { LoadSample(a[0]); }},
-      {"Packages", [](auto&) { DownloadPackages(); }}, {"UpdateFirmware", [](auto&) { OnUpdateFirmware(); }},
+      {"Convert", [this](auto& a) { Convert(a); }}, {"Packages", [](auto&) { DownloadPackages(); }}, {"UpdateFirmware", [](auto&) { OnUpdateFirmware(); }},
       {"Package", [this](auto& a) { result_ = DownloadPackageFile(Path(a[0]), a.template As<std::uint8_t>(1)); }},
       {"Firmware", [this](auto& a) { result_ = LoadFirmware(Path(a[0]), true); }},
       {"SelectFirmware", [](auto& a) { SelectFirmware(a.template As<std::uint32_t>(0)); }},

@@ -58,6 +58,7 @@ class ScenarioBench : public RecordedBench {
   void Script(const Args& args);
   void CompareIn(CDownloadInfoDlg& dialog);
   void Press(CSnProgramDlg& dialog, const Texts& steps);
+  void Convert(const Args& args);
   void Restart(bool buttonsOn);
   void Device(DeviceEvent::Kind kind, const std::string& name);
   void OfferedEntries(Texts chips);
@@ -68,6 +69,7 @@ class ScenarioBench : public RecordedBench {
   const std::filesystem::path before_ = std::filesystem::current_path();
   CPyxisLoadApp app_;
   CPyxisLoadDlg dialog_;
+  std::uint32_t optionValue_ = 0x60;
   int result_ = 0;  // of the last call that has one
   const std::map<std::string, Field> fields_;
   const std::map<std::string, std::function<void(const Args&)>> orders_;
