@@ -147,6 +147,7 @@ void ScenarioBench::Script(const Args& args) {
         const Texts parts = Split(step, "=");
         if (parts[0] == "series") d.OnSeriesChange(Number(parts[1]));
         if (parts[0] == "type") d.OnTypeChange(Number(parts[1]));
+        if (parts[0] == "model") TheAppState().writer.WriterModel = Model{Number(parts[1])};
         if (parts[0] == "isp") d.OnIsp(true);
         if (parts[0] == "mass") d.OnMassProduction(true);
         if (parts[0] == "serial") d.OnDisplaySerial(true);
@@ -289,7 +290,8 @@ std::map<std::string, std::function<void(const ScenarioBench::Args&)>> ScenarioB
       {"measure", [this](auto& a) {
          EXPECT_TRUE(writer.SetMeasure(a.template As<std::uint8_t>(0), a.template As<std::size_t>(1),
                                        static_cast<std::uint8_t>(Number(a.value)))); }},
-      {"feed", [this](auto& a) { record.feed[a[0]] = a.Data(); }}, {"identity", [this](auto& a) { writer.identity = a.value; }},
+      {"feed", [this](auto& a) { record.feed[a[0]] = a.Data(); }},
+      {"identity", [this](auto& a) { writer.identity = a.value; }},
       {"plug", [this](auto& a) { (Usb() ? usb.pluggedIn : vendor.pluggedIn) = a[0] == "in"; }},
       {"renew", [this](auto&) { writer = standin::WriterModel(); }}, {"chip", [this](auto& a) {
          writer.chip = standin::Chip();
@@ -306,7 +308,8 @@ std::map<std::string, std::function<void(const ScenarioBench::Args&)>> ScenarioB
       {"Program", [](auto&) { OnProgram(); }}, {"Verify", [](auto&) { OnVerify(); }}, {"Read", [](auto&) { OnRead(); }},
       {"WriterTest", [](auto&) { WriterTest(); }}, {"LoadFile", [](auto&) { OnLoadFile(); }},
       {"Load", [this](auto& a) { Load(a[0]); }}, {"Sample", [this](auto& a) { LoadSample(a[0]); }},
-      {"Convert", [this](auto& a) { Convert(a); }}, {"Packages", [](auto&) { DownloadPackages(); }}, {"UpdateFirmware", [](auto&) { OnUpdateFirmware(); }},
+      {"Packages", [](auto&) { DownloadPackages(); }}, {"UpdateFirmware", [](auto&) { OnUpdateFirmware(); }},
+      {"Convert", [this](auto& a) { Convert(a); }},
       {"Package", [this](auto& a) { result_ = DownloadPackageFile(Path(a[0]), a.template As<std::uint8_t>(1)); }},
       {"Firmware", [this](auto& a) { result_ = LoadFirmware(Path(a[0]), true); }},
       {"SelectFirmware", [](auto& a) { SelectFirmware(a.template As<std::uint32_t>(0)); }},
