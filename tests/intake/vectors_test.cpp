@@ -1,7 +1,8 @@
 // Every conversion of tests/data/conversion_vectors.tsv, whose head tells how each input is built.
 #include <random>
 
-#include "converter_bench.h"
+#include "intake/convert.h"
+#include "intake/package_files.h"
 #include "platform/text.h"
 #include "support/tsv.h"
 
@@ -66,7 +67,7 @@ std::string Fnv(const Bytes& bytes) {
   return Printf("%016llx", static_cast<unsigned long long>(hash));
 }
 
-class Vectors : public ConverterBench {
+class Vectors : public Bench {
  protected:
   std::string HashOf(const std::string& name, bool withTime = false) {
     if (!std::filesystem::exists(folder / name)) return std::string(16, '0');
@@ -107,16 +108,19 @@ TEST_F(Vectors, EveryConversion) {
     Patch(image, row[6]);
 
     const auto has = [&](char flag) { return flags.find(flag) != std::string::npos; };
-    request = {};
+    ConvertRequest request;
     request.SnMode = has('s');
     request.ExhvIsp = has('e');
     request.IspProgram = has('i');
     request.MassProduction = has('m');
     request.ProductionLimitOn = limit != "-";
     request.ProductionLimitBcd = limit == "-" ? 0 : PackedDecimal(std::stoi(limit));
-    optionValue = static_cast<std::uint32_t>(std::stoul(row[9]));
+    auto optionValue = static_cast<std::uint32_t>(std::stoul(row[9]));
     Write("job." + kind, kind == "hex" || kind == "velmar" ? IntelHex(image) : image);
-    const int own = Convert(code, "job." + kind);
+    request.ChipCode = code;
+    request.OptionValue = &optionValue;
+    request.Path = Path("job." + kind);
+    const int own = ConvertFile(request).code;
     const auto number = [](auto value) { return std::to_string(value); };
     ExpectCells(Printf("row %d, code %s (%s)", ++line, row[0].c_str(), row[1].c_str()), columns,
                 {number(own), number(own == 0 ? 0 : 1), Printf("%04X", app.conversion.ImageChecksum),

@@ -21,25 +21,14 @@ class RecordedBench : public StandinBench {
   void Start();
   void ExpectEvents(const Texts& wanted);
 
-  // Lists that stand in many others.
   bool Usb() const { return transport_ == Transport::Usb; }
-  Texts OnUsb(Texts lines) const { return Usb() ? lines : Texts{}; }
-  Texts OnVendor(Texts lines) const { return Usb() ? Texts{} : lines; }
-  Texts Peek(const std::string& address) const;  // PeekByte, of four digits with a blank in the middle
-  Texts FirmwareBytes() const;                   // code, version and level, back to mode 7
+  // Lists that stand in many others: the information block; one package file with its read-back; what a write or a read
+  // of so many bytes shows that drives the bar; reads of the task status, each with its step of a bar that stands at
+  // `shown`, 0 for a hidden one.
   static Texts InfoBlock();
-  // One package file with its read-back.
   Texts PackageFile(const std::string& area, const Bytes& bytes) const;
-  // What a transfer that drives the bar shows: before the command, and behind it for a write or a read of so many
-  // bytes.
-  Texts BarBefore() const { return OnUsb({"bar 0-100 1"}); }
   Texts BarBehind(std::size_t bytes) const;
-  // Reads of the task status, each with its step of a bar that stands at `shown`, 0 for a hidden one.
   static Texts Poll(int reads, int divisor, int shown = 1);
-  // A good download; `shows`: ProgressMode is 1 before it.
-  Texts Packages(const Bytes& option, const Bytes& data, bool shows = false) const;
-  Texts Command(const std::string& line, bool shows) const;  // a short command to the writer
-  Texts Firmware(const Bytes& image) const;                  // a good load
 
   Recorder record;
 

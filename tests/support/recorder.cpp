@@ -36,6 +36,12 @@ bool FromWriter(std::uint8_t opcode) {
 
 }  // namespace
 
+ControlId ControlNamed(const std::string& name) {
+  const auto found = std::find(std::begin(kControls), std::end(kControls), name);
+  EXPECT_NE(found, std::end(kControls)) << name;
+  return static_cast<ControlId>(found - std::begin(kControls));
+}
+
 std::string NameOf(std::uint8_t opcode) {
   return opcode < std::size(kOpcodes) ? kOpcodes[opcode] : std::to_string(opcode);
 }
@@ -213,7 +219,7 @@ void Recorder::SnProgressChanged() {
 
 bool Recorder::CreateSnProgress() {
   Line("S/N create");
-  return true;
+  return snWindowsCome;
 }
 
 void Recorder::PumpPaint() {
@@ -304,8 +310,16 @@ int Recorder::BulkRead(Handle handle, int endpoint, std::uint8_t* data, int coun
     if (result < 0) lines_[frameLine_] += " no status";
     return result;
   }
+  Feed(frameName_.substr(4), {data, static_cast<std::size_t>(count)});
   frameData_.insert(frameData_.end(), data, data + count);
   return result;
+}
+
+void Recorder::Feed(const std::string& command, std::span<std::uint8_t> data) {
+  Bytes& bytes = feed[command];
+  const auto count = static_cast<std::ptrdiff_t>(std::min(data.size(), bytes.size()));
+  std::copy_n(bytes.begin(), count, data.begin());
+  bytes.erase(bytes.begin(), bytes.begin() + count);
 }
 
 int Recorder::VMOpen(int model, int a, int b) {
@@ -331,11 +345,13 @@ int Recorder::VMWrite(std::uint8_t opcode, const std::uint8_t* data, std::uint32
 
 int Recorder::VMRead(std::uint8_t opcode, std::uint8_t* buffer, std::uint32_t length) {
   Line("api " + NameOf(opcode) + Printf(" %u", length));
-  return vendor_.VMRead(opcode, buffer, length);
+  const int result = vendor_.VMRead(opcode, buffer, length);
+  Feed(NameOf(opcode), {buffer, length});
+  return result;
 }
 
-std::int32_t Recorder::CallUpdateAgent(const char*) {
-  Line("update client");
+std::int32_t Recorder::CallUpdateAgent(const char* request) {
+  Line(std::string("update client ") + request);
   return updateResult;
 }
 

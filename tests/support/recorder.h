@@ -21,6 +21,8 @@ class Recorder : public MainView, public UsbHost, public VendorApi, public Updat
   void Line(const std::string& text);
   std::function<void()> afterLine = [] {};  // called behind each line, to break something in the middle of a run
   std::int32_t updateResult = 1;            // of the update client
+  bool snWindowsCome = true;                // of CreateSnProgress
+  std::map<std::string, Bytes> feed;        // what the next reads of a command bring, in place of the writer's answer
 
   void ControlsChanged() override { FindControlChanges(); }
   void ProgressChanged() override;
@@ -59,6 +61,7 @@ class Recorder : public MainView, public UsbHost, public VendorApi, public Updat
   void CloseRun();
   void BeginFrame(const std::uint8_t* block, int count);
   void EndFrame(bool good);
+  void Feed(const std::string& command, std::span<std::uint8_t> data);
 
   UsbHost& usb_;
   VendorApi& vendor_;
@@ -82,6 +85,8 @@ class Recorder : public MainView, public UsbHost, public VendorApi, public Updat
   std::size_t transfers_ = 0;
 };
 
+// A control by its name in the lines.
+ControlId ControlNamed(const std::string& name);
 // "OP_SET_MODE" without its prefix.
 std::string NameOf(std::uint8_t opcode);
 // Readings of the task status in a row are one line with their number.

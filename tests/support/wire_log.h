@@ -39,11 +39,6 @@ class VendorLog : public VendorApi {
   int openResult = 0;
   std::vector<std::string> calls;
   std::deque<std::vector<std::uint8_t>> reads;
-  // Answers of the next reads; forgets the calls before.
-  void Script(std::deque<std::vector<std::uint8_t>> answers) {
-    calls.clear();
-    reads = std::move(answers);
-  }
 
   int VMOpen(int model, int a, int b) override;
   void VMSetTimeout(int timeout) override { calls.push_back("timeout " + std::to_string(timeout)); }
