@@ -1,7 +1,8 @@
 // The hex view's model: offsets, columns, scrolling, caret, hit test, selection, typing.
 #include "view/hex_view.h"
 
-#include "support/bench.h"
+#include "data/cases.h"
+#include "platform/text.h"
 #include "view/goto_address.h"
 #include "view/hex_picture.h"
 #include "view/show_file.h"
@@ -10,313 +11,130 @@ namespace pyxis::test {
 namespace {
 
 constexpr int kWidth = 8, kHeight = 16;  // of a character
-constexpr char kProfile[] = "Application state\\Dockbar\\-SCBar-0/m_lpr";
 
-class HexView : public Bench {
+class HexView : public Bench, public ::testing::WithParamInterface<const char*> {
  protected:
-  HexView() { ConfigureHexView(); }
+  // The numbers of a line's words.
+  using Numbers = std::function<int(std::size_t)>;
+  void Do(const char* name, const std::function<void(const Case&, const Numbers&)>& act) {
+    script.actions[name] = [act](const Case& line) {
+      act(line, [&](std::size_t i) { return static_cast<int>(line.Number(i)); });
+    };
+  }
+  void Shows(const std::string& name, const std::function<long()>& number) {
+    script.states[name] = [number] { return std::to_string(number()); };
+  }
   // A window of that many bytes a line and lines, with a buffer that counts up.
-  void Open(std::size_t size, int lineBytes = 16, int lines = 10) {
+  void Open(int size, int lineBytes, int lines) {
     view.Measure(kWidth, kHeight);
     view.OnSize((9 + 4 * lineBytes) * kWidth, lines * kHeight, true);
-    auto data = view.SetSize(size);
-    for (std::size_t i = 0; i < size; ++i) data[i] = static_cast<std::uint8_t>(i);
+    auto data = view.SetSize(static_cast<std::size_t>(size));
+    for (std::size_t i = 0; i < data.size(); ++i) data[i] = static_cast<std::uint8_t>(i);
     view.PreparePaint();
   }
-  void Click(int cell, int row, bool shift = false) { view.OnLButtonDown(cell * kWidth + 2, row * kHeight + 3, shift); }
-  void Type(const char* text) {
-    for (; *text != '\0'; ++text) view.OnChar(static_cast<char32_t>(*text), {});
+  HexView() {
+    ConfigureHexView();
+    view.Measure(kWidth, kHeight);
+    Do("open", [this](const Case&, const Numbers& n) { Open(n(1), 16, 10); });
+    Do("file", [this](const Case& line, const Numbers&) {
+      if (!line[2].empty()) WriteText(line[1], line[2]);
+      ShowFile(line[1].empty() ? "" : Path(line[1]));
+    });
+    Do("columns", [this](const Case& line, const Numbers&) {
+      view.SetOptions(line[1] != "ascii", line[1] != "ascii", line[1] != "hex", false, 2);
+    });
+    Do("size", [this](const Case& line, const Numbers& n) { view.OnSize(n(1), n(2), line[3] == "seen"); });
+    Do("bytes", [this](const Case&, const Numbers& n) { view.SetSize(static_cast<std::size_t>(n(1))); });
+    Do("profile", [this](const Case&, const Numbers& n) { profile.values[key] = n(1); });
+    Do("top", [this](const Case&, const Numbers& n) { view.geometry.TopOffset = n(1); });
+    Do("caret", [this](const Case&, const Numbers& n) { view.caret.CurrentOffset = n(1); });
+    Do("select", [this](const Case&, const Numbers& n) { view.selection = {n(1), n(2)}; });
+    Do("double width", [this](const Case&, const Numbers&) { view.Measure(2 * kWidth, kHeight); });
+    Do("blank", [this](const Case&, const Numbers&) { view.Blanked = true; });
+    // Cells and rows from 0.
+    Do("click", [this](const Case& line, const Numbers& n) {
+      view.OnLButtonDown(n(1) * kWidth + 2, n(2) * kHeight + 3, line[3] == "shift");
+    });
+    Do("drag", [this](const Case&, const Numbers& n) {
+      view.OnDragStart();
+      view.OnMouseMove(n(1) * kWidth, n(2) * kHeight + 5);
+    });
+    Do("move", [this](const Case&, const Numbers& n) { view.OnMouseMove(n(1) * kWidth, n(2) * kHeight); });
+    Do("key", [this](const Case& line, const Numbers&) {
+      const Texts words = Parts(line[1], ' '), names{"pgup", "pgdn", "home", "end", "left", "right", "up", "down"};
+      const auto at = std::find(names.begin(), names.end(), words.back()) - names.begin();
+      ASSERT_LT(at, std::ssize(names));
+      view.OnKeyDown(static_cast<HexKey>(at), {line[1].starts_with("shift"), line[1].find("ctrl") != line[1].npos});
+    });
+    Do("type", [this](const Case& line, const Numbers&) {
+      for (const char c : line[1]) view.OnChar(static_cast<unsigned char>(c), {});
+    });
+    Do("char", [this](const Case& line, const Numbers& n) {
+      view.OnChar(static_cast<char32_t>(n(1)), {false, line[2] == "ctrl"});
+    });
+    Do("scroll", [this](const Case& line, const Numbers& n) {
+      const Texts names{"line up", "line down", "page up", "page down", "thumb"};
+      const auto at = std::find(names.begin(), names.end(), line[1]) - names.begin();
+      view.Scroll(static_cast<HexScroll>(at), n(2));
+    });
+    Do("wheel", [this](const Case&, const Numbers& n) { view.OnMouseWheel(n(1)); });
+    Do("go to", [this](const Case&, const Numbers& n) { view.GoTo(static_cast<std::uint32_t>(n(1))); });
+    Do("dialog", [this](const Case& line, const Numbers&) {
+      op.gotoAddress = [&](CGotoAddressDlg& dialog) {
+        EXPECT_EQ(dialog.text, "00000");
+        EXPECT_NE(line[1], "none") << "nothing to go to";
+        dialog.OnChange(line[1]);
+        return line[1] == "cancel" ? DialogEnd::Cancel : DialogEnd::Ok;
+      };
+      OnGotoAddress(view);
+    });
+    Shows("top", [this] { return view.geometry.TopOffset; });
+    Shows("at", [this] { return view.caret.CurrentOffset; });
+    Shows("area", [this] { return view.caret.CurrentArea; });
+    Shows("nibble", [this] { return view.caret.Nibble; });
+    Shows("cell", [this] { return view.caret.CaretX / kWidth; });
+    Shows("row", [this] { return view.caret.CaretY / kHeight; });
+    Shows("wide", [this] { return view.caret.Width(view.geometry) / kWidth; });
+    Shows("caret", [this] { return view.CaretVisible(); });
+    Shows("length", [this] { return view.DataLength(); });
+    Shows("line bytes", [this] { return view.geometry.m_lpr; });
+    Shows("kept", [this] { return profile.values[key]; });
+    Shows("lines", [this] { return view.PreparePaint() ? HexLineCount(view) : 0; });
+    Shows("paints", [this] { return view.PreparePaint(); });
+    Shows("partial", [this] { return view.geometry.LastLinePartial; });
+    for (const int at : {0, 1, 4, 0x1F})
+      Shows(Printf("byte %X", static_cast<unsigned>(at)), [=, this] { return view.Data[static_cast<std::size_t>(at)]; });
+    script.states["selected"] = [this] { return Printf("%d-%d", view.selection.SelStart, view.selection.SelEnd); };
+    script.states["bar"] = [this] {
+      const HexScrollBar bar = view.ScrollBar();
+      return Printf("%d %d %d", bar.range, bar.page, bar.position) + (bar.enabled ? "" : " off");
+    };
+    for (const int number : {0, 1})
+      script.states["line " + std::to_string(number)] = [=, this] {
+        HexLine line;
+        FormatHexLine(view, number, line);
+        return line.address + "/" + line.hex.substr(0, 15) + "/" + line.ascii.substr(0, 5) +
+               Printf("/%d-%d", line.selectedFrom, line.selectedTo);
+      };
   }
-  HexLine Line(int number) {
-    HexLine line;
-    FormatHexLine(view, number, line);
-    return line;
-  }
-  std::pair<int, int> Selected() const { return {view.selection.SelStart, view.selection.SelEnd}; }
   CMiniHexEditView& view = TheHexView();
+  const std::string key = "Application state\\Dockbar\\-SCBar-0/m_lpr";
+  Script script;
 };
 
-TEST_F(HexView, LinesAsText) {
-  Write("five", Bytes{'A', 0x7E, 0x7F, 0x1F, 0xFF});
-  Open(0);
-  ShowFile(Path("five"));
-  ASSERT_TRUE(view.PreparePaint());
-  EXPECT_EQ(All(HexLineCount(view), Line(0).address, Line(0).hex), All(1, "00000000", "41 7E 7F 1F FF "));
-  EXPECT_EQ(Line(0).ascii, "A~...");
-  EXPECT_TRUE(view.geometry.LastLinePartial);
+TEST_P(HexView, Follows) { script.Run("hex_view.tsv", GetParam()); }
+INSTANTIATE_TEST_SUITE_P(Scripts, HexView,
+                         ::testing::Values("lines as text", "width", "scrolling", "go to", "hit test", "caret by keys",
+                                           "typing", "selection", "other columns", "edges", "a new file"));
 
-  ShowFile(Path("nowhere"));
-  EXPECT_EQ(view.DataLength(), 5);
-  ShowFile("");
-  EXPECT_FALSE(view.PreparePaint());
-  EXPECT_EQ(All(HexLineCount(view), view.DataLength()), All(0, 5));
-
-  view.SetOptions(true, true, false, false, 2);
-  Open(0x12345);
-  view.GoTo(0x1FFF);
-  EXPECT_EQ(Line(0).address, "1FFF");
-  EXPECT_EQ(Line(1).address, "2015");  // (73 - 5) / 3 bytes a line
-  EXPECT_EQ(All(Line(0).hex.substr(0, 6), Line(0).ascii), All("FF 00 ", ""));
-}
-
-TEST_F(HexView, WidthGivesTheLineLengthAndTheProfileKeepsIt) {
-  view.Measure(kWidth, kHeight);
-  // clang-format off
-  for (const auto& [width, lineBytes] : Table<int, std::uint32_t>{
-           {(9 + 64) * kWidth, 16}, {(9 + 64) * kWidth - 1, 15}, {(9 + 67) * kWidth, 16}, {20, 1}, {0, 1}}) {
-    // clang-format on
-    view.OnSize(width, 160, true);
-    EXPECT_EQ(view.geometry.m_lpr, lineBytes) << width;
-    EXPECT_EQ(profile.values[kProfile], static_cast<int>(lineBytes));
-  }
-  view.OnSize(1000, 160, false);
-  EXPECT_EQ(view.geometry.m_lpr, 1U);
-  profile.values[kProfile] = 12;
-  view.SetSize(100);
-  EXPECT_EQ(view.geometry.m_lpr, 12U);
-  for (const int odd : {-7, 0x7FFFFFFF}) {
-    profile.values[kProfile] = odd;
-    view.SetSize(100);
-    EXPECT_EQ(view.geometry.m_lpr, odd < 0 ? 1U : 4096U);
-  }
-}
-
-TEST_F(HexView, Scrolling) {
-  Open(0x200);
-  // The last page begins at 0x160.
-  // clang-format off
-  for (const auto& [code, position, top] : Table<HexScroll, int, int>{
-           {HexScroll::LineUp, 0, 0}, {HexScroll::LineDown, 0, 0x10}, {HexScroll::PageDown, 0, 0xB0},
-           {HexScroll::PageDown, 0, 0x150}, {HexScroll::PageDown, 0, 0x160}, {HexScroll::LineDown, 0, 0x160},
-           {HexScroll::PageUp, 0, 0xC0}, {HexScroll::ThumbTrack, 3, 0x30}, {HexScroll::PageUp, 0, 0},
-           {HexScroll::ThumbTrack, 999, 0x1F0}}) {
-    // clang-format on
-    view.Scroll(code, position);
-    EXPECT_EQ(All(view.geometry.TopOffset, view.caret.CurrentOffset), All(top, top));
-  }
-  const HexScrollBar bar = view.ScrollBar();
-  EXPECT_EQ((std::vector{bar.range, bar.page, bar.position}), (std::vector{0x20, 10, 0x1F}));
-  EXPECT_TRUE(bar.enabled);
-  Open(0xA0);
-  EXPECT_FALSE(view.ScrollBar().enabled);
-
-  Open(0x200);
-  view.geometry.TopOffset = 5;
-  view.Scroll(HexScroll::LineUp);
-  EXPECT_EQ(view.geometry.TopOffset, 0);
-  view.caret.CurrentOffset = 7;
-  for (const auto& [delta, top] :
-       {std::pair{-120, 0x20}, {-60, 0x30}, {59, 0x30}, {120, 0x10}, {1200, 0}, {-60000, 0x160}}) {
-    view.OnMouseWheel(delta);
-    EXPECT_EQ(view.geometry.TopOffset, top) << delta;
-    EXPECT_EQ(view.caret.CurrentOffset, 7);
-  }
-}
-
-TEST_F(HexView, GoTo) {
-  Open(0x100);
-  for (const auto& [text, top] : {std::pair{"12345", 0x60}, {"0003", 3}, {"zz", 0}, {"fF", 0xFF}}) {
-    op.gotoAddress = [&, typed = text](CGotoAddressDlg& dialog) {
-      EXPECT_EQ(dialog.text, "00000");
-      dialog.OnChange(typed);
-      return DialogEnd::Ok;
-    };
-    OnGotoAddress(view);
-    EXPECT_EQ(view.geometry.TopOffset, top) << text;
-  }
-  op.gotoAddress = nullptr;  // Cancel
-  view.OnDragStart();
-  OnGotoAddress(view);
-  EXPECT_FALSE(view.selection.Exists());
-  EXPECT_EQ(view.geometry.TopOffset, 0xFF);
-  op.gotoAddress = [](CGotoAddressDlg&) { return ADD_FAILURE() << "nothing to go to", DialogEnd::Ok; };
-  view.Blanked = true;
-  OnGotoAddress(view);
-  Open(0);
-  OnGotoAddress(view);
-  Open(0x50);
-  view.GoTo(0x51);
-  EXPECT_EQ(view.geometry.TopOffset, 0);
-}
-
-// Cells from 0: 0 to 7 address, 9 to 56 hexadecimal, 57 to 72 ASCII.
-TEST_F(HexView, HitTest) {
-  Open(0x100);
-  // Among them the blanks behind the address and behind a byte; the last one of a line counts to the ASCII column.
-  // clang-format off
-  for (const auto& [cell, row, area, offset, nibble, caretCell] : Table<int, int, int, int, int, int>{
-           {0, 1, kAddressArea, 0x10, 0, 0}, {7, 2, kAddressArea, 0x20, 0, 0}, {8, 0, kHexArea, 0, 2, 9},
-           {9, 0, kHexArea, 0, 2, 9}, {10, 0, kHexArea, 0, 1, 10}, {11, 3, kHexArea, 0x31, 2, 12},
-           {54, 0, kHexArea, 15, 2, 54}, {55, 0, kHexArea, 15, 1, 55}, {57, 1, kAsciiArea, 0x10, 0, 57},
-           {72, 9, kAsciiArea, 0x9F, 0, 72}, {56, 1, kAsciiArea, 0x0F, 0, 57}, {56, 0, kAsciiArea, 0, 0, 57}}) {
-    // clang-format on
-    view.caret.CurrentArea = -1;
-    Click(cell, row);
-    EXPECT_EQ(view.caret.CurrentArea, area) << cell;
-    EXPECT_EQ(view.caret.CurrentOffset, offset) << cell;
-    EXPECT_EQ(area == kHexArea ? view.caret.Nibble : 0, nibble) << cell;
-    EXPECT_EQ(view.caret.CaretX, caretCell * kWidth) << cell;
-    EXPECT_EQ(All(view.caret.CaretY, view.caret.Width(view.geometry)),
-              All(row * kHeight, (area == kAddressArea ? 8 : 1) * kWidth));
-  }
-  Click(9, 0);
-  for (const auto& [cell, row] : {std::pair{73, 0}, {9, 11}, {90, 2}}) {
-    Click(cell, row);
-    EXPECT_EQ(view.caret.CurrentOffset, 0) << cell << " " << row;
-  }
-  view.Measure(2 * kWidth, kHeight);  // another screen: the columns stand where they stood until the next paint
+TEST_F(HexView, ScreensOfAnotherWidthHitNothingOutside) {
+  Open(0x100, 16, 10);
+  view.Measure(2 * kWidth, kHeight);  // the columns stand where they stood until the next paint
   view.geometry.ShowAddress = false;
   for (int cell = 0; cell < 80; ++cell) {
-    Click(cell, 0);
+    view.OnLButtonDown(cell * kWidth, 3, false);
     EXPECT_GE(view.caret.CurrentOffset, 0);
   }
-  ConfigureHexView();
-  Open(5);
-  Click(9 + 3 * 9, 0);  // behind the data: the last byte
-  EXPECT_EQ(view.caret.CurrentOffset, 4);
-  Type("1");
-  EXPECT_EQ(view.Data[4], 0x14);
-}
-
-TEST_F(HexView, CaretByKeys) {
-  Open(0x100);
-  const auto key = [&](HexKey k, bool control = false) { view.OnKeyDown(k, {false, control}); };
-  Click(9, 0);
-  // clang-format off
-  for (const auto& [pressed, control, offset, nibble] : Table<HexKey, bool, int, int>{
-           {HexKey::Left, false, 0, 2}, {HexKey::Right, false, 0, 1}, {HexKey::Right, false, 1, 2},
-           {HexKey::Left, false, 0, 1}, {HexKey::Down, false, 0x10, 1}, {HexKey::Up, false, 0, 1},
-           {HexKey::Up, false, 0, 2}, {HexKey::End, false, 15, 2}, {HexKey::Right, false, 15, 1},
-           {HexKey::Right, false, 16, 2}, {HexKey::Home, false, 16, 2}, {HexKey::End, true, 0xFF, 2},
-           {HexKey::Down, false, 0xFF, 1}, {HexKey::Right, false, 0xFF, 1}, {HexKey::Home, false, 0xF0, 2},
-           {HexKey::Home, true, 0, 2}}) {
-    // clang-format on
-    key(pressed, control);
-    EXPECT_EQ(All(view.caret.CurrentOffset, view.caret.Nibble), All(offset, nibble));
-  }
-  key(HexKey::End, true);
-  EXPECT_EQ(All(view.geometry.TopOffset, view.caret.CaretY), All(0x60, 9 * kHeight));
-  key(HexKey::Home, true);
-  for (int i = 0; i < 10; ++i) key(HexKey::Down);
-  EXPECT_EQ(All(view.geometry.TopOffset, view.caret.CurrentOffset), All(0x10, 0xA0));
-  EXPECT_TRUE(view.CaretVisible());
-  key(HexKey::PageDown);  // the caret stays at its byte, and the view comes a line back to it
-  EXPECT_EQ(All(view.caret.CurrentOffset, view.geometry.TopOffset), All(0xA0, 0x60));
-  view.OnMouseWheel(60000);
-  EXPECT_FALSE(view.CaretVisible());
-  Click(3, 0);
-  key(HexKey::Right);
-  EXPECT_EQ(view.caret.CurrentOffset, 0);
-}
-
-TEST_F(HexView, Typing) {
-  Open(0x20);
-  Click(9, 0);
-  Type("aBg5");
-  EXPECT_EQ(All(view.Data[0], view.Data[1], view.caret.CurrentOffset), All(0xAB, 0x51, 1));
-  view.OnKeyDown(HexKey::End, {false, true});
-  Type("12");
-  EXPECT_EQ(All(view.Data[0x1F], view.caret.Nibble), All(0x12, 1));
-  Type("3");
-  EXPECT_EQ(view.Data[0x1F], 0x13);
-  Click(57, 0);
-  Type("A\t\b");
-  view.OnChar(U'\u4E0B', {});
-  view.OnChar(3, {false, true});
-  EXPECT_EQ(All(view.Data[0], view.Data[1], view.caret.CurrentOffset), All('A', 0x51, 1));
-  Click(2, 0);
-  const Bytes before = view.Data;
-  Type("FF");
-  EXPECT_EQ(view.Data, before);
-}
-
-TEST_F(HexView, Selection) {
-  Open(0x40);
-  Click(12, 0);
-  view.OnDragStart();
-  view.OnMouseMove((12 + 3 * 2) * kWidth, 5);  // two bytes on
-  EXPECT_EQ(Selected(), std::pair(1, 4));
-  EXPECT_EQ(All(std::pair(Line(0).selectedFrom, Line(0).selectedTo), Line(1).selectedTo), All(std::pair(1, 4), 0));
-  view.OnMouseMove(12 * kWidth, 16 * kHeight);  // below: a line down when there is one
-  EXPECT_EQ(view.selection.SelEnd, 4);
-
-  view.OnChar(24, {false, true});
-  EXPECT_EQ(All(view.DataLength(), view.Data[1]), All(0x3D, 4));
-  EXPECT_FALSE(view.selection.Exists());
-  view.OnChar(24, {false, true});
-  EXPECT_EQ(view.DataLength(), 0x3D);
-
-  Click(9, 0);
-  view.OnKeyDown(HexKey::Right, {true, false});
-  view.OnKeyDown(HexKey::Right, {true, false});
-  EXPECT_EQ(Selected(), std::pair(0, 2));
-  view.OnKeyDown(HexKey::Down, {true, false});
-  EXPECT_EQ(view.selection.SelEnd, 0x12);
-  view.OnKeyDown(HexKey::Left, {});
-  EXPECT_FALSE(view.selection.Exists());
-  Click(9, 0);
-  Click(9 + 3 * 4, 1, true);
-  EXPECT_EQ(Selected(), std::pair(0, 0x15));
-  Type("1");
-  EXPECT_FALSE(view.selection.Exists());
-
-  Click(9, 0);  // all of it away
-  view.OnKeyDown(HexKey::End, {true, true});
-  view.selection.SelEnd = view.DataLength();
-  view.OnChar(24, {false, true});
-  EXPECT_EQ(view.DataLength(), 0);
-  EXPECT_FALSE(view.PreparePaint());
-  Click(9, 0);
-  view.OnKeyDown(HexKey::Down, {});
-  Type("1");
-  EXPECT_EQ(view.caret.CurrentOffset, 0);
-}
-
-TEST_F(HexView, OtherColumns) {
-  view.SetOptions(true, true, true, false, 2);  // addresses of four digits and a blank
-  Open(0x100);
-  for (const auto& [cell, offset, nibble] : Table<int, int, int>{{5, 0, 2}, {6, 0, 1}, {8, 1, 2}, {9, 1, 1}}) {
-    Click(cell, 0);
-    EXPECT_EQ(All(view.caret.CurrentArea, view.caret.CurrentOffset, view.caret.Nibble), All(kHexArea, offset, nibble));
-  }
-  view.SetOptions(false, false, true, false, 2);
-  Open(0x100);
-  Click(3, 1);
-  EXPECT_EQ(All(view.caret.CurrentArea, view.caret.CurrentOffset, view.caret.CaretX),
-            All(kAsciiArea, 17 + 3, 3 * kWidth));
-}
-
-TEST_F(HexView, Edges) {
-  Open(0x200);
-  view.OnMouseMove(9 * kWidth, 5 * kHeight);  // nothing was begun
-  EXPECT_EQ(Selected(), std::pair(-1, -1));
-  Click(9, 10);  // the line below the last whole one
-  EXPECT_EQ(view.caret.CurrentOffset, 0xA0);
-  Click(9, 0);
-  view.OnKeyDown(HexKey::Right, {});
-  view.OnKeyDown(HexKey::Left, {});
-  EXPECT_EQ(All(view.caret.CurrentOffset, view.caret.Nibble), All(0, 2));
-  view.GoTo(0x10);
-  Click(9, 1);
-  view.OnKeyDown(HexKey::Up, {});  // to the top line, not beyond
-  EXPECT_EQ(All(view.geometry.TopOffset, view.caret.CurrentOffset), All(0x10, 0x10));
-  view.GoTo(0x1F0);
-  view.selection = {0x100, 0x200};
-  view.OnChar(24, {false, true});  // the top is gone as well
-  EXPECT_EQ(All(view.DataLength(), view.geometry.TopOffset), All(0x100, 0));
-  Open(0x25);
-  view.OnKeyDown(HexKey::End, {false, true});
-  EXPECT_EQ(All(view.geometry.TopOffset, view.caret.CurrentOffset, view.caret.CaretY), All(0, 0x24, 2 * kHeight));
-}
-
-TEST_F(HexView, ANewFileKeepsTheCaretInside) {
-  Open(0x200);
-  view.OnKeyDown(HexKey::End, {false, true});
-  view.SetSize(0x100);
-  EXPECT_EQ(All(view.caret.CurrentOffset, view.geometry.TopOffset), All(0, 0));
-  view.caret.CurrentOffset = 0x80;
-  view.SetSize(0x81);
-  EXPECT_EQ(view.caret.CurrentOffset, 0x80);
 }
 
 }  // namespace
