@@ -35,7 +35,8 @@ std::optional<std::int32_t> ParseLimit(std::string_view text) {
 }  // namespace
 
 bool CIcSelectDlg::OnInitDialog() {
-  const auto captions = SeriesCaptions(TheAppState().writer.WriterModel);
+  model_ = TheAppState().writer.WriterModel;
+  const auto captions = SeriesCaptions(model_);
   if (captions.empty()) {
     TheMachine().op->Tell("Please Power On The Writer", kMessageCaption, MessageIcon::Stop);
     return false;
@@ -51,7 +52,7 @@ bool CIcSelectDlg::OnInitDialog() {
 
 void CIcSelectDlg::OnSeriesChange(int position) {
   seriesPosition = position;
-  seriesIndex = ListIndex(TheAppState().writer.WriterModel, position);
+  seriesIndex = ListIndex(model_, position);
   typeIndex = typePosition = 0;
   typeList.clear();
   for (const ChipEntry& row : ChipList(seriesIndex)) typeList.emplace_back(row.TypeLabel);
@@ -105,7 +106,7 @@ bool CIcSelectDlg::OnTypedName(std::string_view typed) {
   const int count = static_cast<int>(seriesList.size());
   for (int i = 0; i < count; ++i) {
     const int series = (seriesPosition + i) % count;
-    const auto rows = ChipList(ListIndex(TheAppState().writer.WriterModel, series));
+    const auto rows = ChipList(ListIndex(model_, series));
     const auto found =
         std::find_if(rows.begin(), rows.end(), [&](const ChipEntry& row) { return begins(row.TypeLabel); });
     if (found == rows.end()) continue;

@@ -7,6 +7,8 @@
 #include <string_view>
 #include <vector>
 
+#include "shell/ground/app_state.h"
+
 namespace pyxis {
 
 class CIcSelectDlg {
@@ -49,6 +51,8 @@ class CIcSelectDlg {
  private:
   void TakeControls();  // the check values into the result
   bool TakeLimit();     // the limit's text into the result
+
+  Model model_ = Model::None;  // whose ICs are on offer; a writer of the other one may come meanwhile
 };
 
 }  // namespace pyxis

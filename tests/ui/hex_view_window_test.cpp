@@ -5,7 +5,7 @@
 #include <QScrollBar>
 #include <QTest>
 
-#include "support/bench.h"
+#include "data/cases.h"
 #include "ui/hex_view_widget.h"
 #include "view/show_file.h"
 
@@ -35,20 +35,15 @@ class HexViewWindow : public Bench {
   void Click(int column, int row, Qt::KeyboardModifiers modifiers = {}) {
     QTest::mouseClick(port, Qt::LeftButton, modifiers, At(column, row));
   }
-  void Key(int key, Qt::KeyboardModifiers modifiers = {}) {
-    QTest::keyClick(&widget, static_cast<Qt::Key>(key), modifiers);
+  void Key(const std::string& name) {
+    const QKeyCombination key = QKeySequence(QString::fromStdString(name))[0];
+    QTest::keyClick(&widget, key.key(), key.keyboardModifiers());
   }
   void Wheel(int delta) {
     QWheelEvent event(At(1, 1), port->mapToGlobal(At(1, 1)), {}, {0, delta}, Qt::NoButton, Qt::NoModifier,
                       Qt::NoScrollPhase, false);
     QApplication::sendEvent(port, &event);
   }
-  void Bar(QAbstractSlider::SliderAction action, int position = -1) {
-    QScrollBar& bar = *widget.verticalScrollBar();
-    if (position >= 0) bar.setSliderPosition(position);
-    bar.triggerAction(action);
-  }
-
   QImage Blank() const {
     QImage image(port->size() * port->devicePixelRatioF(), QImage::Format_ARGB32_Premultiplied);
     image.setDevicePixelRatio(port->devicePixelRatioF());
@@ -106,71 +101,48 @@ TEST_F(HexViewWindow, ShowsItsModelAfterEveryEvent) {
   ShowFile(Path("bytes"));
   widget.setFocus();
   Shown();
-  const auto drag = [this] {
+  Script script;
+  using Line = const Case&;
+  const auto number = [](Line c, std::size_t i) { return static_cast<int>(c.Number(i)); };
+  script.actions["click"] = [&](Line c) {
+    Click(number(c, 1), number(c, 2), c[3] == "shift" ? Qt::ShiftModifier : Qt::NoModifier);
+  };
+  script.actions["right click"] = [&](Line) { QTest::mouseClick(port, Qt::RightButton, {}, At(15, 3)); };
+  script.actions["double click"] = [&](Line) { QTest::mouseDClick(port, Qt::LeftButton, {}, At(15, 1)); };
+  script.actions["drag"] = [&](Line) {
     QTest::mousePress(port, Qt::LeftButton, {}, At(9, 0));
     QTest::mouseMove(port, At(9 + 3 * 3, 2));
     QTest::mouseRelease(port, Qt::LeftButton, {}, At(9 + 3 * 3, 2));
     QTest::mouseMove(port, At(9, 5));  // no button any more
   };
-  const auto cut = [this] {
+  script.actions["type"] = [&](Line c) { QTest::keyClicks(&widget, QString::fromStdString(c[1])); };
+  script.actions["key"] = [&](Line c) { Key(c[1]); };
+  script.actions["cut"] = [&](Line) {
     QKeyEvent key(QEvent::KeyPress, Qt::Key_X, Qt::ControlModifier, QStringLiteral("\x18"));
     QApplication::sendEvent(&widget, &key);
   };
-  using A = QAbstractSlider;
-  struct Step {
-    std::function<void()> act;
-    int top, current, start, end, length = kSize;
+  script.actions["wheel"] = [&](Line c) { Wheel(number(c, 1)); };
+  script.actions["bar"] = [&](Line c) {
+    QScrollBar& bar = *widget.verticalScrollBar();
+    if (c.cells.size() > 2) bar.setSliderPosition(number(c, 2));
+    bar.triggerAction(static_cast<QAbstractSlider::SliderAction>(number(c, 1)));
   };
-  // clang-format off
-  const Step steps[] = {
-      {[&] { Click(15, 1); }, 0, 18, -1, -1},
-      {[&] { QTest::keyClicks(&widget, "a"); }, 0, 18, -1, -1},
-      {[&] { Key(Qt::Key_Right, Qt::ShiftModifier); }, 0, 19, 18, 20},
-      {[&] { Key(Qt::Key_Left); }, 0, 18, -1, -1},
-      {[&] { Key(Qt::Key_Down); }, 0, 34, -1, -1},
-      {[&] { Key(Qt::Key_Up); }, 0, 18, -1, -1},
-      {[&] { Key(Qt::Key_End); }, 0, 31, -1, -1},
-      {[&] { Key(Qt::Key_Home); }, 0, 16, -1, -1},
-      {[&] { Key(Qt::Key_PageDown); }, 144, 16, -1, -1},  // the view comes a line back to the caret
-      {[&] { Wheel(-120); }, 176, 16, -1, -1},
-      {[&] { Wheel(-30); }, 176, 16, -1, -1},  // half a line
-      {[&] { Wheel(-30); }, 192, 16, -1, -1},  // and the other half
-      {[&] { Wheel(180); }, 144, 16, -1, -1},
-      {[&] { Key(Qt::Key_PageUp); }, 0, 16, -1, -1},
-      {[&] { Key(Qt::Key_End, Qt::ControlModifier); }, 840, 999, -1, -1},
-      {drag, 840, 875, 840, 876},
-      {[&] { Bar(A::SliderSingleStepSub); }, 824, 859, 840, 876},
-      {[&] { Bar(A::SliderSingleStepAdd); }, 840, 875, 840, 876},
-      {[&] { Bar(A::SliderSingleStepAdd); }, 840, 875, 840, 876},
-      {[&] { Bar(A::SliderPageStepSub); }, 680, 715, 840, 876},
-      {[&] { Bar(A::SliderPageStepAdd); }, 840, 875, 840, 876},
-      {[&] { Bar(A::SliderMove, 3); }, 48, 83, 840, 876},
-      {cut, 48, 83, -1, -1, kSize - 36},
-      {[&] { Key(Qt::Key_Home, Qt::ControlModifier); }, 0, 0, -1, -1, kSize - 36},
-      {[&] { Click(57 + 5, 2); }, 0, 37, -1, -1, kSize - 36},
-      {[&] { QTest::keyClicks(&widget, "Z"); }, 0, 38, -1, -1, kSize - 36},
-      {[&] { Click(57 + 2, 3, Qt::ShiftModifier); }, 0, 50, 38, 50, kSize - 36},
-      {[&] { for (const int key : {Qt::Key_Tab, Qt::Key_Backspace}) Key(key); }, 0, 50, 38, 50, kSize - 36},
-      {[&] { for (const int key : {Qt::Key_Delete, Qt::Key_Escape}) Key(key); }, 0, 50, 38, 50, kSize - 36},
-      {[&] { QTest::mouseDClick(port, Qt::LeftButton, {}, At(15, 1)); }, 0, 50, 38, 50, kSize - 36},
-      {[&] { QTest::mouseClick(port, Qt::RightButton, {}, At(15, 3)); }, 0, 50, 38, 50, kSize - 36},
-      {[&] { Click(3, 4); }, 0, 64, -1, -1, kSize - 36},
-      {[&] { Key(Qt::Key_Q, Qt::AltModifier); }, 0, 64, -1, -1, kSize - 36},
-      {[&] { widget.clearFocus(); }, 0, 64, -1, -1, kSize - 36}};
-  // clang-format on
-  int number = 0;
-  for (const Step& step : steps) {
-    SCOPED_TRACE(number++);
-    step.act();
-    EXPECT_EQ(All(view.geometry.TopOffset, view.caret.CurrentOffset, view.DataLength()),
-              All(step.top, step.current, step.length));
-    EXPECT_EQ(All(view.selection.SelStart, view.selection.SelEnd), All(step.start, step.end));
+  script.actions["lose focus"] = [&](Line) { widget.clearFocus(); };
+  script.states["top"] = [&] { return std::to_string(view.geometry.TopOffset); };
+  script.states["at"] = [&] { return std::to_string(view.caret.CurrentOffset); };
+  script.states["selected"] = [&] {
+    return std::to_string(view.selection.SelStart) + "-" + std::to_string(view.selection.SelEnd);
+  };
+  script.states["length"] = [&] { return std::to_string(view.DataLength()); };
+  for (const std::size_t at : {18U, 37U})
+    script.states["byte " + std::to_string(at)] = [=, this] { return std::to_string(view.Data[at]); };
+  script.after = [&] {
     EXPECT_EQ(Shown(), Expected());
     const QScrollBar& bar = *widget.verticalScrollBar();
     EXPECT_EQ(All(bar.isEnabled(), bar.minimum(), bar.maximum(), bar.pageStep(), bar.value()),
-              All(true, 0, step.length / 16 - kLines + 1, kLines, step.top / 16));
-  }
-  EXPECT_EQ(All(view.Data[18], view.Data[37]), All(0xAE, 'Z'));
+              All(true, 0, view.DataLength() / 16 - kLines + 1, kLines, view.geometry.TopOffset / 16));
+  };
+  script.Run("hex_view_window.tsv", "events");
 }
 
 TEST_F(HexViewWindow, ClearedItIsBlankAndTakesNothing) {
@@ -183,7 +155,7 @@ TEST_F(HexViewWindow, ClearedItIsBlankAndTakesNothing) {
   Click(15, 1);
   QTest::keyClicks(&widget, "ff");
   Wheel(-1200);
-  Key(Qt::Key_G, Qt::ControlModifier);
+  Key("Ctrl+G");
   EXPECT_EQ(All(view.geometry.TopOffset, view.caret.CurrentOffset, asked), All(0, 0, 1));
   EXPECT_EQ(Shown(), Blank());
   EXPECT_FALSE(widget.verticalScrollBar()->isEnabled());
