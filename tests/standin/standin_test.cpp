@@ -34,25 +34,11 @@ class Standin : public Bench, public ::testing::WithParamInterface<const char*> 
         }
       }
     };
-    script.actions["named"] = [this](Line) { std::copy_n("QV8348", 6, writer->OptionArea().begin()); };
-    // An option package with a checksum, of a class of chips, with these bytes: place=value.
     script.actions["job"] = [this](Line c) {
       option.assign(208, 0);
       option[16] = 0x12;
       option[71] = static_cast<std::uint8_t>(c.Number(1));
       Change(c, 2);
-    };
-    // One-byte serials at offset 1 from 0x41 on: head byte, amount.
-    script.actions["series"] = [this](Line c) {
-      option.assign(208, 0);
-      option[16] = 0x12;
-      option[71] = 17;
-      option[53] = static_cast<std::uint8_t>(c.Number(1));
-      option[54] = option[56] = 1;
-      option[58] = 2;
-      option[111] = static_cast<std::uint8_t>(0x41 + c.Number(2));
-      option[127] = 0x41;
-      Change(c, 3);
     };
     script.actions["change"] = [this](Line c) { Change(c, 1); };
     script.actions["load"] = [this](Line c) { LoadJob(option, Hex(c[1])); };
@@ -91,9 +77,9 @@ class Standin : public Bench, public ::testing::WithParamInterface<const char*> 
     script.states["breaches"] = [this] { return std::to_string(writer->Violations().size()); };
     script.states["verdict"] = [this] { return std::to_string(verdict); };
     script.states["serial"] = [this] { return verdict == 1 ? Printf("%02X", writer->chip.burnt.at(1)) : "none"; };
-    script.states["burnt"] = [this] { return Text(writer->chip.burnt); };
+    script.states["burnt"] = [this] { return Shown(writer->chip.burnt); };
     script.states["blank"] = [this] { return std::string(writer->chip.IsBlank() ? "yes" : "no"); };
-    script.states["data"] = [this] { return Text(writer->DataArea()); };
+    script.states["data"] = [this] { return Shown(writer->DataArea()); };
     script.states["autos"] = [this] { return std::to_string(autos); };
     script.states["used up"] = [this] { return std::string(writer->OptionArea()[244] >> 4 == 1 ? "yes" : "no"); };
     script.states["count"] = [this] { return std::to_string(writer->OptionArea()[244]); };
@@ -103,11 +89,6 @@ class Standin : public Bench, public ::testing::WithParamInterface<const char*> 
     for (const std::string& byte : Parts(text, ' '))
       bytes.push_back(static_cast<std::uint8_t>(std::stoi(byte, nullptr, 16)));
     return bytes;
-  }
-  static std::string Text(const Bytes& bytes) {
-    std::string text;
-    for (const std::uint8_t byte : bytes) text += Printf(text.empty() ? "%02X" : " %02X", byte);
-    return text;
   }
   void Change(Line c, std::size_t from) {
     for (std::size_t i = from; i < c.cells.size(); ++i) {

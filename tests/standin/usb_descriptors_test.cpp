@@ -1,7 +1,7 @@
 #include "standin/usb_descriptors.h"
 
 #include "data/cases.h"
-#include "platform/text.h"
+#include "support/wire_log.h"
 
 namespace pyxis::test {
 namespace {
@@ -12,9 +12,7 @@ TEST(UsbDescriptors, AnswersToControlRequests) {
     const auto number = [&](std::size_t i) { return static_cast<std::uint16_t>(std::stoi(words.at(i), nullptr, 16)); };
     const auto answer = standin::AnswerControl(
         {static_cast<std::uint8_t>(number(0)), static_cast<std::uint8_t>(number(1)), number(2), number(3), number(4)});
-    std::string text = answer ? "" : "stall";
-    for (const std::uint8_t byte : answer.value_or(Bytes{})) text += Printf(text.empty() ? "%02X" : " %02X", byte);
-    EXPECT_EQ(text, c[1]);
+    EXPECT_EQ(answer ? Hex(answer->data(), answer->size()) : "stall", c[1]);
   });
 }
 
