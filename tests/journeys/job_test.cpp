@@ -29,8 +29,11 @@ class JobScript : public StandinBench, public ::testing::WithParamInterface<cons
   JobScript() : StandinBench(Transport::Vendor) {
     for (const char* label : {"QV8348", "QVL04", "QV4204"}) PutFolderFor(label);
     std::filesystem::current_path(folder);
-    script.actions["run"] = [this](const Case& c) { Run(c[1], c[2]); };
-    script.actions["chip-info at each lost transfer"] = [this](const Case&) {
+    using C = const Case&;
+    auto& on = script.actions;
+    auto& shows = script.states;
+    on["run"] = [this](C c) { Run(c[1], c[2]); };
+    on["chip-info at each lost transfer"] = [this](C) {
       int lost = 0;
       for (exit = 1; exit == 1 && lost < 500; ++lost) {
         writer.faults.disconnectAfter = lost;
@@ -41,25 +44,25 @@ class JobScript : public StandinBench, public ::testing::WithParamInterface<cons
       EXPECT_GT(lost, 10);
     };
     // Cut off once the record has grown by so many bytes.
-    script.actions["cut"] = [this](const Case& c) {
+    on["cut"] = [this](C c) {
       const std::size_t enough = Contents("line.jsonl").size() + static_cast<std::size_t>(c.Number(1));
       cutClock.cut = [=, this] { return Contents("line.jsonl").size() >= enough; };
       EXPECT_THROW(Run(c[2], ""), PowerCut);
       cutClock.cut = [] { return false; };
     };
-    script.actions["fresh chips"] = [this](const Case&) { writer.freshChips = true; };
-    script.actions["new chip"] = [this](const Case&) { writer.chip = {}; };
-    script.actions["fault"] = [this](const Case& c) { EXPECT_TRUE(SetFault(writer.faults, c[1])); };
-    script.actions["link"] = [this](const Case& c) { vendor.pluggedIn = c[1] == "in"; };
-    script.actions["file"] = [this](const Case& c) { WriteText(c[1], c[2]); };
-    script.actions["says"] = [this](const Case& c) { EXPECT_NE(err.find(c[1]), err.npos) << err; };
-    script.actions["serials"] = [this](const Case& c) {
+    on["fresh chips"] = [this](C) { writer.freshChips = true; };
+    on["new chip"] = [this](C) { writer.chip = {}; };
+    on["fault"] = [this](C c) { EXPECT_TRUE(SetFault(writer.faults, c[1])); };
+    on["link"] = [this](C c) { vendor.pluggedIn = c[1] == "in"; };
+    on["file"] = [this](C c) { WriteText(c[1], c[2]); };
+    on["says"] = [this](C c) { EXPECT_NE(err.find(c[1]), err.npos) << err; };
+    on["serials"] = [this](C c) {
       Texts serials, wanted(c.cells.begin() + 1, c.cells.end());
       for (const auto& line : Lines())
         if (line.contains("serial") && line["result"] == "OK") serials.push_back(line["serial"]);
       EXPECT_EQ(serials, wanted);
     };
-    script.actions["record"] = [this](const Case& c) {
+    on["record"] = [this](C c) {
       Texts told, wanted(c.cells.begin() + 1, c.cells.end());
       for (const auto& line : Lines()) {
         told.push_back(line["command"].get<std::string>() + " " + line["result"].get<std::string>());
@@ -69,11 +72,11 @@ class JobScript : public StandinBench, public ::testing::WithParamInterface<cons
       }
       EXPECT_EQ(told, wanted);
     };
-    script.states["exit"] = [this] { return std::to_string(exit); };
-    script.states["out"] = [this] { return out; };
-    script.states["err"] = [this] { return err; };
-    script.states["serial.txt"] = [this] { return Text("serial.txt"); };
-    script.states["protected"] = [this] { return std::to_string(writer.OptionArea()[36] >> 5 & 1); };
+    shows["exit"] = [this] { return std::to_string(exit); };
+    shows["out"] = [this] { return out; };
+    shows["err"] = [this] { return err; };
+    shows["serial.txt"] = [this] { return Text("serial.txt"); };
+    shows["protected"] = [this] { return std::to_string(writer.OptionArea()[36] >> 5 & 1); };
   }
   ~JobScript() override { std::filesystem::current_path(before_); }
 

@@ -50,10 +50,11 @@ TEST_P(WireFaults, ALostLinkOrAStallEndsATask) {
 // Behind a load whose cable went at its very end stands no limit of the job before.
 TEST_P(WireFaults, ACableThatIsPulledLeavesNoLimitOfBefore) {
   Selection& selection = TheAppState().selection;
+  LoadSample("QV8348");
   for (int transfers = 0; transfers < 120; ++transfers) {
     SCOPED_TRACE(transfers);
     selection.ProductionLimitOn = true;
-    LoadSample("QV8348");
+    ExpectLoad("Loading Data Ok");
     EXPECT_TRUE(TheMainControls().verdict.left.has_value());
     selection.ProductionLimitOn = false;
     writer.faults.disconnectAfter = transfers;

@@ -16,13 +16,13 @@ using standin::WriterModel;
 
 class Standin : public Bench, public ::testing::WithParamInterface<const char*> {
  protected:
-  using Line = const Case&;
+  using C = const Case&;
   Standin() {
-    script.actions["writer"] = [this](Line c) {
-      writer = std::make_unique<WriterModel>(c[1] == "KM49" ? Model::Km49 : Model::Km48);
-    };
+    auto& on = script.actions;
+    auto& shows = script.states;
+    on["writer"] = [this](C c) { writer = std::make_unique<WriterModel>(c[1] == "KM49" ? Model::Km49 : Model::Km48); };
     // Steps of the protocol, ";" between them: opcode and bytes, or the number of bytes that are read.
-    script.actions["steps"] = [this](Line c) {
+    on["steps"] = [this](C c) {
       for (const std::string& step : Parts(c[1], ';')) {
         const Texts words = Parts(step, ' ');
         std::uint8_t opcode = 0;
@@ -34,55 +34,53 @@ class Standin : public Bench, public ::testing::WithParamInterface<const char*> 
         }
       }
     };
-    script.actions["job"] = [this](Line c) {
+    on["job"] = [this](C c) {
       option.assign(208, 0);
       option[16] = 0x12;
       option[71] = static_cast<std::uint8_t>(c.Number(1));
       Change(c, 2);
     };
-    script.actions["change"] = [this](Line c) { Change(c, 1); };
-    script.actions["load"] = [this](Line c) { LoadJob(option, Hex(c[1])); };
-    script.actions["chip"] = [this](Line c) {
+    on["change"] = [this](C c) { Change(c, 1); };
+    on["load"] = [this](C c) { LoadJob(option, Hex(c[1])); };
+    on["chip"] = [this](C c) {
       const Texts names{"missing", "blank", "programmed", "protected", "worn"};
       writer->chip.state = static_cast<standin::ChipState>(std::find(names.begin(), names.end(), c[1]) - names.begin());
     };
-    script.actions["byte of the chip"] = [this](Line c) {
+    on["byte of the chip"] = [this](C c) {
       writer->chip.burnt.at(static_cast<std::size_t>(c.Number(1))) = static_cast<std::uint8_t>(c.Number(2));
     };
-    script.actions["task"] = [this](Line c) {
-      Run(c.Number(1), c.cells.size() > 2 ? static_cast<int>(c.Number(2)) : 6);
-    };
-    script.actions["program a new chip"] = [this](Line) {
+    on["task"] = [this](C c) { Run(c.Number(1), c.cells.size() > 2 ? static_cast<int>(c.Number(2)) : 6); };
+    on["program a new chip"] = [this](C) {
       writer->chip = standin::Chip{};
       Run(20, 6);
     };
-    script.actions["autos"] = [this](Line) {  // good ones in a row
+    on["autos"] = [this](C) {  // good ones in a row
       autos = -1;
       do Run(16, 6);
       while (++autos < 9 && verdict == 1);
     };
-    script.actions["lose the host"] = [this](Line) { writer->LoseHost(); };
-    script.actions["pull the cable"] = [this](Line) {
+    on["lose the host"] = [this](C) { writer->LoseHost(); };
+    on["pull the cable"] = [this](C) {
       writer->faults.disconnectAfter = 0;
       EXPECT_EQ(writer->NextTransfer(), standin::Line::Gone);
       writer->faults = {};
     };
-    script.actions["fault"] = [this](Line c) { EXPECT_TRUE(SetFault(writer->faults, c[1])); };
-    script.actions["restart"] = [this](Line) {
+    on["fault"] = [this](C c) { EXPECT_TRUE(SetFault(writer->faults, c[1])); };
+    on["restart"] = [this](C) {
       auto after = std::make_unique<WriterModel>(Model::Km49);
       ASSERT_TRUE(writer->Save(Path("state")) && after->Restore(Path("state")));
       EXPECT_EQ(after->Memory(), writer->Memory());
       writer = std::move(after);
     };
-    script.states["breaches"] = [this] { return std::to_string(writer->Violations().size()); };
-    script.states["verdict"] = [this] { return std::to_string(verdict); };
-    script.states["serial"] = [this] { return verdict == 1 ? Printf("%02X", writer->chip.burnt.at(1)) : "none"; };
-    script.states["burnt"] = [this] { return Shown(writer->chip.burnt); };
-    script.states["blank"] = [this] { return std::string(writer->chip.IsBlank() ? "yes" : "no"); };
-    script.states["data"] = [this] { return Shown(writer->DataArea()); };
-    script.states["autos"] = [this] { return std::to_string(autos); };
-    script.states["used up"] = [this] { return std::string(writer->OptionArea()[244] >> 4 == 1 ? "yes" : "no"); };
-    script.states["count"] = [this] { return std::to_string(writer->OptionArea()[244]); };
+    shows["breaches"] = [this] { return std::to_string(writer->Violations().size()); };
+    shows["verdict"] = [this] { return std::to_string(verdict); };
+    shows["serial"] = [this] { return verdict == 1 ? Printf("%02X", writer->chip.burnt.at(1)) : "none"; };
+    shows["burnt"] = [this] { return Shown(writer->chip.burnt); };
+    shows["blank"] = [this] { return std::string(writer->chip.IsBlank() ? "yes" : "no"); };
+    shows["data"] = [this] { return Shown(writer->DataArea()); };
+    shows["autos"] = [this] { return std::to_string(autos); };
+    shows["used up"] = [this] { return std::string(writer->OptionArea()[244] >> 4 == 1 ? "yes" : "no"); };
+    shows["count"] = [this] { return std::to_string(writer->OptionArea()[244]); };
   }
   static Bytes Hex(const std::string& text) {
     Bytes bytes;
@@ -90,7 +88,7 @@ class Standin : public Bench, public ::testing::WithParamInterface<const char*> 
       bytes.push_back(static_cast<std::uint8_t>(std::stoi(byte, nullptr, 16)));
     return bytes;
   }
-  void Change(Line c, std::size_t from) {
+  void Change(C c, std::size_t from) {
     for (std::size_t i = from; i < c.cells.size(); ++i) {
       const Case pair{Parts(c.cells[i], '='), c.where};
       option.at(static_cast<std::size_t>(pair.Number(0))) = static_cast<std::uint8_t>(pair.Number(1));

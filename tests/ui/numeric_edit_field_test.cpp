@@ -23,51 +23,50 @@ class NumberField : public Bench, public ::testing::WithParamInterface<const cha
     field.TextEdited = [this](const std::string& text) { edited.push_back(text); };
     field.show();
     clipboard.clear();
-    script.actions["put"] = [this](const Case& line) { Put(line[1]); };
-    script.actions["type"] = [this](const Case& line) { QTest::keyClicks(&field, ui::FromText(line[1])); };
-    script.actions["key"] = [this](const Case& line) {
-      const QKeyCombination key = QKeySequence(ui::FromText(line[1]))[0];
+    using C = const Case&;
+    auto& on = script.actions;
+    auto& shows = script.states;
+    on["put"] = [this](C c) { Put(c[1]); };
+    on["type"] = [this](C c) { QTest::keyClicks(&field, ui::FromText(c[1])); };
+    on["key"] = [this](C c) {
+      const QKeyCombination key = QKeySequence(ui::FromText(c[1]))[0];
       QTest::keyClick(&field, key.key(), key.keyboardModifiers());
     };
-    script.actions["clipboard"] = [this](const Case& line) {
-      line[1].empty() ? clipboard.clear() : clipboard.setText(ui::FromText(line[1]));
-    };
-    script.actions["menu"] = [this](const Case& line) { Menu(ui::FromText(line[1])); };
-    script.actions["value"] = [this](const Case& line) {
-      field.SetValue(static_cast<std::uint32_t>(line.Number(1)), line[1].starts_with("0x"));
-    };
-    script.actions["colours"] = [this](const Case&) {
+    on["clipboard"] = [this](C c) { c[1].empty() ? clipboard.clear() : clipboard.setText(ui::FromText(c[1])); };
+    on["menu"] = [this](C c) { Menu(ui::FromText(c[1])); };
+    on["value"] = [this](C c) { field.SetValue(static_cast<std::uint32_t>(c.Number(1)), c[1].starts_with("0x")); };
+    on["colours"] = [this](C) {
       field.SetHexColours({1, 2, 3}, {4, 5, 6});
       field.SetDecimalColours({7, 8, 9}, {10, 11, 12});
     };
-    script.actions["show"] = [this](const Case& line) { field.Show(line[1]); };
-    script.actions["answer each change with"] = [this](const Case& line) {
-      field.TextEdited = [this, text = line[1]](const std::string&) { field.Show(text); };
+    on["show"] = [this](C c) { field.Show(c[1]); };
+    on["answer each change with"] = [this](C c) {
+      field.TextEdited = [this, text = c[1]](const std::string&) { field.Show(text); };
     };
-    script.actions["commit"] = [this](const Case& line) {
+    on["commit"] = [this](C c) {
       QInputMethodEvent typed;
-      typed.setCommitString(ui::FromText(line[1]));
+      typed.setCommitString(ui::FromText(c[1]));
       QApplication::sendEvent(&field, &typed);
     };
-    script.actions["insert"] = [this](const Case& line) { field.insert(ui::FromText(line[1])); };
-    script.actions["read only"] = [this](const Case&) { field.setReadOnly(true); };
-    script.states["field"] = [this] { return Shown(); };
-    script.states["clipboard"] = [this] { return ui::ToText(clipboard.text()); };
-    script.states["number"] = [this] { return std::to_string(field.GetValue()); };
-    script.states["hex"] = [this] {
+    on["insert"] = [this](C c) { field.insert(ui::FromText(c[1])); };
+    on["read only"] = [this](C) { field.setReadOnly(true); };
+    shows["field"] = [this] { return Shown(); };
+    shows["clipboard"] = [this] { return ui::ToText(clipboard.text()); };
+    shows["number"] = [this] { return std::to_string(field.GetValue()); };
+    shows["hex"] = [this] {
       return std::string(field.palette().text().color() == QColor(74, 115, 132) ? "yes" : "no");
     };
-    script.states["text"] = [this] { return ui::ToText(field.text()); };
-    script.states["enabled"] = [this] {
+    shows["text"] = [this] { return ui::ToText(field.text()); };
+    shows["enabled"] = [this] {
       std::string all;
       for (const std::string& row : Parts(rows, '|'))
         if (row != "-") all += row.ends_with("(grey)") ? '-' : 'y';
       return all;
     };
-    script.states["rows"] = [this] { return rows; };
-    script.states["ink"] = [this] { return field.palette().text().color().name().toStdString(); };
-    script.states["ground"] = [this] { return field.palette().base().color().name().toStdString(); };
-    script.states["told"] = [this] {
+    shows["rows"] = [this] { return rows; };
+    shows["ink"] = [this] { return field.palette().text().color().name().toStdString(); };
+    shows["ground"] = [this] { return field.palette().base().color().name().toStdString(); };
+    shows["told"] = [this] {
       std::string all;
       for (const Texts texts[] = {op.Heard(), std::exchange(edited, {})}; const Texts& some : texts)
         for (const std::string& text : some) all += (all.empty() ? "" : " ") + text;

@@ -63,7 +63,8 @@ class WindowScript : public UiBench, public UpdateAgent, public ::testing::WithP
         {"tin of the program folder", [&] { Write("tin/" + line[1] + ".tin", folder::MakeTin(line[1])); }},
         {"open", [&] { Open(); }},
         {"dark", [&] { QApplication::setPalette(QPalette(QColor(60, 60, 60), QColor(45, 45, 48))); }},
-        {"show bytes", [&] { ShowBytes(static_cast<std::size_t>(line.Number(1))); }},
+        {"show bytes", [&] { Write("bytes", Bytes(static_cast<std::size_t>(line.Number(1)))), Show("bytes"); }},
+        {"show file", [&] { Show(line[1]); }},
         {"menu", [&] { EXPECT_TRUE(Choose(what)); }},
         {"grey", [&] { EXPECT_FALSE(Choose(what)); }},
         {"press", [&] { Press(here, what); }},
@@ -135,9 +136,8 @@ class WindowScript : public UiBench, public UpdateAgent, public ::testing::WithP
     folder::BuildProgramFolder(Path("."));
     std::filesystem::create_directory_symlink(PYXIS_BIN_DIR "/../folder/res", Path("res"));
   }
-  void ShowBytes(std::size_t count) {
-    Write("bytes", Bytes(count));
-    ShowFile(Path("bytes"));
+  void Show(const std::string& file) {
+    ShowFile(Path(file));
     QCoreApplication::processEvents();
   }
   static void Key(QWidget& target, const QString& name) {
