@@ -1,9 +1,10 @@
 #include <set>
 
 #include "catalogue/chip_catalogue.h"
+#include "catalogue/ic_select.h"
+#include "data/cases.h"
 #include "platform/text.h"
 #include "pyxisfolder/folder.h"
-#include "support/bench.h"
 #include "support/tsv.h"
 
 namespace pyxis::test {
@@ -55,34 +56,24 @@ TEST_F(Catalogue, EveryFieldOfEveryRow) {
 }
 
 TEST_F(Catalogue, FindsRowsByLabel) {
-  // clang-format off
-  for (const auto& [label, found, wantedList, wantedPlace] : Table<const char*, int, int, int>{
-           {"qv8329_16", 1, 10, 5}, {"QV8305", 0, -1, -1}, {"QV8368_24", 1, 10, 56}, {"QV4101", 1, 0, 0},
-           {"QVL09_48", 1, 12, 0}, {"QVL09", 1, 7, 4}, {"QV8119_28_32_44", 1, 8, 13}, {"QV8329_", 0, -1, -1},
-           {"", 0, -1, -1}}) {
-    // clang-format on
-    SCOPED_TRACE(label);
+  ForEachCase("catalogue_looks.tsv", "labels", [](const Case& c) {
     int list = -1, place = -1;
     TheAppState().selection.ReadSizeBytes = 77;
-    EXPECT_EQ(FindChip(label, list, place), found);
-    EXPECT_EQ(All(list, place, TheAppState().selection.ReadSizeBytes == 77), All(wantedList, wantedPlace, found == 0));
-  }
+    EXPECT_EQ(FindChip(c[0], list, place), c.Number(1) < 0 ? 0 : 1);
+    EXPECT_EQ(All(list, place, TheAppState().selection.ReadSizeBytes == 77),
+              All(c.Number(1), c.Number(2), c.Number(1) < 0));
+  });
 }
 
 TEST_F(Catalogue, FirmwareImages) {
   TheAppState().program.AppDir = "/p/";
-  // clang-format off
-  for (const auto& [label, model, path, code] : Table<const char*, int, const char*, std::uint32_t>{
-           {"QV4206", 1, "/p/firmware48/QV4207.nce", 0x1393}, {"QV4207", 1, "/p/firmware48/QV4207.nce", 0x1393},
-           {"QV8336", 2, "/p/firmware49/QV8336.nce", 0x709}, {"QV8344", 2, "/p/firmware49/QV8344.nce", 0x2709},
-           {"QVL01", 1, "/p/firmware48/all.nce", 0}}) {
-    // clang-format on
+  ForEachCase("catalogue_looks.tsv", "firmware", [](const Case& c) {
     int list = 0, place = 0;
-    ASSERT_EQ(FindChip(label, list, place), 1);
-    const auto firmware = FirmwareFor(Row(list, place).ChipCode, Model{model});
+    ASSERT_EQ(FindChip(c[0], list, place), 1);
+    const auto firmware = FirmwareFor(Row(list, place).ChipCode, c[1] == "KM48" ? Model::Km48 : Model::Km49);
     ASSERT_TRUE(firmware);
-    EXPECT_EQ(All(firmware->path, firmware->FirmwareCode), All(path, code));
-  }
+    EXPECT_EQ(All(firmware->path, firmware->FirmwareCode), All(c[2], c.Number(3)));
+  });
   EXPECT_FALSE(FirmwareFor(0x3702, Model::Km48));
 }
 
@@ -94,6 +85,17 @@ TEST_F(Catalogue, EveryIcHasItsTemplateOnce) {
     EXPECT_TRUE(templates.contains(ic->ChipName)) << ic->ChipName;
     EXPECT_TRUE(templates.contains(ic->templateName)) << ic->ChipName;
   }
+}
+
+// What the dialog does, the window scripts tell.
+TEST_F(Catalogue, IcTypeSelectNeedsAKnownWriter) {
+  CIcSelectDlg dialog;
+  EXPECT_FALSE(dialog.OnInitDialog());
+  EXPECT_EQ(op.Boxes(), (std::vector<Told>{{"Please Power On The Writer", "Message", MessageIcon::Stop}}));
+  TheAppState().writer.WriterModel = Model::Km49;
+  ASSERT_TRUE(dialog.OnInitDialog());
+  dialog.OnSeriesChange(4);
+  EXPECT_EQ(All(dialog.seriesIndex, dialog.typeList), All(12, Texts{"QVL09_48"}));
 }
 
 }  // namespace

@@ -2,13 +2,12 @@
 #include "options/set_protect.h"
 
 #include <cstring>
-#include <sstream>
 
 #include "catalogue/chip_catalogue.h"
+#include "data/cases.h"
 #include "intake/package_files.h"
 #include "options/option_select.h"
 #include "platform/text.h"
-#include "shell/device_arrival.h"
 #include "support/recorded_bench.h"
 
 namespace pyxis::test {
@@ -74,56 +73,38 @@ TEST_P(SetProtect, Events) {
 
 INSTANTIATE_TEST_SUITE_P(BothTransports, SetProtect, kBothTransports);
 
-struct Place {
-  std::size_t byte;
-  int mask;
-  bool setProtects, inConfig;
-  const char* panel;  // what it shows of the pair: the box of a bit that is set, or nothing
-};
-
 class EveryIcsProtection : public SetProtect {};
 
 TEST_P(EveryIcsProtection, IsOneBit) {
-  const Table<const char*, Place> groups{
-      {"QVL13 QV4105 QVL07 QVL04 QVL05 QVL06", {36, 0x01, false, false, "Unprotect"}},
-      {"QV4106 QV4103", {37, 0x01, false, false, "Unprotect"}},
-      {"QV4101 QV4107 QV4201 QV4203 QV4204 QV4205 QV4206 QV4207", {43, 0x01, true, false, "Protect"}},
-      {"QV8101 QV8102 QV8103 QV8104 QV8105 QV8106 QV8108 QV8111 QV8113 QV8115 QV8117 QV8119 QV8120 QV8121 QV8122",
-       {36, 0x80, true, true, ""}},
-      {"QV8202 QV8301 QV8302 QV8303 QV8304 QV8305 QV8306 QV8307 QV8309 QV8310 QV8311 QV8312 QV8315 QV8316 QV8317 "
-       "QV8318 "
-       "QV8319 QV8321 QV8322 QVL09 QVL10 QVL11 QVL12",
-       {36, 0x20, false, true, ""}}};
-  const Place other{36, 0x20, true, true, ""};
+  // By the IC's name, "others" for the rest: byte, mask, a set bit protects, it stands in the configuration word as
+  // well, and what the panel shows of the pair: the box of a set bit, or nothing.
+  std::map<std::string, Case> places;
+  for (const Case& c : Cases("ic_groups.tsv", "protection"))
+    for (const std::string& name : Parts(c[0], ' ')) places[name] = c;
   for (int series = 0; series < kListCount; ++series)
     for (int type = 0; type < static_cast<int>(ChipList(series).size()); ++type) {
       const ChipEntry& row = Row(series, type);
       if (&row != RowOfChip(row.ChipName)) continue;  // the same IC in another package
       SCOPED_TRACE(row.TypeLabel);
-      Place place = other;
-      for (const auto& [names, its] : groups) {
-        std::istringstream in(names);
-        for (std::string name; in >> name;)
-          if (name == row.ChipName) place = its;
-      }
+      const Case& place = places[places.contains(row.ChipName) ? row.ChipName : "others"];
+      const auto at = static_cast<std::size_t>(place.Number(1));
+      const int mask = static_cast<int>(place.Number(2)), bit = mask << 8;
       Hold(row, series, type);
       for (const bool protect : {true, false}) {
         Bytes block = writer.OptionArea();
-        const bool set = protect == place.setProtects;
-        block[place.byte] =
-            static_cast<std::uint8_t>(set ? block[place.byte] | place.mask : block[place.byte] & ~place.mask);
+        const bool set = protect == place.Yes(3);
+        block[at] = static_cast<std::uint8_t>(set ? block[at] | mask : block[at] & ~mask);
         for (const std::int32_t word : {-1, 0x10055}) {
           TheAppState().conversion.SystemConfigWord = word;
           Protect(protect);
-          const int bit = place.mask << 8;
-          EXPECT_EQ(TheAppState().conversion.SystemConfigWord, !place.inConfig ? word
-                                                               : set           ? word | bit
-                                                                               : word & 0xFFFF & ~bit);
+          EXPECT_EQ(TheAppState().conversion.SystemConfigWord, !place.Yes(4) ? word
+                                                               : set         ? word | bit
+                                                                             : word & 0xFFFF & ~bit);
         }
         EXPECT_EQ(writer.OptionArea(), block);
         EXPECT_EQ(Contents(kOptionPackageName), block);
         const MainControls& controls = TheMainControls();
-        const bool shown = *place.panel != '\0', first = set == (std::string(place.panel) == "Unprotect");
+        const bool shown = !place[5].empty(), first = set == (place[5] == "Unprotect");
         EXPECT_EQ(All(controls[ControlId::Unprotect].visible, controls[ControlId::Protect].visible), All(shown, shown));
         if (shown) {
           EXPECT_EQ(All(controls[ControlId::Unprotect].checked, controls[ControlId::Protect].checked),
@@ -143,23 +124,6 @@ TEST_P(EveryIcsProtection, OfAnotherIcsRowIsRefused) {
   Protect(true);
   ExpectEvents(InfoBlock() + Texts{"box [Message, warning] HW and SW Chip Name is discordant"});
   EXPECT_EQ(writer.OptionArea(), before);
-}
-
-class UnderTheDialog : public StandinBench {};
-
-TEST_F(UnderTheDialog, AnotherWritersJobKeepsItsProtection) {
-  LoadSample("QV8348");
-  op.optionSelect = [this](COptionSelectDlg& dialog) {
-    writer.OptionArea()[5] ^= 1;  // QV8348 becomes QV8358
-    OnDeviceEvent({DeviceEvent::Kind::Arrival, kWriterInterfaceClass});
-    dialog.Click(COptionSelectDlg::Protection, 1);
-    dialog.OnOk();
-    return DialogEnd::Ok;
-  };
-  const std::uint8_t before = writer.OptionArea()[36];
-  EXPECT_EQ(OnSetProtect(), Refused(Reason::OtherChip));
-  EXPECT_EQ(op.Heard(), Texts{"HW and SW Chip Name is discordant"});
-  EXPECT_EQ(writer.OptionArea()[36], before);
 }
 
 }  // namespace

@@ -5,7 +5,7 @@
 
 #include <csignal>
 
-#include "support/bench.h"
+#include "data/cases.h"
 
 namespace pyxis::test {
 namespace {
@@ -47,7 +47,7 @@ TEST_F(Record, HoldsAllButTheResultBeforeTheChipIsTouched) {
   EXPECT_EQ(Text(), before + ",\"result\":\"OK\"}\n");
 }
 
-// Cut at every byte, and with what a power cut may leave behind the cut: what is whole stays, the rest counts as not
+// Cut, and with what a power cut may leave behind the cut: what is whole stays, the rest counts as not
 // done.
 TEST_F(Record, AHalfWrittenLineCountsAsNotDone) {
   {
@@ -60,6 +60,8 @@ TEST_F(Record, AHalfWrittenLineCountsAsNotDone) {
   const std::size_t second = whole.find('\n') + 1, serial = whole.find("\"series\"", second);
   for (const std::string& behind : {std::string(), std::string(3, '\0')}) {
     for (std::size_t size = second + 1; size < whole.size(); ++size) {
+      const bool end = size < second + 30 || size + 60 > whole.size() || (size + 4 > serial && size < serial + 4);
+      if (!end && size % 16 != 0) continue;  // the bytes between are all alike
       WriteText("line.jsonl", whole.substr(0, size) + behind);
       std::string notice;
       {
@@ -113,56 +115,39 @@ TEST_F(Record, TellsWhatCantBeHad) {
   EXPECT_NE(first.Begin(Chip("FE")), "");
 }
 
+// "length address start amount direction" of a series.
+LineSeries SeriesOf(const std::string& text) {
+  const Texts words = Parts(text, ' ');
+  return MakeLineSeries(words.at(0), words.at(1), words.at(2), words.at(3), words.at(4));
+}
+
 TEST_F(Record, ASeriesGoesOnBehindItsLastGoodSerial) {
-  using Lines = std::vector<std::pair<std::string, bool>>;
-  const auto resumed = [](const LineSeries& series, const Lines& lines) {
+  ForEachCase("line_record.tsv", "goes on", [](const Case& c) {
     std::vector<RecordedSerial> record;
-    for (const auto& [serial, good] : lines) record.push_back({"QV8348", "1A2B", series, serial, good});
-    const Resumption at = ResumeSeries(record, series, "QV8348", "1A2B");
-    return at.error.empty() ? at.start + " " + at.amount : "refused";
-  };
-  const LineSeries longest = MakeLineSeries("10", "0", std::string(31, 'f') + "0", "10", "low");
-  for (const auto& [series, lines, wanted] : Table<LineSeries, Lines, std::string>{
-           {kSeries, {}, "refused"},
-           {kSeries, {{"FC", false}}, "FC 4"},
-           {kSeries, {{"FC", true}, {"FD", false}}, "FD 3"},
-           {kSeries, {{"FC", true}, {"FD", false}, {"FD", true}, {"FE", true}}, "FF 1"},
-           {kSeries, {{"FF", true}}, "100 0"},
-           {kSeries, {{"FB", true}}, "refused"},
-           {longest, {{std::string(31, 'F') + "E", true}}, std::string(32, 'F') + " 1"},
-           {longest, {{std::string(32, 'F'), true}}, "1" + std::string(32, '0') + " 0"}})
-    EXPECT_EQ(resumed(series, lines), wanted) << lines.size();
+    for (const std::string& chip : Parts(c[1], ' ')) {
+      const Texts words = Parts(chip, '=');
+      record.push_back({"QV8348", "1A2B", SeriesOf(c[0]), words[0], words[1] == "OK"});
+    }
+    const Resumption at = ResumeSeries(record, SeriesOf(c[0]), "QV8348", "1A2B");
+    EXPECT_EQ(at.error.empty() ? at.start + " " + at.amount : "refused", c[2]);
+  });
 }
 
 TEST_F(Record, AnotherSeriesIcOrChecksumIsRefusedWithWhatDiffers) {
   const std::vector<RecordedSerial> record{{"QV8348", "1A2B", kSeries, "FC", true}};
-  for (const auto& [series, ic, checksum, words] : Table<LineSeries, std::string, std::string, Texts>{
-           {kSeries, "QV8329", "1A2B", {"QV8348", "QV8329"}},
-           {kSeries, "QV8348", "1A2C", {"1A2B", "1A2C"}},
-           {MakeLineSeries("2", "3FA", "FC", "4", "low"), "QV8348", "1A2B", {"length 1", "not 2"}},
-           {MakeLineSeries("1", "3FB", "FC", "4", "low"), "QV8348", "1A2B", {"03FA", "03FB"}},
-           {MakeLineSeries("1", "3FA", "FB", "4", "low"), "QV8348", "1A2B", {"FC", "FB"}},
-           {MakeLineSeries("1", "3FA", "FC", "3", "low"), "QV8348", "1A2B", {"amount 4", "not 3"}},
-           {MakeLineSeries("1", "3FA", "FC", "4", "high"), "QV8348", "1A2B", {"low", "high"}}}) {
-    const std::string error = ResumeSeries(record, series, ic, checksum).error;
-    for (const std::string& word : words) EXPECT_NE(error.find(word), std::string::npos) << error << word;
-  }
+  ForEachCase("line_record.tsv", "what differs", [&](const Case& c) {
+    const std::string error = ResumeSeries(record, SeriesOf(c[0]), c[1], c[2]).error;
+    for (const std::size_t word : {3U, 4U}) EXPECT_NE(error.find(c[word]), std::string::npos) << error;
+  });
 }
 
 // Whatever the job's checksum: no serial twice.
 TEST_F(Record, SerialsThatHaveGoneOutBeginNoSeries) {
-  const LineSeries other = MakeLineSeries("1", "3FA", "FE", "1", "low");
   const std::vector<RecordedSerial> record{{"QV8348", "1A2B", kSeries, "FC", true},
-                                           {"QV8348", "0001", other, "FE", true},
+                                           {"QV8348", "0001", MakeLineSeries("1", "3FA", "FE", "1", "low"), "FE", true},
                                            {"QV8348", "1", kSeries, "FF", false}};
-  for (const auto& [start, amount, ic, gone] :
-       Table<std::string, std::string, std::string, bool>{{"FC", "1", "QV8348", true},
-                                                          {"F0", "D", "QV8348", true},
-                                                          {"F0", "C", "QV8348", false},
-                                                          {"FD", "1", "QV8348", false},
-                                                          {"FC", "1", "QV8329", false},
-                                                          {"FF", "1", "QV8348", false}})
-    EXPECT_EQ(!SerialsGoneOut(record, MakeLineSeries("1", "0", start, amount, "low"), ic).empty(), gone) << start << ic;
+  ForEachCase("line_record.tsv", "gone out",
+              [&](const Case& c) { EXPECT_EQ(!SerialsGoneOut(record, SeriesOf(c[0]), c[1]).empty(), c.Yes(2)); });
   EXPECT_NE(ResumeSeries(record, kSeries, "QV8348", "1A2B").error.find("FE"), std::string::npos);
 }
 

@@ -1,5 +1,4 @@
 // pyxiswriter and what talks to it over the local socket, as processes: the library velmarapi and --tell.
-#include <dlfcn.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -9,6 +8,7 @@
 #include "link/writer_commands.h"
 #include "standin/local_client.h"
 #include "support/bench.h"
+#include "system/vendor_library.h"
 
 namespace pyxis::test {
 namespace {
@@ -67,38 +67,26 @@ class Process : public Bench {
   pid_t child_ = -1;
 };
 
-TEST_F(Process, AStallIsSwitchedOnAndOff) {
-  Start();
+TEST_F(Process, StandsStillOrEndsAfterSoManyCalls) {
+  Start({"--stall-after", "1"});
   LocalClient client, another;
   ASSERT_TRUE(client.Open(Socket()) && another.Open(Socket()));
   EXPECT_EQ(Identity(client), kIdentity);
-  EXPECT_EQ(Tell("stall"), 0);
-  client.SetTimeout(milliseconds(20));
-  EXPECT_EQ(Identity(client), "");
-  EXPECT_EQ(Tell("sleep"), 1);
-  EXPECT_EQ(Tell("no-fault"), 0);
-  // Without another Open: the next call connects anew.
-  client.SetTimeout(milliseconds(5000));
-  EXPECT_TRUE(Soon([&] { return Identity(client) == kIdentity; }));
-  EXPECT_EQ(Identity(another), kIdentity);
-  client.Close();
-  EXPECT_EQ(Identity(client), "");
-}
-
-TEST_F(Process, StandsStillOrEndsAfterSoManyCalls) {
-  Start({"--stall-after", "1"});
-  LocalClient client;
-  ASSERT_TRUE(client.Open(Socket()));
-  EXPECT_EQ(Identity(client), kIdentity);
-  client.SetTimeout(milliseconds(20));
-  EXPECT_EQ(Identity(client), "");
-  EXPECT_EQ(Tell("no-fault"), 0);
-  client.SetTimeout(milliseconds(5000));
-  EXPECT_TRUE(Soon([&] { return Identity(client) == kIdentity; }));
+  for (const char* stall : {"", "stall"}) {
+    EXPECT_TRUE(*stall == '\0' || Tell(stall) == 0);
+    client.SetTimeout(milliseconds(20));
+    EXPECT_EQ(Identity(client), "");
+    EXPECT_EQ(Tell("sleep"), 1);
+    EXPECT_EQ(Tell("no-fault"), 0);
+    // Without another Open: the next call connects anew.
+    client.SetTimeout(milliseconds(5000));
+    EXPECT_TRUE(Soon([&] { return Identity(client) == kIdentity; }));
+    EXPECT_EQ(Identity(another), kIdentity);
+  }
+  another.Close();
+  EXPECT_EQ(Identity(another), "");
   EXPECT_EQ(Tell("disconnect-after 2"), 0);
-  EXPECT_EQ(Identity(client), kIdentity);
-  EXPECT_EQ(Identity(client), kIdentity);
-  EXPECT_EQ(Identity(client), "");
+  for (const std::string& identity : {kIdentity, kIdentity, std::string()}) EXPECT_EQ(Identity(client), identity);
   EXPECT_EQ(Stop(), 0);  // it has ended by itself
   EXPECT_EQ(Tell("stall"), 1);
 }
@@ -129,44 +117,29 @@ TEST_F(Process, AStandardOutputWithoutAReaderKillsNothing) {
 }
 
 // The library as a program loads it.
-class Velmarapi : public Process {
- protected:
-  Velmarapi() {
-    setenv("PYXISWRITER_SOCKET", Socket().c_str(), 1);
-    void* const library = dlopen(PYXIS_BIN_DIR "/libvelmarapi.so", RTLD_NOW | RTLD_LOCAL);
-    VMOpen = reinterpret_cast<decltype(VMOpen)>(dlsym(library, "VMOpen"));
-    VMClose = reinterpret_cast<decltype(VMClose)>(dlsym(library, "VMClose"));
-    VMWrite = reinterpret_cast<decltype(VMWrite)>(dlsym(library, "VMWrite"));
-    VMRead = reinterpret_cast<decltype(VMRead)>(dlsym(library, "VMRead"));
-  }
-  ~Velmarapi() override { unsetenv("PYXISWRITER_SOCKET"); }
-  int (*VMOpen)(int, int, int);
-  void (*VMClose)();
-  int (*VMWrite)(std::uint8_t, const std::uint8_t*, std::uint32_t);
-  int (*VMRead)(std::uint8_t, std::uint8_t*, std::uint32_t);
-};
-
-TEST_F(Velmarapi, ConnectsAnewAtTheNextCall) {
-  EXPECT_NE(VMOpen(0x9899, 0, 0), 0);
+TEST_F(Process, VelmarapiConnectsAnewAtTheNextCall) {
+  setenv("PYXISWRITER_SOCKET", Socket().c_str(), 1);
+  VendorLibrary library(PYXIS_BIN_DIR);
+  EXPECT_NE(library.VMOpen(0x9899, 0, 0), 0);
   Start();
-  EXPECT_NE(VMOpen(0x9898, 0, 0), 0);
-  EXPECT_EQ(VMOpen(0x9899, 0, 0), 0);
+  EXPECT_NE(library.VMOpen(0x9898, 0, 0), 0);
+  EXPECT_EQ(library.VMOpen(0x9899, 0, 0), 0);
   const Bytes peek{0, 0, 0xFA, 0x8F}, mode{0};
-  std::uint8_t byte = 0;
   const auto model = [&] {
-    byte = 0;
-    return VMWrite(OP_SET_MODE, mode.data(), 1) == 0 && VMWrite(OP_SET_ADDRESS, peek.data(), 4) == 0 &&
-                   VMRead(OP_READ_MEMORY, &byte, 1) == 0
-               ? byte
-               : 0;
+    std::uint8_t byte = 0;
+    const bool good = library.VMWrite(OP_SET_MODE, mode.data(), 1) == 0 &&
+                      library.VMWrite(OP_SET_ADDRESS, peek.data(), 4) == 0 &&
+                      library.VMRead(OP_READ_MEMORY, &byte, 1) == 0;
+    return good ? byte : 0;
   };
   EXPECT_EQ(model(), 0x98);
   Stop(SIGKILL);
   EXPECT_EQ(model(), 0);
   Start({"--model", "KM49"});
   EXPECT_TRUE(Soon([&] { return model() == 0x99; }));
-  VMClose();
+  library.VMClose();
   EXPECT_EQ(model(), 0);
+  unsetenv("PYXISWRITER_SOCKET");
 }
 
 }  // namespace

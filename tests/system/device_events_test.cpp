@@ -7,8 +7,8 @@
 
 #include <memory>
 
+#include "data/cases.h"
 #include "standin/local_server.h"
-#include "support/bench.h"
 #include "system/local_writer_events.h"
 #include "system/udev_events.h"
 
@@ -16,35 +16,18 @@ namespace pyxis::test {
 namespace {
 
 TEST(UdevEvents, AreTheWritersAlone) {
-  using Properties = std::map<std::string, std::string>;
-  const auto kernel = [](const char* action, const char* product, const char* type = "usb_device") {
-    return Properties{{"ACTION", action}, {"DEVTYPE", type}, {"PRODUCT", product}};
-  };
-  const Properties udev{
-      {"ACTION", "add"}, {"DEVTYPE", "usb_device"}, {"ID_VENDOR_ID", "7a31"}, {"ID_MODEL_ID", "1602"}};
-  // An arrival, a removal or no event.
-  // clang-format off
-  for (const auto& [what, given, kind] : Table<const char*, Properties, char>{
-           {"the writer, by udev", udev, '+'}, {"by the kernel", kernel("add", "7a31/1602/100"), '+'},
-           {"its going", kernel("remove", "7A31/1602/0"), '-'}, {"another product", kernel("add", "7a31/1603/100"), ' '},
-           {"another vendor", kernel("remove", "7a32/1602/100"), ' '}, {"longer numbers", kernel("add", "17a31/1602/100"), ' '},
-           {"numbers and more", kernel("add", "7a31/1602x"), ' '}, {"half of the numbers", kernel("remove", "7a31"), ' '},
-           {"no numbers", {{"ACTION", "remove"}, {"DEVTYPE", "usb_device"}}, ' '},
-           {"an interface of the writer", kernel("add", "7a31/1602/100", "usb_interface"), ' '},
-           {"a driver found", kernel("bind", "7a31/1602/100"), ' '}, {"nothing", {}, ' '}}) {
-    // clang-format on
-    SCOPED_TRACE(what);
-    Properties properties = given;
-    properties["DEVPATH"] = "/devices/usb1/1-2";
+  ForEachCase("system.tsv", "udev", [](const Case& c) {
+    std::map<std::string, std::string> properties{{"DEVPATH", "/devices/usb1/1-2"}};
+    for (const std::string& pair : Parts(c[0], ';'))
+      properties[pair.substr(0, pair.find('='))] = pair.substr(pair.find('=') + 1);
     const auto event = EventOfUdev(properties);
-    ASSERT_EQ(event.has_value(), kind != ' ');
-    if (!event) continue;
-    EXPECT_EQ(event->kind == DeviceEvent::Kind::Arrival ? '+' : '-', kind);
-    EXPECT_EQ(event->deviceName, "/devices/usb1/1-2#{6580898b-0493-40b6-87aa-d307188d4e24}");
-  }
+    EXPECT_EQ(!event ? "none" : event->kind == DeviceEvent::Kind::Arrival ? "+" : "gone", c[1]);
+    if (event) {
+      EXPECT_EQ(event->deviceName, "/devices/usb1/1-2#{6580898b-0493-40b6-87aa-d307188d4e24}");
+    }
+  });
+  EXPECT_TRUE(UdevEvents().Take().empty());
 }
-
-TEST(UdevEvents, AreNoneAtRest) { EXPECT_TRUE(UdevEvents().Take().empty()); }
 
 class LocalWriter : public Bench {
  protected:

@@ -10,7 +10,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
-class UpdateLibraryTest : public Bench {
+class Libraries : public Bench {
  protected:
   // A library of the tests under this name.
   void Copy(const char* library, const std::string& to) {
@@ -18,9 +18,8 @@ class UpdateLibraryTest : public Bench {
     fs::copy_file(std::string(PYXIS_TEST_LIBRARY_DIR "/") + library, folder / to, fs::copy_options::overwrite_existing);
   }
 };
-using VendorLibraryTest = UpdateLibraryTest;
 
-TEST_F(UpdateLibraryTest, PassesTheCallAndItsResultOn) {
+TEST_F(Libraries, UpdatePassesTheCallAndItsResultOn) {
   UpdateLibrary library(PYXIS_TEST_LIBRARY_DIR);
   int window = 0;
   library.SetMainWindow(&window);
@@ -34,7 +33,7 @@ TEST_F(UpdateLibraryTest, PassesTheCallAndItsResultOn) {
   EXPECT_EQ(lastInstance, dlopen(nullptr, RTLD_NOW));
 }
 
-TEST_F(UpdateLibraryTest, WhatIsNoUpdateLibraryIsMissing) {
+TEST_F(Libraries, WhatIsNoLibraryOrLacksACallIsMissing) {
   UpdateLibrary library(folder.string());
   EXPECT_EQ(library.CallUpdateAgent(""), kUpdateAgentMissing);
   WriteText("libUpdateAgent.so", "text");
@@ -43,10 +42,18 @@ TEST_F(UpdateLibraryTest, WhatIsNoUpdateLibraryIsMissing) {
   EXPECT_EQ(library.CallUpdateAgent(""), -7);
   Copy("libvelmarapi.so", "other/libUpdateAgent.so");  // without the call
   UpdateLibrary other(Path("other"));
-  for (int i = 0; i < 2; ++i) EXPECT_EQ(other.CallUpdateAgent(""), kUpdateAgentMissing);
+  VendorLibrary vendor(folder.string());
+  EXPECT_EQ(vendor.VMOpen(0x9899, 0, 0), kVendorLibraryMissing);
+  Copy("libUpdateAgent.so", "libvelmarapi.so");
+  std::uint8_t byte = 7;
+  for (int i = 0; i < 2; ++i) {
+    EXPECT_EQ(other.CallUpdateAgent(""), kUpdateAgentMissing);
+    EXPECT_EQ(vendor.VMOpen(0x9899, 0, 0), kVendorLibraryMissing);
+    EXPECT_EQ(vendor.VMRead(1, &byte, 1), kVendorLibraryMissing);
+  }
 }
 
-TEST_F(VendorLibraryTest, PassesCallsOnOnceItIsOpen) {
+TEST_F(Libraries, VendorPassesCallsOnOnceItIsOpen) {
   VendorLibrary library(PYXIS_TEST_LIBRARY_DIR);
   std::uint8_t byte = 7;
   library.VMSetTimeout(5);
@@ -65,17 +72,6 @@ TEST_F(VendorLibraryTest, PassesCallsOnOnceItIsOpen) {
   const char* (*calls)() = nullptr;
   ASSERT_TRUE(same.Load(PYXIS_TEST_LIBRARY_DIR, "velmarapi") && same.Find("Calls", calls));
   EXPECT_STREQ(calls(), "open 39065 1 2; timeout 5 0 0; write 20 7 2; read 19 0 512; close 0 0 0; open 39065 0 0; ");
-}
-
-TEST_F(VendorLibraryTest, WithoutOneOfItsCallsItIsMissing) {
-  VendorLibrary library(folder.string());
-  EXPECT_EQ(library.VMOpen(0x9899, 0, 0), kVendorLibraryMissing);
-  Copy("libUpdateAgent.so", "libvelmarapi.so");
-  std::uint8_t byte = 7;
-  for (int i = 0; i < 2; ++i) {
-    EXPECT_EQ(library.VMOpen(0x9899, 0, 0), kVendorLibraryMissing);
-    EXPECT_EQ(library.VMRead(1, &byte, 1), kVendorLibraryMissing);
-  }
 }
 
 }  // namespace

@@ -5,8 +5,8 @@
 #include <chrono>
 #include <ctime>
 
+#include "data/cases.h"
 #include "platform/big_digit.h"
-#include "support/bench.h"
 #include "system/broken_pipe.h"
 #include "system/system_clock.h"
 #include "system/system_language.h"
@@ -29,21 +29,16 @@ class Number {
 };
 
 TEST(BigDigit, TextAndBack) {
-  // clang-format off
-  for (const auto& [text, count, back] : Table<const char*, std::size_t, const char*>{
-           {"0", 1, "0"}, {"00fF", 4, "ff"}, {"", 0, "0"}, {"g1", 0, "0"}, {"12x4", 2, "12"},
-           {"ffffffffffffffffffffffffffffffffff", 34, "ffffffffffffffffffffffffffffffffff"}}) {
-    // clang-format on
-    const Number number(text);
-    EXPECT_EQ(All(number.count, number.Text()), All(count, back));
-  }
+  ForEachCase("system.tsv", "big numbers", [](const Case& c) {
+    const Number number(c[0].c_str());
+    EXPECT_EQ(All(number.count, number.Text()), All(static_cast<std::size_t>(c.Number(1)), c[2]));
+  });
   Number number("12345");
   char cut[] = "........";
-  EXPECT_EQ(bdConvToHex(number.bd, cut, 4), 5U);
-  EXPECT_STREQ(cut, "123");
-  EXPECT_EQ(cut[4], '.');
-  EXPECT_EQ(bdConvToHex(number.bd, cut, 0), 5U);
-  EXPECT_STREQ(cut, "123");
+  for (const std::size_t room : {4U, 0U}) {
+    EXPECT_EQ(bdConvToHex(number.bd, cut, room), 5U);
+    EXPECT_EQ(All(std::string(cut), cut[4]), All("123", '.'));
+  }
   bdConvFromHex(number.bd, "g");
   EXPECT_EQ(bdIsZero(number.bd), 1);
   bdFree(&number.bd);
@@ -78,10 +73,9 @@ TEST(SystemClock, IsTheSystems) {
     now = clock.Now();
     after = std::time(nullptr);
   } while (before != after);
-  const std::tm local = *std::gmtime(&(before += 5 * 3600 + 30 * 60));
-  EXPECT_EQ(All(now.year, now.month, now.dayOfWeek, now.day),
-            All(local.tm_year + 1900, local.tm_mon + 1, local.tm_wday, local.tm_mday));
-  EXPECT_EQ(All(now.hour, now.minute, now.second), All(local.tm_hour, local.tm_min, local.tm_sec));
+  const std::tm t = *std::gmtime(&(before += 5 * 3600 + 30 * 60));
+  EXPECT_EQ(All(now.year, now.month, now.dayOfWeek, now.day, now.hour, now.minute, now.second),
+            All(t.tm_year + 1900, t.tm_mon + 1, t.tm_wday, t.tm_mday, t.tm_hour, t.tm_min, t.tm_sec));
   EXPECT_LT(now.milliseconds, 1000);
   unsetenv("TZ");
   using namespace std::chrono;
@@ -91,28 +85,15 @@ TEST(SystemClock, IsTheSystems) {
   EXPECT_LE(tick - early, static_cast<std::uint32_t>(ticks()) - early);
 }
 
-TEST(Language, IdentifiersOfLocales) {
-  // clang-format off
-  for (const auto& [locale, id] : Table<const char*, int>{
-           {"zh_TW.UTF-8", 0x0404}, {"zh_CN.UTF-8", 0x0804}, {"zh_HK", 0x0C04}, {"zh_SG", 0x1004}, {"zh_MO", 0x1404},
-           {"zh_XX", 0x0804}, {"en_US.UTF-8", 0x0409}, {"en_GB", 0x0809}, {"en_ZZ", 0x0409}, {"C", 0x0409},
-           {"C.UTF-8", 0x0409}, {"POSIX", 0x0409}, {"de_DE@euro", 0x0407}, {"de_CH", 0x0807}, {"de", 0x0407},
-           {"ja_JP.eucJP", 0x0411}, {"ko_KR", 0x0412}, {"es_ES", 0x0C0A}, {"es_MX", 0x080A}, {"pt_BR", 0x0416},
-           {"sv_FI", 0x081D}, {"nn_NO", 0x0814}, {"vi_VN", 0x042A}, {"xx_YY", 0x0400}, {"", 0x0400}})
-    // clang-format on
-    EXPECT_EQ(LangIdOfLocale(locale), id) << locale;
-}
-
-TEST(Language, OfTheFirstVariableThatIsSet) {
+TEST(Language, IsThatOfTheFirstVariableThatIsSet) {
+  ForEachCase("system.tsv", "languages", [](const Case& c) { EXPECT_EQ(LangIdOfLocale(c[0]), c.Number(1)); });
   const char* const kVariables[] = {"LC_ALL", "LC_MESSAGES", "LANG"};
   const auto id = [&](const Texts& values) {
     for (std::size_t i = 0; i < values.size(); ++i) setenv(kVariables[i], values[i].c_str(), 1);
     return SystemLanguage().GetSystemDefaultLangID();
   };
-  EXPECT_EQ(id({"zh_TW", "zh_CN", "zh_HK"}), 0x0404);
-  EXPECT_EQ(id({"", "zh_CN", "zh_HK"}), 0x0804);
-  EXPECT_EQ(id({"", "", "zh_HK"}), 0x0C04);
-  EXPECT_EQ(id({"", "", ""}), 0x0409);
+  EXPECT_EQ(All(id({"zh_TW", "zh_CN", "zh_HK"}), id({"", "zh_CN", "zh_HK"}), id({"", "", "zh_HK"}), id({"", "", ""})),
+            All(0x0404, 0x0804, 0x0C04, 0x0409));
   for (const char* variable : kVariables) unsetenv(variable);
   EXPECT_EQ(SystemLanguage().GetSystemDefaultLangID(), 0x0409);
 }

@@ -37,7 +37,7 @@ Bytes Cursor() {
          bitmap;
 }
 
-TEST(CursorPicture, HasPixelsAndHotSpot) {
+TEST(CursorPicture, HasPixelsAndHotSpotOrIsNone) {
   const auto picture = ui::ReadCursorPicture(Cursor());
   ASSERT_TRUE(picture);
   std::vector<QRgb> pixels;
@@ -47,9 +47,6 @@ TEST(CursorPicture, HasPixelsAndHotSpot) {
   for (const auto& [at, byte, hotSpot] : Table<std::size_t, std::uint8_t, QPoint>{
            {9, 0, {2, 1}}, {10, 0, {0, 1}}, {10, 200, {2, 1}}, {12, 2, {2, 1}}, {2, 1, {1, 1}}})  // the last: an icon
     EXPECT_EQ(ui::ReadCursorPicture(With(Cursor(), at, {byte}))->hotSpot, hotSpot) << at;
-}
-
-TEST(CursorPicture, RefusesWhatIsNone) {
   for (const auto& [what, at, byte] : Table<const char*, std::size_t, std::uint8_t>{
            {"another type", 2, 3}, {"no picture", 4, 0}, {"offset", 21, 0x7F}, {"3 bits", 36, 3}})
     EXPECT_FALSE(ui::ReadCursorPicture(With(Cursor(), at, {byte}))) << what;
@@ -59,9 +56,9 @@ TEST(CursorPicture, RefusesWhatIsNone) {
       ui::ReadCursorPicture(With(With(With(Cursor(), 26, {1, 1}), 14, {0, 8}), 6, {0}) + Bytes(2000)));  // 257 wide
 }
 
-class Cursors : public Bench {};
+class Files : public Bench {};
 
-TEST_F(Cursors, GiveWayAndComeBack) {
+TEST_F(Files, CursorsGiveWayAndComeBack) {
   const Bytes whole = ToBytes(folder::MakeAni(folder::DrawMetronome()));
   Write("metronom.ani", whole);
   Write("dinosaur.ani", ToBytes(folder::MakeAni(folder::DrawDinosaur())));
@@ -88,34 +85,25 @@ TEST_F(Cursors, GiveWayAndComeBack) {
   EXPECT_EQ(QApplication::overrideCursor(), nullptr);
 }
 
-class Settings : public Bench {};
-
-TEST_F(Settings, OutliveTheProfile) {
+TEST_F(Files, SettingsOutliveTheProfileOrGiveTheDefault) {
   const QString file = QString::fromStdString(Path("settings.conf"));
   const std::string section = "Application state\\Dockbar\\-SCBar-0";
+  const Table<std::string, std::string, int> values{
+      {section, "m_lpr", 24}, {section + "1", "m_lpr", 25}, {section, "other", -8}};
   {
     ui::SettingsProfile first(file);
     EXPECT_EQ(first.GetProfileInt(section, "m_lpr", 16), 16);
-    first.WriteProfileInt(section, "m_lpr", 24);
-    first.WriteProfileInt(section + "1", "m_lpr", 25);
-    first.WriteProfileInt(section, "other", -8);
+    for (const auto& [where, name, value] : values) first.WriteProfileInt(where, name, value);
   }
   ui::SettingsProfile second(file);
-  EXPECT_EQ(second.GetProfileInt(section, "m_lpr", 16), 24);
-  EXPECT_EQ(second.GetProfileInt(section + "1", "m_lpr", 16), 25);
-  EXPECT_EQ(second.GetProfileInt(section, "other", 16), -8);
-}
-
-TEST_F(Settings, ThatCantBeReadGiveTheDefault) {
+  for (const auto& [where, name, value] : values) EXPECT_EQ(second.GetProfileInt(where, name, 16), value);
   WriteText("bad.conf", "[a]\nb\\text=abc\nb\\empty=\nb\\large=99999999999\n\x01\xFF[[[");
   ui::SettingsProfile broken(QString::fromStdString(Path("bad.conf")));
   for (const char* name : {"text", "empty", "large", "none"})
     EXPECT_EQ(broken.GetProfileInt("a\\b", name, 16), 16) << name;
 }
 
-class Pictures : public Bench {};
-
-TEST_F(Pictures, EveryRowAndModeHasAReadableFigureWithItsPins) {
+TEST_F(Files, EveryRowAndModeHasAReadableFigureWithItsPins) {
   TheAppState().program.StartDirectory = PYXIS_BIN_DIR "/../folder";
   for (int list = 0; list < kListCount; ++list)
     for (const ChipEntry& row : ChipList(list)) {

@@ -11,18 +11,67 @@
 #include <QTimer>
 #include <memory>
 
-#include "support/bench.h"
+#include "data/cases.h"
 #include "ui/qt_text.h"
 
 namespace pyxis::test {
 namespace {
 
-class NumberField : public Bench {
+class NumberField : public Bench, public ::testing::WithParamInterface<const char*> {
  protected:
   NumberField() {
     field.TextEdited = [this](const std::string& text) { edited.push_back(text); };
     field.show();
     clipboard.clear();
+    using C = const Case&;
+    auto& on = script.actions;
+    auto& shows = script.states;
+    on["put"] = [this](C c) { Put(c[1]); };
+    on["type"] = [this](C c) { QTest::keyClicks(&field, ui::FromText(c[1])); };
+    on["key"] = [this](C c) {
+      const QKeyCombination key = QKeySequence(ui::FromText(c[1]))[0];
+      QTest::keyClick(&field, key.key(), key.keyboardModifiers());
+    };
+    on["clipboard"] = [this](C c) { c[1].empty() ? clipboard.clear() : clipboard.setText(ui::FromText(c[1])); };
+    on["menu"] = [this](C c) { Menu(ui::FromText(c[1])); };
+    on["value"] = [this](C c) { field.SetValue(static_cast<std::uint32_t>(c.Number(1)), c[1].starts_with("0x")); };
+    on["colours"] = [this](C) {
+      field.SetHexColours({1, 2, 3}, {4, 5, 6});
+      field.SetDecimalColours({7, 8, 9}, {10, 11, 12});
+    };
+    on["show"] = [this](C c) { field.Show(c[1]); };
+    on["answer each change with"] = [this](C c) {
+      field.TextEdited = [this, text = c[1]](const std::string&) { field.Show(text); };
+    };
+    on["commit"] = [this](C c) {
+      QInputMethodEvent typed;
+      typed.setCommitString(ui::FromText(c[1]));
+      QApplication::sendEvent(&field, &typed);
+    };
+    on["insert"] = [this](C c) { field.insert(ui::FromText(c[1])); };
+    on["read only"] = [this](C) { field.setReadOnly(true); };
+    shows["field"] = [this] { return Shown(); };
+    shows["clipboard"] = [this] { return ui::ToText(clipboard.text()); };
+    shows["number"] = [this] { return std::to_string(field.GetValue()); };
+    shows["hex"] = [this] {
+      return std::string(field.palette().text().color() == QColor(74, 115, 132) ? "yes" : "no");
+    };
+    shows["text"] = [this] { return ui::ToText(field.text()); };
+    shows["enabled"] = [this] {
+      std::string all;
+      for (const std::string& row : Parts(rows, '|'))
+        if (row != "-") all += row.ends_with("(grey)") ? '-' : 'y';
+      return all;
+    };
+    shows["rows"] = [this] { return rows; };
+    shows["ink"] = [this] { return field.palette().text().color().name().toStdString(); };
+    shows["ground"] = [this] { return field.palette().base().color().name().toStdString(); };
+    shows["told"] = [this] {
+      std::string all;
+      for (const Texts texts[] = {op.Heard(), std::exchange(edited, {})}; const Texts& some : texts)
+        for (const std::string& text : some) all += (all.empty() ? "" : " ") + text;
+      return all;
+    };
   }
 
   // Written with its selection in brackets, or a bar for the caret: "0x[12]4", "1F|".
@@ -40,141 +89,29 @@ class NumberField : public Bench {
     return text.insert(static_cast<std::size_t>(field.selectionEnd()), "]")
         .insert(static_cast<std::size_t>(field.selectionStart()), "[");
   }
-  void Key(Qt::Key key, Qt::KeyboardModifiers modifiers = {}) { QTest::keyClick(&field, key, modifiers); }
-  void Ctrl(Qt::Key key) { Key(key, Qt::ControlModifier); }
-  // The rows of the context menu; the one with that text is chosen.
-  std::string Menu(const QString& choose = {}) {
+  // Opens the context menu, and chooses the row with that text.
+  void Menu(const QString& choose) {
     const std::unique_ptr<QMenu> menu(field.MakeMenu());
-    QStringList rows;
+    rows.clear();
     for (QAction* action : menu->actions()) {
-      rows << (action->isSeparator() ? QStringLiteral("-") : action->text() + (action->isEnabled() ? "" : " (grey)"));
+      rows += (rows.empty() ? "" : "|") + (action->isSeparator() ? "-" : ui::ToText(action->text())) +
+              (action->isEnabled() || action->isSeparator() ? "" : " (grey)");
       if (!choose.isEmpty() && action->text() == choose) action->trigger();
     }
-    return ui::ToText(rows.join(QLatin1Char('|')));
   }
 
   ui::NumericEditField field{8, nullptr};
   QClipboard& clipboard = *QApplication::clipboard();
   Texts edited;
+  std::string rows;
+  Script script;
 };
 
-TEST_F(NumberField, KeysAskTheRules) {
-  using Keys = std::function<void()>;
-  const auto type = [&](const char* text) -> Keys { return [=, this] { QTest::keyClicks(&field, text); }; };
-  const auto key = [&](Qt::Key pressed, Qt::KeyboardModifiers modifiers = {}) -> Keys {
-    return [=, this] { Key(pressed, modifiers); };
-  };
-  // clang-format off
-  for (const auto& [before, keys, after] : Table<const char*, Keys, const char*>{
-           {"|", type("0X1f g-"), "0x1F|"}, {"[12]34", type("b"), "B|34"}, {"0|x1", type("5"), "0|x1"},
-           {"1234567|", type("89"), "12345678|"}, {"0|x1", key(Qt::Key_Backspace), "0|x1"},
-           {"0x|1", key(Qt::Key_Backspace), "0|1"}, {"[0x]1", key(Qt::Key_Backspace), "|1"},
-           {"|0x1", key(Qt::Key_Delete), "|0x1"}, {"0|x1", key(Qt::Key_Delete), "0|1"}, {"1|23", key(Qt::Key_Delete), "1|3"},
-           {"[0]x1", key(Qt::Key_X, Qt::ControlModifier), "[0]x1"}, {"[0]x1", key(Qt::Key_Delete, Qt::ShiftModifier), "[0]x1"},
-           {"[12]3", key(Qt::Key_X, Qt::ControlModifier), "|3"}, {"0|x12", key(Qt::Key_Backspace, Qt::ControlModifier), "0|x12"},
-           {"12|34", key(Qt::Key_K, Qt::ControlModifier), "12|34"}, {"12|34", key(Qt::Key_Home), "|1234"},
-           {"12|34", key(Qt::Key_End, Qt::ShiftModifier), "12[34]"}, {"12|", key(Qt::Key_A, Qt::ControlModifier), "[12]"}}) {
-    // clang-format on
-    Put(before);
-    keys();
-    EXPECT_EQ(Shown(), after) << before;
-  }
-}
-
-TEST_F(NumberField, HexModeShowsInTheColoursAndTextEditedTells) {
-  const auto colours = [&] { return std::pair(field.palette().text().color(), field.palette().base().color()); };
-  const std::pair decimal(QColor(192, 97, 10), QColor(251, 244, 170)), hex(QColor(74, 115, 132), QColor(219, 247, 220));
-  EXPECT_EQ(colours(), decimal);
-  QTest::keyClicks(&field, "1gf");
-  EXPECT_EQ(colours(), hex);
-  Key(Qt::Key_Backspace);
-  EXPECT_EQ(colours(), decimal);
-  EXPECT_EQ(edited, (Texts{"1", "1F", "1"}));
-  field.SetValue(0xAB, true);
-  EXPECT_EQ(All(field.text(), field.GetValue(), edited.size()), All(QString("0xab"), 0xABU, std::size_t{3}));
-  EXPECT_EQ(colours(), hex);
-  field.SetHexColours({1, 2, 3}, {4, 5, 6});
-  EXPECT_EQ(colours(), std::pair(QColor(1, 2, 3), QColor(4, 5, 6)));
-  field.SetDecimalColours({7, 8, 9}, {10, 11, 12});
-  field.SetValue(3, false);
-  EXPECT_EQ(colours(), std::pair(QColor(7, 8, 9), QColor(10, 11, 12)));
-}
-
-// A window puts its own text back while it hears of the change.
-TEST_F(NumberField, ShowKeepsTheCaretAlsoInsideAChange) {
-  Put("12|34");
-  field.Show("5678");
-  EXPECT_EQ(Shown(), "56|78");
-  field.TextEdited = [&](const std::string&) { field.Show("1"); };
-  QTest::keyClicks(&field, "9");
-  EXPECT_EQ(Shown(), "1|");
-  Key(Qt::Key_Backspace);
-  EXPECT_EQ(Shown(), "|1");
-}
-
-TEST_F(NumberField, ClipboardKeys) {
-  // clang-format off
-  for (const auto& [before, held, after] : Table<const char*, const char*, const char*>{
-           {"1|", "ab", "1ab|"}, {"1|", "23 4", "1|"}, {"0|x1", "2", "0|x1"}, {"123|", "456789", "123|"},
-           {"[0x]1", "0X2", "0X2|1"}}) {
-    // clang-format on
-    Put(before);
-    clipboard.setText(held);
-    Ctrl(Qt::Key_V);
-    EXPECT_EQ(Shown(), after) << before;
-  }
-  Put("12[34]");
-  Ctrl(Qt::Key_C);
-  EXPECT_EQ(clipboard.text(), "34");
-  Put("[12]34");
-  Ctrl(Qt::Key_X);
-  EXPECT_EQ(clipboard.text(), "12");
-  EXPECT_EQ(op.told, std::vector<Told>{});
-  clipboard.clear();  // this platform then answers that there is none
-  Ctrl(Qt::Key_V);
-  EXPECT_EQ(op.told, (std::vector<Told>{{"Cannot open clipboard!", "Message", MessageIcon::Warning}}));
-  EXPECT_EQ(Shown(), "|34");
-}
-
-TEST_F(NumberField, UndoAndRedo) {
-  Put("0x|");
-  QTest::keyClicks(&field, "12");
-  Ctrl(Qt::Key_Z);
-  EXPECT_EQ(Shown(), "0x|");
-  Ctrl(Qt::Key_Z);
-  EXPECT_EQ(Shown(), "0x|");
-  Key(Qt::Key_Z, Qt::ControlModifier | Qt::ShiftModifier);
-  EXPECT_EQ(Shown(), "0x12|");
-}
-
-TEST_F(NumberField, TheMenuGreysAndActs) {
-  EXPECT_EQ(Menu(),
-            "&Undo (grey)|-|Cu&t (grey)|&Copy (grey)|&Paste (grey)|&Delete (grey)|-|Select &All (grey)|-|"
-            "Con&vert (grey)");
-  // Normalised before each of the first five, whatever it holds: letters capital, x small.
-  const QString held = QString::fromUtf8("0Xab \u00E4");
-  const QString normal = QString::fromUtf8("0xAB \u00C4");
-  // clang-format off
-  for (const auto& [before, choose, after, clip] : Table<const char*, const char*, const char*, QString>{
-           {"1[23]", "Cu&t", "1|", "23"}, {"1[23]", "&Copy", "1[23]", "23"}, {"1[23]", "&Delete", "1|", normal},
-           {"1[23]", "Select &All", "[123]", held}, {"16|", "Con&vert", "0x10|", held}, {"12345678|", "Con&vert", "0xBC614E|", held},
-           {"FFFFFFFFF|", "Con&vert", "FFFFFFFFF|", held}, {"[0]x1", "Cu&t", "[0]x1", held}}) {
-    // clang-format on
-    Put(before);
-    clipboard.setText(held);
-    Menu(choose);
-    EXPECT_EQ(Shown(), after) << before << choose;
-    EXPECT_EQ(clipboard.text(), clip) << before << choose;
-  }
-  Put("[99]");
-  clipboard.setText("0Xfe");
-  EXPECT_EQ(Menu("&Paste"), "&Undo (grey)|-|Cu&t|&Copy|&Paste|&Delete|-|Select &All (grey)|-|Con&vert");
-  EXPECT_EQ(Shown(), "0xFE|");
-  clipboard.setText("say x");
-  Menu("&Undo");
-  EXPECT_EQ(field.text(), "99");
-  EXPECT_EQ(clipboard.text(), "SAY x");
-}
+TEST_P(NumberField, Follows) { script.Run("number_field.tsv", GetParam()); }
+INSTANTIATE_TEST_SUITE_P(Scripts, NumberField,
+                         ::testing::Values("keys ask the rules", "colours", "show", "clipboard", "undo", "menu",
+                                           "typed", "pasted", "removed", "greying", "radix",
+                                           "nothing comes past the rules"));
 
 TEST_F(NumberField, RightClickTakesTheFocusAndOpensTheMenu) {
   QWidget window;
@@ -190,26 +127,8 @@ TEST_F(NumberField, RightClickTakesTheFocusAndOpensTheMenu) {
   });
   QContextMenuEvent event(QContextMenuEvent::Mouse, {1, 1}, field.mapToGlobal(QPoint(1, 1)));
   QApplication::sendEvent(&field, &event);
-  EXPECT_EQ(first, "&Undo");
-  EXPECT_EQ(window.focusWidget(), &field);
+  EXPECT_EQ(All(first, window.focusWidget()), All("&Undo", &field));
   field.setParent(nullptr);
-}
-
-TEST_F(NumberField, NothingComesPastTheRules) {
-  Put("0|x1");
-  QInputMethodEvent typed;
-  typed.setCommitString("5g");
-  QApplication::sendEvent(&field, &typed);
-  EXPECT_EQ(Shown(), "0|x1");
-  Put("1|");
-  QApplication::sendEvent(&field, &typed);
-  EXPECT_EQ(Shown(), "15|");
-  field.insert("x2");  // as an accessibility tool
-  EXPECT_EQ(Shown(), "15|");
-  field.setReadOnly(true);
-  for (const auto key : {Qt::Key_1, Qt::Key_Backspace}) Key(key);
-  Ctrl(Qt::Key_V);
-  EXPECT_EQ(field.text(), "15");
 }
 
 }  // namespace

@@ -3,8 +3,7 @@
 #include <QAbstractButton>
 #include <QAction>
 #include <QApplication>
-#include <QLineEdit>
-#include <QListWidget>
+#include <QLabel>
 #include <QMenu>
 #include <QMenuBar>
 #include <QTest>
@@ -27,8 +26,10 @@ QString Bare(QString text) { return text.remove(QLatin1Char('&')); }
 QWidget& FindControl(QWidget& within, const QString& name) {
   for (QWidget* child : within.findChildren<QWidget*>()) {
     if (child->accessibleName() == name || child->accessibleDescription() == name) return *child;
-    const auto* button = qobject_cast<QAbstractButton*>(child);
-    if (button != nullptr && Bare(button->text()) == name) return *child;
+    const auto* label = qobject_cast<QLabel*>(child);
+    const bool labelled = label != nullptr && label->buddy() != nullptr;
+    if (!labelled && qobject_cast<QAbstractButton*>(child) == nullptr) continue;
+    if (Bare(child->property("text").toString()).trimmed() == name) return labelled ? *label->buddy() : *child;
   }
   throw std::runtime_error("no control " + name.toStdString());
 }
@@ -41,10 +42,16 @@ void PostClick(QWidget& target) {
   }
 }
 
+void PostKey(QWidget& target, int key, const QString& text) {
+  for (const auto kind : {QEvent::KeyPress, QEvent::KeyRelease})
+    QCoreApplication::postEvent(&target, new QKeyEvent(kind, key, Qt::NoModifier, text));
+}
+
 UiBench::UiBench(Transport transport, Model model)
     : StandinBench(transport, model), before_(std::filesystem::current_path()) {
   std::filesystem::current_path(folder);
   TheMachine().op = &qtOp;
+  TheMachine().clock = &hooked;
   PlaySoon();
 }
 
@@ -52,6 +59,7 @@ UiBench::~UiBench() {
   EXPECT_TRUE(script.empty()) << "a window that should have opened didn't";
   window.reset();
   TheMachine().op = &op;
+  TheMachine().clock = &clock;
   std::filesystem::current_path(before_);
 }
 
@@ -62,22 +70,19 @@ void UiBench::HoldJob(const std::string& label, bool burn) {
   TheMachine().op = &qtOp;
 }
 
-void UiBench::ScriptIc(const QString& series, const QString& type, const QString& box) {
-  script.push_back([=](QWidget& dialog) {
-    const auto lists = dialog.findChildren<QListWidget*>();
-    lists[0]->setCurrentItem(lists[0]->findItems(series, Qt::MatchExactly).value(0));
-    lists[1]->setCurrentItem(lists[1]->findItems(type, Qt::MatchExactly).value(0));
-    if (!box.isEmpty()) QTest::keyClick(&FindControl(dialog, box), Qt::Key_Space);
-    QTest::keyClick(&dialog, Qt::Key_Return);
-  });
+void UiBench::Raise(bool arrival) {
+  usb.pluggedIn = arrival;
+  events.Raise(arrival ? DeviceEvent::Kind::Arrival : DeviceEvent::Kind::Removal);
+  QCoreApplication::processEvents();
 }
 
-void UiBench::ScriptFile(const std::string& path) {
-  script.push_back([path](QWidget& dialog) {
-    auto* edit = dialog.findChild<QLineEdit*>(QStringLiteral("fileNameEdit"));
-    edit->setText(QString::fromStdString(path));
-    QTest::keyClick(edit, Qt::Key_Return);
-  });
+void UiBench::PullAndPutBack(const QWidget& open) {
+  for (const bool in : {false, true}) {
+    Raise(in);
+    EXPECT_EQ(TheMainControls().statusBar.pane1 != "USB was not connected", in);
+    EXPECT_EQ(TheAppState().writer.WriterConnected, in);
+  }
+  EXPECT_TRUE(open.isVisible());
 }
 
 void UiBench::Open() {
@@ -89,6 +94,7 @@ void UiBench::Open() {
   TheMachine().view = window.get();
   qtOp.SetMainWindow(window.get());
   window->Start();
+  window->Watch(events);
   window->show();
   ASSERT_TRUE(QTest::qWaitForWindowExposed(window.get()));
 }
@@ -103,23 +109,19 @@ void UiBench::PlaySoon() {
 
 void UiBench::Play() {
   QWidget* modal = QApplication::activeModalWidget();
-  if (modal == nullptr) handled_ = nullptr;
-  if (modal == nullptr || modal == handled_ || !modal->isVisible()) return;
-  QWidget* const around = handled_;  // whose step opened this one
-  handled_ = modal;
+  if (modal == nullptr || handled_.contains(modal) || !modal->isVisible()) return;
+  handled_.append(modal);
   if (auto* box = qobject_cast<QMessageBox*>(modal)) {
     seen.push_back(ui::ToText(box->text()));
     if (const auto step = std::exchange(onBox, nullptr)) step(*box);
-    if (!box->isVisible()) {
-      handled_ = around;
-      return;
+    if (box->isVisible()) {
+      QMessageBox::StandardButton answer = QMessageBox::Ok;
+      if (box->standardButtons() != QMessageBox::Ok) {
+        answer = answers.empty() ? QMessageBox::No : answers.front();
+        if (!answers.empty()) answers.pop_front();
+      }
+      box->button(answer)->click();
     }
-    QMessageBox::StandardButton answer = QMessageBox::Ok;
-    if (box->standardButtons() != QMessageBox::Ok) {
-      answer = answers.empty() ? QMessageBox::No : answers.front();
-      if (!answers.empty()) answers.pop_front();
-    }
-    box->button(answer)->click();
   } else if (script.empty()) {
     ADD_FAILURE() << "unexpected window " << modal->windowTitle().toStdString();
     modal->close();
@@ -128,7 +130,7 @@ void UiBench::Play() {
     script.pop_front();
     step(*modal);
   }
-  handled_ = around;
+  handled_.removeAll(modal);
 }
 
 bool UiBench::Choose(const QString& caption) {

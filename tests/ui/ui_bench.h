@@ -39,6 +39,16 @@ class PipeEvents : public DeviceEvents {
   int ends_[2];
 };
 
+// Calls back once when the program looks at the clock.
+class HookedClock : public FakeClock {
+ public:
+  std::function<void()> hook;
+  std::uint32_t TickCount() override {
+    if (const auto call = std::exchange(hook, nullptr)) call();
+    return FakeClock::TickCount();
+  }
+};
+
 class UiBench : public StandinBench {
  protected:
   explicit UiBench(Transport transport = Transport::Usb, Model model = Model::Km48);
@@ -52,10 +62,9 @@ class UiBench : public StandinBench {
   bool Choose(const QString& caption);
   // A button by its caption without the mnemonic.
   void Press(QWidget& within, const QString& caption);
-
-  // Next steps of the script: a row of IC Type Select, with this box ticked; a file in the file dialog.
-  void ScriptIc(const QString& series, const QString& type, const QString& box = {});
-  void ScriptFile(const std::string& path);
+  void Raise(bool arrival);  // the writer put in or pulled out
+  // Pulls the cable and puts it back under an open window.
+  void PullAndPutBack(const QWidget& open);
 
   std::unique_ptr<ui::MainWindow> window;
   ui::QtOperator qtOp;
@@ -63,20 +72,26 @@ class UiBench : public StandinBench {
   std::deque<QMessageBox::StandardButton> answers;  // to Yes/No boxes; No when empty
   Texts seen;                                       // texts of the message boxes
   std::function<void(QMessageBox&)> onBox;          // gets the next box in place of an answer
+  PipeEvents events;
+  HookedClock hooked;
 
  private:
   void PlaySoon();
   void Play();
   QObject player_;
-  QWidget* handled_ = nullptr;
+  QList<QWidget*> handled_;  // each by a step that isn't over
   std::filesystem::path before_;
 };
 
-// A click that waits in the event queue.
-void PostClick(QWidget& target);
+// Everything that must hold of a window of that name, see every_window_test.cpp.
+void LookAt(QWidget& shown, const std::string& name);
 
-// A child by its accessible name or description, or a button by its caption without the mnemonic. Throws, and so fails
-// the test, when there is none, or none of that class.
+// Input that waits in the event queue.
+void PostClick(QWidget& target);
+void PostKey(QWidget& target, int key, const QString& text = {});
+
+// A child by its accessible name or description, a button by its caption without the mnemonic, or a field by the label
+// in front of it. Throws, and so fails the test, when there is none, or none of that class.
 QWidget& FindControl(QWidget& within, const QString& name);
 template <typename Control = QWidget>
 Control& Find(QWidget& within, const QString& name) {

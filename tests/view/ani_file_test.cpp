@@ -1,8 +1,8 @@
 // Animated cursors: the order and the length of the steps, and the ways in which a file can be broken.
 #include "view/ani_file.h"
 
+#include "data/cases.h"
 #include "platform/byte_order.h"
-#include "support/bench.h"
 
 namespace pyxis::test {
 namespace {
@@ -18,10 +18,25 @@ Bytes Chunk(const std::string& name, const Bytes& data) {
          Bytes(data.size() % 2);
 }
 
-Bytes Header(std::uint32_t frames, std::uint32_t steps, std::uint32_t flags) {
-  return Chunk("anih", Le32(36) + Le32(frames) + Le32(steps) + Bytes(16) + Le32(7) + Le32(flags));
+// A file of chunks: "anih frames steps flags", "rate ticks…", "seq frames…", "fram count…" a list of frames of so many
+// bytes, other names with one byte.
+Bytes Ani(const std::string& chunks, const std::string& form = "ACON") {
+  Bytes file(form.begin(), form.end());
+  for (const std::string& chunk : Parts(chunks, ',')) {
+    const Texts words = Parts(chunk, ' ');
+    Bytes data;
+    for (std::size_t i = 1; i < words.size(); ++i) {
+      const auto number = static_cast<std::uint32_t>(std::stoul(words[i]));
+      if (words[0] == "fram") data = data + Chunk("icon", Bytes(number, static_cast<std::uint8_t>(i)));
+      if (words[0] != "fram") data = data + Le32(number);
+    }
+    if (words[0] == "anih" && words.size() == 4)
+      data = Le32(36) + Part(data, 0, 8) + Bytes(16) + Le32(7) + Part(data, 8, 4);
+    if (words[0] == "fram") data = Bytes{'f', 'r', 'a', 'm'} + data;
+    file = file + Chunk(words[0] == "fram" ? "LIST" : words[0] == "seq" ? "seq " : words[0], data);
+  }
+  return Chunk("RIFF", file);
 }
-Bytes Ani(const Bytes& chunks) { return Chunk("RIFF", Bytes{'A', 'C', 'O', 'N'} + chunks); }
 
 std::string StepsOf(const Bytes& file) {
   const auto cursor = ReadAni(file);
@@ -32,33 +47,13 @@ std::string StepsOf(const Bytes& file) {
 }
 
 TEST(AniFile, StepsComeFromRateAndSequence) {
-  const Bytes icon = Chunk("icon", {1, 2, 3}), fram{'f', 'r', 'a', 'm'}, one = Chunk("LIST", fram + icon);
-  const Bytes two = Chunk("LIST", fram + icon + Chunk("icon", {4}));
-  const Bytes rates = Chunk("rate", Le32(1) + Le32(0) + Le32(99999)), rate = Chunk("rate", Le32(1));
-  const Bytes order = Chunk("seq ", Le32(0) + Le32(1) + Le32(0));
-  // clang-format off
-  for (const auto& [what, file, steps] : Table<const char*, Bytes, const char*>{
-           {"neither", Ani(Header(2, 2, 1) + two), "0:7 1:7 "},
-           {"both, and a stranger", Ani(Chunk("INAM", {1}) + Header(2, 3, 3) + rates + order + two), "0:1 1:1 0:3600 "},
-           {"sequence behind the frames", Ani(Header(2, 3, 3) + two + order), "0:7 1:7 0:7 "},
-           {"sequence too short", Ani(Header(2, 4, 3) + order + two), "nothing"},
-           {"rates too short", Ani(Header(2, 2, 1) + rate + two), "nothing"},
-           {"a frame that isn't there", Ani(Header(1, 3, 3) + order + one), "nothing"},
-           {"no steps", Ani(Header(2, 0, 3) + order + two), "nothing"},
-           {"a frame is missing", Ani(Header(3, 3, 1) + two), "nothing"},
-           {"no frames", Ani(Header(0, 0, 1) + Chunk("LIST", fram)), "nothing"},
-           {"bare bitmaps", Ani(Header(2, 2, 0) + two), "nothing"},
-           {"no header", Ani(two), "nothing"},
-           {"short header", Ani(Chunk("anih", Bytes(35, 1)) + two), "nothing"},
-           {"steps without end", Ani(Header(2, 0xFFFFFFFF, 3) + order + two), "nothing"},
-           {"another form", Chunk("RIFF", Bytes{'W', 'A', 'V', 'E'} + Header(2, 2, 1) + two), "nothing"}})
-    // clang-format on
-    EXPECT_EQ(StepsOf(file), steps) << what;
-  const Bytes whole = Ani(Header(2, 3, 3) + order + two);
+  ForEachCase("ani_files.tsv", "steps", [](const Case& c) { EXPECT_EQ(StepsOf(Ani(c[0])), c[1]); });
+  EXPECT_EQ(StepsOf(Ani("anih 2 2 1,fram 3 1", "WAVE")), "nothing");
+  const Bytes whole = Ani("anih 2 3 3,seq 0 1 0,fram 3 1");
   const auto cursor = ReadAni(whole);
   ASSERT_EQ(cursor->frames.size(), 2U);
-  EXPECT_EQ(Bytes(cursor->frames[0].begin(), cursor->frames[0].end()), (Bytes{1, 2, 3}));
-  EXPECT_EQ(Bytes(cursor->frames[1].begin(), cursor->frames[1].end()), (Bytes{4}));
+  EXPECT_EQ(Bytes(cursor->frames[0].begin(), cursor->frames[0].end()), (Bytes{1, 1, 1}));
+  EXPECT_EQ(Bytes(cursor->frames[1].begin(), cursor->frames[1].end()), (Bytes{2}));
   for (std::size_t length = 0; length < whole.size(); ++length)
     EXPECT_FALSE(ReadAni(std::span(whole).first(length))) << length;
 }

@@ -2,7 +2,8 @@
 
 #include <sys/stat.h>
 
-#include "support/bench.h"
+#include "data/cases.h"
+#include "platform/writer_access.h"
 
 namespace pyxis::test {
 namespace {
@@ -14,27 +15,14 @@ TEST_F(Files, NamesAreFoundAsWindowsWould) {
   Write("Work/Job1.VELMAR", one);
   Write("Work/twins/B.txt", one);
   Write("Work/twins/b.TXT", one);
-  // clang-format off
-  for (const auto& [asked, found] : Table<const char*, const char*>{
-           {"work/job1.velmar", "Work/Job1.VELMAR"}, {"Work/Job1.VELMAR", "Work/Job1.VELMAR"},
-           {"WORK/new.bin", "Work/new.bin"}, {"Work/New.bin", "Work/New.bin"}, {"nowhere/x", "nowhere/x"},
-           {"WORK/no/x.bin", "WORK/no/x.bin"}, {"work/TWINS/b.txt", "Work/twins/B.txt"},
-           {"Work/twins/b.TXT", "Work/twins/b.TXT"}})
-    // clang-format on
-    EXPECT_EQ(ResolvePath(Path(asked)), Path(found));
+  ForEachCase("system.tsv", "names", [&](const Case& c) { EXPECT_EQ(ResolvePath(Path(c[0])), Path(c[1])); });
 }
 
-TEST_F(Files, DirectoriesAndMissingFilesDontOpen) {
+TEST_F(Files, WhatIsNoFileAndAFullDiskFail) {
   std::filesystem::create_directories(folder / "dir");
-  EXPECT_FALSE(OpenFile(Path("dir"), "rb"));
-  EXPECT_FALSE(ReadWholeFile(Path("none")));
-  EXPECT_FALSE(ReadForUpdate(Path("dir")));
+  EXPECT_FALSE(OpenFile(Path("dir"), "rb") || ReadWholeFile(Path("none")) || ReadForUpdate(Path("dir")));
   EXPECT_FALSE(WriteWholeFile(Path("none/x"), {}));
-  EXPECT_TRUE(WriteWholeFile(Path("empty"), {}));
-  EXPECT_TRUE(ReadWholeFile(Path("empty"))->empty());
-}
-
-TEST_F(Files, PipesHugeFilesAndAFullDiskFail) {
+  EXPECT_TRUE(WriteWholeFile(Path("empty"), {}) && ReadWholeFile(Path("empty"))->empty());
   ASSERT_EQ(mkfifo(Path("pipe").c_str(), 0600), 0);
   for (const char* mode : {"rb", "r+b", "wb"}) EXPECT_FALSE(OpenFile(Path("pipe"), mode)) << mode;
   EXPECT_FALSE(WriteWholeFile(Path("pipe"), Bytes(100000)));
@@ -108,11 +96,28 @@ TEST_F(Files, DirectoriesOfTheProcess) {
   std::filesystem::current_path(folder);
   Write("Here.txt", {});
   Write("Sub/There.txt", {});
-  EXPECT_EQ(ResolvePath("here.TXT"), "Here.txt");
-  EXPECT_EQ(ResolvePath("sub//there.txt"), "Sub/There.txt");
-  EXPECT_EQ(ResolvePath(""), "");
-  EXPECT_EQ(ResolvePath("sub/"), "Sub/");
+  for (const auto& [asked, found] : Table<const char*, const char*>{
+           {"here.TXT", "Here.txt"}, {"sub//there.txt", "Sub/There.txt"}, {"", ""}, {"sub/", "Sub/"}})
+    EXPECT_EQ(ResolvePath(asked), found);
   std::filesystem::current_path(before);
+}
+
+// Root may open every file that is there, so the file that can't be opened is one that isn't.
+TEST_F(Files, AWriterThatMayNotBeOpenedIsToldWithItsFile) {
+  const auto device = [this](const std::string& name, const char* vendor, const char* product, const char* number) {
+    for (const auto& [file, text] : Table<const char*, const char*>{
+             {"/idVendor", vendor}, {"/idProduct", product}, {"/busnum", "1\n"}, {"/devnum", number}})
+      WriteText("sys/" + name + file, text);
+  };
+  const auto words = [this] { return MissingRightWords(Path("sys"), Path("dev")); };
+  EXPECT_EQ(words(), "");
+  device("1-1", "7a31\n", "1603\n", "9\n");
+  device("usb1", "1d6b\n", "1602\n", "1\n");
+  EXPECT_EQ(words(), "");
+  device("1-2", "7a31\n", "1602\n", "12\n");
+  EXPECT_NE(words().find(Path("dev/001/012")), std::string::npos);
+  WriteText("dev/001/012", "");
+  EXPECT_EQ(words(), "");
 }
 
 }  // namespace

@@ -1,0 +1,146 @@
+// pyxisjob as a script runs it, in this process: words, standard input, what comes out, exit codes, the line's record.
+#include "job.h"
+
+#include <iostream>
+#include <nlohmann/json.hpp>
+
+#include "data/cases.h"
+#include "link/identification.h"
+#include "platform/text.h"
+#include "shell/process_state.h"
+#include "support/standin_bench.h"
+
+namespace pyxis::test {
+namespace {
+
+struct PowerCut {};
+
+class CutClock : public FakeClock {
+ public:
+  std::function<bool()> cut = [] { return false; };
+  std::uint32_t TickCount() override {
+    if (cut()) throw PowerCut{};
+    return FakeClock::TickCount();
+  }
+};
+
+class JobScript : public StandinBench, public ::testing::WithParamInterface<const char*> {
+ protected:
+  JobScript() : StandinBench(Transport::Vendor) {
+    for (const char* label : {"QV8348", "QVL04", "QV4204"}) PutFolderFor(label);
+    std::filesystem::current_path(folder);
+    using C = const Case&;
+    auto& on = script.actions;
+    auto& shows = script.states;
+    on["run"] = [this](C c) { Run(c[1], c[2]); };
+    on["chip-info at each lost transfer"] = [this](C) {
+      int lost = 0;
+      for (exit = 1; exit == 1 && lost < 500; ++lost) {
+        writer.faults.disconnectAfter = lost;
+        Run("chip-info", "");
+        EXPECT_EQ(exit, vendor.pluggedIn && lost > 0 ? 0 : 1) << lost;
+        vendor.pluggedIn = true;
+      }
+      EXPECT_GT(lost, 10);
+    };
+    // Cut off once the record has grown by so many bytes.
+    on["cut"] = [this](C c) {
+      const std::size_t enough = Contents("line.jsonl").size() + static_cast<std::size_t>(c.Number(1));
+      cutClock.cut = [=, this] { return Contents("line.jsonl").size() >= enough; };
+      EXPECT_THROW(Run(c[2], ""), PowerCut);
+      cutClock.cut = [] { return false; };
+    };
+    on["fresh chips"] = [this](C) { writer.freshChips = true; };
+    on["new chip"] = [this](C) { writer.chip = {}; };
+    on["fault"] = [this](C c) { EXPECT_TRUE(SetFault(writer.faults, c[1])); };
+    on["link"] = [this](C c) { vendor.pluggedIn = c[1] == "in"; };
+    on["file"] = [this](C c) { WriteText(c[1], c[2]); };
+    on["says"] = [this](C c) { EXPECT_NE(err.find(c[1]), err.npos) << err; };
+    on["serials"] = [this](C c) {
+      Texts serials, wanted(c.cells.begin() + 1, c.cells.end());
+      for (const auto& line : Lines())
+        if (line.contains("serial") && line["result"] == "OK") serials.push_back(line["serial"]);
+      EXPECT_EQ(serials, wanted);
+    };
+    on["record"] = [this](C c) {
+      Texts told, wanted(c.cells.begin() + 1, c.cells.end());
+      for (const auto& line : Lines()) {
+        told.push_back(line["command"].get<std::string>() + " " + line["result"].get<std::string>());
+        EXPECT_EQ(All(line["ic"], line["checksum"]), All("QV8348", Lines()[0]["checksum"])) << line;
+        EXPECT_EQ(line["converted"], "2015-03-05T09:07:03");
+        EXPECT_EQ(line["writer"]["identity"], writer.identity);
+      }
+      EXPECT_EQ(told, wanted);
+    };
+    shows["exit"] = [this] { return std::to_string(exit); };
+    shows["out"] = [this] { return out; };
+    shows["err"] = [this] { return err; };
+    shows["serial.txt"] = [this] { return Text("serial.txt"); };
+    shows["protected"] = [this] { return std::to_string(writer.OptionArea()[36] >> 5 & 1); };
+  }
+  ~JobScript() override { std::filesystem::current_path(before_); }
+
+  std::string Text(const std::string& name) const {
+    const Bytes bytes = Contents(name);
+    return {bytes.begin(), bytes.end()};
+  }
+  std::vector<nlohmann::json> Lines() const {
+    std::vector<nlohmann::json> lines;
+    for (const std::string& line : Parts(Text("line.jsonl"), '\n')) lines.push_back(nlohmann::json::parse(line));
+    return lines;
+  }
+
+  // A process: $8348 stands for an IC and its file.
+  void Run(std::string words, const std::string& input) {
+    const std::string sample = "--ic QV8348 samples/QV8348.hex";
+    if (const auto at = words.find("$8348"); at != words.npos) words.replace(at, 5, sample);
+    CloseTransport();
+    ResetProcessState();
+    job::Job job;
+    TheMachine().op = &job.op;
+    TheMachine().clock = &cutClock;
+    TheMachine().language = &language;
+    TheMachine().usb = &usb;
+    TheMachine().vendor = &vendor;
+    usb.pluggedIn = false;
+    Texts arguments = Parts("pyxisjob --folder . " + words, ' ');
+    std::vector<char*> argv;
+    for (std::string& word : arguments) argv.push_back(word == "''" ? (word.clear(), word.data()) : word.data());
+    std::istringstream in(input);
+    std::streambuf* const keyboard = std::cin.rdbuf(in.rdbuf());
+    std::cin.clear();
+    testing::internal::CaptureStdout();
+    testing::internal::CaptureStderr();
+    const auto end = [&] {
+      out = testing::internal::GetCapturedStdout();
+      err = testing::internal::GetCapturedStderr();
+      std::cin.rdbuf(keyboard);
+      TheMachine().diagnostics = nullptr;
+      TheMachine().op = &op;
+    };
+    try {
+      exit = RunCommandLine(job, static_cast<int>(argv.size()), argv.data());
+    } catch (const PowerCut&) {
+      end();
+      throw;
+    }
+    end();
+  }
+
+  CutClock cutClock;
+  std::string out, err;
+  int exit = -1;
+  Script script;
+
+ private:
+  const std::filesystem::path before_ = std::filesystem::current_path();
+};
+
+TEST_P(JobScript, Runs) { script.Run("pyxisjob.tsv", GetParam()); }
+INSTANTIATE_TEST_SUITE_P(All, JobScript,
+                         ::testing::Values("arguments", "a series prints a line a chip", "tasks and the job",
+                                           "a dead link", "a refused place", "no serial twice after power cuts",
+                                           "the record"));
+
+}  // namespace
+}  // namespace pyxis::test
