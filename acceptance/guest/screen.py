@@ -197,11 +197,19 @@ class Program:
             raise Failure(f"{failure}; in front: {self.words(window) if window else 'none'}")
 
     def wait_message(self, text, seconds=60):
-        """Waits for a message box with the text, and presses Enter in it."""
+        """Waits for a message box with the text, and presses Enter in it. One that tells something else won't go away by
+        itself."""
+        others = []
+
         def there():
             check(self.alive(), f"the program has ended with {self.process.poll()}")
             window = self.dialog()
-            return window if window is not None and text in self.words(window) else None
+            words = self.words(window) if window is not None else ""
+            if text in words:
+                return window
+            others[:] = others + [words] if words and self._quietly(window.get_role_name) == "alert" else []
+            check(len(others) < 20 or len(set(others[-20:])) > 1, f"not \"{text}\": {words}")
+            return None
         try:
             window = until(there, seconds, f"the message \"{text}\"")
         except Failure as failure:

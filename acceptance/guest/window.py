@@ -84,7 +84,12 @@ def serial():
     shot("serial_program")
     check(seen[:3] == ["3", "0", "3"], f"OK, NG, Total, next: {seen}")
     window.shut("alt+c", 1)
-    return f"OK, NG, Total, next: {seen}"
+    # The writer holds the job of the series now: nothing but a new load ends that.
+    window.press("u")
+    told = window.wait_message("Please Reload Program File")
+    window.load_file(sample("QV8348.hex"))
+    loaded = window.wait_message("Loading Data Ok", 90)
+    return f"OK, NG, Total, next: {seen}; Auto behind it: {told}; {loaded}"
 
 
 @step("window: cable out and in while idle")
@@ -160,8 +165,11 @@ under("IC Type Select", lambda: window.press("d"), "IC Type Select")
 under("the file dialog", lambda: window.choose_menu("f", 0), "Open")
 under("Serial Number Program", lambda: window.choose_menu("o", 1), "Serial Number Program")
 under("Serial Number Set", serial_set, "Serial Number Set", windows=2)
+under("Compare File", lambda: window.choose_menu("o", 3), "Download File Information")
+under("Set Protect", lambda: window.choose_menu("o", 4), "Option Select 1")
 under("Smart Option", lambda: window.press("s"), "")
 under("Read Chip Info", lambda: window.choose_menu("o", 5), "")
+under("Go to address", lambda: key("alt+k", "Tab", "ctrl+g"), "Go to address")
 under("About", lambda: window.press("a"), "About PyxisLoad")
 under("the question of Exit", lambda: window.choose_menu("f", 2), "", at_once=False)
 under("a result", lambda: window.press("v"), "", at_once=False)
