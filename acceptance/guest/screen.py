@@ -54,7 +54,7 @@ class Program:
     def __init__(self):
         settings = dict(os.environ, QT_LINUX_ACCESSIBILITY_ALWAYS_ON="1", QT_QPA_PLATFORM="xcb")
         folder = os.path.expanduser("~") if INSTALLED else FOLDER
-        log = open(os.path.expanduser("~/pyxisload.log"), "w")
+        log = open("/share/pyxisload.log", "a")
         self.process = subprocess.Popen([program("pyxisload")], cwd=folder, env=settings, stdout=log, stderr=log)
         _background.append(self.process)
         self.application = until(self._find, 90, "the program among the accessible ones")
@@ -129,6 +129,11 @@ class Program:
             if (item.get_name() or "").strip().startswith(name.strip()) and role in (None, item.get_role_name()):
                 return item
         raise Failure(f"nothing is called {name}")
+
+    def shows(self, name):
+        """Whether the main window shows something that is called so."""
+        return any((item.get_name() or "").startswith(name) and item.get_state_set().contains(Atspi.StateType.SHOWING)
+                   for item in self._walk(self.main))
 
     def item_soon(self, window, name, role=None):
         """The same where the program may still be busy, or the window still filling."""

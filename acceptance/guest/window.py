@@ -3,7 +3,7 @@ import glob
 import time
 
 import screen
-from bench import catalogue, check, device, host, plug, sample, step, transfers, unplug, until
+from bench import catalogue, check, device, host, plug, replug, sample, step, transfers, unplug, until, without_right
 from screen import CONNECTED, GONE, key, shot, write
 
 window = None
@@ -28,13 +28,15 @@ def end():
 
 
 def after_failure(title):
-    """The next step finds the window without dialogs, and the writer plugged in."""
+    """The next step finds the window without dialogs, and the writer plugged in and shown."""
     shot("failed")
     host("tell no-fault")
     if window.alive():
         window.close_all()
     if device() is None:
         plug()
+    elif window.alive() and CONNECTED not in window.link():
+        replug()
 
 
 @step("window: starts and finds the writer")
@@ -104,6 +106,17 @@ def idle():
     check(window.dialogs() == [], f"open: {window.dialogs()}")
     window.press("u")
     return "out: " + GONE + "; in again: " + window.wait_message("Auto OK")
+
+
+@step("window: the writer comes without the right to it")
+def no_right():
+    with without_right():
+        until(lambda: window._quietly(lambda: window.shows("No right to open the writer")), 40, "the words of it")
+        window.wait_link(GONE)
+        shot("no_right")
+    window.wait_link(CONNECTED)
+    check(not window.shows("No right to open the writer"), "the words stay")
+    return "No right to open the writer, " + GONE + "; with the right again connected"
 
 
 @step("window: another device in and out")
