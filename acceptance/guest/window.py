@@ -182,7 +182,6 @@ under("Compare File", lambda: window.choose_menu("o", 3), "Download File Informa
 under("Set Protect", lambda: window.choose_menu("o", 4), "Option Select 1")
 under("Smart Option", lambda: window.press("s"), "")
 under("Read Chip Info", lambda: window.choose_menu("o", 5), "")
-under("Go to address", lambda: key("alt+k", "Tab", "ctrl+g"), "Go to address")
 under("About", lambda: window.press("a"), "About PyxisLoad")
 under("the question of Exit", lambda: window.choose_menu("f", 2), "", at_once=False)
 under("a result", lambda: window.press("v"), "", at_once=False)
