@@ -4,7 +4,7 @@ import pwd
 import subprocess
 
 from bench import (INSTALLED, another_writer, catalogue, check, device, job, node, options_of, program, read, sample,
-                   sample_of, step, until, usable)
+                   sample_of, step, until, usable, without_right)
 
 
 @step("kernel, udev and the right to the device")
@@ -33,6 +33,15 @@ def writer():
     seen = job("writer")
     check(seen["transport"] == "usb" and seen["model_register"] == 0x98, str(seen))
     return f"{seen['identity']} over {seen['transport']}"
+
+
+@step("pyxisjob without the right to the device")
+def no_right():
+    with without_right():
+        seen = job("writer", code=1)["messages"]
+    check("no right to open it" in str(seen), str(seen))
+    job("writer")
+    return f"{seen}; with the right again it answers"
 
 
 def add_command(title, *arguments, code=0, expect=None):

@@ -54,7 +54,7 @@ class Program:
     def __init__(self):
         settings = dict(os.environ, QT_LINUX_ACCESSIBILITY_ALWAYS_ON="1", QT_QPA_PLATFORM="xcb")
         folder = os.path.expanduser("~") if INSTALLED else FOLDER
-        log = open(os.path.expanduser("~/pyxisload.log"), "w")
+        log = open("/share/pyxisload.log", "a")
         self.process = subprocess.Popen([program("pyxisload")], cwd=folder, env=settings, stdout=log, stderr=log)
         _background.append(self.process)
         self.application = until(self._find, 90, "the program among the accessible ones")
@@ -130,6 +130,11 @@ class Program:
                 return item
         raise Failure(f"nothing is called {name}")
 
+    def shows(self, name):
+        """Whether the main window shows something that is called so."""
+        return any((item.get_name() or "").startswith(name) and item.get_state_set().contains(Atspi.StateType.SHOWING)
+                   for item in self._walk(self.main))
+
     def item_soon(self, window, name, role=None):
         """The same where the program may still be busy, or the window still filling."""
         def there():
@@ -197,11 +202,19 @@ class Program:
             raise Failure(f"{failure}; in front: {self.words(window) if window else 'none'}")
 
     def wait_message(self, text, seconds=60):
-        """Waits for a message box with the text, and presses Enter in it."""
+        """Waits for a message box with the text, and presses Enter in it. One that tells something else won't go away by
+        itself."""
+        others = []
+
         def there():
             check(self.alive(), f"the program has ended with {self.process.poll()}")
             window = self.dialog()
-            return window if window is not None and text in self.words(window) else None
+            words = self.words(window) if window is not None else ""
+            if text in words:
+                return window
+            others[:] = others + [words] if words and self._quietly(window.get_role_name) == "alert" else []
+            check(len(others) < 20 or len(set(others[-20:])) > 1, f"not \"{text}\": {words}")
+            return None
         try:
             window = until(there, seconds, f"the message \"{text}\"")
         except Failure as failure:

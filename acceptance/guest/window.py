@@ -3,7 +3,7 @@ import glob
 import time
 
 import screen
-from bench import catalogue, check, device, host, plug, sample, step, transfers, unplug, until
+from bench import catalogue, check, device, host, plug, replug, sample, step, transfers, unplug, until, without_right
 from screen import CONNECTED, GONE, key, shot, write
 
 window = None
@@ -28,13 +28,15 @@ def end():
 
 
 def after_failure(title):
-    """The next step finds the window without dialogs, and the writer plugged in."""
+    """The next step finds the window without dialogs, and the writer plugged in and shown."""
     shot("failed")
     host("tell no-fault")
     if window.alive():
         window.close_all()
     if device() is None:
         plug()
+    elif window.alive() and CONNECTED not in window.link():
+        replug()
 
 
 @step("window: starts and finds the writer")
@@ -84,7 +86,12 @@ def serial():
     shot("serial_program")
     check(seen[:3] == ["3", "0", "3"], f"OK, NG, Total, next: {seen}")
     window.shut("alt+c", 1)
-    return f"OK, NG, Total, next: {seen}"
+    # The writer holds the job of the series now: nothing but a new load ends that.
+    window.press("u")
+    told = window.wait_message("Please Reload Program File")
+    window.load_file(sample("QV8348.hex"))
+    loaded = window.wait_message("Loading Data Ok", 90)
+    return f"OK, NG, Total, next: {seen}; Auto behind it: {told}; {loaded}"
 
 
 @step("window: cable out and in while idle")
@@ -99,6 +106,17 @@ def idle():
     check(window.dialogs() == [], f"open: {window.dialogs()}")
     window.press("u")
     return "out: " + GONE + "; in again: " + window.wait_message("Auto OK")
+
+
+@step("window: the writer comes without the right to it")
+def no_right():
+    with without_right():
+        until(lambda: window._quietly(lambda: window.shows("No right to open the writer")), 40, "the words of it")
+        window.wait_link(GONE)
+        shot("no_right")
+    window.wait_link(CONNECTED)
+    check(not window.shows("No right to open the writer"), "the words stay")
+    return "No right to open the writer, " + GONE + "; with the right again connected"
 
 
 @step("window: another device in and out")
@@ -160,6 +178,8 @@ under("IC Type Select", lambda: window.press("d"), "IC Type Select")
 under("the file dialog", lambda: window.choose_menu("f", 0), "Open")
 under("Serial Number Program", lambda: window.choose_menu("o", 1), "Serial Number Program")
 under("Serial Number Set", serial_set, "Serial Number Set", windows=2)
+under("Compare File", lambda: window.choose_menu("o", 3), "Download File Information")
+under("Set Protect", lambda: window.choose_menu("o", 4), "Option Select 1")
 under("Smart Option", lambda: window.press("s"), "")
 under("Read Chip Info", lambda: window.choose_menu("o", 5), "")
 under("About", lambda: window.press("a"), "About PyxisLoad")

@@ -3,6 +3,7 @@
 #include <libudev.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <charconv>
 #include <string_view>
 
@@ -56,6 +57,17 @@ std::optional<DeviceEvent> EventOfUdev(const std::map<std::string, std::string>&
                      std::string(Find(properties, "DEVPATH")) + "#{" + kWriterInterfaceClass + "}"};
 }
 
+std::optional<DeviceEvent> UdevOrder::EventOf(const std::map<std::string, std::string>& properties) {
+  const auto event = EventOfUdev(properties);
+  if (!event) return std::nullopt;
+  const std::string_view text = Find(properties, "SEQNUM");
+  unsigned long long number = 0;
+  if (std::from_chars(text.data(), text.data() + text.size(), number).ec != std::errc()) return event;
+  if (event->kind == DeviceEvent::Kind::Removal && number < arrived_) return std::nullopt;
+  if (event->kind == DeviceEvent::Kind::Arrival) arrived_ = std::max(arrived_, number);
+  return event;
+}
+
 void UdevEvents::Release::operator()(udev* handle) const { udev_unref(handle); }
 void UdevEvents::Release::operator()(udev_monitor* monitor) const { udev_monitor_unref(monitor); }
 
@@ -84,8 +96,9 @@ std::vector<DeviceEvent> UdevEvents::Take() {
       const char* value = udev_list_entry_get_value(entry);
       properties[udev_list_entry_get_name(entry)] = value == nullptr ? "" : value;
     }
+    properties["SEQNUM"] = std::to_string(udev_device_get_seqnum(device));
     udev_device_unref(device);
-    if (auto event = EventOfUdev(properties)) events.push_back(*std::move(event));
+    if (auto event = order_.EventOf(properties)) events.push_back(*std::move(event));
   }
   return events;
 }

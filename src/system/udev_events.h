@@ -18,6 +18,17 @@ namespace pyxis {
 // kernel sends with removals too. The event's name is the device's path with the interface class in braces behind it.
 std::optional<DeviceEvent> EventOfUdev(const std::map<std::string, std::string>& properties);
 
+// udev tells of several devices in any order: of a writer whose cable has moved to another plug first that it is here,
+// and then that it was gone. By the kernel's number of the events (SEQNUM) a removal older than an arrival that has
+// been told is no event.
+class UdevOrder {
+ public:
+  std::optional<DeviceEvent> EventOf(const std::map<std::string, std::string>& properties);
+
+ private:
+  unsigned long long arrived_ = 0;
+};
+
 class UdevEvents : public DeviceEvents {
  public:
   // Listens to udev, or to the kernel on a machine where no udev runs. Without either there are no events.
@@ -32,6 +43,7 @@ class UdevEvents : public DeviceEvents {
   };
   std::unique_ptr<udev, Release> udev_;
   std::unique_ptr<udev_monitor, Release> monitor_;
+  UdevOrder order_;
 };
 
 }  // namespace pyxis

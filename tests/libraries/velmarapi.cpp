@@ -6,7 +6,9 @@ namespace {
 std::string theCalls;
 
 void Add(const char* name, long a, long b, long c) {
-  theCalls += name + (" " + std::to_string(a)) + " " + std::to_string(b) + " " + std::to_string(c) + "; ";
+  theCalls += name;
+  for (const long number : {a, b, c}) theCalls.append(" ").append(std::to_string(number));
+  theCalls += "; ";
 }
 }  // namespace
 

@@ -29,6 +29,34 @@ TEST(UdevEvents, AreTheWritersAlone) {
   EXPECT_TRUE(UdevEvents().Take().empty());
 }
 
+<<<<<<< HEAD
+=======
+// A cable that goes from one plug to another: udev may tell the two devices' events in the wrong order.
+TEST(UdevEvents, LeaveOutARemovalThatAnArrivalHasOvertaken) {
+  for (const auto& [what, told, news] : Table<const char*, std::vector<const char*>, std::string>{
+           {"in order", {"remove 7", "add 9"}, "-+"},
+           {"overtaken", {"add 9", "remove 7"}, "+"},
+           {"and gone again", {"add 9", "remove 12", "remove 7"}, "+-"},
+           {"by the second of two", {"add 9", "add 5", "remove 7"}, "++"},
+           {"longer numbers", {"add 9", "remove 10", "add 101", "remove 99"}, "+-+"},
+           {"without numbers", {"add", "remove"}, "+-"}}) {
+    SCOPED_TRACE(what);
+    UdevOrder order;
+    std::string seen;
+    for (const std::string text : told) {
+      const std::size_t blank = text.find(' ');
+      std::map<std::string, std::string> properties{
+          {"ACTION", text.substr(0, blank)}, {"DEVTYPE", "usb_device"}, {"PRODUCT", "7a31/1602/100"}};
+      if (blank != std::string::npos) properties["SEQNUM"] = text.substr(blank + 1);
+      if (const auto event = order.EventOf(properties)) seen += event->kind == DeviceEvent::Kind::Arrival ? '+' : '-';
+    }
+    EXPECT_EQ(seen, news);
+  }
+}
+
+TEST(UdevEvents, AreNoneAtRest) { EXPECT_TRUE(UdevEvents().Take().empty()); }
+
+>>>>>>> acc
 class LocalWriter : public Bench {
  protected:
   // "+" for an arrival and "-" for a removal; each carries the interface class.
