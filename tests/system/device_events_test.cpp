@@ -29,8 +29,6 @@ TEST(UdevEvents, AreTheWritersAlone) {
   EXPECT_TRUE(UdevEvents().Take().empty());
 }
 
-<<<<<<< HEAD
-=======
 // A cable that goes from one plug to another: udev may tell the two devices' events in the wrong order.
 TEST(UdevEvents, LeaveOutARemovalThatAnArrivalHasOvertaken) {
   for (const auto& [what, told, news] : Table<const char*, std::vector<const char*>, std::string>{
@@ -54,9 +52,6 @@ TEST(UdevEvents, LeaveOutARemovalThatAnArrivalHasOvertaken) {
   }
 }
 
-TEST(UdevEvents, AreNoneAtRest) { EXPECT_TRUE(UdevEvents().Take().empty()); }
-
->>>>>>> acc
 class LocalWriter : public Bench {
  protected:
   // "+" for an arrival and "-" for a removal; each carries the interface class.
