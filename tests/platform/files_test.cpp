@@ -3,6 +3,8 @@
 #include <sys/stat.h>
 
 #include "data/cases.h"
+#include "platform/clock.h"
+#include "platform/diagnostics.h"
 #include "platform/writer_access.h"
 
 namespace pyxis::test {
@@ -118,6 +120,20 @@ TEST_F(Files, AWriterThatMayNotBeOpenedIsToldWithItsFile) {
   EXPECT_NE(words().find(Path("dev/001/012")), std::string::npos);
   WriteText("dev/001/012", "");
   EXPECT_EQ(words(), "");
+}
+
+// Over the end of the tick count; and what is told goes to the stream that is set.
+TEST_F(Files, WaitsAndDiagnostics) {
+  clock.tick = 0xFFFFFF00;
+  WaitMs(1500);
+  EXPECT_EQ(clock.Waited(), 1500U);
+  const File out = OpenFile(Path("told"), "w+b");
+  Diagnose("nobody hears %d", 1);
+  TheMachine().diagnostics = TheMachine().trace = out.get();
+  Diagnose("%d, ", 2);
+  Trace("%s", "three");
+  TheMachine().diagnostics = TheMachine().trace = nullptr;
+  EXPECT_EQ(ReadStream(out.get()), (Bytes{'2', ',', ' ', 't', 'h', 'r', 'e', 'e'}));
 }
 
 }  // namespace

@@ -2,6 +2,7 @@
 #include "record/line_record.h"
 
 #include <sys/resource.h>
+#include <sys/stat.h>
 
 #include <csignal>
 
@@ -58,8 +59,8 @@ TEST_F(Record, AHalfWrittenLineCountsAsNotDone) {
   }
   const std::string whole = Text();
   const std::size_t second = whole.find('\n') + 1, serial = whole.find("\"series\"", second);
-  for (const std::string& behind : {std::string(), std::string(3, '\0')}) {
-    for (std::size_t size = second + 1; size < whole.size(); ++size) {
+  for (const std::string& behind : {std::string(), std::string(3, '\0'), std::string("\n")}) {
+    for (std::size_t size = second + 1; size + (behind == "\n") < whole.size(); ++size) {
       const bool end = size < second + 30 || size + 60 > whole.size() || (size + 4 > serial && size < serial + 4);
       if (!end && size % 16 != 0) continue;  // the bytes between are all alike
       WriteText("line.jsonl", whole.substr(0, size) + behind);
@@ -99,6 +100,8 @@ TEST_F(Record, TellsWhatCantBeHad) {
   EXPECT_NE(missing.Open(File(), false), "");
   EXPECT_FALSE(std::filesystem::exists(File()));
   EXPECT_NE(folderItself.Open(Path(""), true), "");
+  ASSERT_EQ(mkfifo(Path("pipe").c_str(), 0600), 0);
+  EXPECT_NE(second.Open(Path("pipe"), true).find("no plain file"), std::string::npos);
   ASSERT_EQ(first.Open(File(), true), "");
   EXPECT_NE(second.Open(File(), true).find("in use"), std::string::npos);
   // A full disk in the middle of a line: no chip may follow.

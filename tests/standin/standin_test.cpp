@@ -1,4 +1,6 @@
 // The stand-in's honesty: what it refuses, what a chip takes, how it counts serials and chips, what a restart keeps.
+#include <unistd.h>
+
 #include <memory>
 
 #include "data/cases.h"
@@ -6,6 +8,7 @@
 #include "link/writer_commands.h"
 #include "platform/text.h"
 #include "standin/in_process.h"
+#include "standin/socket_path.h"
 #include "support/recorder.h"
 
 namespace pyxis::test {
@@ -28,7 +31,7 @@ class Standin : public Bench, public ::testing::WithParamInterface<const char*> 
         std::uint8_t opcode = 0;
         while (opcode < 255 && NameOf(opcode) != words[0]) ++opcode;
         if (words.size() > 2 && words[1] == "read") {
-          writer->Read(opcode, static_cast<std::uint32_t>(std::stoi(words[2])), Door::Frames);
+          answer = writer->Read(opcode, static_cast<std::uint32_t>(std::stoi(words[2])), Door::Frames);
         } else {
           writer->Write(opcode, Hex(step.substr(words[0].size())), Door::Frames);
         }
@@ -72,6 +75,7 @@ class Standin : public Bench, public ::testing::WithParamInterface<const char*> 
       EXPECT_EQ(after->Memory(), writer->Memory());
       writer = std::move(after);
     };
+    shows["answer"] = [this] { return Shown(answer); };
     shows["breaches"] = [this] { return std::to_string(writer->Violations().size()); };
     shows["verdict"] = [this] { return std::to_string(verdict); };
     shows["serial"] = [this] { return verdict == 1 ? Printf("%02X", writer->chip.burnt.at(1)) : "none"; };
@@ -116,7 +120,7 @@ class Standin : public Bench, public ::testing::WithParamInterface<const char*> 
   }
 
   std::unique_ptr<WriterModel> writer = std::make_unique<WriterModel>();
-  Bytes option;
+  Bytes option, answer;
   int verdict = 0, autos = 0;
   Script script;
 };
@@ -126,7 +130,8 @@ INSTANTIATE_TEST_SUITE_P(Scripts, Standin,
                          ::testing::Values("breaches of the protocol", "chips take what they can",
                                            "where a series starts anew", "a chip counts once its verdict is delivered",
                                            "the limit counts good autos alone", "series that are refused",
-                                           "where a production starts anew", "a restart keeps series and limit"));
+                                           "where a production starts anew", "a restart keeps series and limit",
+                                           "what can be read"));
 
 TEST_F(Standin, FramingIsStrict) {
   standin::FrameDoor door(*writer);
@@ -155,6 +160,24 @@ TEST_F(Standin, FaultsByTheirNames) {
   EXPECT_EQ(faults.stallAfter, 0);
   EXPECT_TRUE(SetFault(faults, "no-fault"));
   EXPECT_FALSE(faults.stallAfter || faults.failTask || faults.noVerdict);
+}
+
+TEST_F(Standin, ABusHasOneHolderAndASocketItsPlace) {
+  standin::StandinUsbHost usb(*writer);
+  const UsbHost::Handle handle = usb.Open(usb.FindDevices()[1][1]);
+  EXPECT_EQ(usb.ClaimInterface(handle, 0), 0);
+  EXPECT_LT(usb.ClaimInterface(handle, 0), 0);
+  EXPECT_FALSE(writer->SetMeasure(1, 0, 5) || writer->SetMeasure(0, 6, 5));
+  for (const auto& [socket, folderOfRun, path] :
+       Table<const char*, const char*, std::string>{{"/a", "/b", "/a"},
+                                                    {"", "/b", "/b/pyxiswriter.sock"},
+                                                    {"", "", Printf("/tmp/pyxiswriter-%u.sock", getuid())}}) {
+    setenv("PYXISWRITER_SOCKET", socket, 1);
+    setenv("XDG_RUNTIME_DIR", folderOfRun, 1);
+    EXPECT_EQ(standin::SocketPath(), path);
+  }
+  unsetenv("PYXISWRITER_SOCKET");
+  unsetenv("XDG_RUNTIME_DIR");
 }
 
 TEST_F(Standin, AStateThatIsCutIsRefused) {

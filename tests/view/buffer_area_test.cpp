@@ -1,6 +1,7 @@
 #include "view/buffer_area.h"
 
 #include "support/recorded_bench.h"
+#include "view/show_file.h"
 
 namespace pyxis::test {
 namespace {
@@ -18,6 +19,10 @@ TEST_F(BufferArea, ChangesPlacesWithTheHexView) {
   ExpectEvents({"Buffer = job", "paint"});
   FrontHexView();
   ExpectEvents({"off Buffer", "show HexView", "paint"});
+  Write("five", Bytes(5));
+  Start();
+  ShowFile(Path("five"));
+  ExpectEvents({"hex 5"});
 }
 
 }  // namespace
