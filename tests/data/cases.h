@@ -12,12 +12,12 @@
 
 namespace pyxis::test {
 
-inline std::string Unescaped(const std::string& cell) {
+inline std::string CellText(const std::string& cell) {
   std::string text;
   for (std::size_t i = 0; i < cell.size(); ++i) {
     if (cell[i] == '{' && cell.find('*', i) != std::string::npos) {
       const std::size_t star = cell.find('*', i), end = cell.find('}', star);
-      for (int n = std::stoi(cell.substr(i + 1)); n > 0; --n) text += Unescaped(cell.substr(star + 1, end - star - 1));
+      for (int n = std::stoi(cell.substr(i + 1)); n > 0; --n) text += CellText(cell.substr(star + 1, end - star - 1));
       i = end;
     } else if (cell[i] != '\\' || ++i == cell.size()) {
       text += cell[i];
@@ -61,7 +61,7 @@ inline std::vector<Case> Cases(const std::string& file, const std::string& secti
     const std::size_t first = line.find_first_not_of(' ');
     if (!inside || line.starts_with("== ") || first == line.npos || line[first] == '#') continue;
     cases.push_back({{}, file + ":" + std::to_string(number)});
-    for (const std::string& cell : Parts(line, '\t')) cases.back().cells.push_back(cell == "-" ? "" : Unescaped(cell));
+    for (const std::string& cell : Parts(line, '\t')) cases.back().cells.push_back(cell == "-" ? "" : CellText(cell));
   }
   EXPECT_FALSE(cases.empty()) << file << ", " << section;
   return cases;
