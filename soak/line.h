@@ -53,6 +53,7 @@ class Line : public test::StandinBench {
   void Select(bool serials);  // Device, until the operator goes through with it
   void CancelDevice();
   void CancelLoad();
+  DialogEnd ChooseProtection(COptionSelectDlg& dialog);
   void LoadUntilGood();
   bool LoadOnce();
   void SetProtect();

@@ -59,12 +59,15 @@ void Line::CancelLoad() {
   Expect(OnLoadFile().end == End::Cancelled, "Load File without a file does something");
 }
 
+DialogEnd Line::ChooseProtection(COptionSelectDlg& dialog) {
+  dialog.Click(COptionSelectDlg::Protection, static_cast<int>(chance_.Below(2)));
+  dialog.OnOk();
+  return DialogEnd::Ok;
+}
+
 bool Line::LoadOnce() {
   op.optionSelect = [&](COptionSelectDlg& dialog) {
-    if (chance_.OneIn(10)) return DialogEnd::Cancel;
-    dialog.Click(COptionSelectDlg::Protection, static_cast<int>(chance_.Below(2)));
-    dialog.OnOk();
-    return DialogEnd::Ok;
+    return chance_.OneIn(10) ? DialogEnd::Cancel : ChooseProtection(dialog);
   };
   bool sound = true;
   if (chance_.OneIn(3)) {
@@ -106,12 +109,7 @@ void Line::LoadUntilGood() {
 
 void Line::SetProtect() {
   const bool cancels = chance_.OneIn(5);
-  op.optionSelect = [&](COptionSelectDlg& dialog) {
-    if (cancels) return DialogEnd::Cancel;
-    dialog.Click(COptionSelectDlg::Protection, static_cast<int>(chance_.Below(2)));
-    dialog.OnOk();
-    return DialogEnd::Ok;
-  };
+  op.optionSelect = [&](COptionSelectDlg& dialog) { return cancels ? DialogEnd::Cancel : ChooseProtection(dialog); };
   bool sound = true;
   if (chance_.OneIn(3)) {
     sound = false;

@@ -98,6 +98,15 @@ DialogEnd AnswerSet(Job& job, const SerialArguments& given, CSnSetDlg& dialog) {
   return DialogEnd::Cancel;
 }
 
+// Each set-up that opens from here on; `set`: the last one was taken. All three outlive the dialogs.
+void AnswerSets(Job& job, const SerialArguments& given, bool& set) {
+  job.op.snSet = [&](CSnSetDlg& dialog) {
+    const DialogEnd end = AnswerSet(job, given, dialog);
+    set = end == DialogEnd::Ok;
+    return end;
+  };
+}
+
 // A chip whose result isn't in the record is no good one: its serial will be given once more.
 void PrintChip(const Job& job, std::uint32_t chip, const std::string& serial, const Outcome& outcome, bool recorded) {
   const bool good = outcome.Good() && recorded;
@@ -184,10 +193,10 @@ Pressed PressThrough(Job& job, const SerialArguments& given, LineEntry entry, CS
 // The counters, before the dialog's end clears them.
 void ReportRun(Job& job, const CSnProgramDlg& dialog, const Pressed& run) {
   if (!run.good) job.exitCode = kExitFailed;
-  const unsigned unkept = run.unkept.empty() ? 0 : 1;  // counts as NG
+  const bool kept = run.unkept.empty();
+  const unsigned unkept = kept ? 0 : 1;  // counts as NG
   const unsigned long ok = Count(dialog.okText) - unkept, ng = Count(dialog.ngText) + unkept;
   const unsigned long total = Count(dialog.totalText);
-  const bool kept = run.unkept.empty();
   if (job.options.json) {
     Print({{"command", "serial"},
            {"result", run.good ? 0 : 1},
@@ -233,11 +242,7 @@ bool MenuRoad(Job& job, const SerialArguments& given) {
     if (plan != Plan::Run) return plan == Plan::Complete;
   }
   bool ran = false, set = false;
-  job.op.snSet = [&](CSnSetDlg& dialog) {
-    const DialogEnd end = AnswerSet(job, rest, dialog);
-    set = end == DialogEnd::Ok;
-    return end;
-  };
+  AnswerSets(job, rest, set);
   job.op.snProgram = [&](CSnProgramDlg& dialog) {
     dialog.OnSnSet();
     ran = dialog.snProgramEnabled;
@@ -257,11 +262,7 @@ bool SelectionRoad(Job& job, const SerialArguments& given) {
   if (plan == Plan::Complete) ReportComplete(job);
   if (plan != Plan::Run) return plan == Plan::Complete;
   bool set = false;
-  job.op.snSet = [&](CSnSetDlg& dialog) {
-    const DialogEnd end = AnswerSet(job, rest, dialog);
-    set = end == DialogEnd::Ok;
-    return end;
-  };
+  AnswerSets(job, rest, set);
   const Choices choices{.serial = true, .exhvIsp = given.exhvIsp, .isp = given.isp};
   if (!SelectOnDevice(job, given.ic, choices) || !set) return false;
   job.op.file = given.file;

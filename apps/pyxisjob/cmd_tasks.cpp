@@ -28,7 +28,7 @@ constexpr TaskCommand kCommands[] = {
 
 // The writer counts a series by itself, whichever road it came by: which serial it burns now, nobody could write down.
 bool BurnsUnknownSerial(const Job& job, const TaskCommand& command) {
-  const int road = FieldByte(TheAppState().writer.WriterInfoBlock, Field::SerialHead) & kSerialRoadBits;
+  const std::uint8_t road = SerialRoadOf(TheAppState().writer.WriterInfoBlock);
   return job.record.IsOpen() && (road == kSerialBySelection || road == kSerialByMenu) &&
          (command.button == ControlId::Auto || command.button == ControlId::Program);
 }

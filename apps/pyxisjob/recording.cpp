@@ -73,7 +73,7 @@ LineJob JobOfBlock() {
   LineJob job;
   if (TheAppState().selection.ChipNameText.empty()) return job;
   job.ic = ChipNameOf(block);
-  if ((FieldByte(block, Field::SerialHead) & kSerialRoadBits) == kSerialByMenu) return job;
+  if (SerialRoadOf(block) == kSerialByMenu) return job;
   job.checksum = Printf("%04X", FieldWord(block, Field::ImageChecksum));
   job.converted = ConversionTime(&block[Field::DownloadTime.offset]);
   return job;

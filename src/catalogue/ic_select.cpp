@@ -36,8 +36,8 @@ std::optional<std::int32_t> ParseLimit(std::string_view text) {
 }  // namespace
 
 bool CIcSelectDlg::OnInitDialog() {
-  model_ = TheAppState().writer.WriterModel;
-  const auto captions = SeriesCaptions(model_);
+  model = TheAppState().writer.WriterModel;
+  const auto captions = SeriesCaptions(model);
   if (captions.empty()) {
     TheMachine().op->Tell(kPowerOnTheWriter, kMessageCaption, MessageIcon::Stop);
     return false;
@@ -53,7 +53,7 @@ bool CIcSelectDlg::OnInitDialog() {
 
 void CIcSelectDlg::OnSeriesChange(int position) {
   seriesPosition = position;
-  seriesIndex = ListIndex(model_, position);
+  seriesIndex = ListIndex(model, position);
   typeIndex = typePosition = 0;
   typeList.clear();
   for (const ChipEntry& row : ChipList(seriesIndex)) typeList.emplace_back(row.TypeLabel);
@@ -117,7 +117,7 @@ bool CIcSelectDlg::FindTyped(std::string_view typed) {
   const int count = static_cast<int>(seriesList.size());
   for (int i = 0; i < count; ++i) {
     const int series = (seriesPosition + i) % count;
-    const auto rows = ChipList(ListIndex(model_, series));
+    const auto rows = ChipList(ListIndex(model, series));
     const auto found =
         std::find_if(rows.begin(), rows.end(), [&](const ChipEntry& row) { return begins(row.TypeLabel); });
     if (found == rows.end()) continue;

@@ -37,6 +37,8 @@ class CIcSelectDlg {
   // True when the dialog may close.
   bool OnOk();
 
+  // Of the opening: the lists on offer are its, whatever writer comes meanwhile.
+  Model model = Model::None;
   std::vector<std::string> seriesList, typeList;
   int seriesPosition = 0, typePosition = 0;
   CheckBox displaySerial, exhvIsp, isp, massProduction, productionLimit;
@@ -51,8 +53,6 @@ class CIcSelectDlg {
   std::function<void()> Changed = [] {};
 
  private:
-  // Of the opening: the lists on offer are its, whatever writer comes meanwhile.
-  Model model_ = Model::None;
   bool FindTyped(std::string_view typed);
   std::string typed_;
   std::pair<int, int> typedFrom_;  // positions of series and type

@@ -137,18 +137,18 @@ Outcome GiveUp(const Outcome& outcome) {
 }
 
 // Another job has come under one of the dialogs: the panel shows its fuses, not what was chosen for the former one.
-Outcome RefuseOtherChip() {
-  TellOtherChip();
+Outcome GiveUpOtherChip() {
+  const Outcome outcome = RefuseOtherChip();
   ResetFusePanel();
   ShowFuseBitsOfBlock();
-  return GiveUp(Refused(Reason::OtherChip));
+  return GiveUp(outcome);
 }
 
 Outcome Run(const ChipEntry& row, const std::string& path, const SelectionGuard& guard) {
   AppState& app = TheAppState();
   app.selection.OptionValue = kDefaultOptionValue;
   if (row.HasOptionDialog) ChooseOptions(*row.ic);
-  if (!guard.SameJob()) return RefuseOtherChip();
+  if (!guard.SameJob()) return GiveUpOtherChip();
   if (path.empty()) {
     TheMachine().op->Tell("File is empty.", kPlainCaption);
     return Cancelled(Reason::NoFile);
@@ -190,7 +190,7 @@ Outcome OnLoadFile() {
   const SelectionGuard guard;
   const auto path = TheMachine().op->ChooseFile({FileKind::Program, FileFilter(row.FileExtension)});
   if (!path) return GiveUp(Cancelled(Reason::NoFile));
-  if (!guard.SameJob()) return RefuseOtherChip();
+  if (!guard.SameJob()) return GiveUpOtherChip();
   PaintNow();
   return Run(row, *path, guard);
 }

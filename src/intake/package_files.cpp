@@ -20,6 +20,10 @@ std::uint16_t FieldWord(std::span<const std::uint8_t> package, FieldPlace field)
   return LoadBe16(package.data() + field.offset);
 }
 
+std::uint8_t SerialRoadOf(std::span<const std::uint8_t> package) {
+  return FieldByte(package, Field::SerialHead) & kSerialRoadBits;
+}
+
 std::string ChipNameOf(std::span<const std::uint8_t> package) {
   std::string name;
   for (std::uint8_t byte : package.subspan(Field::ChipNameField.offset, Field::ChipNameField.width)) {

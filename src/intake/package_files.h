@@ -78,6 +78,8 @@ std::string TemplatePath(const std::string& name);
 // Reads of a block or package that is long enough for the field.
 std::uint8_t FieldByte(std::span<const std::uint8_t> package, FieldPlace field);
 std::uint16_t FieldWord(std::span<const std::uint8_t> package, FieldPlace field);  // big-endian
+// kSerialByMenu or kSerialBySelection; anything else where the package tells no series.
+std::uint8_t SerialRoadOf(std::span<const std::uint8_t> package);
 // ChipNameField up to its first zero byte, at most 10 characters.
 std::string ChipNameOf(std::span<const std::uint8_t> package);
 

@@ -118,8 +118,7 @@ Outcome CDownloadInfoDlg::OnCompareFile() {
   const auto chosen = TheMachine().op->ChooseFile({FileKind::Comparison, kind.filter});
   Outcome outcome = chosen ? Failed(Reason::NotReadable) : Cancelled(Reason::NoFile);
   if (chosen && ChipNameOf(TheAppState().writer.WriterInfoBlock) != chip) {
-    TellOtherChip();
-    outcome = Refused(Reason::OtherChip);
+    outcome = RefuseOtherChip();
   } else if (chosen && MakeCompareTarget(kind, *chosen)) {
     outcome = CompareWithWriter(CompareTargetPath(kind, *chosen)) ? kGood : Failed(Reason::Different);
     lines[2] = Printf(kResultFormat, outcome.Good() ? "OK" : "Fail");

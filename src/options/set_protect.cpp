@@ -40,11 +40,6 @@ bool JobIsTheRows(const ChipEntry& row) {
          ChipNameOf(app.writer.WriterInfoBlock) == app.selection.SelectedChip;
 }
 
-Outcome RefuseOtherChip() {
-  TellOtherChip();
-  return Refused(Reason::OtherChip);
-}
-
 Outcome SendOptionArea() {
   Outcome outcome = Failed(Reason::NotWritable);
   StartTask(task::kOpenPackageLoad);

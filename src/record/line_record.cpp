@@ -92,7 +92,7 @@ bool TakeLine(const Json& line, std::vector<RecordedSerial>& serials) {
   }
 }
 
-Json Parse(const std::string& text) { return Json::parse(text, nullptr, false); }
+Json Parse(std::string_view text) { return Json::parse(text, nullptr, false); }
 
 // How much of a torn line can be read once a brace or two are put behind it; what has got of a result is no result.
 std::size_t ReadablePart(const std::string& tail, std::string& closing) {
@@ -184,7 +184,7 @@ std::string LineRecord::TakeLines(Wanted wanted) {
     const std::size_t feed = text.find('\n', at);
     const bool whole = feed != std::string::npos;
     const std::size_t next = whole ? feed + 1 : text.size();
-    const std::string line = text.substr(at, (whole ? feed : next) - at);
+    const std::string_view line = std::string_view(text).substr(at, (whole ? feed : next) - at);
     const bool last = next == text.size();
     if (whole && (IsBlank(line) || (wanted == Wanted::Nothing && !first && !last))) {
       at = next;
@@ -193,7 +193,7 @@ std::string LineRecord::TakeLines(Wanted wanted) {
     const Json object = Parse(line);
     if (!whole || !TakeLine(object, serials_)) {
       const bool torn = last && (!whole || object.is_discarded()) && IsTornLine(line, first);
-      if (torn) return Complete(line, at);
+      if (torn) return Complete(std::string(line), at);
       return Printf("Line %zu of %s is none of a record; the file is left as it is", number, path_.c_str());
     }
     first = false;

@@ -171,9 +171,7 @@ std::string TextOf(std::span<const std::uint8_t> bytes) {
 }
 
 // A job of an IC whose converter knows no serials has none.
-bool WriterCountsSerials() {
-  return (FieldByte(TheAppState().writer.WriterInfoBlock, Field::SerialHead) & kSerialRoadBits) == kSerialBySelection;
-}
+bool WriterCountsSerials() { return SerialRoadOf(TheAppState().writer.WriterInfoBlock) == kSerialBySelection; }
 
 // The series that the load has taken to the writer, which counts from its first serial on. It is the one of the record
 // unless an older serial.txt lay there.

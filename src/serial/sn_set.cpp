@@ -98,10 +98,7 @@ void CSnSetDlg::OnDirection(int button) {
 
 Outcome CSnSetDlg::OnLoad() {
   // The limits and the template of another IC would be taken.
-  if (!guard_.SameChip()) {
-    TellOtherChip();
-    return Refused(Reason::OtherChip);
-  }
+  if (!guard_.SameChip()) return RefuseOtherChip();
   const Outcome outcome = LoadSnSetup();
   if (outcome.end != End::Refused) {
     WaitMs(kSettleMs);

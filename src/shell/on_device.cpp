@@ -63,9 +63,8 @@ bool IsForWriter(Model offered) {
 void OnDevice() {
   AppState& app = TheAppState();
   SettleModelAtSelection();
-  const Model offered = app.writer.WriterModel;
   CIcSelectDlg dialog;
-  if (dialog.OnInitDialog() && TheMachine().op->RunDialog(dialog) == DialogEnd::Ok && IsForWriter(offered)) {
+  if (dialog.OnInitDialog() && TheMachine().op->RunDialog(dialog) == DialogEnd::Ok && IsForWriter(dialog.model)) {
     TakeSelection(dialog);
   } else {
     app.selection.SnMode = false;

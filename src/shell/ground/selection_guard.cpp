@@ -18,6 +18,9 @@ bool SelectionGuard::SameJob() const {
   return SameChip() && now == before_;
 }
 
-void TellOtherChip() { TheMachine().op->Tell(kOtherChip, kMessageCaption, MessageIcon::Warning); }
+Outcome RefuseOtherChip() {
+  TheMachine().op->Tell(kOtherChip, kMessageCaption, MessageIcon::Warning);
+  return Refused(Reason::OtherChip);
+}
 
 }  // namespace pyxis

@@ -3,6 +3,7 @@
 #pragma once
 
 #include "shell/ground/app_state.h"
+#include "shell/ground/outcome.h"
 
 namespace pyxis {
 
@@ -18,6 +19,6 @@ class SelectionGuard {
   Model model_ = TheAppState().writer.WriterModel;
 };
 
-void TellOtherChip();
+Outcome RefuseOtherChip();  // tells it, and gives the refusal
 
 }  // namespace pyxis
