@@ -85,9 +85,8 @@ void CSnProgramDlg::OnSnSet() {
 void CSnProgramDlg::Begin(std::span<const std::uint8_t> option) { series_ = SeriesOf(option); }
 
 void CSnProgramDlg::OnWriterArrived() {
-  if (!snProgramEnabled || SeriesOf(TheAppState().writer.WriterInfoBlock) == series_) return;
-  snProgramEnabled = false;
-  Changed();
+  snProgramEnabled = snProgramEnabled && SeriesOf(TheAppState().writer.WriterInfoBlock) == series_;
+  Changed();  // the verdict goes with another job
 }
 
 Outcome CSnProgramDlg::OnSnProgram() {

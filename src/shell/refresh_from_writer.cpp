@@ -65,7 +65,7 @@ void DropOtherJob(const std::string& name, unsigned checksum) {
 void RefreshFromWriter() {
   AppState& app = TheAppState();
   const auto& block = app.writer.WriterInfoBlock;
-  if (!StartsLikeAName(block)) return;
+  if (!StartsLikeAName(block)) return DropOtherJob("", 0);  // it holds none
   const std::string name = ChipNameOf(block);
   DropOtherJob(name, FieldWord(block, Field::ImageChecksum));
   ShowChipName(name);

@@ -83,7 +83,9 @@ bool InputFilter::IsInBox(const QObject& receiver) const {
   return box_ != nullptr && receiver.isWidgetType() && static_cast<const QWidget&>(receiver).window() == box_;
 }
 
-bool InputFilter::BoxIsNew(const QObject& receiver) const { return IsInBox(receiver) && Now() - shownAt_ < kUnreadMs; }
+bool InputFilter::BoxIsNew(const QObject& receiver) const {
+  return IsInBox(receiver) && (!painted_ || Now() - shownAt_ < kUnreadMs);
+}
 
 // An X server repeats a held key as pairs of a release and a press of one moment, which aren't always told as repeats.
 bool InputFilter::IsRepeat(const QKeyEvent& key) {

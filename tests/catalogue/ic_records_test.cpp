@@ -51,7 +51,7 @@ TEST_F(IcRecords, PanelsMenusAndComparisonOfEveryIc) {
                                                      : PanelKind::None);
   }
   EXPECT_EQ(IcOfName("QV4104")->protection.protectedBy, ProtectedBy::ClearedBit);
-  EXPECT_EQ(All(IcOfName("qv8121"), IcOfName("QV8130"), IcOfCode(0)), All(nullptr, nullptr, nullptr));
+  EXPECT_EQ(All(IcOfName("qv8121"), IcOfName("QV9999"), IcOfCode(0)), All(nullptr, nullptr, nullptr));
 }
 
 // A new flash IC, a copy of QV8121 with a name and a code of its own.
@@ -69,8 +69,8 @@ TEST_F(IcRecords, AnInventedIcHasItsRowAndNoTwin) {
     ics.push_back(&more);
     return ics;
   };
-  const Ic ic = invented("QV8130", 0x37062, "QV8130"), twinName = invented("QV8120", 0x37062, "QV8120");
-  const Ic twinCode = invented("QV8130", 0x3706, "QV8130"), foreignLabel = invented("QV8130", 0x37062, "QV8121");
+  const Ic ic = invented("QV8199", 0x37FFF, "QV8199"), twinName = invented("QV8120", 0x37FFF, "QV8120");
+  const Ic twinCode = invented("QV8199", 0x3706, "QV8199"), foreignLabel = invented("QV8199", 0x37FFF, "QV8121");
   EXPECT_TRUE(NamesAndCodesAreUnique(with(ic)) && IsWhole(ic));
   EXPECT_FALSE(NamesAndCodesAreUnique(with(twinName)) || NamesAndCodesAreUnique(with(twinCode)) ||
                IsWhole(foreignLabel));
@@ -78,7 +78,7 @@ TEST_F(IcRecords, AnInventedIcHasItsRowAndNoTwin) {
   std::size_t at = 0;
   while (rows[at].ic != &ic) ++at;
   EXPECT_EQ(All(std::string(rows[at].TypeLabel), rows[at].HasSmartOption, std::string(rows[at + 1].TypeLabel)),
-            All("QV8130", true, "QV8202"));
+            All("QV8199", true, "QV8202"));
 }
 
 }  // namespace

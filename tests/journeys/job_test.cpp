@@ -1,6 +1,9 @@
 // pyxisjob as a script runs it, in this process: words, standard input, what comes out, exit codes, the line's record.
 #include "job.h"
 
+#include <sys/resource.h>
+
+#include <csignal>
 #include <iostream>
 #include <nlohmann/json.hpp>
 
@@ -32,7 +35,11 @@ class JobScript : public StandinBench, public ::testing::WithParamInterface<cons
     using C = const Case&;
     auto& on = script.actions;
     auto& shows = script.states;
-    on["run"] = [this](C c) { Run(c[1], c[2]); };
+    on["run"] = [this](C c) {
+      Run(c[1], c[2]);
+      cutClock.cut = [] { return false; };
+      LimitFiles(RLIM_INFINITY);
+    };
     on["chip-info at each lost transfer"] = [this](C) {
       int lost = 0;
       for (exit = 1; exit == 1 && lost < 500; ++lost) {
@@ -49,6 +56,15 @@ class JobScript : public StandinBench, public ::testing::WithParamInterface<cons
       cutClock.cut = [=, this] { return Contents("line.jsonl").size() >= enough; };
       EXPECT_THROW(Run(c[2], ""), PowerCut);
       cutClock.cut = [] { return false; };
+    };
+    // For one run, from when the record has so many bytes.
+    on["full disk"] = [this](C c) {
+      const auto enough = static_cast<std::size_t>(c.Number(1));
+      std::signal(SIGXFSZ, SIG_IGN);
+      cutClock.cut = [=, this] {
+        if (const std::size_t size = Contents("line.jsonl").size(); size >= enough) LimitFiles(size);
+        return false;
+      };
     };
     on["fresh chips"] = [this](C) { writer.freshChips = true; };
     on["new chip"] = [this](C) { writer.chip = {}; };
@@ -81,6 +97,12 @@ class JobScript : public StandinBench, public ::testing::WithParamInterface<cons
   }
   ~JobScript() override { std::filesystem::current_path(before_); }
 
+  static void LimitFiles(rlim_t size) {
+    rlimit limit{};
+    getrlimit(RLIMIT_FSIZE, &limit);
+    limit.rlim_cur = std::min(size, limit.rlim_max);
+    setrlimit(RLIMIT_FSIZE, &limit);
+  }
   std::string Text(const std::string& name) const {
     const Bytes bytes = Contents(name);
     return {bytes.begin(), bytes.end()};
@@ -141,7 +163,7 @@ TEST_P(JobScript, Runs) { script.Run("pyxisjob.tsv", GetParam()); }
 INSTANTIATE_TEST_SUITE_P(All, JobScript,
                          ::testing::Values("arguments", "a series prints a line a chip", "tasks and the job",
                                            "choices reach the writer", "a dead link", "a refused place",
-                                           "no serial twice after power cuts", "the record"));
+                                           "no serial twice after power cuts", "the record", "a full disk"));
 
 }  // namespace
 }  // namespace pyxis::test

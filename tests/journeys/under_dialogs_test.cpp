@@ -2,8 +2,11 @@
 #include "catalogue/ic_select.h"
 #include "intake/load_file.h"
 #include "link/writer_commands.h"
+#include "operations/chip_info.h"
+#include "operations/compare_file.h"
 #include "options/option_select.h"
 #include "options/set_protect.h"
+#include "serial/sn_set.h"
 #include "shell/device_arrival.h"
 #include "shell/on_device.h"
 #include "support/standin_bench.h"
@@ -41,6 +44,49 @@ TEST_F(UnderADialog, AnotherWritersJobStaysAsItIs) {
     EXPECT_EQ(command(), Refused(Reason::OtherChip));
     EXPECT_EQ(op.Boxes(), (std::vector<Told>{{"HW and SW Chip Name is discordant", "Message", MessageIcon::Warning}}));
     EXPECT_EQ(writer.OptionArea(), area);
+  }
+}
+
+// The same IC, but the writer knows nothing of the limit that was chosen for the next load.
+TEST_F(UnderADialog, AChoiceThatIsGoneRefusesTheLoad) {
+  for (const bool gone : {false, true}) {
+    LoadSample("QV8348");
+    TheAppState().selection.ProductionLimitOn = true;
+    op.heard = [gone](const std::string& event) {
+      if (gone && event.starts_with("choose")) Arrive();
+    };
+    op.files = {Path("samples/QV8348.hex")};
+    EXPECT_EQ(OnLoadFile(), gone ? Refused(Reason::OtherChip) : kGood);
+  }
+}
+
+// The file dialog lies over Compare File, and the lines below it are the new job's.
+TEST_F(UnderADialog, WhatIsShownOfAJobFollowsTheWriter) {
+  for (const std::size_t at : {4U, static_cast<unsigned>(Field::ImageChecksum.offset)}) {  // name, checksum
+    op.heard = [](const std::string&) {};
+    LoadSample("QVL04");
+    CReadChipInfoDlg info(true);
+    info.OnInitDialog();
+    CDownloadInfoDlg compare("", "");
+    compare.lines[2] = "Compare Result : OK";
+    CSnSetDlg serial(false, false, false);
+    serial.OnInitDialog();
+    Arrive();
+    EXPECT_EQ(All(info.readEnabled, compare.lines[0]), All(true, "Chip Name : QVL04"));
+    writer.OptionArea()[at] ^= 1;
+    op.heard = [](const std::string& event) {
+      if (event.starts_with("choose")) Arrive();
+    };
+    op.files = {""};
+    compare.OnCompareFile();
+    EXPECT_EQ(All(info.readEnabled, compare.lines[0]), All(false, at == 4 ? "Chip Name : QVL05" : "Chip Name : QVL04"));
+    op.Heard();
+    if (at != 4) continue;
+    EXPECT_EQ(compare.lines[2], "");
+    EXPECT_EQ(compare.OnCompareFile(), Cancelled(Reason::NoFile));
+    EXPECT_EQ(serial.OnLoad(), Refused(Reason::OtherChip));
+    EXPECT_EQ(op.Heard().back(), "HW and SW Chip Name is discordant");
+    EXPECT_FALSE(std::filesystem::exists(Path("serial.txt")));
   }
 }
 

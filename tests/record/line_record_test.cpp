@@ -85,13 +85,27 @@ TEST_F(Record, AHalfWrittenLineCountsAsNotDone) {
 }
 
 TEST_F(Record, AnotherFileIsRefusedAndLeftAsItIs) {
-  for (const char* text : {":020000021000EC", ":020000021000EC\n:00000001FF\n", "{}\n", "{\"time\":1}\n{\"t"}) {
+  for (const std::string& text : {std::string(":020000021000EC"), std::string(":020000021000EC\n:00000001FF\n"),
+                                  std::string("{}\n"), std::string("{\"time\":1}\n{\"t"), std::string(64, '\0')}) {
     WriteText("line.jsonl", text);
     LineRecord record;
     EXPECT_NE(record.Open(File(), true), "") << text;
     EXPECT_FALSE(record.IsOpen());
     EXPECT_EQ(Text(), text);
   }
+}
+
+TEST_F(Record, BlankLinesArePassedOver) {
+  {
+    LineRecord record;
+    ASSERT_EQ(record.Open(File(), true), "");
+    Put(record, "FC", "OK");
+  }
+  WriteText("line.jsonl", "\n" + Text() + "\n \r\n");
+  LineRecord record;
+  ASSERT_EQ(record.Open(File(), true), "");
+  Put(record, "FD", "OK");
+  EXPECT_EQ(All(record.Serials().size(), record.Notice()), All(2U, ""));
 }
 
 TEST_F(Record, TellsWhatCantBeHad) {

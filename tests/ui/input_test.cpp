@@ -108,6 +108,33 @@ TEST_F(Input, ABoxTakesNothingBeforeItCanBeRead) {
   EXPECT_EQ(seen, Texts{"Auto OK"});
 }
 
+// A box takes letters for its buttons, but none of a held key.
+TEST_F(Input, AHeldLetterAnswersNoBox) {
+  OpenWithJob();
+  onBox = [this](QMessageBox& box) {
+    ASSERT_TRUE(QTest::qWaitForWindowExposed(&box));
+    QCoreApplication::processEvents();
+    hooked.tick += 300;
+    QKeyEvent held(QEvent::KeyPress, Qt::Key_Y, {}, "y", true);
+    QApplication::sendEvent(&box, &held);
+    EXPECT_FALSE(box.button(QMessageBox::Yes)->isDown());
+    QTest::keyClick(&box, Qt::Key_N);
+    EXPECT_TRUE(box.button(QMessageBox::No)->isDown());
+  };
+  Choose("&Exit");
+  EXPECT_TRUE(window->isVisible());
+}
+
+// Nobody has seen it, however late it is painted.
+TEST_F(Input, ABoxTakesNothingBeforeItsFirstPaint) {
+  OpenWithJob();
+  QMessageBox box(QMessageBox::Warning, "", "", QMessageBox::Ok);
+  qtOp.Gate().Input().GuardBox(box);
+  hooked.tick += 1000;
+  QTest::keyClick(box.button(QMessageBox::Ok), Qt::Key_Space);
+  EXPECT_EQ(box.clickedButton(), nullptr);
+}
+
 // A held key presses a button once, told as a repeat or, as an X server sends it, as pairs of one moment.
 TEST_F(Input, AHeldKeyPressesOnce) {
   OpenWithJob();

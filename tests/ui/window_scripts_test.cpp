@@ -2,6 +2,8 @@
 #include <QAbstractButton>
 #include <QApplication>
 #include <QComboBox>
+#include <QDir>
+#include <QFileDialog>
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
@@ -76,6 +78,11 @@ class WindowScript : public UiBench, public UpdateAgent, public ::testing::WithP
         {"pick", [&] { Pick(Find<QListWidget>(here, what), more, false); }},
         {"double click", [&] { Pick(Find<QListWidget>(here, what), more, true); }},
         {"file", [&] { ChooseFile(*here.findChild<QLineEdit*>("fileNameEdit"), Path(line[1])); }},
+        {"folder shown",
+         [&] {
+           EXPECT_EQ(dynamic_cast<QFileDialog&>(here).directory().canonicalPath().toStdString(),
+                     std::filesystem::canonical(Path(line[1])).string());
+         }},
         {"close", [&] { here.close(), QCoreApplication::processEvents(); }},
         {"answer", [&] { answers.push_back(line[1] == "Yes" ? QMessageBox::Yes : QMessageBox::No); }},
         {"by the scripted operator", [&] { TheMachine().op = &op; }},
