@@ -37,6 +37,8 @@ def after_failure(title):
         plug()
     elif window.alive() and CONNECTED not in window.link():
         replug()
+    if window.alive():
+        window.wait_link(CONNECTED)
 
 
 @step("window: starts and finds the writer")
