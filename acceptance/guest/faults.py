@@ -136,9 +136,9 @@ def silent():
 
 @step("window: Exit by keyboard")
 def leave():
-    window.choose_menu("f", 2)
+    window.choose_menu("f", 1)
     seen = window.wait_message("Are you sure to Exit")
-    window.wait_message("Are you sure to Exit")
+    window.wait_message("Are you sure to Exit")  # the close command asks once more
     until(lambda: not window.alive(), 20, "the end of the program")
     check(window.process.returncode == 0, f"it ended with {window.process.returncode}")
     return seen
