@@ -1,8 +1,7 @@
 # What lands where: programs in bin, the window program and the libraries in lib/pyxisload, the data in share/pyxisload.
 # Two components, one a package: the program itself, and the stand-in writer for work without the hardware.
-include(GNUInstallDirs)
 set(lib lib/pyxisload)
-set(share ${CMAKE_INSTALL_DATAROOTDIR})
+set(share ${CMAKE_INSTALL_DATADIR})
 
 set(main COMPONENT pyxisload)
 install(TARGETS pyxisload DESTINATION ${lib} ${main})

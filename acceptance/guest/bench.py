@@ -80,9 +80,10 @@ def step(title):
     return add
 
 
-def run_steps(after_failure=None):
+def run_steps(part, after_failure=None):
+    """Those of one part: a module that uses another one brings that one's steps along."""
     for title, function in _steps:
-        if not re.search(os.environ.get("STEPS", ""), title):
+        if function.__module__ != part or not re.search(os.environ.get("STEPS", ""), title):
             continue
         began = time.monotonic()
         try:
@@ -95,11 +96,6 @@ def run_steps(after_failure=None):
                 after_failure(title)
             except Exception as error:
                 note(f"tidying up failed: {error}")
-    forget_steps()
-
-
-def forget_steps():
-    _steps.clear()
 
 
 def check(condition, what):
@@ -199,15 +195,16 @@ def transfers():
     return int(read(device() + "/urbnum"))
 
 
-def wait_for_stall(before, at_least):
-    """Until the writer has stopped answering, at the latest `at_least` transfers behind `before`."""
+def wait_for_stall(before, count):
+    """Until the writer, which answers `count` transfers behind `before`, has stopped answering. The one that it leaves open
+    counts; so do those that open the device, which no fault counts."""
     seen = [transfers(), time.monotonic()]
 
     def still():
         now = transfers()
         if now != seen[0]:
             seen[:] = [now, time.monotonic()]
-        return now - before >= at_least and time.monotonic() - seen[1] > 0.5
+        return now - before > count and time.monotonic() - seen[1] > 0.5
     until(still, 60, "transfers that stand still")
     return seen[0] - before
 

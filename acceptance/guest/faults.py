@@ -10,10 +10,12 @@ from screen import CONNECTED, GONE, shot
 # Another IC than the one that the writer holds needs another firmware image; its own packages are large.
 IC, FILE = "QV8101", "QV8101.velmar"
 OTHER, OTHER_FILE = "QV8348", "QV8348.hex"
-# A firmware image is sent and read back in 2 x 132 pieces; what comes before it takes fewer than 60 transfers. A package
-# load begins after about as many.
-IN_FIRMWARE = 200
-IN_PACKAGE = 180
+# A firmware image is sent and read back in 2 x 132 pieces, behind 10 to 70 transfers: this is before the last piece is out.
+# A writer that has all of it needs no other one for the same IC, and the failed read-back counts on.
+IN_FIRMWARE = 100
+# A package load of FILE has 162 transfers until its data package is read back, and that begins with the 94th. What comes
+# behind them closes the load, and no longer decides.
+IN_PACKAGE = 120
 # The bound of a transfer is two minutes.
 SILENT_SECONDS = 150
 
@@ -39,7 +41,13 @@ def caught_in(count, do):
     before = transfers()
     host(f"tell stall-after {count}")
     do()
-    return wait_for_stall(before, count // 2)
+    return wait_for_stall(before, count)
+
+
+def alone():
+    """The runner has the writer for itself, also when the window hasn't ended as it should, or was only started."""
+    if window.alive():
+        window.quit()
 
 
 def recovers(ic=OTHER, file=OTHER_FILE, select=True):
@@ -128,9 +136,9 @@ def silent():
 
 @step("window: Exit by keyboard")
 def leave():
-    window.choose_menu("f", 2)
+    window.choose_menu("f", 1)
     seen = window.wait_message("Are you sure to Exit")
-    window.wait_message("Are you sure to Exit")
+    window.wait_message("Are you sure to Exit")  # the close command asks once more
     until(lambda: not window.alive(), 20, "the end of the program")
     check(window.process.returncode == 0, f"it ended with {window.process.returncode}")
     return seen
@@ -138,10 +146,11 @@ def leave():
 
 @step("pyxisjob: cable out in a firmware load")
 def job_firmware():
+    alone()
     before = transfers()
     host(f"tell stall-after {IN_FIRMWARE}")
     running = start_job("load", "--ic", OTHER, sample(OTHER_FILE))
-    at = wait_for_stall(before, IN_FIRMWARE // 2)
+    at = wait_for_stall(before, IN_FIRMWARE)
     unplug()
     began = time.monotonic()
     code, lines, _ = finish_job(running)
@@ -155,6 +164,7 @@ def job_firmware():
 
 @step("pyxisjob: cable out in Auto")
 def job_auto():
+    alone()
     host("tell no-verdict")
     before = transfers()
     running = start_job("auto")
@@ -170,6 +180,7 @@ def job_auto():
 
 @step("pyxisjob: no writer")
 def job_none():
+    alone()
     unplug()
     seen = job("writer", code=1)
     check("connected" in str(seen), str(seen))

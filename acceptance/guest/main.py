@@ -16,11 +16,10 @@ def main():
         module = __import__(part)
         try:
             getattr(module, "begin", lambda: None)()
-            bench.run_steps(getattr(module, "after_failure", None))
+            bench.run_steps(part, getattr(module, "after_failure", None))
             getattr(module, "end", lambda: None)()
         except Exception as error:  # the other parts can still tell something
             bench.host(f"FAIL {part}: {type(error).__name__}: {error}")
-            bench.forget_steps()
     return 0
 
 

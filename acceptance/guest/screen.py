@@ -247,7 +247,7 @@ class Program:
     # ---- the operator's ways
 
     def choose_menu(self, letter, entry):
-        """Opens a menu, and goes down to an entry, counted from 0."""
+        """Opens a menu, and goes down to an entry, counted from 0 among those that are enabled: the keys pass over the others."""
         key("alt+" + letter)
         time.sleep(0.5)
         for _ in range(entry):

@@ -37,6 +37,8 @@ def after_failure(title):
         plug()
     elif window.alive() and CONNECTED not in window.link():
         replug()
+    if window.alive():
+        window.wait_link(CONNECTED)
 
 
 @step("window: starts and finds the writer")
@@ -135,12 +137,18 @@ def another_device():
     return f"a tablet at {other[0].split('/')[-2]}, no transfer with the writer; {window.wait_message('Auto OK')}"
 
 
-def under(name, opened, title, closed="Escape", windows=1, at_once=True):
-    """The cable goes out and comes back while a window is open."""
+def under(name, opened, title="", says="", closed="Escape", windows=1, at_once=True):
+    """The cable goes out and comes back while a window is open: one with a title, or a message that says something."""
+    def is_open():
+        if title:
+            window.wait_window(title)
+        else:
+            until(lambda: (lambda box: box and says in window.words(box))(window.dialog()), 40, f"the message \"{says}\"")
+
     @step(f"window: cable out and in under {name}")
     def run():
         opened()
-        window.wait_window(title) if title else until(window.dialog, 40, "a message")
+        is_open()
         unplug()
         seen = ""
         if at_once:
@@ -157,7 +165,7 @@ def under(name, opened, title, closed="Escape", windows=1, at_once=True):
         window.wait_link(CONNECTED)
         # And both while it is open.
         opened()
-        window.wait_window(title) if title else until(window.dialog, 40, "a message")
+        is_open()
         unplug()
         plug()
         for left in range(windows, 0, -1):
@@ -180,11 +188,11 @@ under("Serial Number Program", lambda: window.choose_menu("o", 1), "Serial Numbe
 under("Serial Number Set", serial_set, "Serial Number Set", windows=2)
 under("Compare File", lambda: window.choose_menu("o", 3), "Download File Information")
 under("Set Protect", lambda: window.choose_menu("o", 4), "Option Select 1")
-under("Smart Option", lambda: window.press("s"), "")
-under("Read Chip Info", lambda: window.choose_menu("o", 5), "")
+under("Smart Option", lambda: window.press("s"))
+under("Read Chip Info", lambda: window.choose_menu("o", 5))
 under("About", lambda: window.press("a"), "About PyxisLoad")
-under("the question of Exit", lambda: window.choose_menu("f", 2), "", at_once=False)
-under("a result", lambda: window.press("v"), "", at_once=False)
+under("the question of Exit", lambda: window.choose_menu("f", 1), says="Are you sure to Exit", at_once=False)
+under("a result", lambda: window.press("v"), says="Verify OK", at_once=False)
 
 
 @step("window: Auto still works behind all of it")

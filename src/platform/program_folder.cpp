@@ -18,6 +18,7 @@ namespace {
 namespace fs = std::filesystem;
 
 constexpr char kName[] = "pyxisload";
+constexpr char kDataParent[] = PYXIS_DATA_PARENT;  // as the build was configured: "share" as a rule
 constexpr char kChosenFolder[] = "PYXISLOAD_FOLDER";
 // Load File leaves images beside the program file, so this directory is the user's and its files alone are links.
 constexpr char kSamples[] = "samples";
@@ -46,7 +47,7 @@ fs::path Prefix() {
 bool IsOurs(const fs::path& folder, const fs::path& name) {
   std::error_code error;
   const std::string target = fs::read_symlink(folder / name, error).string();
-  return !error && target.ends_with(std::string("/share/") + kName + "/" + name.string());
+  return !error && target.ends_with((fs::path("/") / kDataParent / kName / name).string());
 }
 
 // What comes under the name meanwhile, such as the link of a second start, is left.
@@ -99,7 +100,7 @@ ProgramFolder Kept(const std::string& data) {
 }  // namespace
 
 std::string InstalledData() {
-  std::string data = (Prefix() / "share" / kName).string();
+  std::string data = (Prefix() / kDataParent / kName).string();
   return IsProgramFolder(data) ? data : "";
 }
 

@@ -117,7 +117,7 @@ struct Redirection::Callbacks {
 };
 
 Redirection::Redirection(WriterModel& model, int socket)
-    : door_(model), socket_(socket), parser_(usbredirparser_create()) {
+    : model_(model), door_(model), socket_(socket), parser_(usbredirparser_create()) {
   parser_->priv = this;
   parser_->log_func = Callbacks::Log;
   parser_->read_func = Callbacks::Read;
@@ -149,7 +149,9 @@ Redirection::Redirection(WriterModel& model, int socket)
   usbredirparser_init(parser_, version, caps, USB_REDIR_CAPS_SIZE, usbredirparser_fl_usb_host);
 }
 
+// The connection is the cable.
 Redirection::~Redirection() {
+  model_.LosePower();
   usbredirparser_destroy(parser_);
   close(socket_);
 }

@@ -38,6 +38,7 @@ class Redirection {
   void Announce();
   void AnswerTransfers();
   void Answer(const Transfer& transfer, int status, std::span<std::uint8_t> in, std::uint32_t moved = 0);
+  WriterModel& model_;
   FrameDoor door_;
   int socket_;
   bool announced_ = false;

@@ -49,6 +49,9 @@ class WriterModel {
     verdictsDelivered_ = 0;
   }
 
+  // The cable, which feeds the writer, is out.
+  void LosePower();
+
   // The job, the memory and the counters, kept over a restart. False when the file can't be written, or isn't a
   // writer's memory.
   bool Save(const std::string& path) const;
@@ -86,7 +89,6 @@ class WriterModel {
   void CloseLoad();
   bool RunTask(std::uint8_t task);
   void SettleTask();
-  void LosePower();
   bool RunAuto();
   bool RunProgram();
   bool RunVerify();

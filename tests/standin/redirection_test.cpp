@@ -182,6 +182,12 @@ TEST_F(Redirection, ADeviceThatGoesOrGarbageEndsTheConnection) {
   const Bytes garbage(4096, 0xA5);
   ASSERT_GT(send(Guest(), garbage.data(), garbage.size(), 0), 0);
   EXPECT_TRUE(ends());
+  // The cable is out, in the middle of a firmware load: the next one starts anew.
+  const auto open = [this] { model.Write(OP_START_TASK, Bytes{50}, standin::Door::Frames); };
+  open();
+  writer.reset();
+  open();
+  EXPECT_EQ(model.Violations(), Texts{});
 }
 
 }  // namespace
