@@ -74,7 +74,6 @@ void CIcSelectDlg::OnSeriesChange(int position) {
     ClearAndDisable(massProduction);
   }
   TakeControls();
-  Changed();
 }
 
 void CIcSelectDlg::OnTypeChange(int position) {
@@ -93,7 +92,6 @@ void CIcSelectDlg::OnTypeChange(int position) {
     ClearAndDisable(isp);
   }
   TakeControls();
-  Changed();
 }
 
 bool CIcSelectDlg::OnTypedName(std::string_view typed) {
@@ -134,39 +132,35 @@ void CIcSelectDlg::TakeControls() {
   ispValue = isp.checked ? 1 : 0;
   massProductionValue = massProduction.checked ? 1 : 0;
   productionLimitValue = productionLimit.checked ? 1 : 0;
+  Changed();
 }
 
 void CIcSelectDlg::OnDisplaySerial(bool checked) {
   displaySerial.checked = checked;
   TakeControls();
-  Changed();
 }
 
 void CIcSelectDlg::OnMassProduction(bool checked) {
   massProduction.checked = checked;
   TakeControls();
-  Changed();
 }
 
 void CIcSelectDlg::OnProductionLimit(bool checked) {
   productionLimit.checked = checked;
   limitEditEnabled = checked;
   TakeControls();
-  Changed();
 }
 
 void CIcSelectDlg::OnExhvIsp(bool checked) {
   exhvIsp.checked = checked;
   isp.enabled = !checked && Row(seriesIndex, typeIndex).ic->isp == Isp::ExhvAndIsp;
   TakeControls();
-  Changed();
 }
 
 void CIcSelectDlg::OnIsp(bool checked) {
   isp.checked = checked;
   exhvIsp.enabled = !checked;
   TakeControls();
-  Changed();
 }
 
 bool CIcSelectDlg::OnLimitText(const std::string& text) {

@@ -20,6 +20,9 @@ namespace {
 // No program file, package or image comes near it.
 constexpr off_t kLargestFile = off_t{256} << 20;
 
+// Of a file that is made anew; the user's mask takes from it.
+constexpr mode_t kNewFileMode = S_IRUSR | S_IWUSR | S_IRGRP | S_IWGRP | S_IROTH | S_IWOTH;
+
 // What is there and no file: a directory, or a pipe that would block.
 bool IsNoFile(const std::string& path) {
   struct stat info {};
@@ -115,7 +118,7 @@ bool CloseFile(File file) {
 }
 
 ReplacedFile::ReplacedFile(const std::string& name) {
-  descriptor_ = ::open(ResolvePath(name).c_str(), O_RDWR | O_CREAT | O_CLOEXEC, 0666);
+  descriptor_ = ::open(ResolvePath(name).c_str(), O_RDWR | O_CREAT | O_CLOEXEC, kNewFileMode);
   struct stat info {};
   // A pipe that nobody reads would take some bytes and then block.
   if (descriptor_ >= 0 && ::fstat(descriptor_, &info) == 0 && S_ISFIFO(info.st_mode)) Close(true);

@@ -200,7 +200,6 @@ void BringSnProgressUpToDate(bool arrived) {
   if (!snProgressDlg && !MakeSnProgressDlg()) return;
   CSnProgramDlg& dialog = *snProgressDlg;
   dialog.SnFromIcSelection = app.selection.SnMode;
-  dialog.ended = false;
   dialog.snSetEnabled = false;
   if (arrived) dialog.snProgramEnabled = counts || !app.selection.SnMode;
   if (arrived) dialog.Begin(app.writer.WriterInfoBlock);

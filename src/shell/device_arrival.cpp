@@ -68,7 +68,6 @@ void RecoverFirmware() {
 // The register alone decides here.
 void SettleModel() {
   AppState& app = TheAppState();
-  app.writer.ModelRegister = 0;
   app.writer.ModelRegister = PeekByte(address::kModel);
   app.writer.WriterInfoBlock[Field::WriterModelByte.offset] = 0;
   app.writer.WriterModel = app.writer.ModelRegister == kRegisterKm48   ? Model::Km48

@@ -27,7 +27,6 @@ void TakeSelection(const CIcSelectDlg& dialog) {
   ClearVerdict();
   ShowChipName(dialog.chipName);
   TakeCatalogueRow(label);
-  ClearPinFigure();
   app.selection.ExhvIsp = dialog.exhvIspValue != 0;
   app.selection.IspProgram = dialog.ispValue != 0;
   app.selection.MassProduction = dialog.massProductionValue != 0 ? MassMode::On : MassMode::Off;

@@ -10,7 +10,6 @@ namespace pyxis {
 void IdentifyAtStart() {
   AppState& app = TheAppState();
   ReadWriterIdentity();
-  app.writer.ModelRegister = 0;
   app.writer.ModelRegister = PeekByte(address::kModel);
   app.writer.WriterInfoBlock[Field::WriterModelByte.offset] = 0;
   ReadInfoBlock(app.writer.WriterInfoBlock);
@@ -25,7 +24,6 @@ void IdentifyAtStart() {
 
 void SettleModelAtSelection() {
   AppState& app = TheAppState();
-  app.writer.ModelRegister = 0;
   app.writer.ModelRegister = PeekByte(address::kModel);
   app.writer.WriterInfoBlock[Field::WriterModelByte.offset] = 0;
   ReadInfoBlock(app.writer.WriterInfoBlock);

@@ -3,7 +3,6 @@
 #include "intake/load_file.h"
 #include "link/writer_commands.h"
 #include "operations/chip_info.h"
-#include "operations/compare_file.h"
 #include "options/option_select.h"
 #include "options/set_protect.h"
 #include "serial/sn_set.h"
@@ -60,34 +59,27 @@ TEST_F(UnderADialog, AChoiceThatIsGoneRefusesTheLoad) {
   }
 }
 
-// The file dialog lies over Compare File, and the lines below it are the new job's.
-TEST_F(UnderADialog, WhatIsShownOfAJobFollowsTheWriter) {
-  for (const std::size_t at : {4U, static_cast<unsigned>(Field::ImageChecksum.offset)}) {  // name, checksum
-    op.heard = [](const std::string&) {};
-    LoadSample("QVL04");
-    CReadChipInfoDlg info(true);
-    info.OnInitDialog();
-    CDownloadInfoDlg compare("", "");
-    compare.lines[2] = "Compare Result : OK";
-    CSnSetDlg serial(false, false, false);
-    serial.OnInitDialog();
-    Arrive();
-    EXPECT_EQ(All(info.readEnabled, compare.lines[0]), All(true, "Chip Name : QVL04"));
-    writer.OptionArea()[at] ^= 1;
-    op.heard = [](const std::string& event) {
-      if (event.starts_with("choose")) Arrive();
-    };
-    op.files = {""};
-    compare.OnCompareFile();
-    EXPECT_EQ(All(info.readEnabled, compare.lines[0]), All(false, at == 4 ? "Chip Name : QVL05" : "Chip Name : QVL04"));
-    op.Heard();
-    if (at != 4) continue;
-    EXPECT_EQ(compare.lines[2], "");
-    EXPECT_EQ(compare.OnCompareFile(), Cancelled(Reason::NoFile));
-    EXPECT_EQ(serial.OnLoad(), Refused(Reason::OtherChip));
-    EXPECT_EQ(op.Heard().back(), "HW and SW Chip Name is discordant");
-    EXPECT_FALSE(std::filesystem::exists(Path("serial.txt")));
-  }
+// The same IC with another checksum: what Read Chip Info would show is no longer of the job that it was opened for.
+TEST_F(UnderADialog, AnotherChecksumEndsReadChipInfo) {
+  LoadSample("QVL04");
+  CReadChipInfoDlg info(true);
+  info.OnInitDialog();
+  Arrive();
+  EXPECT_TRUE(info.readEnabled);
+  writer.OptionArea()[Field::ImageChecksum.offset] ^= 1;
+  Arrive();
+  EXPECT_FALSE(info.readEnabled);
+}
+
+TEST_F(UnderADialog, ASerialSetUpOfAnotherIcIsRefused) {
+  LoadSample("QVL04");
+  CSnSetDlg serial(false, false, false);
+  serial.OnInitDialog();
+  writer.OptionArea()[4] ^= 1;
+  Arrive();
+  EXPECT_EQ(serial.OnLoad(), Refused(Reason::OtherChip));
+  EXPECT_EQ(op.Heard(), Texts{"HW and SW Chip Name is discordant"});
+  EXPECT_FALSE(std::filesystem::exists(Path("serial.txt")));
 }
 
 // A writer of the other model has other ICs than those on offer; one of the same model changes nothing.

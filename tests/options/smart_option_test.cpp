@@ -102,6 +102,7 @@ class SmartOption : public Bench, public ::testing::WithParamInterface<const cha
     ShowsRows("alternatives", [](const Row& row) { return Joined(AlternativesOf(row), kAsText, "/"); });
     ShowsRows("items", [](const Row& row) { return Printf("%u/%u", row.ItemsLength, row.ItemCount); });
     ShowsRows("addresses", [](const Row& row) { return std::to_string(row.SwitchAddress); });
+    ShowsRows("values", [](const Row& row) { return Printf("%u/%u", row.SwitchValues[0], row.SwitchValues[1]); });
     Shows("choices", [] {
       return Joined(
           OptionChoices(), [](int choice) { return std::to_string(choice); }, " ");

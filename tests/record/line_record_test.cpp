@@ -84,6 +84,14 @@ TEST_F(Record, AHalfWrittenLineCountsAsNotDone) {
   }
 }
 
+TEST_F(Record, OfAHalfWrittenLineNoValueIsCut) {
+  const std::string whole = R"({"time":"2026","command":"serial","series":{"length":16)";
+  WriteText("line.jsonl", whole + R"(,"address":"03F)");
+  LineRecord record;
+  ASSERT_EQ(record.Open(File(), false), "");
+  EXPECT_EQ(Text(), whole + "},\"result\":\"interrupted\"}\n");
+}
+
 TEST_F(Record, AnotherFileIsRefusedAndLeftAsItIs) {
   for (const std::string& text : {std::string(":020000021000EC"), std::string(":020000021000EC\n:00000001FF\n"),
                                   std::string("{}\n"), std::string("{\"time\":1}\n{\"t"), std::string(64, '\0')}) {

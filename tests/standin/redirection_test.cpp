@@ -162,7 +162,7 @@ TEST_F(Redirection, AStallHoldsTransfersUntilItEndsOrTheyAreCancelled) {
   EXPECT_TRUE(model.Violations().empty());
 }
 
-TEST_F(Redirection, ADeviceThatGoesOrGarbageEndsTheConnection) {
+TEST_F(Redirection, ADeviceOrAGuestThatGoesOrGarbageEndsTheConnection) {
   Exchange();
   model.faults.disconnectAfter = 0;
   CommandBlock block = MakeCommandBlock(26, OP_IDENTITY);
@@ -175,13 +175,16 @@ TEST_F(Redirection, ADeviceThatGoesOrGarbageEndsTheConnection) {
     return false;
   };
   EXPECT_TRUE(ends());
-  close(sockets_[1]);
-  ASSERT_EQ(socketpair(AF_UNIX, SOCK_STREAM, 0, sockets_), 0);
   model.faults = {};
-  writer = std::make_unique<standin::Redirection>(model, sockets_[0]);
   const Bytes garbage(4096, 0xA5);
-  ASSERT_GT(send(Guest(), garbage.data(), garbage.size(), 0), 0);
-  EXPECT_TRUE(ends());
+  for (const bool gone : {false, true}) {
+    close(sockets_[1]);
+    ASSERT_EQ(socketpair(AF_UNIX, SOCK_STREAM, 0, sockets_), 0);
+    writer = std::make_unique<standin::Redirection>(model, sockets_[0]);
+    EXPECT_FALSE(ends());
+    EXPECT_EQ(gone ? shutdown(Guest(), SHUT_RDWR) : send(Guest(), garbage.data(), garbage.size(), 0), gone ? 0 : 4096);
+    EXPECT_TRUE(ends());
+  }
   // The cable is out, in the middle of a firmware load: the next one starts anew.
   const auto open = [this] { model.Write(OP_START_TASK, Bytes{50}, standin::Door::Frames); };
   open();

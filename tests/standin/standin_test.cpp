@@ -24,6 +24,7 @@ class Standin : public Bench, public ::testing::WithParamInterface<const char*> 
     auto& on = script.actions;
     auto& shows = script.states;
     on["writer"] = [this](C c) { writer = std::make_unique<WriterModel>(c[1] == "KM49" ? Model::Km49 : Model::Km48); };
+    on["identity"] = [this](C c) { writer->identity = c[1]; };
     // Steps of the protocol, ";" between them: opcode and bytes, or the number of bytes that are read.
     on["steps"] = [this](C c) {
       for (const std::string& step : Parts(c[1], ';')) {
@@ -131,7 +132,7 @@ INSTANTIATE_TEST_SUITE_P(Scripts, Standin,
                                            "where a series starts anew", "a chip counts once its verdict is delivered",
                                            "the limit counts good autos alone", "series that are refused",
                                            "where a production starts anew", "a restart keeps series and limit",
-                                           "what can be read"));
+                                           "what can be read", "what the self-test measures"));
 
 TEST_F(Standin, FramingIsStrict) {
   standin::FrameDoor door(*writer);

@@ -118,16 +118,21 @@ void ScenarioBench::Script(const Args& args) {
   const Texts steps(args.words.begin() + 1, args.words.end());
   const DialogEnd end = args.words.back() == "ok" ? DialogEnd::Ok : DialogEnd::Cancel;
   if (args[0] == "Info") {
-    op.chipInfo = [this, end](CReadChipInfoDlg& d) {
+    op.chipInfo = [this, steps, end](CReadChipInfoDlg& d) {
       d.Changed = [this, &d] {
         record.Line(Joined(d.lines, "|") + (d.readEnabled ? ", Read" : "") + (d.cancelEnabled ? ", Cancel" : ""));
       };
       d.Changed();
       if (d.readEnabled) d.OnRead();
+      if (!steps.empty() && steps[0] == "another") ComeAnotherWriter();
       return end;
     };
   } else if (args[0] == "Compare") {
-    op.downloadInfo = [this, end](CDownloadInfoDlg& d) { return CompareIn(d), end; };
+    op.downloadInfo = [this, steps, end](CDownloadInfoDlg& d) {
+      CompareIn(d);
+      if (!steps.empty() && steps[0] == "another") ComeAnotherWriter();
+      return end;
+    };
   } else if (args[0] == "SnSet") {
     op.snSet = [steps](CSnSetDlg& d) { return Enter(d, steps) ? DialogEnd::Ok : DialogEnd::Cancel; };
   } else if (args[0] == "SnProgram") {
@@ -170,15 +175,19 @@ void ScenarioBench::CompareIn(CDownloadInfoDlg& dialog) {
 void ScenarioBench::Press(CSnProgramDlg& dialog, const Texts& steps) {
   dialog.Changed = [this, &dialog, shown = std::string()]() mutable {
     const std::string now = dialog.startText + " of " + dialog.endText + ", OK " + dialog.okText + " NG " +
-                            dialog.ngText + " Total " + dialog.totalText + (dialog.snProgramEnabled ? ", Program" : "");
+                            dialog.ngText + " Total " + dialog.totalText +
+                            (dialog.snProgramEnabled ? ", Program" : "") +
+                            (TheMainControls().verdict.words.empty() ? "" : "; " + TheMainControls().verdict.words);
     if (std::exchange(shown, now) != now) record.Line(now);
   };
   for (const std::string& step : steps) {
     if (step == "good" || step == "bad") writer.chip = standin::Chip{};
     if (step == "bad") writer.faults.failTask = 1;
-    if (step == "set") dialog.OnSnSet();
+    if (step == "cancel") op.snSet = {};
+    if (step == "set" || step == "cancel") dialog.OnSnSet();
     if (step == "good" || step == "bad" || step == "press") dialog.OnSnProgram();
     if (step == "reset") dialog.OnResetCount();
+    if (step == "another") ComeAnotherWriter();
     if (step == "close") dialog.OnClose();
   }
 }
@@ -216,6 +225,12 @@ void ScenarioBench::Restart(bool buttonsOn) {
 void ScenarioBench::Device(DeviceEvent::Kind kind, const std::string& name) {
   const std::string device = std::string("dev#{") + kWriterInterfaceClass + "}";
   dialog_.OnDevice({kind, name == "writer" ? device : name == "capitals" ? ToUpper(device) : name});
+}
+
+// With the job of the neighbouring IC.
+void ScenarioBench::ComeAnotherWriter() {
+  writer.OptionArea()[4] ^= 1;
+  Device(DeviceEvent::Kind::Arrival, "writer");
 }
 
 // For each IC, as long as they stay the same.

@@ -61,6 +61,7 @@ class ScenarioBench : public RecordedBench {
   void Convert(const Args& args);
   void Restart(bool buttonsOn);
   void Device(DeviceEvent::Kind kind, const std::string& name);
+  void ComeAnotherWriter();
   void OfferedEntries(Texts chips);
   std::map<std::string, Field> Fields();
   std::map<std::string, std::function<void(const Args&)>> Orders();

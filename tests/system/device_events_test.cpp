@@ -1,7 +1,9 @@
 #include "platform/device_events.h"
 
+#include <linux/netlink.h>
 #include <poll.h>
 #include <signal.h>
+#include <sys/socket.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -26,6 +28,12 @@ TEST(UdevEvents, AreTheWritersAlone) {
       EXPECT_EQ(event->deviceName, "/devices/usb1/1-2#{6580898b-0493-40b6-87aa-d307188d4e24}");
     }
   });
+}
+
+TEST(UdevEvents, ListenWhereTheKernelTells) {
+  const int kernel = socket(AF_NETLINK, SOCK_RAW | SOCK_CLOEXEC, NETLINK_KOBJECT_UEVENT);
+  EXPECT_EQ(UdevEvents().Descriptors().size(), kernel >= 0 ? 1U : 0U);
+  if (kernel >= 0) close(kernel);
   EXPECT_TRUE(UdevEvents().Take().empty());
 }
 

@@ -23,7 +23,7 @@ TEST_F(Libraries, UpdatePassesTheCallAndItsResultOn) {
   UpdateLibrary library(PYXIS_TEST_LIBRARY_DIR);
   int window = 0;
   library.SetMainWindow(&window);
-  EXPECT_EQ(library.CallUpdateAgent("request"), -7);
+  for (int i = 0; i < 2; ++i) EXPECT_EQ(library.CallUpdateAgent("request"), -7);
   SharedLibrary same;
   const char* (*lastCall)(void**, void**) = nullptr;
   ASSERT_TRUE(same.Load(PYXIS_TEST_LIBRARY_DIR, "UpdateAgent") && same.Find("LastCall", lastCall));

@@ -35,9 +35,9 @@ TEST(BigDigit, TextAndBack) {
   });
   Number number("12345");
   char cut[] = "........";
-  for (const std::size_t room : {4U, 0U}) {
+  for (const auto& [room, text] : Table<std::size_t, const char*>{{4, "123"}, {0, "123"}, {1, ""}}) {
     EXPECT_EQ(bdConvToHex(number.bd, cut, room), 5U);
-    EXPECT_EQ(All(std::string(cut), cut[4]), All("123", '.'));
+    EXPECT_EQ(All(std::string(cut), cut[1], cut[4]), All(text, '2', '.'));
   }
   bdConvFromHex(number.bd, "g");
   EXPECT_EQ(bdIsZero(number.bd), 1);

@@ -63,6 +63,7 @@ class WindowScript : public UiBench, public UpdateAgent, public ::testing::WithP
         {"program folder", [&] { PutProgramFolder(); }},
         {"tin", [&] { WriteText("tin/" + line[1] + ".tin", line[2]); }},
         {"tin of the program folder", [&] { Write("tin/" + line[1] + ".tin", folder::MakeTin(line[1])); }},
+        {"empty file", [&] { Write(line[1], {}); }},
         {"open", [&] { Open(); }},
         {"dark", [&] { QApplication::setPalette(QPalette(QColor(60, 60, 60), QColor(45, 45, 48))); }},
         {"show bytes", [&] { Write("bytes", Bytes(static_cast<std::size_t>(line.Number(1)))), Show("bytes"); }},
@@ -109,6 +110,7 @@ class WindowScript : public UiBench, public UpdateAgent, public ::testing::WithP
         {"connected", [&] { EXPECT_EQ(TheAppState().writer.WriterConnected, line.Yes(1)); }},
         {"verdict in a new colour", [&] { ExpectNewVerdict(FindControl(here, "Last verdict")); }},
         {"burnt", [&] { EXPECT_EQ(Burnt(0x3FB) * 256 + Burnt(0x3FA), line.Number(1)); }},
+        {"files", [&] { QTRY_COMPARE(FilesOf(dynamic_cast<QFileDialog&>(here)), Q(wanted)); }},
         {"boxes", [&] { EXPECT_EQ(BoxesOf(here), wanted); }},
         {"chosen", [&] { ExpectChosen(here, line); }},
         {"taken", [&] { EXPECT_EQ(Taken(), wanted); }},
@@ -172,6 +174,16 @@ class WindowScript : public UiBench, public UpdateAgent, public ::testing::WithP
   static void ChooseFile(QLineEdit& edit, const std::string& path) {
     edit.setText(Q(path));
     QTest::keyClick(&edit, Qt::Key_Return);
+  }
+  // On offer, without the folders.
+  static QString FilesOf(const QFileDialog& dialog) {
+    const auto* list = dialog.findChild<QListView*>("listView");
+    QStringList files;
+    for (int row = 0; row < list->model()->rowCount(list->rootIndex()); ++row) {
+      const QString name = list->model()->index(row, 0, list->rootIndex()).data().toString();
+      if (QFileInfo(dialog.directory(), name).isFile()) files.append(name);
+    }
+    return files.join(QLatin1Char('|'));
   }
   static DeviceEvent::Kind Kind(const std::string& name) {
     return name == "arrival" ? DeviceEvent::Kind::Arrival : DeviceEvent::Kind::Removal;
@@ -282,10 +294,10 @@ INSTANTIATE_TEST_SUITE_P(All, WindowScript,
                                            "only Yes ends the program", "compare file again and again",
                                            "read chip info", "smart option captions in their colours",
                                            "an operation goes on behind its dialog", "smart option shows the word",
-                                           "serial numbers by the menu road", "serial numbers through IC selection",
-                                           "a series outlives the plug", "devices wait for an operation",
-                                           "lists, boxes and limit reach the dialog", "what the boxes offer",
-                                           "boxes that a step doesn't name stay",
+                                           "files in any letter case", "serial numbers by the menu road",
+                                           "serial numbers through IC selection", "a series outlives the plug",
+                                           "devices wait for an operation", "lists, boxes and limit reach the dialog",
+                                           "what the boxes offer", "boxes that a step doesn't name stay",
                                            "the two ISP modes exclude each other", "a bad limit",
                                            "a double click is OK", "a current row can be taken",
                                            "a typed name is found in every series"));

@@ -56,6 +56,10 @@ TEST(AniFile, StepsComeFromRateAndSequence) {
   EXPECT_EQ(Bytes(cursor->frames[1].begin(), cursor->frames[1].end()), (Bytes{2}));
   for (std::size_t length = 0; length < whole.size(); ++length)
     EXPECT_FALSE(ReadAni(std::span(whole).first(length))) << length;
+  Bytes overlong = Ani("anih 2 2 1,fram 3 1,INAM 1");
+  EXPECT_TRUE(ReadAni(overlong));
+  overlong[overlong.size() - 8] = 5;  // of 4 bytes
+  EXPECT_FALSE(ReadAni(overlong));
 }
 
 }  // namespace
