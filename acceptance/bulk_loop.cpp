@@ -1,12 +1,8 @@
 // The bare loop: makes the bulk transfers of a package download once more, as transfer_log kept them, with nothing
-// between them. bulk_loop RECORD ROUNDS prints what the download took in the program, and what it takes here, round by
-// round.
+// between them: bulk_loop RECORD. With "times" behind it, it only prints those of the record.
 #include <usb.h>
 
-#include <algorithm>
-#include <chrono>
 #include <cstdio>
-#include <cstdlib>
 #include <cstring>
 #include <fstream>
 #include <iterator>
@@ -19,6 +15,7 @@ namespace {
 constexpr int kVendor = 0x7A31, kProduct = 0x1602;
 constexpr int kTimeoutMs = 10000;
 constexpr int kInBit = 0x80;
+constexpr std::size_t kLongest = 512;
 constexpr int kCommandSize = 13;
 constexpr int kOpcodeOffset = 12;
 constexpr char kStartTask = 21, kControl = 23;
@@ -73,27 +70,36 @@ usb_dev_handle* OpenWriter() {
   return nullptr;
 }
 
-// Microseconds, or -1 when a transfer fails or brings something else than in the record.
-long long Replay(usb_dev_handle* writer, std::vector<Step>& steps, std::vector<char>& buffer) {
-  const auto began = std::chrono::steady_clock::now();
+// False when a transfer fails or brings something else than in the record.
+bool Replay(usb_dev_handle* writer, std::vector<Step>& steps, std::vector<char>& buffer) {
   for (Step& step : steps) {
     const Transfer& transfer = step.transfer;
     if ((transfer.endpoint & kInBit) == 0) {
       if (usb_bulk_write(writer, transfer.endpoint, step.data.data(), transfer.count, kTimeoutMs) != transfer.result)
-        return -1;
+        return false;
     } else if (usb_bulk_read(writer, transfer.endpoint, buffer.data(), transfer.count, kTimeoutMs) != transfer.result ||
                std::memcmp(buffer.data(), step.data.data(), step.data.size()) != 0) {
-      return -1;
+      return false;
     }
   }
-  return (std::chrono::steady_clock::now() - began) / std::chrono::microseconds(1);
+  return true;
+}
+
+// Nanoseconds of each transfer: since the one before, and its own.
+void PrintTimes(const std::vector<Step>& steps) {
+  std::int64_t before = steps.front().transfer.began;
+  for (const auto& [transfer, data] : steps) {
+    std::printf("%lld %lld\n", static_cast<long long>(transfer.began - before),
+                static_cast<long long>(transfer.ended - transfer.began));
+    before = transfer.ended;
+  }
 }
 
 }  // namespace
 
 int main(int argc, char** argv) {
-  if (argc != 3) {
-    std::fprintf(stderr, "usage: bulk_loop RECORD ROUNDS\n");
+  if (argc < 2) {
+    std::fprintf(stderr, "usage: bulk_loop RECORD [times]\n");
     return 2;
   }
   std::vector<Step> steps = Download(Read(argv[1]));
@@ -101,27 +107,18 @@ int main(int argc, char** argv) {
     std::fprintf(stderr, "no download in %s\n", argv[1]);
     return 1;
   }
-  std::size_t bytes = 0, longest = 0;
-  for (const Step& step : steps) {
-    bytes += step.data.size();
-    longest = std::max(longest, static_cast<std::size_t>(step.transfer.count));
+  if (argc > 2) {
+    PrintTimes(steps);
+    return 0;
   }
-  std::printf("transfers %zu bytes %zu program %lld", steps.size(), bytes,
-              static_cast<long long>((steps.back().transfer.ended - steps.front().transfer.began) / 1000));
-  const int rounds = std::atoi(argv[2]);
-  usb_dev_handle* writer = rounds > 0 ? OpenWriter() : nullptr;
-  if (rounds > 0 && writer == nullptr) {
+  usb_dev_handle* const writer = OpenWriter();
+  if (writer == nullptr) {
     std::fprintf(stderr, "no writer\n");
     return 1;
   }
-  std::vector<char> buffer(longest);
-  bool good = true;
-  for (int i = 0; i < rounds && good; ++i) {
-    const long long took = Replay(writer, steps, buffer);
-    good = took >= 0;
-    std::printf(" loop %lld", took);
-  }
-  std::printf("\n");
-  if (writer != nullptr) usb_close(writer);
+  std::vector<char> buffer(kLongest);
+  const bool good = Replay(writer, steps, buffer);
+  usb_close(writer);
+  if (!good) std::fprintf(stderr, "a transfer brings something else than in the record\n");
   return good ? 0 : 1;
 }

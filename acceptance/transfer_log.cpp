@@ -16,9 +16,13 @@ namespace {
 
 std::int64_t Now() { return std::chrono::steady_clock::now().time_since_epoch() / std::chrono::nanoseconds(1); }
 
-// Room from the start: growing would cost time between two transfers.
+// Room from the start, touched once: growing, and a page that the kernel must find first, would cost time between two
+// transfers.
 struct Log {
-  Log() { bytes.reserve(64 << 20); }
+  Log() {
+    bytes.resize(4 << 20);
+    bytes.clear();
+  }
   ~Log() {
     const char* path = std::getenv("TRANSFER_LOG");
     std::FILE* file = path == nullptr ? nullptr : std::fopen(path, "wb");
@@ -38,8 +42,9 @@ Log theLog;
 
 using Call = int (*)(usb_dev_handle*, int, char*, int, int);
 
-int Transferred(const char* name, usb_dev_handle* handle, int endpoint, char* data, int count, int timeout) {
-  const auto call = reinterpret_cast<Call>(dlsym(RTLD_NEXT, name));
+Call Find(const char* name) { return reinterpret_cast<Call>(dlsym(RTLD_NEXT, name)); }
+
+int Transferred(Call call, usb_dev_handle* handle, int endpoint, char* data, int count, int timeout) {
   Transfer transfer{endpoint, count, 0, 0, Now(), 0};
   transfer.result = call(handle, endpoint, data, count, timeout);
   transfer.ended = Now();
@@ -50,9 +55,11 @@ int Transferred(const char* name, usb_dev_handle* handle, int endpoint, char* da
 }  // namespace
 
 extern "C" int usb_bulk_write(usb_dev_handle* handle, int endpoint, char* data, int count, int timeout) {
-  return Transferred("usb_bulk_write", handle, endpoint, data, count, timeout);
+  static const Call call = Find("usb_bulk_write");
+  return Transferred(call, handle, endpoint, data, count, timeout);
 }
 
 extern "C" int usb_bulk_read(usb_dev_handle* handle, int endpoint, char* data, int count, int timeout) {
-  return Transferred("usb_bulk_read", handle, endpoint, data, count, timeout);
+  static const Call call = Find("usb_bulk_read");
+  return Transferred(call, handle, endpoint, data, count, timeout);
 }
