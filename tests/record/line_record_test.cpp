@@ -93,7 +93,13 @@ TEST_F(Record, OfAHalfWrittenLineNoValueIsCut) {
 }
 
 TEST_F(Record, AnotherFileIsRefusedAndLeftAsItIs) {
-  for (const char* text : {":020000021000EC", ":020000021000EC\n:00000001FF\n", "{}\n", "{\"time\":1}\n{\"t"}) {
+  const auto line = [](const char* serial) {
+    return std::string(R"({"time":"","command":"","ic":"QV8348","serial":")") + serial +
+           R"(","series":{"length":1,"address":"0","start":"FC","amount":"4","direction":"low"},"result":"OK"})" + "\n";
+  };
+  WriteText("line.jsonl", line("FC"));
+  EXPECT_EQ(LineRecord().Open(File(), true), "");
+  for (const std::string& text : Texts{line("F-"), line(""), ":020000021000EC", ":020000021000EC\n:00000001FF\n", "{}\n", "{\"time\":1}\n{\"t"}) {
     WriteText("line.jsonl", text);
     LineRecord record;
     EXPECT_NE(record.Open(File(), true), "") << text;
