@@ -99,7 +99,8 @@ TEST_F(Record, AnotherFileIsRefusedAndLeftAsItIs) {
   };
   WriteText("line.jsonl", line("FC"));
   EXPECT_EQ(LineRecord().Open(File(), true), "");
-  for (const std::string& text : Texts{line("F-"), line(""), ":020000021000EC", ":020000021000EC\n:00000001FF\n", "{}\n", "{\"time\":1}\n{\"t"}) {
+  for (const std::string& text :
+       Texts{line("F-"), line(""), ":020000021000EC", ":020000021000EC\n:00000001FF\n", "{}\n", "{\"time\":1}\n{\"t"}) {
     WriteText("line.jsonl", text);
     LineRecord record;
     EXPECT_NE(record.Open(File(), true), "") << text;
