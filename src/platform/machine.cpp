@@ -41,10 +41,7 @@ class NoUsb : public UsbHost {
 class NoPipes : public DevicePipes {
   bool Exist() const override { return false; }
   std::vector<std::string> InterfacePaths() override { return {}; }
-  Handle Open(const std::string&, int& error) override {
-    error = 0;
-    return nullptr;
-  }
+  Handle Open(const std::string&, int&) override { return nullptr; }
   bool Write(Handle, const std::uint8_t*, std::uint32_t) override { return false; }
   bool Read(Handle, std::uint8_t*, std::uint32_t) override { return false; }
   void Close(Handle) override {}

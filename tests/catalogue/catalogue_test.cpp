@@ -19,6 +19,7 @@ TEST_F(Catalogue, EveryFieldOfEveryRow) {
   const auto number = [](auto value) { return std::to_string(value); };
   const auto table = ReadTsv("catalogue_rows.tsv");
   std::set<std::string> known, labels;
+  std::map<std::string, const ChipEntry*> first;
   for (const Texts& wanted : table) known.insert(wanted[3]);
   // The rows of the ICs in the table, with their places among each other: an IC that is newer doesn't count.
   std::vector<std::tuple<int, int, const ChipEntry*>> rows;
@@ -42,6 +43,7 @@ TEST_F(Catalogue, EveryFieldOfEveryRow) {
          Printf("0x%X", row.ReadSizeBytes), number(int{row.HasOptionDialog}), number(int{row.HasSmartOption}),
          number(int{row.HasIspProgram}), number(int{row.ReadSwapBytes}), masks},
         wanted);
+    EXPECT_EQ(RowOfChip(wanted[3]), first.try_emplace(wanted[3], entry).first->second);
     if (!labels.insert(wanted[2]).second) continue;  // the second row of a label is never found
     const AppState& app = TheAppState();
     int foundList = -1, foundPlace = -1;
@@ -63,6 +65,13 @@ TEST_F(Catalogue, FindsRowsByLabel) {
     EXPECT_EQ(All(list, place, TheAppState().selection.ReadSizeBytes == 77),
               All(c.Number(1), c.Number(2), c.Number(1) < 0));
   });
+}
+
+TEST_F(Catalogue, KnowsABlockByTheStartOfAName) {
+  for (const auto& [block, known] :
+       Table<std::string, bool>{{"QV", true}, {"QVx", true}, {"Q", false}, {"", false}, {"QX", false}, {"PV", false}})
+    EXPECT_EQ(StartsLikeAName(std::span(reinterpret_cast<const std::uint8_t*>(block.data()), block.size())), known)
+        << block;
 }
 
 TEST_F(Catalogue, FirmwareImages) {

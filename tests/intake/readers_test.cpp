@@ -58,6 +58,7 @@ TEST_F(Readers, IntelHexImages) {
            {"the low digit decides", ":12000200000102030405060708090A0B0C0D0E0F1011\n", 2, 0x16, 0x04, 0x00},
            {"fill of words", ":0200020012347\n", 2, 6, 1, 0x3F},
            {"fill of zeros", ":0200020012347\n", 3, 6, 1, 0x00},
+           {"fill of words behind zeros", ":0200020012347\n", 2, 6, 2, 0xFF},
            {"only an end record", ":00000001FF\n", 2, 0, 0, 0},
            {"type 4 is data", ":01000500AAF0\n:020000040001F9\n", 1, 6, 1, 0x01},
            {"types 2 and 3 are passed over", ":01000000AA00\n:020000021234\n:020000031234\n", 1, 1, 0, 0xAA},

@@ -5,6 +5,9 @@
 #include "data/cases.h"
 #include "platform/clock.h"
 #include "platform/diagnostics.h"
+#include "platform/machine.h"
+#include "platform/operator.h"
+#include "platform/text.h"
 #include "platform/writer_access.h"
 
 namespace pyxis::test {
@@ -15,6 +18,7 @@ class Files : public Bench {};
 TEST_F(Files, NamesAreFoundAsWindowsWould) {
   const Bytes one{1};
   Write("Work/Job1.VELMAR", one);
+  Write("Work/AZ.bin", one);
   Write("Work/twins/B.txt", one);
   Write("Work/twins/b.TXT", one);
   ForEachCase("system.tsv", "names", [&](const Case& c) { EXPECT_EQ(ResolvePath(Path(c[0])), Path(c[1])); });
@@ -89,6 +93,15 @@ TEST_F(Files, AReplacedFileIsEmptyWithoutAGoodWrite) {
   RemoveFile(Path("JOB"));
   RemoveFile(Path("job"));
   EXPECT_FALSE(std::filesystem::exists(folder / "Job"));
+}
+
+TEST_F(Files, LettersChangeCaseAndNothingElse) {
+  EXPECT_EQ(All(ToLower("@AZ[`az{"), ToUpper("@AZ[`az{")), All("@az[`az{", "@AZ[`AZ{"));
+}
+
+TEST_F(Files, WhereNobodyAnswersItIsNo) {
+  ResetMachine();
+  EXPECT_FALSE(TheMachine().op->Ask("", "", MessageIcon::None));
 }
 
 TEST_F(Files, DirectoriesOfTheProcess) {

@@ -93,8 +93,14 @@ TEST_F(Record, OfAHalfWrittenLineNoValueIsCut) {
 }
 
 TEST_F(Record, AnotherFileIsRefusedAndLeftAsItIs) {
-  for (const std::string& text : {std::string(":020000021000EC"), std::string(":020000021000EC\n:00000001FF\n"),
-                                  std::string("{}\n"), std::string("{\"time\":1}\n{\"t"), std::string(64, '\0')}) {
+  const auto line = [](const char* serial) {
+    return std::string(R"({"time":"","command":"","ic":"QV8348","serial":")") + serial +
+           R"(","series":{"length":1,"address":"0","start":"FC","amount":"4","direction":"low"},"result":"OK"})" + "\n";
+  };
+  WriteText("line.jsonl", line("FC"));
+  EXPECT_EQ(LineRecord().Open(File(), true), "");
+  for (const std::string& text : Texts{line("F-"), line(""), std::string(64, '\0'), ":020000021000EC",
+                                       ":020000021000EC\n:00000001FF\n", "{}\n", "{\"time\":1}\n{\"t"}) {
     WriteText("line.jsonl", text);
     LineRecord record;
     EXPECT_NE(record.Open(File(), true), "") << text;

@@ -81,6 +81,7 @@ class Standin : public Bench, public ::testing::WithParamInterface<const char*> 
     shows["verdict"] = [this] { return std::to_string(verdict); };
     shows["serial"] = [this] { return verdict == 1 ? Printf("%02X", writer->chip.burnt.at(1)) : "none"; };
     shows["burnt"] = [this] { return Shown(writer->chip.burnt); };
+    shows["sums"] = [this] { return Printf("%X %X", writer->chip.checksum, writer->chip.upperChecksum); };
     shows["blank"] = [this] { return std::string(writer->chip.IsBlank() ? "yes" : "no"); };
     shows["data"] = [this] { return Shown(writer->DataArea()); };
     shows["autos"] = [this] { return std::to_string(autos); };
@@ -166,6 +167,8 @@ TEST_F(Standin, FaultsByTheirNames) {
 TEST_F(Standin, ABusHasOneHolderAndASocketItsPlace) {
   standin::StandinUsbHost usb(*writer);
   const UsbHost::Handle handle = usb.Open(usb.FindDevices()[1][1]);
+  EXPECT_LT(usb.SetConfiguration(handle, 2), 0);
+  EXPECT_LT(usb.SetConfiguration(nullptr, 1), 0);
   EXPECT_EQ(usb.ClaimInterface(handle, 0), 0);
   EXPECT_LT(usb.ClaimInterface(handle, 0), 0);
   EXPECT_FALSE(writer->SetMeasure(1, 0, 5) || writer->SetMeasure(0, 6, 5));
@@ -181,7 +184,7 @@ TEST_F(Standin, ABusHasOneHolderAndASocketItsPlace) {
   unsetenv("XDG_RUNTIME_DIR");
 }
 
-TEST_F(Standin, AStateThatIsCutIsRefused) {
+TEST_F(Standin, AStateThatIsCutOrAnotherFileIsRefused) {
   ASSERT_TRUE(writer->Save(Path("state")));
   const Bytes state = Contents("state");
   for (const std::size_t length : {std::size_t{0}, std::size_t{11}, std::size_t{100}, state.size() - 1}) {
@@ -190,6 +193,13 @@ TEST_F(Standin, AStateThatIsCutIsRefused) {
     EXPECT_FALSE(fresh.Restore(Path("cut"))) << length;
     EXPECT_TRUE(fresh.DataArea().empty());
   }
+  for (const std::size_t at : {0U, 6U, 7U}) {
+    Bytes other = state;
+    other[at] ^= 1;
+    Write("other", other);
+    EXPECT_FALSE(WriterModel().Restore(Path("other"))) << at;
+  }
+  EXPECT_TRUE(WriterModel().Restore(Path("state")));
 }
 
 }  // namespace

@@ -51,6 +51,9 @@ TEST_F(Libraries, WhatIsNoLibraryOrLacksACallIsMissing) {
     EXPECT_EQ(vendor.VMOpen(0x9899, 0, 0), kVendorLibraryMissing);
     EXPECT_EQ(vendor.VMRead(1, &byte, 1), kVendorLibraryMissing);
   }
+  fs::remove(folder / "libvelmarapi.so");  // it has been let go of
+  Copy("libvelmarapi.so", "libvelmarapi.so");
+  EXPECT_EQ(vendor.VMOpen(0x9899, 0, 0), -3);
 }
 
 TEST_F(Libraries, VendorPassesCallsOnOnceItIsOpen) {

@@ -45,6 +45,16 @@ bool ShowsItsText(const QLineEdit& edit) {
   return needed + 4 <= edit.style()->subElementRect(QStyle::SE_LineEditContents, &option, &edit).width();
 }
 
+// Nothing lies on its neighbour.
+void ExpectApart(const QWidget& shown) {
+  for (const QWidget* child : shown.findChildren<QWidget*>())
+    for (const QWidget* other : child->parentWidget()->findChildren<QWidget*>(Qt::FindDirectChildrenOnly)) {
+      const bool both = child != other && child->isVisible() && other->isVisible() && child->window() == &shown;
+      EXPECT_FALSE(both && child->geometry().intersects(other->geometry()))
+          << child->metaObject()->className() << " on " << other->metaObject()->className();
+    }
+}
+
 void ExpectReadable(QWidget& shown, const std::string& name) {
   // A serial number's fields take 32 digits.
   std::map<ui::NumericEditField*, std::string> before;
@@ -107,7 +117,10 @@ void LookAt(QWidget& shown, const std::string& name) {
   SCOPED_TRACE(name);
   if (name == "main") shown.resize(1180, 720), QCoreApplication::processEvents();
   ExpectReadable(shown, name);
+  ExpectApart(shown);
   ExpectTabOrder(shown);
+  const bool grows = name == "main" || name == "ic_type_select";
+  EXPECT_EQ(shown.minimumSize() == shown.maximumSize(), !grows);
   for (const Case& row : Cases("window_captions.tsv", "windows"))
     if (row[0] == name) ExpectCaptions(shown, row);
   const QDir out(QStringLiteral(PYXIS_SCREENSHOT_DIR));

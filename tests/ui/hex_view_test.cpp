@@ -140,6 +140,7 @@ class HexView : public Bench, public ::testing::WithParamInterface<const char*> 
     Shows("row", [this] { return view.caret.CaretY / line; });
     Shows("wide", [this] { return view.caret.Width(view.geometry) / cell; });
     Shows("caret", [this] { return view.CaretVisible(); });
+    Shows("focus", [this] { return widget.hasFocus(); });
     Shows("length", [this] { return view.DataLength(); });
     Shows("line bytes", [this] { return view.geometry.m_lpr; });
     Shows("kept", [this] { return profile.values[setting]; });

@@ -70,6 +70,7 @@ class WindowScript : public UiBench, public UpdateAgent, public ::testing::WithP
         {"show file", [&] { Show(line[1]); }},
         {"menu", [&] { EXPECT_TRUE(Choose(what)); }},
         {"grey", [&] { EXPECT_FALSE(Choose(what)); }},
+        {"hover", [&] { Hover(what); }},
         {"press", [&] { Press(here, what); }},
         {"click", [&] { Find<QAbstractButton>(here, what).click(); }},
         {"focus", [&] { control().setFocus(); }},
@@ -147,6 +148,11 @@ class WindowScript : public UiBench, public UpdateAgent, public ::testing::WithP
   }
   void Show(const std::string& file) {
     ShowFile(Path(file));
+    QCoreApplication::processEvents();
+  }
+  void Hover(const QString& caption) {
+    for (QAction* action : window->findChildren<QAction*>())
+      if (action->text() == caption) action->showStatusText(window.get());
     QCoreApplication::processEvents();
   }
   static void Key(QWidget& target, const QString& name) {
@@ -291,8 +297,9 @@ TEST_P(WindowScript, Runs) {
 }
 INSTANTIATE_TEST_SUITE_P(All, WindowScript,
                          ::testing::Values("from device to Auto OK", "the last verdict stays in words", "closing asks",
-                                           "only Yes ends the program", "compare file again and again",
-                                           "read chip info", "smart option captions in their colours",
+                                           "a prompt shows in the status bar", "only Yes ends the program",
+                                           "compare file again and again", "read chip info",
+                                           "smart option captions in their colours",
                                            "an operation goes on behind its dialog", "smart option shows the word",
                                            "files in any letter case", "serial numbers by the menu road",
                                            "serial numbers through IC selection", "a series outlives the plug",
