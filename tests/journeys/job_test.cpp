@@ -1,9 +1,6 @@
 // pyxisjob as a script runs it, in this process: words, standard input, what comes out, exit codes, the line's record.
 #include "job.h"
 
-#include <sys/resource.h>
-
-#include <csignal>
 #include <iostream>
 #include <nlohmann/json.hpp>
 
@@ -11,6 +8,7 @@
 #include "link/identification.h"
 #include "platform/text.h"
 #include "shell/process_state.h"
+#include "support/full_disk.h"
 #include "support/standin_bench.h"
 
 namespace pyxis::test {
@@ -38,7 +36,7 @@ class JobScript : public StandinBench, public ::testing::WithParamInterface<cons
     on["run"] = [this](C c) {
       Run(c[1], c[2]);
       cutClock.cut = [] { return false; };
-      LimitFiles(RLIM_INFINITY);
+      fullDisk.reset();
     };
     on["chip-info at each lost transfer"] = [this](C) {
       int lost = 0;
@@ -60,9 +58,8 @@ class JobScript : public StandinBench, public ::testing::WithParamInterface<cons
     // For one run, from when the record has so many bytes.
     on["full disk"] = [this](C c) {
       const auto enough = static_cast<std::size_t>(c.Number(1));
-      std::signal(SIGXFSZ, SIG_IGN);
       cutClock.cut = [=, this] {
-        if (const std::size_t size = Contents("line.jsonl").size(); size >= enough) LimitFiles(size);
+        if (const std::size_t size = Contents("line.jsonl").size(); !fullDisk && size >= enough) fullDisk.emplace(size);
         return false;
       };
     };
@@ -97,12 +94,6 @@ class JobScript : public StandinBench, public ::testing::WithParamInterface<cons
   }
   ~JobScript() override { std::filesystem::current_path(before_); }
 
-  static void LimitFiles(rlim_t size) {
-    rlimit limit{};
-    getrlimit(RLIMIT_FSIZE, &limit);
-    limit.rlim_cur = std::min(size, limit.rlim_max);
-    setrlimit(RLIMIT_FSIZE, &limit);
-  }
   std::string Text(const std::string& name) const {
     const Bytes bytes = Contents(name);
     return {bytes.begin(), bytes.end()};
@@ -151,6 +142,7 @@ class JobScript : public StandinBench, public ::testing::WithParamInterface<cons
   }
 
   CutClock cutClock;
+  std::optional<FullDisk> fullDisk;
   std::string out, err;
   int exit = -1;
   Script script;

@@ -1,12 +1,10 @@
 // The line's record: what stands on the disk when, half-written lines, and where a series goes on.
 #include "record/line_record.h"
 
-#include <sys/resource.h>
 #include <sys/stat.h>
 
-#include <csignal>
-
 #include "data/cases.h"
+#include "support/full_disk.h"
 
 namespace pyxis::test {
 namespace {
@@ -134,14 +132,11 @@ TEST_F(Record, TellsWhatCantBeHad) {
   EXPECT_NE(second.Open(File(), true).find("in use"), std::string::npos);
   // A full disk in the middle of a line: no chip may follow.
   Put(first, "FC", "OK");
-  std::signal(SIGXFSZ, SIG_IGN);
-  rlimit before{};
-  getrlimit(RLIMIT_FSIZE, &before);
-  rlimit full = before;
-  full.rlim_cur = Text().size() + 5;
-  setrlimit(RLIMIT_FSIZE, &full);
-  const std::string error = first.Begin(Chip("FD"));
-  setrlimit(RLIMIT_FSIZE, &before);
+  std::string error;
+  {
+    const FullDisk full(Text().size() + 5);
+    error = first.Begin(Chip("FD"));
+  }
   EXPECT_NE(error.find(File()), std::string::npos) << error;
   EXPECT_NE(first.Begin(Chip("FE")), "");
 }
