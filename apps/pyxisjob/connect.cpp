@@ -7,8 +7,9 @@
 #include "link/identification.h"
 #include "link/writer_commands.h"
 #include "link/writer_link.h"
+#include "platform/machine.h"
 #include "platform/text.h"
-#include "platform/writer_access.h"
+#include "platform/usb_host.h"
 #include "shell/ground/app_state.h"
 #include "shell/ground/messages.h"
 #include "shell/refresh_from_writer.h"
@@ -59,7 +60,7 @@ bool Connect(Job& job) {
   Open(job.options.link);
   if (!TheAppState().writer.WriterConnected) {
     job.op.Tell(kUsbNotConnected, kMessageCaption, MessageIcon::Stop);
-    if (const std::string words = MissingRightWords(); !words.empty())
+    if (const std::string words = TheMachine().usb->MissingRight(); !words.empty())
       job.op.Tell(words, kMessageCaption, MessageIcon::Stop);
     return false;
   }

@@ -37,9 +37,11 @@ void ShowVendorStep(int position) {
 
 }  // namespace
 
-std::vector<std::uint8_t> DiffersFrom(std::span<const std::uint8_t> sent) {
-  std::vector<std::uint8_t> bytes(sent.begin(), sent.end());
-  for (std::uint8_t& byte : bytes) byte = static_cast<std::uint8_t>(~byte);
+std::vector<std::uint8_t> DiffersFrom(std::span<const std::uint8_t> sent, std::size_t length) {
+  std::vector<std::uint8_t> bytes(length);
+  const std::size_t common = std::min(sent.size(), length);
+  std::transform(sent.begin(), sent.begin() + static_cast<std::ptrdiff_t>(common), bytes.begin(),
+                 [](std::uint8_t byte) { return static_cast<std::uint8_t>(~byte); });
   return bytes;
 }
 
@@ -51,28 +53,27 @@ bool DownloadPackageFile(const std::string& path, std::uint8_t areaSelector) {
     TheMachine().op->Tell(Printf(kOpenFail, path.c_str()), kPlainCaption);
     return false;
   }
-  const auto sent = ReadStream(file.get());
-  if (!sent || sent->size() > kTransferBufferSize) return false;
+  std::vector<std::uint8_t> sent;
+  if (!ReadStream(file.get(), sent) || sent.size() > kTransferBufferSize) return false;
   SelectArea(areaSelector);
   // An empty file still sends its block of length 0, which needs a buffer to point to.
   static const std::uint8_t nothing = 0;
-  const std::span<const std::uint8_t> out = sent->empty() ? std::span(&nothing, 0) : std::span(*sent);
+  const std::span<const std::uint8_t> out = sent.empty() ? std::span(&nothing, 0) : std::span(sent);
   {
     const TransferProgress progress;
     WriteCommand(OP_WRITE_AREA, out);
   }
 
-  std::vector<std::uint8_t> received = DiffersFrom(*sent);
+  const auto length = static_cast<std::size_t>(std::max(FileLength(file.get()), 0L));
   // One spare byte: a transfer of nothing needs a buffer to point to.
-  received.resize(static_cast<std::size_t>(std::max(FileLength(file.get()), 0L)) + 1);
-  const std::span<std::uint8_t> in = std::span(received).first(received.size() - 1);
+  std::vector<std::uint8_t> received = DiffersFrom(sent, length + 1);
+  const std::span<std::uint8_t> in = std::span(received).first(length);
   {
     const TransferProgress progress;
     ReadCommand(OP_READ_AREA, in);
   }
   CloseArea();
-  const auto again = ReadStream(file.get());
-  return again && std::equal(again->begin(), again->end(), in.begin(), in.end());
+  return ReadStream(file.get(), sent) && std::ranges::equal(sent, in);
 }
 
 bool RewriteOptionArea(const std::string& path) {

@@ -13,9 +13,9 @@ namespace pyxis {
 // A package file and a firmware transfer have at most this many bytes.
 inline constexpr std::size_t kTransferBufferSize = 131072;
 
-// A read-back buffer before the read: every byte differs from what was sent, so that bytes that a failed transfer
-// doesn't bring can't pass.
-std::vector<std::uint8_t> DiffersFrom(std::span<const std::uint8_t> sent);
+// A read-back buffer of `length` bytes before the read: every byte differs from what was sent, so that bytes that a
+// failed transfer doesn't bring can't pass.
+std::vector<std::uint8_t> DiffersFrom(std::span<const std::uint8_t> sent, std::size_t length);
 
 // Both package files; tells the operator itself. Failed: OptionNotArrived, DataNotArrived.
 Outcome DownloadPackages();

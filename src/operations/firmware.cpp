@@ -52,7 +52,7 @@ void AddressStart() {
 }
 
 std::vector<std::uint8_t> ReadBack(const std::vector<std::uint8_t>& image) {
-  std::vector<std::uint8_t> received = DiffersFrom(image);
+  std::vector<std::uint8_t> received = DiffersFrom(image, image.size());
   const TransferProgress progress;
   ReadCommand(OP_READ_MEMORY, received);
   return received;

@@ -88,12 +88,16 @@ long FileLength(std::FILE* file) {
   return static_cast<long>(info.st_size);
 }
 
+bool ReadStream(std::FILE* file, std::vector<std::uint8_t>& bytes) {
+  if (std::fseek(file, 0, SEEK_SET) != 0) return false;
+  bytes.resize(static_cast<std::size_t>(FileLength(file)));
+  bytes.resize(bytes.empty() ? 0 : std::fread(bytes.data(), 1, bytes.size(), file));
+  return std::ferror(file) == 0;
+}
+
 std::optional<std::vector<std::uint8_t>> ReadStream(std::FILE* file) {
-  if (std::fseek(file, 0, SEEK_SET) != 0) return std::nullopt;
-  std::vector<std::uint8_t> bytes(static_cast<std::size_t>(FileLength(file)));
-  const std::size_t count = bytes.empty() ? 0 : std::fread(bytes.data(), 1, bytes.size(), file);
-  if (std::ferror(file) != 0) return std::nullopt;
-  bytes.resize(count);
+  std::vector<std::uint8_t> bytes;
+  if (!ReadStream(file, bytes)) return std::nullopt;
   return bytes;
 }
 

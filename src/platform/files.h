@@ -40,6 +40,8 @@ std::optional<std::vector<std::uint8_t>> ReadForUpdate(const std::string& name);
 
 // All bytes of an open stream from its start, or nothing when the read fails.
 std::optional<std::vector<std::uint8_t>> ReadStream(std::FILE* file);
+// The same into `bytes`, in place of what it holds; false when the read fails.
+bool ReadStream(std::FILE* file, std::vector<std::uint8_t>& bytes);
 
 // Replaces the whole file, in place. False when the file can't be created or a byte couldn't be written.
 bool WriteWholeFile(const std::string& name, std::span<const std::uint8_t> bytes);

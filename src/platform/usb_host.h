@@ -36,6 +36,8 @@ class UsbHost {
   virtual int BulkRead(Handle handle, int endpoint, std::uint8_t* data, int count, int timeout) = 0;
   virtual void Close(Handle handle) = 0;
   virtual std::string Error() = 0;
+  // What the operator can do about a writer that is plugged in but that this user may not open, in words; else empty.
+  virtual std::string MissingRight() { return {}; }
 };
 
 }  // namespace pyxis

@@ -89,6 +89,7 @@ void OnArrival(const DeviceEvent& event) {
   app.writer.WriterConnected = ActiveTransport().Open();
   if (!app.writer.WriterConnected) {
     DisableAll();
+    ShowLinkStatus();  // which tells why it can't be opened
     return;
   }
   ReadWriterIdentity();

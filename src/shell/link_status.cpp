@@ -5,6 +5,7 @@
 #include "link/identification.h"
 #include "platform/machine.h"
 #include "platform/main_view.h"
+#include "platform/usb_host.h"
 #include "shell/ground/app_state.h"
 #include "shell/ground/main_controls.h"
 #include "shell/ground/messages.h"
@@ -24,6 +25,7 @@ void ShowLinkStatus() {
   bar.connectedIcon = TheAppState().writer.WriterConnected;
   bar.pane1 = bar.connectedIcon ? std::string(identity.data(), strnlen(identity.data(), kShownIdentity))
                                 : std::string(kUsbNotConnected);
+  bar.missingRight = bar.connectedIcon ? std::string() : TheMachine().usb->MissingRight();
   TheMachine().view->ControlsChanged();
 }
 

@@ -18,6 +18,7 @@ std::vector<UsbBus> StandinUsbHost::FindDevices() {
 }
 
 UsbHost::Handle StandinUsbHost::Open(const UsbDeviceEntry& device) {
+  if (!missingRight.empty()) return nullptr;
   door_.Reconnect();
   return device.device;
 }

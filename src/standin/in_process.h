@@ -12,6 +12,7 @@ class StandinUsbHost : public UsbHost {
  public:
   explicit StandinUsbHost(WriterModel& model) : door_(model) {}
   bool pluggedIn = true;
+  std::string missingRight;  // that the user may not open it, in words; else empty
 
   std::vector<UsbBus> FindDevices() override;
   Handle Open(const UsbDeviceEntry& device) override;
@@ -21,6 +22,7 @@ class StandinUsbHost : public UsbHost {
   int BulkRead(Handle handle, int endpoint, std::uint8_t* data, int count, int timeout) override;
   void Close(Handle) override { claimed_ = silent_ = false; }
   std::string Error() override { return "stand-in writer: transfer error"; }
+  std::string MissingRight() override { return pluggedIn ? missingRight : std::string(); }
 
  private:
   int Heard(int result);

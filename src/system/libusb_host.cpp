@@ -4,6 +4,8 @@
 
 #include <cerrno>
 
+#include "platform/writer_access.h"
+
 namespace pyxis {
 
 namespace {
@@ -66,5 +68,7 @@ void LibusbHost::Close(Handle handle) {
 }
 
 std::string LibusbHost::Error() { return usb_strerror(); }
+
+std::string LibusbHost::MissingRight() { return MissingRightWords(); }
 
 }  // namespace pyxis

@@ -20,6 +20,7 @@ class LibusbHost : public UsbHost {
   int BulkRead(Handle handle, int endpoint, std::uint8_t* data, int count, int timeout) override;
   void Close(Handle handle) override;
   std::string Error() override;
+  std::string MissingRight() override;
 
  private:
   int Heard(Handle handle, int result);

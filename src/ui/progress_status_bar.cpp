@@ -4,7 +4,6 @@
 #include <QPainter>
 #include <QProgressBar>
 
-#include "platform/writer_access.h"
 #include "shell/ground/main_controls.h"
 #include "ui/qt_text.h"
 
@@ -61,6 +60,7 @@ ProgressStatusBar::ProgressStatusBar(QWidget* parent)
   pane0_->setAccessibleDescription(QStringLiteral("Status"));  // the name of a label is its text
   pane1_->setAccessibleDescription(QStringLiteral("Link status"));
   progress_->setAccessibleName(QStringLiteral("Progress"));
+  note_->setAccessibleDescription(QStringLiteral("Right to open the writer"));
   note_->setText(QStringLiteral("No right to open the writer"));
   note_->setAutoFillBackground(true);
   note_->hide();
@@ -79,7 +79,7 @@ void ProgressStatusBar::Sync() {
     pane1_->setText(text1);
     LayOut();
   }
-  const QString words = bar.connectedIcon ? QString() : FromText(MissingRightWords());
+  const QString words = FromText(bar.missingRight);
   for (QLabel* label : {note_, icon_, pane1_}) label->setToolTip(words);
   note_->setVisible(!words.isEmpty());
   if (iconShown_ != (bar.connectedIcon ? 1 : 0)) {

@@ -6,6 +6,7 @@
 #include <fstream>
 #include <functional>
 #include <map>
+#include <set>
 #include <sstream>
 
 #include "support/bench.h"
@@ -65,6 +66,15 @@ inline std::vector<Case> Cases(const std::string& file, const std::string& secti
   }
   EXPECT_FALSE(cases.empty()) << file << ", " << section;
   return cases;
+}
+
+// All sections of the file but those named, so that a new one can't be forgotten.
+inline std::vector<std::string> SectionsBut(const std::string& file, const std::set<std::string>& others) {
+  std::vector<std::string> sections;
+  std::ifstream in(PYXIS_TEST_DATA_DIR "/" + file);
+  for (std::string line; std::getline(in, line);)
+    if (line.starts_with("== ") && !others.contains(line.substr(3))) sections.push_back(line.substr(3));
+  return sections;
 }
 
 inline void ForEachCase(const std::string& file, const std::string& section,

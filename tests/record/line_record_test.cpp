@@ -113,7 +113,9 @@ TEST_F(Record, BlankLinesArePassedOver) {
     ASSERT_EQ(record.Open(File(), true), "");
     Put(record, "FC", "OK");
   }
-  WriteText("line.jsonl", "\n" + Text() + "\n \r\n");
+  std::string text = Text();
+  text.insert(0, 1, '\n').append("\n \r\n");
+  WriteText("line.jsonl", text);
   LineRecord record;
   ASSERT_EQ(record.Open(File(), true), "");
   Put(record, "FD", "OK");

@@ -31,7 +31,7 @@ std::string Joined(const Texts& texts) {
   return all;
 }
 
-class WindowScript : public UiBench, public UpdateAgent, public ::testing::WithParamInterface<const char*> {
+class WindowScript : public UiBench, public UpdateAgent, public ::testing::WithParamInterface<std::string> {
  protected:
   using Lines = std::span<const Case>;
   static std::size_t Depth(const Case& line) { return line[0].find_first_not_of(' '); }
@@ -90,6 +90,7 @@ class WindowScript : public UiBench, public UpdateAgent, public ::testing::WithP
         {"by the scripted operator", [&] { TheMachine().op = &op; }},
         {"pull and put back", [&] { PullAndPutBack(here); }},
         {"raise", [&] { Raise(line[1] == "arrival"); }},
+        {"no right", [&] { usb.missingRight = line[1]; }},
         {"queue", [&] { events.Raise(Kind(line[1])); }},
         {"post click", [&] { PostClick(control()); }},
         {"post key", [&] { PostKey(control(), line[2][0], more); }},
@@ -102,6 +103,7 @@ class WindowScript : public UiBench, public UpdateAgent, public ::testing::WithP
         {"look at", [&] { LookAt(here, line[1]); }},
         {"is", [&] { ExpectFacts(line[1] == "this" ? here : control(), line[2]); }},
         {"see", [&] { EXPECT_EQ(TextOf(control()), line[2]); }},
+        {"tip", [&] { EXPECT_EQ(control().toolTip().toStdString(), line[2]); }},
         {"ink", [&] { EXPECT_EQ(InkInFrontOf(control(), here), line[2]); }},
         {"told", [&] { EXPECT_EQ(Joined(std::exchange(seen, {})), wanted); }},
         {"heard", [&] { EXPECT_EQ(std::ssize(op.Heard()), line.Number(1)); }},
@@ -295,21 +297,11 @@ TEST_P(WindowScript, Runs) {
   Run(Lines(lines).first(std::min(first + 1, lines.size())), none);
   if (first < lines.size()) Run(Lines(lines).subspan(first + 1), *window);
 }
-INSTANTIATE_TEST_SUITE_P(All, WindowScript,
-                         ::testing::Values("from device to Auto OK", "the last verdict stays in words", "closing asks",
-                                           "a prompt shows in the status bar", "only Yes ends the program",
-                                           "compare file again and again", "read chip info",
-                                           "smart option captions in their colours",
-                                           "an operation goes on behind its dialog", "smart option shows the word",
-                                           "files in any letter case", "serial numbers by the menu road",
-                                           "serial numbers through IC selection", "a series outlives the plug",
-                                           "devices wait for an operation", "lists, boxes and limit reach the dialog",
-                                           "what the boxes offer", "boxes that a step doesn't name stay",
-                                           "the two ISP modes exclude each other", "a bad limit",
-                                           "a double click is OK", "a current row can be taken",
-                                           "a typed name is found in every series"));
-
+// Those that end with a look at every window, at every scale.
 INSTANTIATE_TEST_SUITE_P(EveryWindow, WindowScript, ::testing::Values("every dialog of a job", "a job with options"));
+INSTANTIATE_TEST_SUITE_P(All, WindowScript,
+                         ::testing::ValuesIn(SectionsBut("windows.tsv",
+                                                         {"every dialog of a job", "a job with options"})));
 
 }  // namespace
 }  // namespace pyxis::test

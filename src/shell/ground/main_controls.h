@@ -50,6 +50,7 @@ struct CProgStatusBar {
   bool progressVisible = false;
   std::string pane0, pane1;
   bool connectedIcon = false;
+  std::string missingRight;  // why the writer can't be opened, for the operator; empty when the right isn't missing
 };
 
 struct MainControls {
