@@ -1,6 +1,7 @@
 # pyxis_room(NAME FILES PATTERN... [EXCLUDE PATTERN...] [DEPENDS TARGET...]): a static library of files of src/, given by
-# patterns relative to src/. Its headers are reached through a folder of links of its own, so a unit can include the
-# headers of its own room and of those that the room depends on, and no other: a wrong include doesn't compile.
+# patterns relative to src/. Its headers and its units are reached through a folder of links of its own, so a unit can
+# include the headers of its own room and of those that the room depends on, and no other, neither from src/ nor from the
+# folder beside it: a wrong include doesn't compile.
 function(pyxis_room name)
   cmake_parse_arguments(PARSE_ARGV 1 room "" "" "FILES;EXCLUDE;DEPENDS")
   set(files)
@@ -15,12 +16,10 @@ function(pyxis_room name)
   file(REMOVE_RECURSE ${doors})
   set(sources)
   foreach(file IN LISTS files)
-    list(APPEND sources ${CMAKE_SOURCE_DIR}/src/${file})
-    if(file MATCHES "\\.h$")
-      get_filename_component(folder ${doors}/${file} DIRECTORY)
-      file(MAKE_DIRECTORY ${folder})
-      file(CREATE_LINK ${CMAKE_SOURCE_DIR}/src/${file} ${doors}/${file} SYMBOLIC)
-    endif()
+    list(APPEND sources ${doors}/${file})
+    get_filename_component(folder ${doors}/${file} DIRECTORY)
+    file(MAKE_DIRECTORY ${folder})
+    file(CREATE_LINK ${CMAKE_SOURCE_DIR}/src/${file} ${doors}/${file} SYMBOLIC)
   endforeach()
   add_library(${name} STATIC ${sources})
   target_include_directories(${name} PUBLIC ${doors})

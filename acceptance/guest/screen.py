@@ -225,12 +225,16 @@ class Program:
         return seen
 
     def shut(self, press, before):
-        """Presses a key until a window fewer is open; a box that has just come takes none for a moment."""
+        """Presses a key until a window fewer is open, or the program has ended; a box that has just come takes none for
+        a moment."""
+        def fewer():
+            now = self.dialogs()
+            return not self.alive() or now is not None and len(now) < before
         for _ in range(5):
             time.sleep(0.3)
             key(press)
             try:
-                until(lambda: (lambda now: now is not None and len(now) < before)(self.dialogs()), 4, "closed")
+                until(fewer, 4, "closed")
                 return
             except Failure:
                 pass

@@ -14,7 +14,7 @@ Bytes MakeFirmware(Model model, std::uint32_t firmwareCode) {
   Filler filler(Printf("firmware %d %u", static_cast<int>(model), firmwareCode));
   Bytes image(kFirmwareImageSize);
   for (std::uint8_t& byte : image) byte = static_cast<std::uint8_t>(filler.Next());
-  image[address::kModel] = model == Model::Km48 ? kRegisterKm48 : kRegisterKm49;
+  image[address::kModel] = RegisterOf(model);
   StoreBe16(&image[address::kFirmwareCode], firmwareCode);
   image[address::kFirmwareVersion] = kVersion;
   StoreBe16(&image[address::kFirmwareLevel], kHostFirmwareLevel);

@@ -6,10 +6,12 @@
 #include <nlohmann/json.hpp>
 
 #include "catalogue/chip_catalogue.h"
+#include "intake/convert.h"
 #include "intake/load_file.h"
 #include "intake/package_files.h"
 #include "job.h"
 #include "link/identification.h"
+#include "option_words.h"
 #include "platform/files.h"
 #include "platform/text.h"
 #include "serial/big_number.h"
@@ -32,6 +34,7 @@ struct SerialArguments {
   // The road through IC selection.
   std::string ic, file;
   bool exhvIsp = false, isp = false;
+  OptionWords options;
   bool resume = false;
 };
 
@@ -64,25 +67,27 @@ bool FieldTakes(const FieldRow& field, const std::string& text) {
   return true;
 }
 
-// serial.txt as it lay there: a refused series must not be the one that the next Load File takes.
-class KeptSerialFile {
+// A file as it lay there.
+class KeptFile {
  public:
+  explicit KeptFile(std::string path) : path_(std::move(path)), before_(ReadWholeFile(path_)) {}
   void Restore() const {
     if (before_) {
-      WriteWholeFile(SerialFilePath(), *before_);
+      WriteWholeFile(path_, *before_);
     } else {
-      RemoveFile(SerialFilePath());
+      RemoveFile(path_);
     }
   }
 
  private:
-  std::optional<std::vector<std::uint8_t>> before_ = ReadWholeFile(SerialFilePath());
+  std::string path_;
+  std::optional<std::vector<std::uint8_t>> before_;
 };
 
 // Fills the fields as an operator would and presses Load. Whatever the dialog has to say counts as a refusal here, also
 // where it would go on: nobody is there to weigh it.
 DialogEnd AnswerSet(Job& job, const SerialArguments& given, CSnSetDlg& dialog) {
-  const KeptSerialFile kept;
+  const KeptFile kept(SerialFilePath());  // a refused series must not be the one that the next Load File takes
   const bool lengthFits = dialog.OnLengthChange(given.length);
   dialog.OnAddressChange(given.address);
   dialog.OnStartChange(given.start);
@@ -255,16 +260,38 @@ bool MenuRoad(Job& job, const SerialArguments& given) {
   return ran;
 }
 
+// The checksum that the job of this IC and file has, from a conversion that leaves the writer's packages as they are;
+// nothing, with the operator told, when the file can't be converted.
+std::optional<std::string> ChecksumOfFile(const SerialArguments& given) {
+  const KeptFile option(OptionPackagePath()), data(DataPackagePath());
+  std::uint32_t options = ChipOptions{}.optionValue;
+  const ConversionResults results =
+      ConvertFile({.ChipCode = KnownIc(given.ic)->ChipCode, .OptionValue = &options, .Path = given.file});
+  const std::string checksum = JobOfPackage().checksum;
+  option.Restore();
+  data.Restore();
+  return results.Good() ? std::optional(checksum) : std::nullopt;
+}
+
+// Nothing is left of the series; but FILE, which isn't loaded any more, has to be its job.
+bool CompleteWith(Job& job, const SerialArguments& given) {
+  const auto checksum = ChecksumOfFile(given);
+  SerialArguments rest;
+  if (!checksum || PlanSeries(job, given, KnownIc(given.ic)->ChipName, *checksum, rest) != Plan::Complete) return false;
+  ReportComplete(job);
+  return true;
+}
+
 // IC selection with Display Serial Number, then Load File, whose package takes the series to the writer.
 bool SelectionRoad(Job& job, const SerialArguments& given) {
   SerialArguments rest;
   const Plan plan = PlanSeries(job, given, KnownIc(given.ic)->ChipName, std::nullopt, rest);
-  if (plan == Plan::Complete) ReportComplete(job);
-  if (plan != Plan::Run) return plan == Plan::Complete;
+  if (plan != Plan::Run) return plan == Plan::Complete && CompleteWith(job, given);
   bool set = false;
   AnswerSets(job, rest, set);
   const Choices choices{.serial = true, .exhvIsp = given.exhvIsp, .isp = given.isp};
   if (!SelectOnDevice(job, given.ic, choices) || !set) return false;
+  AnswerOptionsBy(job, given.options);
   job.op.file = given.file;
   if (!OnLoadFile().Good() || !SnProgressDlg()) return false;
   CSnProgramDlg& dialog = *SnProgressDlg();
@@ -295,7 +322,15 @@ bool Usable(const SerialArguments& given) {
     std::fprintf(stderr, "--ic and FILE go together: the road through IC selection\n");
     return false;
   }
-  return given.ic.empty() || KnownIc(given.ic) != nullptr;
+  if (given.ic.empty()) {
+    if (!AnyWord(given.options)) return true;
+    std::fprintf(stderr, "--protect and the other options go with --ic: without it the writer's job has them\n");
+    return false;
+  }
+  const ChipEntry* row = KnownIc(given.ic);
+  const auto wrong = row != nullptr ? WrongOptions(*row, given.options) : std::nullopt;
+  if (wrong) std::fprintf(stderr, "%s\n", wrong->c_str());
+  return row != nullptr && !wrong;
 }
 
 }  // namespace
@@ -319,6 +354,7 @@ void AddSerial(CLI::App& app, Job& job) {
   command->add_option("--ic", given->ic, "take the road through IC selection, with this IC and FILE");
   command->add_flag("--exhv-isp", given->exhvIsp, "EXHV ISP program, with --ic");
   command->add_flag("--isp", given->isp, "ISP program, with --ic")->excludes("--exhv-isp");
+  AddOptionWords(*command, given->options);
   command->add_option("FILE", given->file, "program file, with --ic");
   command->callback([&job, given] {
     if (Usable(*given)) {

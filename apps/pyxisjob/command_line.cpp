@@ -41,7 +41,8 @@ int RunCommandLine(Job& job, int argc, char** argv) {
   app.require_subcommand(1);
   app.fallthrough();
   app.set_version_flag("--version", "pyxisjob " PYXIS_VERSION);
-  app.add_option("--folder", job.options.folder, "program folder (default: the current one, else the user's)")
+  app.add_option("--folder", job.options.folder,
+                 "program folder (default: $PYXISLOAD_FOLDER, else the current one if it is one, else the user's)")
       ->check(CLI::ExistingDirectory);
   app.add_flag("--json", job.options.json, "print one JSON object a line");
   app.add_option("--link", job.options.link, "the one transport to try")->check(CLI::IsMember({"vendor", "usb"}));

@@ -121,6 +121,9 @@ bool OpenRecord(Job& job, const char* command, Wanted wanted = Wanted::Nothing, 
 // IC, checksum and conversion time of the writer's job; no checksum where a series from the menu has taken the job's
 // place in the block.
 LineJob JobOfBlock();
+// The same of the option package in the program folder: after a load whose read-back was good it is what the writer
+// holds, also when the writer has gone since and the block is still that of the job before.
+LineJob JobOfPackage();
 // The time, the writer and, unless the entry names its own, the job are filled in. False, with the operator told.
 bool BeginLine(Job& job, LineEntry entry);
 bool EndLine(Job& job, const Outcome& outcome, const LineJob* brought = nullptr);

@@ -3,10 +3,11 @@
 #include <chrono>
 #include <cstdio>
 #include <ctime>
+#include <span>
 
 #include "intake/package_files.h"
 #include "job.h"
-#include "platform/byte_order.h"
+#include "platform/files.h"
 #include "platform/text.h"
 #include "shell/ground/app_state.h"
 
@@ -23,11 +24,22 @@ std::string UtcNow() {
   return text;
 }
 
-// The block's stamp is local time and tells no zone. The milliseconds share their place with the model.
-std::string ConversionTime(const std::uint8_t* stamp) {
-  const auto field = [stamp](int index) { return static_cast<unsigned>(LoadLe16(stamp + 2 * index)); };
-  if (field(1) < 1 || field(1) > 12) return "";
-  return Printf("%04u-%02u-%02uT%02u:%02u:%02u", field(0), field(1), field(3), field(4), field(5), field(6));
+// The package's stamp is local time and tells no zone.
+std::string ConversionTime(std::span<const std::uint8_t> package) {
+  const auto part = [package](TimePart which) { return static_cast<unsigned>(DownloadTimePart(package, which)); };
+  const unsigned month = part(TimePart::Month);
+  if (month < 1 || month > 12) return "";
+  return Printf("%04u-%02u-%02uT%02u:%02u:%02u", part(TimePart::Year), month, part(TimePart::Day), part(TimePart::Hour),
+                part(TimePart::Minute), part(TimePart::Second));
+}
+
+LineJob JobOf(std::span<const std::uint8_t> package) {
+  LineJob job;
+  job.ic = ChipNameOf(package);
+  if (SerialRoadOf(package) == kSerialByMenu) return job;
+  job.checksum = Printf("%04X", FieldWord(package, Field::ImageChecksum));
+  job.converted = ConversionTime(package);
+  return job;
 }
 
 const char* ResultWord(const Outcome& outcome) {
@@ -69,14 +81,12 @@ bool OpenRecord(Job& job, const char* command, Wanted wanted, bool create) {
 }
 
 LineJob JobOfBlock() {
-  const auto& block = TheAppState().writer.WriterInfoBlock;
-  LineJob job;
-  if (TheAppState().selection.ChipNameText.empty()) return job;
-  job.ic = ChipNameOf(block);
-  if (SerialRoadOf(block) == kSerialByMenu) return job;
-  job.checksum = Printf("%04X", FieldWord(block, Field::ImageChecksum));
-  job.converted = ConversionTime(&block[Field::DownloadTime.offset]);
-  return job;
+  return TheAppState().selection.ChipNameText.empty() ? LineJob{} : JobOf(TheAppState().writer.WriterInfoBlock);
+}
+
+LineJob JobOfPackage() {
+  const auto package = ReadWholeFile(OptionPackagePath());
+  return package && package->size() >= kInfoBlockSize ? JobOf(*package) : LineJob{};
 }
 
 bool BeginLine(Job& job, LineEntry entry) {

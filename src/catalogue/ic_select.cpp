@@ -52,6 +52,16 @@ bool CIcSelectDlg::OnInitDialog() {
 }
 
 void CIcSelectDlg::OnSeriesChange(int position) {
+  beforeName_.reset();
+  TakeSeries(position);
+}
+
+void CIcSelectDlg::OnTypeChange(int position) {
+  beforeName_.reset();
+  TakeType(position);
+}
+
+void CIcSelectDlg::TakeSeries(int position) {
   seriesPosition = position;
   seriesIndex = ListIndex(model, position);
   typeIndex = typePosition = 0;
@@ -76,7 +86,7 @@ void CIcSelectDlg::OnSeriesChange(int position) {
   TakeControls();
 }
 
-void CIcSelectDlg::OnTypeChange(int position) {
+void CIcSelectDlg::TakeType(int position) {
   typeIndex = typePosition = position;
   const ChipEntry& row = Row(seriesIndex, typeIndex);
   chipName = row.ChipName;
@@ -95,12 +105,17 @@ void CIcSelectDlg::OnTypeChange(int position) {
 }
 
 bool CIcSelectDlg::OnTypedName(std::string_view typed) {
-  const bool goesOn = typed.size() > typed_.size() && typed.starts_with(typed_);
-  if (!goesOn) typedFrom_ = {seriesPosition, typePosition};
+  const bool goesOn = beforeName_ && typed.size() > typed_.size() && typed.starts_with(typed_);
+  if (!goesOn) {
+    beforeName_.reset();
+    beforeName_ = std::make_shared<const CIcSelectDlg>(*this);
+  }
+  const auto before = beforeName_;
+  *this = *before;
+  beforeName_ = before;
   typed_ = typed;
   if (FindTyped(typed)) return true;
-  if (typedFrom_.first != seriesPosition) OnSeriesChange(typedFrom_.first);
-  if (typedFrom_.second != typePosition) OnTypeChange(typedFrom_.second);
+  Changed();
   return false;
 }
 
@@ -109,7 +124,7 @@ bool CIcSelectDlg::FindTyped(std::string_view typed) {
     return label.size() >= typed.size() && EqualsNoCase(label.substr(0, typed.size()), typed);
   };
   if (begins(typeList[static_cast<std::size_t>(typePosition)])) {
-    OnTypeChange(typePosition);
+    TakeType(typePosition);
     return true;
   }
   const int count = static_cast<int>(seriesList.size());
@@ -119,8 +134,8 @@ bool CIcSelectDlg::FindTyped(std::string_view typed) {
     const auto found =
         std::find_if(rows.begin(), rows.end(), [&](const ChipEntry& row) { return begins(row.TypeLabel); });
     if (found == rows.end()) continue;
-    if (series != seriesPosition) OnSeriesChange(series);
-    OnTypeChange(static_cast<int>(found - rows.begin()));
+    if (series != seriesPosition) TakeSeries(series);
+    TakeType(static_cast<int>(found - rows.begin()));
     return true;
   }
   return false;
@@ -136,34 +151,40 @@ void CIcSelectDlg::TakeControls() {
 }
 
 void CIcSelectDlg::OnDisplaySerial(bool checked) {
+  beforeName_.reset();
   displaySerial.checked = checked;
   TakeControls();
 }
 
 void CIcSelectDlg::OnMassProduction(bool checked) {
+  beforeName_.reset();
   massProduction.checked = checked;
   TakeControls();
 }
 
 void CIcSelectDlg::OnProductionLimit(bool checked) {
+  beforeName_.reset();
   productionLimit.checked = checked;
   limitEditEnabled = checked;
   TakeControls();
 }
 
 void CIcSelectDlg::OnExhvIsp(bool checked) {
+  beforeName_.reset();
   exhvIsp.checked = checked;
   isp.enabled = !checked && Row(seriesIndex, typeIndex).ic->isp == Isp::ExhvAndIsp;
   TakeControls();
 }
 
 void CIcSelectDlg::OnIsp(bool checked) {
+  beforeName_.reset();
   isp.checked = checked;
   exhvIsp.enabled = !checked;
   TakeControls();
 }
 
 bool CIcSelectDlg::OnLimitText(const std::string& text) {
+  beforeName_.reset();
   limitText = text;
   return TakeLimit();
 }

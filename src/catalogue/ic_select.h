@@ -3,9 +3,9 @@
 
 #include <cstdint>
 #include <functional>
+#include <memory>
 #include <string>
 #include <string_view>
-#include <utility>
 #include <vector>
 
 #include "shell/ground/app_state.h"
@@ -24,8 +24,9 @@ class CIcSelectDlg {
   void OnSeriesChange(int position);
   void OnTypeChange(int position);
   // Goes to the first IC of the model whose label begins so, in the current series first, by the steps of a click. A
-  // name grows by its characters. False when no label begins so: the lists stand where they stood in front of the
-  // name's first character, so that a slip doesn't leave the IC that only began alike.
+  // name grows by its characters, and each step starts from what stood in front of the first one: neither a slip nor an
+  // IC on the way that only began alike leaves a trace in the lists and boxes. False when no label begins so. Any other
+  // step of the operator ends the name.
   bool OnTypedName(std::string_view typed);
   void OnDisplaySerial(bool checked);
   void OnMassProduction(bool checked);
@@ -53,11 +54,13 @@ class CIcSelectDlg {
   std::function<void()> Changed = [] {};
 
  private:
+  void TakeSeries(int position);
+  void TakeType(int position);
   bool FindTyped(std::string_view typed);
+  void TakeControls();  // the check values into the result
+  bool TakeLimit();     // the limit's text into the result
   std::string typed_;
-  std::pair<int, int> typedFrom_;  // positions of series and type
-  void TakeControls();             // the check values into the result
-  bool TakeLimit();                // the limit's text into the result
+  std::shared_ptr<const CIcSelectDlg> beforeName_;  // as it stood before the name's first character
 };
 
 }  // namespace pyxis

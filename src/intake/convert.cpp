@@ -19,7 +19,7 @@ namespace {
 bool WriteModelByte() {
   File file = OpenFile(OptionPackagePath(), "r+b");
   if (!file) return true;
-  const int model = TheAppState().writer.WriterModel == Model::Km48 ? kRegisterKm48 : kRegisterKm49;
+  const int model = RegisterOf(TheAppState().writer.WriterModel);
   const bool placed = std::fseek(file.get(), static_cast<long>(Field::WriterModelByte.offset), SEEK_SET) == 0;
   const bool written = placed && std::fputc(model, file.get()) != EOF;
   if (CloseFile(std::move(file)) && written) return true;

@@ -20,6 +20,10 @@ std::uint16_t FieldWord(std::span<const std::uint8_t> package, FieldPlace field)
   return LoadBe16(package.data() + field.offset);
 }
 
+std::uint16_t DownloadTimePart(std::span<const std::uint8_t> package, TimePart part) {
+  return LoadLe16(&package[Field::DownloadTime.offset + 2 * static_cast<std::size_t>(part)]);
+}
+
 std::uint8_t SerialRoadOf(std::span<const std::uint8_t> package) {
   return FieldByte(package, Field::SerialHead) & kSerialRoadBits;
 }

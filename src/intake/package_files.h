@@ -53,6 +53,13 @@ inline constexpr FieldPlace ChipInfo{248, 8, ByteOrder::Bytes};
 inline constexpr char kOptionPackageName[] = "buffer_option.prog";
 inline constexpr char kDataPackageName[] = "buffer_data.prog";
 inline constexpr char kSerialFileName[] = "serial.txt";
+// Bits of IspFlags.
+inline constexpr std::uint8_t kExhvIspBit = 1;
+inline constexpr std::uint8_t kIspBit = 2;
+// SerialHead: direction and road, length in bytes, then start address and end mark, big-endian.
+inline constexpr std::size_t kSerialLengthOffset = Field::SerialHead.offset + 1;
+inline constexpr std::size_t kSerialStartOffset = Field::SerialHead.offset + 2;
+inline constexpr std::size_t kSerialEndMarkOffset = Field::SerialHead.offset + 4;
 inline constexpr std::uint8_t kSerialNeedsReload = 16;  // first byte of SerialHead
 // High half of SerialHead's first byte: the road on which a series reaches the writer.
 inline constexpr std::uint8_t kSerialByMenu = 0x10;
@@ -78,6 +85,9 @@ std::string TemplatePath(const std::string& name);
 // Reads of a block or package that is long enough for the field.
 std::uint8_t FieldByte(std::span<const std::uint8_t> package, FieldPlace field);
 std::uint16_t FieldWord(std::span<const std::uint8_t> package, FieldPlace field);  // big-endian
+// The words of DownloadTime; the day of the week and the milliseconds are nobody's business.
+enum class TimePart : std::size_t { Year = 0, Month = 1, Day = 3, Hour = 4, Minute = 5, Second = 6 };
+std::uint16_t DownloadTimePart(std::span<const std::uint8_t> package, TimePart part);
 // kSerialByMenu or kSerialBySelection; anything else where the package tells no series.
 std::uint8_t SerialRoadOf(std::span<const std::uint8_t> package);
 // ChipNameField up to its first zero byte, at most 10 characters.

@@ -80,8 +80,10 @@ std::string ChipLine() { return "Chip Name : " + ChipNameOf(TheAppState().writer
 
 // Year, month, day, hour, minute, second. Only the year is taken as a whole.
 std::string TimeLine() {
-  const std::uint8_t* time = &TheAppState().writer.WriterInfoBlock[Field::DownloadTime.offset];
-  return Printf("Download File Time :%d/%d/%d_%d:%d:%d", LoadLe16(time), time[2], time[6], time[8], time[10], time[12]);
+  const auto part = [](TimePart which) { return DownloadTimePart(TheAppState().writer.WriterInfoBlock, which); };
+  const auto low = [&part](TimePart which) { return part(which) & 0xFF; };
+  return Printf("Download File Time :%d/%d/%d_%d:%d:%d", part(TimePart::Year), low(TimePart::Month), low(TimePart::Day),
+                low(TimePart::Hour), low(TimePart::Minute), low(TimePart::Second));
 }
 
 }  // namespace

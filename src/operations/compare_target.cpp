@@ -31,7 +31,7 @@ ReadMode ModeOf(HexFill fill) {
 }
 
 bool Refuse(const char* format, const std::string& path) {
-  TheMachine().op->Tell(Printf(format, path.c_str()), kPlainCaption);
+  TheMachine().op->Tell(Printf(format, path.c_str()));
   return false;
 }
 
@@ -47,7 +47,10 @@ bool TellReaderFailure(const std::string& chosen, const std::string& target) {
 
 bool CutTarget(const CompareKind& kind, const std::string& chosen, const std::string& target) {
   auto bytes = ReadWholeFile(chosen);
-  if (!bytes) return Refuse(kOpenFail, chosen);
+  if (!bytes) {
+    TheMachine().op->Tell(Printf(kOpenFail, chosen.c_str()), kPlainCaption);
+    return false;
+  }
   const Image image(std::move(*bytes));
   const std::size_t toEnd = image.Length() - std::min(image.Length(), kind.header);
   const std::size_t imageBytes = kind.imageBytes != 0 ? kind.imageBytes : toEnd;

@@ -48,7 +48,7 @@ std::vector<std::uint8_t> DiffersFrom(std::span<const std::uint8_t> sent, std::s
 bool DownloadPackageFile(const std::string& path, std::uint8_t areaSelector) {
   StopFrameProgress();
   SetWriterMode(mode::kArea);
-  const File file = OpenFile(path, "r+b");
+  const File file = OpenForUpdate(path);  // Read sends an installed template
   if (!file) {
     TheMachine().op->Tell(Printf(kOpenFail, path.c_str()), kPlainCaption);
     return false;

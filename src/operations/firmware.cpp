@@ -99,7 +99,7 @@ bool LoadFirmware(const std::string& path, bool sendStartByte) {
   AppState& app = TheAppState();
   const auto image = ReadImage(path);
   const bool good = image && Transfer(path, sendStartByte, *image);
-  app.writer.FirmwareLoadFailed = good ? 0 : 1;
+  app.writer.FirmwareLoadFailed = !good;
   return good;
 }
 

@@ -107,10 +107,14 @@ std::optional<std::vector<std::uint8_t>> ReadWholeFile(const std::string& name) 
   return ReadStream(file.get());
 }
 
-std::optional<std::vector<std::uint8_t>> ReadForUpdate(const std::string& name) {
+File OpenForUpdate(const std::string& name) {
   const std::string path = ResolvePath(name);
   File file = OpenFile(path, "r+b");
-  if (!file && IsInstalledData(path)) file = OpenFile(path, "rb");
+  return file || !IsInstalledData(path) ? std::move(file) : OpenFile(path, "rb");
+}
+
+std::optional<std::vector<std::uint8_t>> ReadForUpdate(const std::string& name) {
+  const File file = OpenForUpdate(name);
   if (!file) return std::nullopt;
   return ReadStream(file.get());
 }

@@ -35,7 +35,9 @@ File OpenFile(const std::string& name, const char* mode);
 // The whole file, or nothing when it can't be opened or read.
 std::optional<std::vector<std::uint8_t>> ReadWholeFile(const std::string& name);
 
-// The same, but only when the file can be opened for update as well, or is installed data, which nothing writes to.
+// fopen for reading and update; of installed data, which nothing writes to, for reading alone.
+File OpenForUpdate(const std::string& name);
+// The whole file, but only when it can be opened so.
 std::optional<std::vector<std::uint8_t>> ReadForUpdate(const std::string& name);
 
 // All bytes of an open stream from its start, or nothing when the read fails.

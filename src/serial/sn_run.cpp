@@ -181,7 +181,7 @@ void FollowTheWriter() {
   const std::span<const std::uint8_t> behindLast = block.subspan(Field::SerialBlock.offset, record.SnEndBytes.size());
   record.SnStartText = TextOf(first);
   if (std::ranges::equal(record.SnStartBytes, first) && std::ranges::equal(record.SnEndBytes, behindLast)) return;
-  record.SnLength = block[Field::SerialHead.offset + 1];
+  record.SnLength = block[kSerialLengthOffset];
   BigNumber end;
   end.TakeHex(TextOf(behindLast));
   // Behind the very last number of 16 bytes the field is 0: the digit before it is left out.

@@ -167,18 +167,17 @@ CSnSetDlg::Written CSnSetDlg::WriteSerialFile() const {
   if (!file) return Written::NotOpened;
   file->resize(kSerialFileSize, 0xFF);
   std::uint8_t* bytes = file->data();
-  std::uint8_t* head = bytes + Field::SerialHead.offset;
-  head[0] = static_cast<std::uint8_t>((record.SnDirection & 0x0F) |
-                                      (snFromIcSelection_ ? kSerialBySelection : kSerialByMenu));
-  head[1] = record.SnLength;
-  StoreBe16(head + 2, record.SnStartAddress);
+  bytes[Field::SerialHead.offset] = static_cast<std::uint8_t>(
+      (record.SnDirection & 0x0F) | (snFromIcSelection_ ? kSerialBySelection : kSerialByMenu));
+  bytes[kSerialLengthOffset] = record.SnLength;
+  StoreBe16(bytes + kSerialStartOffset, record.SnStartAddress);
   const bool words = SerialPlaceOf(app.selection.SelectedChip).endMarkCounts == SnUnit::Words;
-  StoreBe16(head + 4, record.SnStartAddress + (words ? record.SnLength / 2U : record.SnLength));
-  bytes[Field::IspFlags.offset] = exhvIsp_ || isp_ ? 1 : 0;
+  StoreBe16(bytes + kSerialEndMarkOffset, record.SnStartAddress + (words ? record.SnLength / 2U : record.SnLength));
+  bytes[Field::IspFlags.offset] = exhvIsp_ || isp_ ? kExhvIspBit : 0;
   const auto block = file->begin() + static_cast<std::ptrdiff_t>(Field::SerialBlock.offset);
   std::copy(record.SnStartBytes.begin(), record.SnStartBytes.end(),
             std::copy(record.SnEndBytes.begin(), record.SnEndBytes.end(), block));
-  bytes[Field::WriterModelByte.offset] = app.writer.WriterModel == Model::Km48 ? kRegisterKm48 : kRegisterKm49;
+  bytes[Field::WriterModelByte.offset] = RegisterOf(app.writer.WriterModel);
   ReplacedFile serial(SerialFilePath());
   if (!serial.IsOpen()) return Written::NotOpened;
   if (serial.Write(*file)) return Written::Good;

@@ -16,8 +16,6 @@ namespace pyxis {
 
 namespace {
 
-constexpr std::uint8_t kExhvIspBit = 1;
-constexpr std::uint8_t kIspBit = 2;
 constexpr std::uint8_t kProductionBits = 0x11;
 
 void TakeIspFlags() {
@@ -49,10 +47,18 @@ void TakeProductionFlags() {
   for (ControlId id : {ControlId::BlankCheck, ControlId::Program, ControlId::Verify}) EnableControl(id, false);
 }
 
+// A series from the menu stands in the place of its job's description and tells its name alone.
+bool IsOtherJob(const std::string& name) {
+  const AppState& app = TheAppState();
+  const auto& block = app.writer.WriterInfoBlock;
+  if (name != app.selection.ChipNameText) return true;
+  return SerialRoadOf(block) != kSerialByMenu &&
+         Printf("%04X", FieldWord(block, Field::ImageChecksum)) != app.conversion.ChecksumText;
+}
+
 // The file that is shown isn't the writer's job, and the verdicts weren't on it.
-void DropOtherJob(const std::string& name, unsigned checksum) {
+void DropOtherJob() {
   AppState& app = TheAppState();
-  if (name == app.selection.ChipNameText && Printf("%04X", checksum) == app.conversion.ChecksumText) return;
   ClearVerdict();
   if (app.conversion.LoadedFilePath.empty()) return;
   app.conversion.LoadedFilePath.clear();
@@ -65,9 +71,9 @@ void DropOtherJob(const std::string& name, unsigned checksum) {
 void RefreshFromWriter() {
   AppState& app = TheAppState();
   const auto& block = app.writer.WriterInfoBlock;
-  if (!StartsLikeAName(block)) return DropOtherJob("", 0);  // it holds none
+  if (!StartsLikeAName(block)) return;
   const std::string name = ChipNameOf(block);
-  DropOtherJob(name, FieldWord(block, Field::ImageChecksum));
+  if (IsOtherJob(name)) DropOtherJob();
   ShowChipName(name);
   TakeCatalogueRow(name);
   ClearPinFigure();

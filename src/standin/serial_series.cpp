@@ -21,12 +21,11 @@ SerialSeries::Road SerialSeries::RoadOf(std::span<const std::uint8_t> option) {
 }
 
 SerialSeries::SerialSeries(std::span<const std::uint8_t> option) {
-  const std::uint8_t* head = &option[Field::SerialHead.offset];
   known_ = RoadOf(option) != Road::Unknown;
-  mostSignificantLast_ = (head[0] & 0x0F) != 0;
-  length_ = head[1];
-  start_ = LoadBe16(head + 2);
-  endMark_ = LoadBe16(head + 4);
+  mostSignificantLast_ = (FieldByte(option, Field::SerialHead) & kLowNibble) != 0;
+  length_ = option[kSerialLengthOffset];
+  start_ = LoadBe16(&option[kSerialStartOffset]);
+  endMark_ = LoadBe16(&option[kSerialEndMarkOffset]);
   const std::uint8_t* block = &option[Field::SerialBlock.offset];
   std::copy_n(block, end_.size(), end_.begin());
   std::copy_n(&option[kFirstSerialOffset], first_.size(), first_.begin());

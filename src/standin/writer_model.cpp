@@ -20,7 +20,7 @@ WriterModel::WriterModel(Model model, std::string identityText)
       memory_(kFirmwareImageSize, kErased),
       optionArea_(kInfoBlockSize, 0),
       jobHeader_(kInfoBlockSize, 0) {
-  memory_[address::kModel] = model == Model::Km48 ? kRegisterKm48 : kRegisterKm49;
+  memory_[address::kModel] = RegisterOf(model);
   StoreBe16(&memory_[address::kFirmwareCode], 0);
   memory_[address::kFirmwareVersion] = 1;
   StoreBe16(&memory_[address::kFirmwareLevel], kHostFirmwareLevel);

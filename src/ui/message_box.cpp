@@ -1,6 +1,8 @@
 #include "ui/message_box.h"
 
+#include <QEvent>
 #include <QLabel>
+#include <QLayout>
 #include <QScreen>
 #include <QStyle>
 #include <algorithm>
@@ -52,6 +54,25 @@ MessageBox::MessageBox(Icon icon, const QString& caption, const QString& text, S
     label->setWordWrap(true);
   }
   label->setMinimumWidth(std::min(std::max(needed, least), most));
+}
+
+bool MessageBox::event(QEvent* event) {
+  const bool known = QMessageBox::event(event);
+  if (event->type() == QEvent::LayoutRequest) GiveRoom();
+  return known;
+}
+
+void MessageBox::showEvent(QShowEvent* event) {
+  QMessageBox::showEvent(event);
+  GiveRoom();
+}
+
+// Qt's own box has at most 1000 pixels, and less on a small screen, whatever its label asks for.
+void MessageBox::GiveRoom() {
+  const int wanted = layout()->totalMinimumSize().width();
+  if (width() >= wanted) return;
+  const bool wraps = layout()->hasHeightForWidth();
+  setFixedSize(wanted, wraps ? layout()->totalHeightForWidth(wanted) : layout()->totalMinimumSize().height());
 }
 
 }  // namespace pyxis::ui

@@ -50,7 +50,7 @@ void ReadableStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* 
                                   const QWidget* widget) const {
   QProxyStyle::drawPrimitive(element, option, painter, widget);
   const bool round = element == PE_IndicatorRadioButton;
-  if ((!round && element != PE_IndicatorCheckBox) || option->state.testFlag(State_HasFocus)) return;
+  if (!round && element != PE_IndicatorCheckBox) return;
   painter->save();
   painter->setRenderHint(QPainter::Antialiasing, round);
   painter->setPen(OutlineOf(option->palette));

@@ -150,6 +150,7 @@ TEST_F(EveryWindow, BoxesCanBeReadInLightAndDark) {
     for (QAbstractButton* box : boxes) {
       SCOPED_TRACE(box->text().toStdString() + (dark ? " dark" : " light"));
       box->setChecked(false);
+      box->setFocus(Qt::MouseFocusReason);
       const QImage picture = box->grab().toImage();
       const QColor ground = box->palette().color(QPalette::Active, QPalette::Window);
       QStyleOptionButton option;

@@ -195,6 +195,7 @@ TEST_F(Input, MessageBoxesShowTheirWholeText) {
       const QRect needed = label.fontMetrics().boundingRect(QRect(0, 0, label.width(), 9999), flags, label.text());
       EXPECT_TRUE(needed.width() <= label.width() && needed.height() <= label.height());
     }
+    EXPECT_TRUE(box.rect().contains(QRect(label.mapTo(&box, QPoint()), label.size())));
     EXPECT_LE(box.width(), screen.width());
     EXPECT_GE(box.width(), box.fontMetrics().horizontalAdvance(box.windowTitle()));
   });

@@ -180,7 +180,7 @@ ConversionResults ConversionFrame::Finish(const Tail& tail, Loaded loaded) {
 
 std::uint8_t IspFlagsOf(const ConvertRequest& request, ArgumentClass argumentClass, std::uint8_t exhvValue) {
   if (argumentClass != ArgumentClass::A && request.ExhvIsp) return exhvValue;
-  return argumentClass == ArgumentClass::C && request.IspProgram ? 2 : 0;
+  return argumentClass == ArgumentClass::C && request.IspProgram ? kIspBit : 0;
 }
 
 }  // namespace pyxis

@@ -99,6 +99,7 @@ class ConversionFrame {
 };
 
 // EXHV ISP, then ISP, as the classes B and C write it into IspFlags.
-std::uint8_t IspFlagsOf(const ConvertRequest& request, ArgumentClass argumentClass, std::uint8_t exhvValue = 1);
+std::uint8_t IspFlagsOf(const ConvertRequest& request, ArgumentClass argumentClass,
+                        std::uint8_t exhvValue = kExhvIspBit);
 
 }  // namespace pyxis

@@ -6,6 +6,7 @@
 
 #include "intake/converters/argument_class.h"
 #include "intake/file_readers.h"
+#include "intake/package_files.h"
 
 namespace pyxis {
 
@@ -50,7 +51,7 @@ struct Hex14MtpRow {
   // What few ICs do otherwise.
   ReadMode mode = kReadBlankWords;
   ArgumentClass argumentClass = ArgumentClass::B;
-  std::uint8_t exhvFlags = 1;  // IspFlags for EXHV ISP
+  std::uint8_t exhvFlags = kExhvIspBit;  // IspFlags for EXHV ISP
 };
 
 // clang-format off

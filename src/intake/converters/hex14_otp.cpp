@@ -49,7 +49,7 @@ void PatchOption(const Hex14OtpRow& row, std::uint16_t config, ConversionFrame& 
   if (row.protectByte && (config & kProtectBit) == 0) option.PutAt(Field::ProtectFlags.offset, kFlagSet);
   option.Put(Field::DualStart, frame.state.DualSkip);
   option.Put(Field::ProgramParameter, std::uint32_t{row.memory.byte72} << 8 | (dual ? row.memory.dual.byte73 : 0xFFU));
-  if (row.isp == IspByte::ExhvIsp) option.Put(Field::IspFlags, frame.request.ExhvIsp ? 1 : 0);
+  if (row.isp == IspByte::ExhvIsp) option.Put(Field::IspFlags, frame.request.ExhvIsp ? kExhvIspBit : 0);
   if (row.isp == IspByte::DualMode) option.Put(Field::IspFlags, dual ? kFlagSet : 0);
 }
 

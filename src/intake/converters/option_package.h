@@ -10,7 +10,7 @@
 namespace pyxis {
 
 // Start and end address of a series, in serial.txt and in the package.
-inline constexpr FieldPlace kSerialRange{Field::SerialHead.offset + 2, 4, ByteOrder::Big};
+inline constexpr FieldPlace kSerialRange{kSerialStartOffset, 4, ByteOrder::Big};
 
 class OptionPackage {
  public:

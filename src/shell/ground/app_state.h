@@ -22,7 +22,7 @@ enum class Model { None = 0, Km48 = 1, Km49 = 2 };
 enum class Progress { None = 0, Transfers = 1, Auto = 2, BlankCheck = 3, Program = 4, Verify = 5, Read = 6 };
 
 // WithLimit comes from a writer that holds a job with a production limit: it counts as set for the buttons, but not as
-// On for the labels and the menu. The values are those of ProductionFlags.
+// On for the labels and the menu; its value is the one in ProductionFlags.
 enum class MassMode : std::uint8_t { Off = 0, On = 1, WithLimit = 0x11 };
 
 // The link and what the writer has said of itself.
