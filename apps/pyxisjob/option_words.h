@@ -1,5 +1,5 @@
-// Option Select 1 on the command line: by words, or all three pairs by the bits of a value. Protection is never chosen by
-// silence, so the commands that load a program file ask for exactly what the dialog asks for their IC.
+// Option Select 1 on the command line: by words, or all three pairs by the bits of a value. Protection is never chosen
+// by silence, so the commands that load a program file ask for exactly what the dialog asks for their IC.
 #pragma once
 
 #include <cstdint>

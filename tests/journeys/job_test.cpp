@@ -74,11 +74,13 @@ class JobScript : public StandinBench, public ::testing::WithParamInterface<std:
       for (std::size_t at; (at = text.find(c[2])) != text.npos;) text.replace(at, c[2].size(), c[3]);
       WriteText(c[1], text);
     };
-    // The link goes at each of its last transfers in turn: what is told as good has the job that was loaded.
+    // The link goes at each transfer in turn: what is told as good has the job that was loaded.
     on["record of a load that loses the writer"] = [this](C c) {
+      const std::vector<std::uint8_t> held(writer.OptionArea().begin(), writer.OptionArea().end());
       for (int lost = 1, good = 0; lost < 2000 && good < 3; ++lost) {
         WriteText("line.jsonl", "");
         vendor.pluggedIn = true;
+        std::ranges::copy(held, writer.OptionArea().begin());
         writer.faults.disconnectAfter = lost;
         Run(c[1], "");
         const auto lines = Lines();

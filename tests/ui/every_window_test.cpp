@@ -133,6 +133,15 @@ namespace {
 
 class EveryWindow : public UiBench {};
 
+// After a click.
+class FocusedBox : public QCheckBox {
+  using QCheckBox::QCheckBox;
+  void initStyleOption(QStyleOptionButton* option) const override {
+    QCheckBox::initStyleOption(option);
+    option->state |= QStyle::State_HasFocus;
+  }
+};
+
 // The operator reads protection in the fuse panel. A box shows its outline and its text on its background: the darkest
 // and the lightest of its pixels against that of its corner.
 TEST_F(EveryWindow, BoxesCanBeReadInLightAndDark) {
@@ -144,13 +153,13 @@ TEST_F(EveryWindow, BoxesCanBeReadInLightAndDark) {
     QRadioButton radio(QStringLiteral("radio"));
     radio.setAutoExclusive(false);
     QCheckBox plain(QStringLiteral("plain"));
-    std::vector<QAbstractButton*> boxes{&radio, &plain};
+    FocusedBox focused(QStringLiteral("focused"));
+    std::vector<QAbstractButton*> boxes{&radio, &plain, &focused};
     for (const char* name : {"Protect", "Unprotect", "32KHz disable"})
       boxes.push_back(&Find<QAbstractButton>(*window, name));
     for (QAbstractButton* box : boxes) {
       SCOPED_TRACE(box->text().toStdString() + (dark ? " dark" : " light"));
       box->setChecked(false);
-      box->setFocus(Qt::MouseFocusReason);
       const QImage picture = box->grab().toImage();
       const QColor ground = box->palette().color(QPalette::Active, QPalette::Window);
       QStyleOptionButton option;
