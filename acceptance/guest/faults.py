@@ -3,9 +3,9 @@ at the job runner."""
 import time
 
 import window as steps
-from bench import (check, finish_job, host, job, plug, sample, start_job, step, transfers, unplug, until,
+from bench import (Failure, check, finish_job, host, job, plug, sample, start_job, step, transfers, unplug, until,
                    wait_for_stall)
-from screen import CONNECTED, GONE, shot
+from screen import CONNECTED, GONE, key, shot
 
 # Another IC than the one that the writer holds needs another firmware image; its own packages are large.
 IC, FILE = "QV8101", "QV8101.velmar"
@@ -134,12 +134,32 @@ def silent():
     return f"{seen} after {took:.0f} s; out and in again: {recovers(IC, FILE, select=False)}"
 
 
+def question():
+    front = window.dialog()
+    words = window.words(front) if front is not None else ""
+    return words if "Are you sure to Exit" in words else None
+
+
+def ended(seconds):
+    try:
+        until(lambda: not window.alive(), seconds, "the end of the program")
+        return True
+    except Failure:
+        return False
+
+
 @step("window: Exit by keyboard")
 def leave():
     window.choose_menu("f", 1)
-    seen = window.wait_message("Are you sure to Exit")
-    window.wait_message("Are you sure to Exit")  # the close command asks once more
-    until(lambda: not window.alive(), 20, "the end of the program")
+    seen = until(lambda: window._quietly(question), 60, "the question")
+    # The close command asks once more, in the same words.
+    for answers in range(1, 6):
+        time.sleep(1)
+        key("Return")
+        if ended(5):
+            break
+        check(question() is not None, f"no question behind {answers} answers")
+    check(not window.alive() and answers >= 2, f"alive: {window.alive()}, answers: {answers}")
     check(window.process.returncode == 0, f"it ended with {window.process.returncode}")
     return seen
 

@@ -1,3 +1,4 @@
+#include "data/cases.h"
 #include "intake/file_readers.h"
 #include "platform/hex_digits.h"
 #include "support/bench.h"
@@ -41,43 +42,17 @@ TEST_F(Readers, Checksum) {
 }
 
 TEST_F(Readers, ParsesDigits) {
-  // clang-format off
-  for (const auto& [text, digits, value] : Table<const char*, int, std::uint32_t>{
-           {"", -1, 0}, {"00 0a", -1, 10}, {"FFFFFFFF1", -1, 0xFFFFFFFF}, {"12g4", -1, 0x12}, {"1234", 2, 0x12},
-           {"  7", 3, 7}, {"xyz", 3, 0}, {"00001", 4, 0}})
-    // clang-format on
-    EXPECT_EQ(ParseHexDigits(text, digits), value) << text;
+  ForEachCase("readers.tsv", "digits",
+              [](const Case& c) { EXPECT_EQ(ParseHexDigits(c[0], static_cast<int>(c.Number(1))), c.Number(2)); });
 }
 
 TEST_F(Readers, IntelHexImages) {
-  // clang-format off
-  for (const auto& [why, text, mode, length, at, value] :
-       Table<const char*, const char*, int, std::size_t, std::size_t, std::uint8_t>{
-           {"word addresses", ":020100001234B7\n", 2, 0x202, 0x200, 0x12},
-           {"byte addresses", ":020100001234B7\n", 1, 0x102, 0x100, 0x12},
-           {"the low digit decides", ":12000200000102030405060708090A0B0C0D0E0F1011\n", 2, 0x16, 0x04, 0x00},
-           {"fill of words", ":0200020012347\n", 2, 6, 1, 0x3F},
-           {"fill of zeros", ":0200020012347\n", 3, 6, 1, 0x00},
-           {"fill of words behind zeros", ":0200020012347\n", 2, 6, 2, 0xFF},
-           {"only an end record", ":00000001FF\n", 2, 0, 0, 0},
-           {"type 4 is data", ":01000500AAF0\n:020000040001F9\n", 1, 6, 1, 0x01},
-           {"types 2 and 3 are passed over", ":01000000AA00\n:020000021234\n:020000031234\n", 1, 1, 0, 0xAA},
-           {"lower case, wrong checksum", ":01000000ab00\n", 1, 1, 0, 0xAB},
-           {"a strange digit is 0", ":01000000G700\n", 1, 1, 0, 0x07},
-           {"a cut line gives zeros", ":04000000AABB", 1, 4, 3, 0x00},
-           {"no line after the strange one", ":01000000AA55\nx\n:01000100BB44\n", 1, 1, 0, 0xAA},
-           {"nothing after the end record", ":01000000AA55\n:00000001FF\n:01000100BB44\n", 1, 1, 0, 0xAA},
-           {"nothing behind the buffer", ":04FFFE0001020304F4\n", 1, 0x10000, 0xFFFF, 0x02},
-           {"nor in words", ":02800000FFFF\n", 2, 0, 0, 0}}) {
-    // clang-format on
-    SCOPED_TRACE(why);
-    const auto image = ReadHex(text, mode);
-    ASSERT_TRUE(image);
-    ASSERT_EQ(image->size(), length);
-    if (at < length) {
-      EXPECT_EQ((*image)[at], value);
-    }
-  }
+  ForEachCase("readers.tsv", "images", [this](const Case& c) {
+    const auto image = ReadHex(c[1], static_cast<int>(c.Number(2)));
+    const auto length = static_cast<std::size_t>(c.Number(3)), at = static_cast<std::size_t>(c.Number(4));
+    ASSERT_TRUE(image && image->size() == length) << c[0];
+    EXPECT_TRUE(at >= length || (*image)[at] == c.Number(5)) << c[0];
+  });
 }
 
 TEST_F(Readers, IntelHexFailures) {

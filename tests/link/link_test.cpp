@@ -1,3 +1,4 @@
+#include "data/cases.h"
 #include "link/command_frames.h"
 #include "link/identification.h"
 #include "link/writer_commands.h"
@@ -171,25 +172,8 @@ TEST_F(Link, ChunksProgressAndPaints) {
   Bytes buffer(2048);
   const auto send = [&](unsigned length) { return SendBlock(data.data(), length, OP_WRITE_AREA); };
   const auto receive = [&](unsigned length) { return ReceiveBlock(buffer.data(), length, OP_READ_AREA); };
-  // clang-format off
-  for (const auto& [length, sent, received] : Table<unsigned, Texts, Texts>{
-           {0, {"0 of 2", "1 of 2", "paint", "< 13", "paint", "1 of 2"}, {"0 of 2", "0 of 2", "< 13", "1 of 2"}},
-           {1, {"0 of 2", "1 of 2", "paint", "> 07", "paint", "1 of 2", "paint", "< 13", "paint", "2 of 2"},
-            {"0 of 2", "0 of 2", "< 1", "1 of 2", "< 13", "2 of 2"}},
-           {511, {"0 of 2", "1 of 2", "paint", "> 511 bytes", "paint", "1 of 2", "paint", "< 13", "paint", "2 of 2"},
-            {"0 of 2", "0 of 2", "< 511", "1 of 2", "< 13", "2 of 2"}},
-           {512, {"0 of 1", "1 of 1", "paint", "> 512 bytes", "paint", "1 of 1", "paint", "< 13", "paint", "1 of 1"},
-            {"0 of 1", "0 of 1", "< 512", "1 of 1", "< 13", "1 of 1"}},
-           {513, {"0 of 1", "1 of 1", "paint", "> 512 bytes", "paint", "1 of 1", "paint", "> 07", "paint", "1 of 1",
-                  "paint", "< 13", "paint", "1 of 1"},
-            {"0 of 1", "0 of 1", "< 512", "1 of 1", "< 1", "1 of 1", "< 13", "1 of 1"}},
-           {2048, {"0 of 4", "1 of 4", "paint", "> 512 bytes", "paint", "1 of 4", "paint", "> 512 bytes", "paint", "2 of 4",
-                   "paint", "> 512 bytes", "paint", "3 of 4", "paint", "> 512 bytes", "paint", "4 of 4", "paint", "< 13",
-                   "paint", "4 of 4"},
-            {"0 of 4", "0 of 4", "< 512", "1 of 4", "< 512", "2 of 4", "< 512", "3 of 4", "< 512", "4 of 4", "< 13",
-             "4 of 4"}}}) {
-    // clang-format on
-    SCOPED_TRACE(length);
+  ForEachCase("link.tsv", "chunks", [&](const Case& c) {
+    const auto length = static_cast<unsigned>(c.Number(0));
     const auto check = [&](const auto& command, Texts head, const Texts& rest) {
       const auto isBar = [](const std::string& line) { return line.find(" of ") != std::string::npos; };
       head.insert(head.end(), rest.begin(), rest.end());
@@ -201,9 +185,9 @@ TEST_F(Link, ChunksProgressAndPaints) {
         EXPECT_EQ(usb.wire, head);
       }
     };
-    check(send, {"0 of 100", "1 of 100", "paint", Command(length, 18), "paint"}, sent);
-    check(receive, {"0 of 100", "1 of 100", Command(length, 19)}, received);
-  }
+    check(send, {"0 of 100", "1 of 100", "paint", Command(length, 18), "paint"}, Parts(c[1], '|'));
+    check(receive, {"0 of 100", "1 of 100", Command(length, 19)}, Parts(c[2], '|'));
+  });
   EXPECT_EQ(MakeCommandBlock(0x10800, OP_WRITE_MEMORY),
             (CommandBlock{0x55, 0x53, 0x42, 0x43, 0, 0, 0, 0, 0x00, 0x08, 0x01, 0x00, 16}));
 }

@@ -51,7 +51,7 @@ std::string Joined(const auto& things, const auto& text, const std::string& betw
 }
 const auto kAsText = [](const std::string& text) { return text; };
 
-class SmartOption : public Bench, public ::testing::WithParamInterface<const char*> {
+class SmartOption : public Bench, public ::testing::WithParamInterface<std::string> {
  protected:
   using Row = SmartOptionRow;
   using Line = const Case&;
@@ -136,9 +136,7 @@ class SmartOption : public Bench, public ::testing::WithParamInterface<const cha
 
 TEST_P(SmartOption, Follows) { script.Run("smart_option.tsv", GetParam()); }
 INSTANTIATE_TEST_SUITE_P(Scripts, SmartOption,
-                         ::testing::Values("captions", "more rows than fit", "alternatives",
-                                           "the table outlives a reading", "defaults", "switches", "no rows",
-                                           "unpacking", "dialog"));
+                         ::testing::ValuesIn(SectionsBut("smart_option.tsv", {"protection in words"})));
 
 // Independent of the program's way: each bit of a field on its own.
 std::int32_t InvertedField(std::uint32_t word, std::uint32_t mask) {
