@@ -4,13 +4,14 @@
 #include "folder.h"
 #include "pyxisfolder/drawing/pictures.h"
 #include "system/broken_pipe.h"
+#include "version/version.h"
 
 int main(int argc, char** argv) {
   pyxis::IgnoreBrokenPipes();
   CLI::App app{"Makes a program folder: templates, firmware images, option lists, figures, cursors and sample files"};
   std::string directory;
   bool icons = false;
-  app.set_version_flag("--version", "pyxisfolder " PYXIS_VERSION);
+  app.set_version_flag("--version", std::string("pyxisfolder ") + pyxis::kVersion);
   app.add_flag("--icons", icons, "make the program's icons instead, in the folders of an icon theme");
   app.add_option("DIR", directory, "where; made if need be")->required();
   CLI11_PARSE(app, argc, argv);

@@ -9,6 +9,7 @@
 #include "platform/machine.h"
 #include "platform/program_folder.h"
 #include "shell/ground/app_state.h"
+#include "version/version.h"
 
 namespace pyxis::job {
 
@@ -40,7 +41,7 @@ int RunCommandLine(Job& job, int argc, char** argv) {
   CLI::App app{"PyxisLoad without a window"};
   app.require_subcommand(1);
   app.fallthrough();
-  app.set_version_flag("--version", "pyxisjob " PYXIS_VERSION);
+  app.set_version_flag("--version", std::string("pyxisjob ") + pyxis::kVersion);
   app.add_option("--folder", job.options.folder,
                  "program folder (default: $PYXISLOAD_FOLDER, else the current one if it is one, else the user's)")
       ->check(CLI::ExistingDirectory);

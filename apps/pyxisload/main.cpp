@@ -26,6 +26,7 @@
 #include "ui/qt_text.h"
 #include "ui/readable_style.h"
 #include "ui/settings_profile.h"
+#include "version/version.h"
 
 namespace {
 
@@ -42,7 +43,7 @@ bool Answered(int argc, char** argv) {
     const std::string_view argument = argv[i];
     const bool help = argument == "--help" || argument == "-h";
     if (!help && argument != "--version") continue;
-    std::fputs(help ? kUsage : "pyxisload " PYXIS_VERSION "\n", stdout);
+    std::fputs(help ? kUsage : (std::string("pyxisload ") + pyxis::kVersion + "\n").c_str(), stdout);
     return true;
   }
   return false;

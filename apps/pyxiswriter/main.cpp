@@ -15,6 +15,7 @@
 #include "standin/redirection.h"
 #include "standin/socket_path.h"
 #include "system/broken_pipe.h"
+#include "version/version.h"
 
 namespace {
 
@@ -65,7 +66,7 @@ int main(int argc, char** argv) {
   std::vector<std::tuple<int, int, int>> measures;
 
   CLI::App app{"A stand-in for the writer, for work without the hardware"};
-  app.set_version_flag("--version", "pyxiswriter " PYXIS_VERSION);
+  app.set_version_flag("--version", std::string("pyxiswriter ") + pyxis::kVersion);
   app.add_option("--socket", socket, "local socket that programs reach it by")->capture_default_str();
   app.add_option("--usbredir", port, "TCP port of this machine for a virtual machine's USB redirection");
   app.add_option("--state", state, "file that keeps the job over a restart");
