@@ -85,6 +85,8 @@ add_command("auto after protect", "auto", expect="Auto OK")
 add_command("chip-info", "chip-info", expect="QV8348")
 add_command("read", "read", expect="Read OK")
 add_command("self-test", "--yes", "self-test")
+# Its template goes to the writer, and is installed data that the user can't write to.
+add_command("read of another IC", "read", "--ic", "QVL04", expect="Read OK")
 
 
 @step("pyxisjob serial: a series of three")
