@@ -52,16 +52,6 @@ bool CIcSelectDlg::OnInitDialog() {
 }
 
 void CIcSelectDlg::OnSeriesChange(int position) {
-  beforeName_.reset();
-  TakeSeries(position);
-}
-
-void CIcSelectDlg::OnTypeChange(int position) {
-  beforeName_.reset();
-  TakeType(position);
-}
-
-void CIcSelectDlg::TakeSeries(int position) {
   seriesPosition = position;
   seriesIndex = ListIndex(model, position);
   typeIndex = typePosition = 0;
@@ -86,7 +76,7 @@ void CIcSelectDlg::TakeSeries(int position) {
   TakeControls();
 }
 
-void CIcSelectDlg::TakeType(int position) {
+void CIcSelectDlg::OnTypeChange(int position) {
   typeIndex = typePosition = position;
   const ChipEntry& row = Row(seriesIndex, typeIndex);
   chipName = row.ChipName;
@@ -112,11 +102,11 @@ bool CIcSelectDlg::OnTypedName(std::string_view typed) {
   }
   const auto before = beforeName_;
   *this = *before;
-  beforeName_ = before;
+  const bool found = FindTyped(typed);
+  beforeName_ = before;  // the steps of a click have ended it
   typed_ = typed;
-  if (FindTyped(typed)) return true;
-  Changed();
-  return false;
+  if (!found) Changed();
+  return found;
 }
 
 bool CIcSelectDlg::FindTyped(std::string_view typed) {
@@ -124,7 +114,7 @@ bool CIcSelectDlg::FindTyped(std::string_view typed) {
     return label.size() >= typed.size() && EqualsNoCase(label.substr(0, typed.size()), typed);
   };
   if (begins(typeList[static_cast<std::size_t>(typePosition)])) {
-    TakeType(typePosition);
+    OnTypeChange(typePosition);
     return true;
   }
   const int count = static_cast<int>(seriesList.size());
@@ -134,14 +124,15 @@ bool CIcSelectDlg::FindTyped(std::string_view typed) {
     const auto found =
         std::find_if(rows.begin(), rows.end(), [&](const ChipEntry& row) { return begins(row.TypeLabel); });
     if (found == rows.end()) continue;
-    if (series != seriesPosition) TakeSeries(series);
-    TakeType(static_cast<int>(found - rows.begin()));
+    if (series != seriesPosition) OnSeriesChange(series);
+    OnTypeChange(static_cast<int>(found - rows.begin()));
     return true;
   }
   return false;
 }
 
 void CIcSelectDlg::TakeControls() {
+  beforeName_.reset();
   displaySerialValue = displaySerial.checked ? 1 : 0;
   exhvIspValue = exhvIsp.checked ? 1 : 0;
   ispValue = isp.checked ? 1 : 0;
@@ -151,33 +142,28 @@ void CIcSelectDlg::TakeControls() {
 }
 
 void CIcSelectDlg::OnDisplaySerial(bool checked) {
-  beforeName_.reset();
   displaySerial.checked = checked;
   TakeControls();
 }
 
 void CIcSelectDlg::OnMassProduction(bool checked) {
-  beforeName_.reset();
   massProduction.checked = checked;
   TakeControls();
 }
 
 void CIcSelectDlg::OnProductionLimit(bool checked) {
-  beforeName_.reset();
   productionLimit.checked = checked;
   limitEditEnabled = checked;
   TakeControls();
 }
 
 void CIcSelectDlg::OnExhvIsp(bool checked) {
-  beforeName_.reset();
   exhvIsp.checked = checked;
   isp.enabled = !checked && Row(seriesIndex, typeIndex).ic->isp == Isp::ExhvAndIsp;
   TakeControls();
 }
 
 void CIcSelectDlg::OnIsp(bool checked) {
-  beforeName_.reset();
   isp.checked = checked;
   exhvIsp.enabled = !checked;
   TakeControls();

@@ -54,10 +54,8 @@ class CIcSelectDlg {
   std::function<void()> Changed = [] {};
 
  private:
-  void TakeSeries(int position);
-  void TakeType(int position);
   bool FindTyped(std::string_view typed);
-  void TakeControls();  // the check values into the result
+  void TakeControls();  // the check values into the result; ends a typed name
   bool TakeLimit();     // the limit's text into the result
   std::string typed_;
   std::shared_ptr<const CIcSelectDlg> beforeName_;  // as it stood before the name's first character

@@ -40,7 +40,7 @@ std::string_view TakeLine(std::string_view& rest) {
 }
 
 std::uint32_t NumberAt(std::string_view line, std::size_t at, std::size_t digits) {
-  return at < line.size() ? ParseHexDigits(line.substr(at, digits), static_cast<int>(digits)) : 0;
+  return at < line.size() ? ParseHexDigits(line.substr(at), static_cast<int>(digits)) : 0;
 }
 
 // A digit behind the end of the line, like any character that is no digit, counts as 0.

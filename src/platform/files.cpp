@@ -142,13 +142,13 @@ ReplacedFile& ReplacedFile::operator=(ReplacedFile&& other) noexcept {
 }
 
 void ReplacedFile::Close(bool keep) {
-  if (descriptor_ < 0) return;
+  if (!IsOpen()) return;
   if (!keep) static_cast<void>(::ftruncate(descriptor_, 0) == 0);
   ::close(std::exchange(descriptor_, -1));
 }
 
 bool ReplacedFile::Write(std::span<const std::uint8_t> bytes) {
-  if (descriptor_ < 0) return false;
+  if (!IsOpen()) return false;
   std::size_t written = 0;
   while (written < bytes.size()) {
     const ssize_t count = ::write(descriptor_, bytes.data() + written, bytes.size() - written);

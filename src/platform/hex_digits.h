@@ -24,7 +24,7 @@ constexpr int HexDigitValue(char c) { return kHexDigitValues[static_cast<unsigne
 
 // Up to maxDigits (at most 8) hexadecimal digits; negative means the whole text. Leading "0" and blanks are passed
 // over, the first other character ends the number.
-constexpr std::uint32_t ParseHexDigits(std::string_view text, int maxDigits) {
+constexpr std::uint32_t ParseHexDigits(std::string_view text, int maxDigits = -1) {
   if (maxDigits >= 0) text = text.substr(0, static_cast<std::size_t>(maxDigits));
   text.remove_prefix(std::min(text.find_first_not_of("0 "), text.size()));
   std::uint32_t value = 0;

@@ -14,6 +14,8 @@ namespace pyxis {
 
 namespace {
 
+constexpr int kNothing = -1;  // of a transfer; a negative result is an error
+
 class NoOperator : public Operator {
   void Tell(const std::string&, const std::string&, MessageIcon) override {}
   bool Ask(const std::string&, const std::string&, MessageIcon) override { return false; }
@@ -24,16 +26,16 @@ class NoOperator : public Operator {
 class NoClock : public Clock {
   std::uint32_t TickCount() override { return ++tick_; }
   LocalTime Now() override { return {}; }
-  std::uint32_t tick_ = 0;
+  std::uint32_t tick_{};
 };
 
 class NoUsb : public UsbHost {
   std::vector<UsbBus> FindDevices() override { return {}; }
   Handle Open(const UsbDeviceEntry&) override { return nullptr; }
-  int SetConfiguration(Handle, int) override { return -1; }
-  int ClaimInterface(Handle, int) override { return -1; }
-  int BulkWrite(Handle, int, const std::uint8_t*, int, int) override { return -1; }
-  int BulkRead(Handle, int, std::uint8_t*, int, int) override { return -1; }
+  int SetConfiguration(Handle, int) override { return kNothing; }
+  int ClaimInterface(Handle, int) override { return kNothing; }
+  int BulkWrite(Handle, int, const std::uint8_t*, int, int) override { return kNothing; }
+  int BulkRead(Handle, int, std::uint8_t*, int, int) override { return kNothing; }
   void Close(Handle) override {}
   std::string Error() override { return "no USB"; }
 };

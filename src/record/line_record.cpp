@@ -66,12 +66,12 @@ bool IsDigits(const std::string& text) {
 RecordedSerial SerialOf(const Json& line, bool good) {
   const Json& series = line.at("series");
   const std::string address = series.at("address");
-  return {line.at("ic"),
-          line.value("checksum", ""),
-          {series.at("length"), ParseHexDigits(address, -1), series.at("start"), series.at("amount"),
-           series.at("direction")},
-          line.at("serial"),
-          good};
+  return {
+      line.at("ic"),
+      line.value("checksum", ""),
+      {series.at("length"), ParseHexDigits(address), series.at("start"), series.at("amount"), series.at("direction")},
+      line.at("serial"),
+      good};
 }
 
 // False where the line isn't one of a record. A line with a serial goes to `serials`; an interrupted one may have lost
@@ -138,7 +138,7 @@ bool SyncFolderOf(const std::string& path) {
 }  // namespace
 
 LineRecord::~LineRecord() {
-  if (descriptor_ >= 0) close(descriptor_);
+  if (IsOpen()) close(descriptor_);
 }
 
 std::string LineRecord::Trouble(const char* what) const {
@@ -252,7 +252,7 @@ std::string LineRecord::Begin(const LineEntry& entry) {
 }
 
 std::string LineRecord::End(const std::string& result, const LineJob* job) {
-  if (!IsOpen() || broken_ || !lineOpen_) return Printf("The record %s takes no result", path_.c_str());
+  if (broken_ || !lineOpen_) return Printf("The record %s takes no result", path_.c_str());
   Json object;
   if (job != nullptr) PutJob(object, *job);
   object["result"] = result;

@@ -1,5 +1,7 @@
 #include "record/line_series.h"
 
+#include <algorithm>
+
 #include "platform/hex_digits.h"
 #include "platform/text.h"
 #include "serial/big_number.h"
@@ -7,6 +9,8 @@
 namespace pyxis {
 
 namespace {
+
+constexpr unsigned kMostBytes = 16;  // of a serial; the dialog refuses more
 
 std::string Padded(const std::string& digits, unsigned length) {
   const std::size_t width = std::size_t{2} * length;
@@ -60,9 +64,9 @@ LineSeries MakeLineSeries(const std::string& length, const std::string& address,
   BigNumber first, count;
   first.TakeHex(WithoutPrefix(start));
   count.TakeHex(WithoutPrefix(amount));
-  const unsigned bytes = ParseHexDigits(WithoutPrefix(length), -1);
-  const unsigned width = bytes <= 16 ? bytes : 0;  // the dialog refuses others
-  return {bytes, ParseHexDigits(WithoutPrefix(address), -1), Padded(first.Hex(), width), count.Hex(), direction};
+  const unsigned bytes = ParseHexDigits(WithoutPrefix(length));
+  return {bytes, ParseHexDigits(WithoutPrefix(address)), Padded(first.Hex(), std::min(bytes, kMostBytes)), count.Hex(),
+          direction};
 }
 
 Resumption ResumeSeries(std::span<const RecordedSerial> record, const LineSeries& series, const std::string& ic,

@@ -1,5 +1,7 @@
 #include "serial/sn_record.h"
 
+#include <algorithm>
+
 namespace pyxis {
 
 namespace {
@@ -12,8 +14,8 @@ void ResetSnRecord() { theSnRecord = SnRecord{}; }
 
 std::string HexPadded(const std::string& text) {
   const std::size_t length = theSnRecord.SnLength;
-  if (length < 1 || length > 16 || text.size() >= 2 * length) return text;
-  return std::string(2 * length - text.size(), '0') + text;
+  const std::size_t width = length <= 16 ? 2 * length : 0;
+  return std::string(width - std::min(width, text.size()), '0') + text;
 }
 
 }  // namespace pyxis

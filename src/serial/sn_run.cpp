@@ -57,7 +57,6 @@ void CSnProgramDlg::OnInitDialog() {
     startText = record.SnStartText;
     endText = record.SnEndText;
   }
-  snProgramEnabled = false;
   ShowCounters();
 }
 
@@ -139,7 +138,6 @@ void CSnProgramDlg::OnClose() {
   app.selection.SnMode = false;
   if (snProgressDlg) snProgressDlg->visible = false;
   if (app.writer.WriterConnected) SwitchTaskButtonsBySnMode();
-  Changed();
   TheMachine().view->SnProgressChanged();
 }
 

@@ -39,7 +39,7 @@ std::array<std::uint8_t, 16> ToBytes(const std::string& text) {
   field = field.size() > 32 ? field.substr(field.size() - 32) : std::string(32 - field.size(), '0') + field;
   std::array<std::uint8_t, 16> bytes;
   for (std::size_t i = 0; i < bytes.size(); ++i)
-    bytes[i] = static_cast<std::uint8_t>(ParseHexDigits(std::string_view(field).substr(2 * i, 2), 2));
+    bytes[i] = static_cast<std::uint8_t>(ParseHexDigits(std::string_view(field).substr(2 * i, 2)));
   return bytes;
 }
 
@@ -60,7 +60,7 @@ void CSnSetDlg::OnInitDialog() {
 bool CSnSetDlg::OnLengthChange(const std::string& text) {
   SnRecord& record = TheSnRecord();
   lengthText = text;
-  record.SnLength = static_cast<std::uint8_t>(ParseHexDigits(WithoutPrefix(text), -1));
+  record.SnLength = static_cast<std::uint8_t>(ParseHexDigits(WithoutPrefix(text)));
   if (!LengthIsGood()) {
     Refuse("'Input Serial Number Length Error");
     return false;
@@ -72,7 +72,7 @@ bool CSnSetDlg::OnLengthChange(const std::string& text) {
 
 void CSnSetDlg::OnAddressChange(const std::string& text) {
   addressText = text;
-  TheSnRecord().SnStartAddress = ParseHexDigits(WithoutPrefix(text), -1);
+  TheSnRecord().SnStartAddress = ParseHexDigits(WithoutPrefix(text));
 }
 
 void CSnSetDlg::OnStartChange(const std::string& text) {
@@ -146,7 +146,7 @@ Outcome CSnSetDlg::LoadSnSetup() {
     Refuse("End Serial Number > SN Length");
     return Refused(Reason::OutOfRange);
   }
-  record.SnStartAddress = ParseHexDigits(WithoutPrefix(addressText), -1);
+  record.SnStartAddress = ParseHexDigits(WithoutPrefix(addressText));
   record.SnEndAddress = record.SnStartAddress + record.SnLength - 1;
   const Written result = WriteSerialFile();
   if (result == Written::Broken) {

@@ -9,7 +9,7 @@ namespace pyxis {
 
 void CGotoAddressDlg::OnChange(const std::string& newText) {
   text = newText.substr(0, kMaxDigits);
-  address = ParseHexDigits(text, -1);
+  address = ParseHexDigits(text);
 }
 
 void OnGotoAddress(CMiniHexEditView& view) {

@@ -103,6 +103,7 @@ TEST_F(Catalogue, IcTypeSelectNeedsAKnownWriter) {
   EXPECT_EQ(op.Boxes(), (std::vector<Told>{{"Please Power On The Writer", "Message", MessageIcon::Stop}}));
   TheAppState().writer.WriterModel = Model::Km49;
   ASSERT_TRUE(dialog.OnInitDialog());
+  EXPECT_EQ(All(dialog.seriesPosition, dialog.typePosition, dialog.chipName), All(0, 0, ChipList(8)[0].ChipName));
   dialog.OnSeriesChange(4);
   EXPECT_EQ(All(dialog.seriesIndex, dialog.typeList), All(12, Texts{"QVL09_48"}));
 }

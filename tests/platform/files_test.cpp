@@ -4,7 +4,9 @@
 
 #include "data/cases.h"
 #include "platform/clock.h"
+#include "platform/device_pipes.h"
 #include "platform/diagnostics.h"
+#include "platform/language.h"
 #include "platform/machine.h"
 #include "platform/operator.h"
 #include "platform/text.h"
@@ -35,7 +37,7 @@ TEST_F(Files, WhatIsNoFileAndAFullDiskFail) {
   Write("huge", {});
   std::filesystem::resize_file(folder / "huge", std::uintmax_t{1} << 40);
   EXPECT_FALSE(ReadWholeFile(Path("huge")));
-  EXPECT_FALSE(WriteWholeFile("/dev/full", Bytes(10)));
+  EXPECT_EQ(All(WriteWholeFile("/dev/full", Bytes(10)), WriteWholeFile("/dev/null", Bytes(10))), All(false, true));
 }
 
 TEST_F(Files, ModesAndLengths) {
@@ -60,8 +62,9 @@ TEST_F(Files, ModesAndLengths) {
 TEST_F(Files, ClosingTellsOfLostBytes) {
   EXPECT_FALSE(CloseFile(nullptr));
   EXPECT_TRUE(CloseFile(OpenFile(Path("new"), "wb")));
-  File full(std::fopen("/dev/full", "wb"));
+  File full(std::fopen("/dev/full", "w+b"));
   std::fputc(1, full.get());
+  EXPECT_FALSE(ReadStream(full.get()));
   EXPECT_FALSE(CloseFile(std::move(full)));
   File failed(std::fopen("/dev/full", "wb"));
   std::fputc(1, failed.get());
@@ -96,12 +99,18 @@ TEST_F(Files, AReplacedFileIsEmptyWithoutAGoodWrite) {
 }
 
 TEST_F(Files, LettersChangeCaseAndNothingElse) {
-  EXPECT_EQ(All(ToLower("@AZ[`az{"), ToUpper("@AZ[`az{")), All("@az[`az{", "@AZ[`AZ{"));
+  EXPECT_EQ(All(ToLower("@AZ[`az{"), ToUpper("@AZ[`az{"), Printf("%s", "").size()), All("@az[`az{", "@AZ[`AZ{", 0U));
 }
 
 TEST_F(Files, WhereNobodyAnswersItIsNo) {
   ResetMachine();
-  EXPECT_FALSE(TheMachine().op->Ask("", "", MessageIcon::None));
+  const Machine& nobody = TheMachine();
+  DevicePipes& pipes = *nobody.pipes;
+  EXPECT_FALSE(nobody.op->Ask("", "", MessageIcon::None) || pipes.Exist() || pipes.Write(nullptr, nullptr, 0) ||
+               pipes.Read(nullptr, nullptr, 0));
+  EXPECT_EQ(nobody.language->GetSystemDefaultLangID(), LangIdOfLocale("xx"));
+  const std::uint32_t before = nobody.clock->TickCount();
+  EXPECT_EQ(nobody.clock->TickCount() - before, 1U);
 }
 
 TEST_F(Files, DirectoriesOfTheProcess) {
@@ -121,7 +130,7 @@ TEST_F(Files, DirectoriesOfTheProcess) {
 TEST_F(Files, AWriterThatMayNotBeOpenedIsToldWithItsFile) {
   const auto device = [this](const std::string& name, const char* vendor, const char* product, const char* number) {
     for (const auto& [file, text] : Table<const char*, const char*>{
-             {"/idVendor", vendor}, {"/idProduct", product}, {"/busnum", "1\n"}, {"/devnum", number}})
+             {"/idVendor", vendor}, {"/idProduct", product}, {"/busnum", "13\n"}, {"/devnum", number}})
       WriteText("sys/" + name + file, text);
   };
   const auto words = [this] { return MissingRightWords(Path("sys"), Path("dev")); };
@@ -130,8 +139,8 @@ TEST_F(Files, AWriterThatMayNotBeOpenedIsToldWithItsFile) {
   device("usb1", "1d6b\n", "1602\n", "1\n");
   EXPECT_EQ(words(), "");
   device("1-2", "7a31\n", "1602\n", "12\n");
-  EXPECT_NE(words().find(Path("dev/001/012")), std::string::npos);
-  WriteText("dev/001/012", "");
+  EXPECT_NE(words().find(Path("dev/013/012")), std::string::npos);
+  WriteText("dev/013/012", "");
   EXPECT_EQ(words(), "");
 }
 

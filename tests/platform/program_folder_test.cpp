@@ -89,6 +89,7 @@ TEST_F(ProgramFolderTest, AFolderThatCantBeMadeIsNamedWithTheReason) {
   WriteText("home", "a file");
   EXPECT_EQ(WindowFolder(Data("usr")).error,
             "The program folder " + Path("home/pyxisload") + " can't be used: Not a directory.");
+  EXPECT_TRUE(KeepCurrent("/proc", Data("usr")).starts_with("The program folder /proc can't be used: "));
   Set("PYXISLOAD_FOLDER", Path(std::string(250, 'x')));
   EXPECT_NE(RunnerFolder(Data("usr")).error.find("its path is too long"), std::string::npos);
 }

@@ -73,7 +73,7 @@ TEST_F(Process, StandsStillOrEndsAfterSoManyCalls) {
   ASSERT_TRUE(client.Open(Socket()) && another.Open(Socket()));
   EXPECT_EQ(Identity(client), kIdentity);
   for (const char* stall : {"", "stall"}) {
-    EXPECT_TRUE(*stall == '\0' || Tell(stall) == 0);
+    EXPECT_TRUE(*stall == '\0' || LocalClient().Tell(Socket(), stall));
     client.SetTimeout(milliseconds(20));
     EXPECT_EQ(Identity(client), "");
     EXPECT_EQ(Tell("sleep"), 1);

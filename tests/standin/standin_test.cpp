@@ -165,7 +165,21 @@ TEST_F(Standin, ABusHasOneHolderAndASocketItsPlace) {
   EXPECT_LT(usb.SetConfiguration(handle, 2), 0);
   EXPECT_LT(usb.SetConfiguration(nullptr, 1), 0);
   EXPECT_EQ(usb.ClaimInterface(handle, 0), 0);
-  EXPECT_LT(usb.ClaimInterface(handle, 0), 0);
+  EXPECT_TRUE(usb.ClaimInterface(handle, 0) < 0 && usb.ClaimInterface(handle, 1) < 0);
+  const CommandBlock block = MakeCommandBlock(1, OP_READ_MEMORY);
+  std::uint8_t byte = 0;
+  const auto write = [&](UsbHost::Handle of, int to) { return usb.BulkWrite(of, to, block.data(), 13, 0); };
+  const auto read = [&](UsbHost::Handle of, int from) { return usb.BulkRead(of, from, &byte, 1, 0); };
+  EXPECT_TRUE(write(nullptr, kEndpointOut) < 0 && write(handle, kEndpointIn) < 0);
+  EXPECT_EQ(write(handle, kEndpointOut), 13);
+  EXPECT_TRUE(read(nullptr, kEndpointIn) < 0 && read(handle, kEndpointOut) < 0);
+  EXPECT_EQ(read(handle, kEndpointIn), 1);
+  for (const std::optional<int> stall : {std::optional(0), std::optional<int>()}) {  // silent until it is opened again
+    writer->faults.stallAfter = stall;
+    EXPECT_LT(write(handle, kEndpointOut), 0);
+  }
+  usb.Close(handle);
+  EXPECT_EQ(write(usb.Open(usb.FindDevices()[1][1]), kEndpointOut), 13);
   EXPECT_FALSE(writer->SetMeasure(1, 0, 5) || writer->SetMeasure(0, 6, 5));
   for (const auto& [socket, folderOfRun, path] :
        Table<const char*, const char*, std::string>{{"/a", "/b", "/a"},
