@@ -29,7 +29,6 @@ AboutWindow::AboutWindow(QWidget* parent) : QDialog(parent) {
   grid->addWidget(name, 0, 1);
   grid->addWidget(new QLabel(QString::fromLatin1(kAboutVersion), this), 1, 1);
   grid->addWidget(buttons, 2, 0, 1, 2);
-  grid->setColumnStretch(1, 1);
   grid->setHorizontalSpacing(16);
   layout()->setSizeConstraint(QLayout::SetFixedSize);
 }

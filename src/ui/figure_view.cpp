@@ -8,9 +8,7 @@
 namespace pyxis::ui {
 
 FigureView::FigureView(QWidget* parent) : QWidget(parent) {
-  QSizePolicy policy(QSizePolicy::Preferred, QSizePolicy::Fixed);
-  policy.setHeightForWidth(true);
-  setSizePolicy(policy);
+  setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
   setMinimumWidth(kWidth);
 }
 

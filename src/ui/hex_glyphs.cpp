@@ -6,16 +6,16 @@
 namespace pyxis::ui {
 
 HexGlyphs::HexGlyphs(const QFont& font) : font_(QRawFont::fromFont(font)), ascent_(QFontMetrics(font).ascent()) {
-  for (std::size_t c = 0x20; c < 0x7F; ++c) {
-    const auto found = font_.glyphIndexesForString(QString(QChar(static_cast<char16_t>(c))));
-    if (!found.isEmpty()) index_[c] = found.front();
+  for (char c = '!'; c <= '~'; ++c) {
+    const auto found = font_.glyphIndexesForString(QString(QLatin1Char(c)));
+    if (!found.isEmpty()) index_[static_cast<std::size_t>(c)] = found.front();
   }
 }
 
 void HexGlyphs::Add(std::string_view text, int x, int top, int cellWidth) {
   for (const char c : text) {
     if (c != ' ') {
-      glyphs_.append(index_[static_cast<std::size_t>(c) & 0x7F]);
+      glyphs_.append(index_.at(static_cast<std::size_t>(c)));
       places_.append(QPointF(x, top + ascent_));
     }
     x += cellWidth;

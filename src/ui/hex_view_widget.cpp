@@ -55,8 +55,6 @@ HexViewWidget::HexViewWidget(CMiniHexEditView& view, QWidget* parent) : QAbstrac
   setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOn);
   setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
   setFocusPolicy(Qt::ClickFocus);
-  viewport()->setBackgroundRole(QPalette::Base);
-  viewport()->setAttribute(Qt::WA_OpaquePaintEvent);
   viewport()->setCursor(Qt::IBeamCursor);
   setAccessibleName(QStringLiteral("Buffer"));
   mirror_.Show([this] { Refresh(); });
@@ -128,7 +126,6 @@ void HexViewWidget::showEvent(QShowEvent* event) {
 void HexViewWidget::paintEvent(QPaintEvent*) {
   seen_ = isVisible();
   QPainter painter(viewport());
-  painter.fillRect(viewport()->rect(), palette().color(QPalette::Base));
   Measure();
   const bool columnsMoved = view_.geometry.Recalc;
   if (!view_.PreparePaint()) return;

@@ -93,7 +93,7 @@ QLayout* MainPanel::MakeModeLabels() {
     row->addSpacing(16);
     controls_.Bind(mode.id, label);
   }
-  row->addStretch(1);
+  row->addStretch();
   return row;
 }
 
@@ -138,7 +138,7 @@ QLayout* MainPanel::MakeFigure() {
   figure_ = new FigureView(this);
   figure_->setAccessibleName(QStringLiteral("Program Pin Placement"));
   box->addWidget(figure_);
-  box->addStretch(1);
+  box->addStretch();
   return box;
 }
 
@@ -160,7 +160,7 @@ QLayout* MainPanel::MakeButtons() {
   AddButton(*row, ControlId::Verify, "&Verify", "Compare the chip with the data in the writer");
   AddButton(*row, ControlId::Read, "&Read", "Read the chip");
   AddButton(*row, ControlId::WriterTest, "&Writer Test", "Test the voltages of the writer");
-  row->addStretch(1);
+  row->addStretch();
   AddButton(*row, ControlId::SmartOption, "&Smart Option", "Show the configuration word in words");
   return row;
 }

@@ -9,6 +9,7 @@
 #include <QMenu>
 #include <QMimeData>
 #include <QRegularExpressionValidator>
+#include <QStyleOptionFrame>
 #include <algorithm>
 
 #include "platform/machine.h"
@@ -22,7 +23,6 @@ namespace {
 using Command = CNumericEdit::Command;
 
 constexpr int kFirstCharacter = 32;
-constexpr std::size_t kSpareCharacters = 2;
 
 QColor Of(const Colour& colour) { return {colour.red, colour.green, colour.blue}; }
 
@@ -31,6 +31,19 @@ bool MovesCaret(const QKeyEvent& event) {
   for (const int key : {Qt::Key_Left, Qt::Key_Right, Qt::Key_Home, Qt::Key_End})
     if (event.key() == key) return true;
   return event.matches(QKeySequence::SelectAll);
+}
+
+// Wide enough for that many digits, whatever the style puts around them.
+void FitDigits(QLineEdit& edit, std::size_t count) {
+  constexpr int kInside = 2 * 2 + 2;  // what a line edit leaves free on both sides, and the caret
+  edit.ensurePolished();
+  const QFontMetrics metrics = edit.fontMetrics();
+  const int text = metrics.horizontalAdvance(QString(static_cast<qsizetype>(count), QLatin1Char('D')));
+  QStyleOptionFrame option;
+  option.initFrom(&edit);
+  option.lineWidth = edit.style()->pixelMetric(QStyle::PM_DefaultFrameWidth, &option, &edit);
+  const QSize size(text + kInside, metrics.height());
+  edit.setMinimumWidth(edit.style()->sizeFromContents(QStyle::CT_LineEdit, &option, size, &edit).width());
 }
 
 // Nothing when the clipboard holds no text, or can't be opened.
@@ -52,9 +65,8 @@ void NormaliseClipboard() {
 
 NumericEditField::NumericEditField(std::size_t maxLength, QWidget* parent) : QLineEdit(parent), maxLength_(maxLength) {
   setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
-  setMinimumWidth(static_cast<int>(maxLength + kSpareCharacters) * fontMetrics().horizontalAdvance(QLatin1Char('0')));
+  FitDigits(*this, maxLength);
   setAcceptDrops(false);
-  setDragEnabled(false);
   // For what comes past the keys, such as an accessibility tool.
   static const QRegularExpression number(QStringLiteral("(0[xX])?[0-9A-Fa-f]*"));
   setValidator(new QRegularExpressionValidator(number, this));

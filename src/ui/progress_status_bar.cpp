@@ -13,7 +13,6 @@ namespace {
 
 constexpr int kPane1Width = 200;
 constexpr QColor kBackground(200, 200, 200);
-constexpr QColor kText(0, 0, 0);
 constexpr int kMargin = 4;
 
 // A plug in its socket, or one pulled out.
@@ -54,7 +53,7 @@ ProgressStatusBar::ProgressStatusBar(QWidget* parent)
   for (const QPalette::ColorRole role : {QPalette::Window, QPalette::Button, QPalette::Base})
     colours.setColor(role, kBackground);
   for (const QPalette::ColorRole role : {QPalette::WindowText, QPalette::ButtonText, QPalette::Text})
-    colours.setColor(role, kText);
+    colours.setColor(role, Qt::black);
   setPalette(colours);
   setFixedHeight(fontMetrics().height() + 2 * kMargin);
   pane0_->setAccessibleDescription(QStringLiteral("Status"));  // the name of a label is its text

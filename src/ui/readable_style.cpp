@@ -54,7 +54,6 @@ void ReadableStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* 
   painter->save();
   painter->setRenderHint(QPainter::Antialiasing, round);
   painter->setPen(OutlineOf(option->palette));
-  painter->setBrush(Qt::NoBrush);
   if (round) {
     painter->drawEllipse(QRectF(option->rect).adjusted(0.5, 0.5, -0.5, -0.5));
   } else {

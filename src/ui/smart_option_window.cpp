@@ -70,7 +70,7 @@ void SmartOptionWindow::FillList(OptionListHandle list, const std::vector<std::s
 
 void SmartOptionWindow::DrawLabel(int x, int y, const std::string& text, OptionColor color) {
   const bool dark = palette().window().color().lightness() < kMiddle;
-  const QColor blue = dark ? QColor(140, 180, 255) : QColor(0, 0, 255);
+  const QColor blue = dark ? QColor(140, 180, 255) : QColor(Qt::blue);
   const QColor black = dark ? QColor(Qt::white) : QColor(Qt::black);
   painter_->setPen(color == OptionColor::Blue ? blue : black);
   painter_->drawText(x, y + fontMetrics().ascent(), FromText(text));

@@ -8,7 +8,6 @@
 #include <QPushButton>
 
 #include "serial/sn_run.h"
-#include "ui/digits_width.h"
 #include "ui/numeric_edit_field.h"
 #include "ui/qt_text.h"
 #include "ui/verdict_label.h"
@@ -68,7 +67,6 @@ SnProgramWindow::SnProgramWindow(CSnProgramDlg& dialog, HandlerGate& gate, QWidg
 
 NumericEditField* SnProgramWindow::AddField(QGridLayout& grid, int row, const char* caption) {
   auto* field = new NumericEditField(kDigits, this);
-  FitDigits(*field, kDigits);
   AddRow(grid, row, caption, field);
   return field;
 }

@@ -8,7 +8,6 @@
 #include <QRadioButton>
 
 #include "serial/sn_set.h"
-#include "ui/digits_width.h"
 #include "ui/numeric_edit_field.h"
 
 namespace pyxis::ui {
@@ -46,7 +45,6 @@ SnSetWindow::SnSetWindow(CSnSetDlg& dialog, HandlerGate& gate, QWidget* parent)
 NumericEditField* SnSetWindow::AddField(QGridLayout& grid, const char* caption, std::size_t limit,
                                         std::function<void(const std::string&)> changed) {
   auto* field = new NumericEditField(limit, this);
-  FitDigits(*field, limit);
   field->TextEdited = std::move(changed);
   auto* label = new QLabel(QString::fromLatin1(caption), this);
   label->setBuddy(field);
@@ -65,7 +63,7 @@ void SnSetWindow::AddDirection(QGridLayout& grid) {
     connect(button, &QRadioButton::clicked, this, [this, i] { dialog_.OnDirection(i); });
     buttons->addWidget(button);
   }
-  buttons->addStretch(1);
+  buttons->addStretch();
   const int row = grid.rowCount();
   grid.addWidget(new QLabel(QStringLiteral("Direction (MSB in) : "), this), row, 0);
   grid.addLayout(buttons, row, 1);

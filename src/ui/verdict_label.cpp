@@ -12,7 +12,7 @@ namespace {
 
 constexpr double kWordsSize = 1.8;  // of the window's font
 constexpr double kCountsSize = 1.3;
-constexpr QColor kGood(0, 110, 50), kBad(180, 20, 20), kWords(255, 255, 255);
+constexpr QColor kGood(0, 110, 50), kBad(180, 20, 20);
 
 QLabel* MakeLabel(QWidget* parent, double size, const char* description) {
   auto* label = new QLabel(parent);
@@ -33,11 +33,11 @@ VerdictLabel::VerdictLabel(QWidget* parent)
       counts_(MakeLabel(this, kCountsSize, "Counts since the last load")) {
   words_->setMargin(4);
   auto* row = new QHBoxLayout(this);
-  row->setContentsMargins(0, 0, 0, 0);
+  row->setContentsMargins({});
   row->addWidget(words_);
   row->addSpacing(12);
   row->addWidget(counts_);
-  row->addStretch(1);
+  row->addStretch();
   // It keeps its place when it is empty.
   setFixedHeight(words_->fontMetrics().height() + 2 * words_->margin());
 }
@@ -49,7 +49,7 @@ void VerdictLabel::Sync() {
   QPalette colours = palette();
   if (!line.words.empty()) {
     colours.setColor(QPalette::Window, line.good ? kGood : kBad);
-    colours.setColor(QPalette::WindowText, kWords);
+    colours.setColor(QPalette::WindowText, Qt::white);
   }
   words_->setAutoFillBackground(!line.words.empty());
   words_->setPalette(colours);

@@ -27,7 +27,7 @@ XcursorImage* MakeImage(const XCursorStep& step) {
 
 XCursorId MakeXCursor(void* display, std::span<const XCursorStep> steps) {
   auto* const xDisplay = static_cast<Display*>(display);
-  if (xDisplay == nullptr || XcursorSupportsARGB(xDisplay) == 0 || XcursorSupportsAnim(xDisplay) == 0) return 0;
+  if (!xDisplay || !XcursorSupportsARGB(xDisplay) || !XcursorSupportsAnim(xDisplay)) return 0;
   const std::unique_ptr<XcursorImages, ImagesDestroyer> images(XcursorImagesCreate(static_cast<int>(steps.size())));
   if (images == nullptr) return 0;
   for (const XCursorStep& step : steps) {

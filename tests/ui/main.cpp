@@ -2,6 +2,8 @@
 #include <gtest/gtest.h>
 
 #include <QApplication>
+#include <QIcon>
+#include <QPixmap>
 
 #include "ui/readable_style.h"
 
@@ -10,5 +12,8 @@ int main(int argc, char** argv) {
   if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
   const QApplication application(argc, argv);
   QApplication::setStyle(new pyxis::ui::ReadableStyle(QStringLiteral("Fusion")));
+  QPixmap icon(64, 64);
+  icon.fill(Qt::red);
+  QApplication::setWindowIcon(icon);
   return RUN_ALL_TESTS();
 }

@@ -104,7 +104,11 @@ class WindowScript : public UiBench, public UpdateAgent, public ::testing::WithP
         {"is", [&] { ExpectFacts(line[1] == "this" ? here : control(), line[2]); }},
         {"see", [&] { EXPECT_EQ(TextOf(control()), line[2]); }},
         {"tip", [&] { EXPECT_EQ(control().toolTip().toStdString(), line[2]); }},
-        {"ink", [&] { EXPECT_EQ(InkInFrontOf(control(), here), line[2]); }},
+        {"ink", [&] { EXPECT_EQ(InkInFrontOf(control()), line[2]); }},
+        {"ground", [&] { EXPECT_EQ(GroundOf(control()).name().toStdString(), line[2]); }},
+        {"place", [&] { EXPECT_EQ(PlaceOf(control()), line[2]); }},
+        {"picture", [&] { WritePicture(line[1], QColor(more)); }},
+        {"framed", [&] { ExpectFramed(control(), QColor(more)); }},
         {"told", [&] { EXPECT_EQ(Joined(std::exchange(seen, {})), wanted); }},
         {"heard", [&] { EXPECT_EQ(std::ssize(op.Heard()), line.Number(1)); }},
         {"title", [&] { EXPECT_EQ(here.windowTitle().toStdString(), wanted); }},
@@ -232,18 +236,46 @@ class WindowScript : public UiBench, public UpdateAgent, public ::testing::WithP
     return shown;
   }
   // Of the caption in front of a list: what differs most from the ground.
-  static std::string InkInFrontOf(const QWidget& list, QWidget& here) {
-    const QImage caption = here.grab(QRect(0, list.y(), list.x() - 1, list.height())).toImage();
-    QColor ink = here.palette().color(QPalette::Window), ground = ink;
+  static std::string InkInFrontOf(const QWidget& list) {
+    QWidget& around = *list.parentWidget();
+    const QImage caption = around.grab(QRect(0, list.y(), list.x() - 1, list.height())).toImage();
+    QColor ink = around.palette().color(QPalette::Window), ground = ink;
     for (int i = 0; i < caption.width() * caption.height(); ++i) {
       const QColor pixel = caption.pixelColor(i % caption.width(), i / caption.width());
       if (ui::ContrastOf(pixel, ground) > ui::ContrastOf(ink, ground)) ink = pixel;
     }
     return ink.name().toStdString();
   }
+  // As the window shows it.
+  static QColor GroundOf(const QWidget& control) {
+    QWidget& all = *control.window();
+    return all.grab(QRect(control.mapTo(&all, QPoint()), control.size())).toImage().pixelColor(0, 0);
+  }
+  // Its distances from the left, top, right and bottom of what it lies in.
+  static std::string PlaceOf(const QWidget& control) {
+    const QRect at = control.geometry(), all = control.parentWidget()->rect();
+    return Printf("%d %d %d %d", at.left(), at.top(), all.right() - at.right(), all.bottom() - at.bottom());
+  }
+  void WritePicture(const std::string& file, const QColor& colour) {
+    QImage picture(1, 1, QImage::Format_RGB32);
+    picture.fill(colour);
+    Write(file, {});
+    EXPECT_TRUE(picture.save(Q(Path(file))));
+  }
+  // Stretched to fill a frame in the figures' proportions.
+  static void ExpectFramed(QWidget& control, const QColor& colour) {
+    const QImage shown = control.grab().toImage();
+    const QSize figure(460, 300);
+    EXPECT_NEAR(shown.height(), figure.height() * shown.width() / figure.width(), 1);
+    for (const int i : {0, 1}) {
+      const QColor wanted = i == 0 ? control.palette().color(QPalette::Mid) : colour;
+      EXPECT_EQ(shown.pixel(i, i), wanted.rgb());
+      EXPECT_EQ(shown.pixel(shown.width() - 1 - i, shown.height() - 1 - i), wanted.rgb());
+    }
+  }
   // Readable, and large.
   void ExpectNewVerdict(const QWidget& words) {
-    const QColor ground = words.palette().color(QPalette::Window);
+    const QColor ground = GroundOf(words);
     EXPECT_FALSE(grounds.contains(ground));
     grounds.append(ground);
     EXPECT_GE(ui::ContrastOf(ground, words.palette().color(QPalette::WindowText)), 4.5);
