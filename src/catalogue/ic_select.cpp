@@ -133,11 +133,11 @@ bool CIcSelectDlg::FindTyped(std::string_view typed) {
 
 void CIcSelectDlg::TakeControls() {
   beforeName_.reset();
-  displaySerialValue = displaySerial.checked ? 1 : 0;
-  exhvIspValue = exhvIsp.checked ? 1 : 0;
-  ispValue = isp.checked ? 1 : 0;
-  massProductionValue = massProduction.checked ? 1 : 0;
-  productionLimitValue = productionLimit.checked ? 1 : 0;
+  displaySerialValue = displaySerial.checked;
+  exhvIspValue = exhvIsp.checked;
+  ispValue = isp.checked;
+  massProductionValue = massProduction.checked;
+  productionLimitValue = productionLimit.checked;
   Changed();
 }
 

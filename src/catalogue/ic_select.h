@@ -49,7 +49,8 @@ class CIcSelectDlg {
   // The result.
   int seriesIndex = 0, typeIndex = 0;  // in the catalogue
   std::string chipName, seriesCaption;
-  int displaySerialValue = 0, exhvIspValue = 0, massProductionValue = 0, productionLimitValue = 0, ispValue = 0;
+  bool displaySerialValue = false, exhvIspValue = false, massProductionValue = false, productionLimitValue = false,
+       ispValue = false;
   std::int32_t productionLimitCount = 1;
   std::function<void()> Changed = [] {};
 

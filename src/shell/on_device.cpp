@@ -27,10 +27,10 @@ void TakeSelection(const CIcSelectDlg& dialog) {
   ClearVerdict();
   ShowChipName(dialog.chipName);
   TakeCatalogueRow(label);
-  app.selection.ExhvIsp = dialog.exhvIspValue != 0;
-  app.selection.IspProgram = dialog.ispValue != 0;
-  app.selection.MassProduction = dialog.massProductionValue != 0 ? MassMode::On : MassMode::Off;
-  app.selection.ProductionLimitOn = dialog.productionLimitValue != 0;
+  app.selection.ExhvIsp = dialog.exhvIspValue;
+  app.selection.IspProgram = dialog.ispValue;
+  app.selection.MassProduction = dialog.massProductionValue ? MassMode::On : MassMode::Off;
+  app.selection.ProductionLimitOn = dialog.productionLimitValue;
   app.selection.ProductionLimitCount = dialog.productionLimitCount;
   EnableOperations();  // by the serial number mode of before
   ShowPinFigure(label);
@@ -39,7 +39,7 @@ void TakeSelection(const CIcSelectDlg& dialog) {
   ShowFile("");
   app.conversion.ChecksumText.clear();
   SetControlText(ControlId::ChecksumField, "");
-  app.selection.SnMode = dialog.displaySerialValue != 0;
+  app.selection.SnMode = dialog.displaySerialValue;
   StopSnProgress();
   if (app.selection.SnMode) {
     CSnSetDlg serial(true, app.selection.ExhvIsp, app.selection.IspProgram);

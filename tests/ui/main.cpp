@@ -3,7 +3,6 @@
 
 #include <QApplication>
 #include <QIcon>
-#include <QPixmap>
 
 #include "ui/readable_style.h"
 
@@ -12,8 +11,6 @@ int main(int argc, char** argv) {
   if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
   const QApplication application(argc, argv);
   QApplication::setStyle(new pyxis::ui::ReadableStyle(QStringLiteral("Fusion")));
-  QPixmap icon(64, 64);
-  icon.fill(Qt::red);
-  QApplication::setWindowIcon(icon);
+  QApplication::setWindowIcon(QIcon(QStringLiteral(PYXIS_BIN_DIR "/../icons/64x64/apps/pyxisload.png")));
   return RUN_ALL_TESTS();
 }
