@@ -82,6 +82,10 @@ TEST_F(ProgramFolderTest, AnUpdateRenewsTheLinksAndTouchesNothingOfTheUsers) {
   for (const auto& [name, text] :
        Table<const char*, const char*>{{"buffer_data.prog", "job"}, {"metronom.ani", "own"}, {"samples/b.hex", "own"}})
     EXPECT_EQ(Text(std::string("home/pyxisload/") + name), text) << name;
+  // Another installation beside one that stays.
+  Install("usr");
+  ASSERT_EQ(WindowFolder(Data("usr")).error, "");
+  EXPECT_EQ(fs::read_symlink(home / "hwversion1.1"), Data("usr") + "/hwversion1.1");
 }
 
 // Also for root, who may write everywhere.
