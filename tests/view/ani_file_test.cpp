@@ -19,7 +19,7 @@ Bytes Chunk(const std::string& name, const Bytes& data) {
 }
 
 // A file of chunks: "anih frames steps flags", "rate ticks…", "seq frames…", "fram count…" a list of frames of so many
-// bytes, other names with one byte.
+// bytes, 0 for a stranger among them, other names with one byte.
 Bytes Ani(const std::string& chunks, const std::string& form = "ACON") {
   Bytes file(form.begin(), form.end());
   for (const std::string& chunk : Parts(chunks, ',')) {
@@ -27,7 +27,8 @@ Bytes Ani(const std::string& chunks, const std::string& form = "ACON") {
     Bytes data;
     for (std::size_t i = 1; i < words.size(); ++i) {
       const auto number = static_cast<std::uint32_t>(std::stoul(words[i]));
-      if (words[0] == "fram") data = data + Chunk("icon", Bytes(number, static_cast<std::uint8_t>(i)));
+      if (words[0] == "fram")
+        data = data + Chunk(number == 0 ? "JUNK" : "icon", Bytes(number, static_cast<std::uint8_t>(i)));
       if (words[0] != "fram") data = data + Le32(number);
     }
     if (words[0] == "anih" && words.size() == 4)
