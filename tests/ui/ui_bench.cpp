@@ -28,7 +28,7 @@ QWidget& FindControl(QWidget& within, const QString& name) {
     if (child->accessibleName() == name || child->accessibleDescription() == name) return *child;
     const auto* label = qobject_cast<QLabel*>(child);
     const bool labelled = label != nullptr && label->buddy() != nullptr;
-    if (!labelled && qobject_cast<QAbstractButton*>(child) == nullptr) continue;
+    if (label == nullptr && qobject_cast<QAbstractButton*>(child) == nullptr) continue;
     if (Bare(child->property("text").toString()).trimmed() == name) return labelled ? *label->buddy() : *child;
   }
   throw std::runtime_error("no control " + name.toStdString());
