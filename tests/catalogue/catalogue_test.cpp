@@ -1,11 +1,9 @@
 #include <set>
 
 #include "catalogue/chip_catalogue.h"
-#include "catalogue/ic_select.h"
 #include "data/cases.h"
 #include "platform/text.h"
 #include "pyxisfolder/folder.h"
-#include "support/tsv.h"
 
 namespace pyxis::test {
 namespace {
@@ -94,18 +92,6 @@ TEST_F(Catalogue, EveryIcHasItsTemplateOnce) {
     EXPECT_TRUE(templates.contains(ic->ChipName)) << ic->ChipName;
     EXPECT_TRUE(templates.contains(ic->templateName)) << ic->ChipName;
   }
-}
-
-// What the dialog does, the window scripts tell.
-TEST_F(Catalogue, IcTypeSelectNeedsAKnownWriter) {
-  CIcSelectDlg dialog;
-  EXPECT_FALSE(dialog.OnInitDialog());
-  EXPECT_EQ(op.Boxes(), (std::vector<Told>{{"Please Power On The Writer", "Message", MessageIcon::Stop}}));
-  TheAppState().writer.WriterModel = Model::Km49;
-  ASSERT_TRUE(dialog.OnInitDialog());
-  EXPECT_EQ(All(dialog.seriesPosition, dialog.typePosition, dialog.chipName), All(0, 0, ChipList(8)[0].ChipName));
-  dialog.OnSeriesChange(4);
-  EXPECT_EQ(All(dialog.seriesIndex, dialog.typeList), All(12, Texts{"QVL09_48"}));
 }
 
 }  // namespace

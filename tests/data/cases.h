@@ -41,6 +41,21 @@ inline Texts Parts(const std::string& cell, char separator, bool empty = false) 
   return parts;
 }
 
+// The rows of a table without sections, cell by cell as they are; lines that begin with # are comments.
+inline std::vector<Texts> ReadTsv(const std::string& name) {
+  std::vector<Texts> rows;
+  std::ifstream in(PYXIS_TEST_DATA_DIR "/" + name);
+  for (std::string line; std::getline(in, line);)
+    if (!line.empty() && line[0] != '#') rows.push_back(Parts(line, '\t', true));
+  return rows;
+}
+
+// Compares cell by cell, and names row and column of a difference.
+inline void ExpectCells(const std::string& row, const Texts& columns, const Texts& got, const Texts& wanted) {
+  ASSERT_EQ(All(got.size(), wanted.size()), All(columns.size(), columns.size())) << row;
+  for (std::size_t i = 0; i < columns.size(); ++i) EXPECT_EQ(got[i], wanted[i]) << row << ", " << columns[i];
+}
+
 struct Case {
   Texts cells;
   std::string where;

@@ -1,10 +1,10 @@
 // Every conversion of tests/data/conversion_vectors.tsv, whose head tells how each input is built.
 #include <random>
 
+#include "data/cases.h"
 #include "intake/convert.h"
 #include "intake/package_files.h"
 #include "platform/text.h"
-#include "support/tsv.h"
 
 namespace pyxis::test {
 namespace {

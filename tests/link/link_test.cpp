@@ -1,6 +1,5 @@
 #include "data/cases.h"
 #include "link/command_frames.h"
-#include "link/identification.h"
 #include "link/writer_commands.h"
 #include "link/writer_link.h"
 #include "platform/device_pipes.h"
@@ -51,13 +50,8 @@ class Link : public Bench {
     ASSERT_EQ(OpenWriterLink(), 1);
     TheAppState().writer.HwKnown = true;
   }
-  void OpenVendor() {
-    vendor.openResult = 0;
-    OpenTransport();
-    vendor.calls.clear();
-  }
   WireLog usb;
-  VendorLog vendor;
+  SilentVendor vendor;
   bool capturing = true;
 };
 

@@ -11,7 +11,7 @@ namespace pyxis::test {
 namespace {
 
 // Each read takes a while and brings a status, or ' ' nothing; the last of them repeats.
-class SlowWriter : public VendorLog {
+class SlowWriter : public SilentVendor {
  public:
   SlowWriter(FakeClock& clock, std::uint32_t milliseconds, const char* statuses)
       : clock_(clock), milliseconds_(milliseconds), next_(statuses) {}
@@ -32,7 +32,7 @@ class SlowWriter : public VendorLog {
   const char* next_;
 };
 
-class Verdicts : public ScriptedWriter {};
+class Verdicts : public Bench {};
 
 TEST_F(Verdicts, LostReadsAreBoundedByTime) {
   // clang-format off
@@ -43,6 +43,7 @@ TEST_F(Verdicts, LostReadsAreBoundedByTime) {
     // clang-format on
     SlowWriter writer(clock, milliseconds, statuses);
     TheMachine().vendor = &writer;
+    OpenTransport();
     EXPECT_EQ(RunTask(16, 1), good) << why;
     EXPECT_EQ(writer.count, reads) << why;
   }

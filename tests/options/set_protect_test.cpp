@@ -1,4 +1,4 @@
-// Set Protect: its events, and the bit that each IC keeps its protection in.
+// The bit that each IC keeps its protection in.
 #include "options/set_protect.h"
 
 #include <cstring>
@@ -7,26 +7,20 @@
 #include "data/cases.h"
 #include "intake/package_files.h"
 #include "options/option_select.h"
-#include "platform/text.h"
-#include "support/recorded_bench.h"
+#include "support/standin_bench.h"
 
 namespace pyxis::test {
 namespace {
 
-class SetProtect : public RecordedOnBoth {
+class EveryIcsProtection : public StandinBench {
  protected:
-  // The operator's click in Option Select 1, nothing for a closed window.
-  void Protect(std::optional<bool> protect) {
+  EveryIcsProtection() : StandinBench(Transport::Vendor) {}
+  void Protect(bool protect) {
     op.optionSelect = [protect](COptionSelectDlg& dialog) {
-      EXPECT_EQ(All(dialog.Shown(COptionSelectDlg::Protection), dialog.Shown(COptionSelectDlg::Mode),
-                    dialog.Shown(COptionSelectDlg::Clock)),
-                All(0, -1, -1));
-      dialog.Click(COptionSelectDlg::Mode, 0);
-      dialog.Click(COptionSelectDlg::Protection, protect.value_or(true) ? 1 : 0);
-      if (protect) dialog.OnOk();
-      return protect ? DialogEnd::Ok : DialogEnd::Cancel;
+      dialog.Click(COptionSelectDlg::Protection, protect ? 1 : 0);
+      dialog.OnOk();
+      return DialogEnd::Ok;
     };
-    Start();
     OnSetProtect();
   }
   // A job of this IC in the writer, of random bytes.
@@ -43,39 +37,7 @@ class SetProtect : public RecordedOnBoth {
   }
 };
 
-TEST_P(SetProtect, Events) {
-  LoadSample("QVL04");
-  Write(kDataPackageName, Bytes{1});
-  writer.OptionArea()[36] = 0x03;
-  for (const ControlId id : {ControlId::Protect, ControlId::Unprotect}) ShowControl(id, false);
-  for (const ControlId id : {ControlId::DualMode, ControlId::Unprotect}) CheckControl(id, true);
-  for (const ControlId id :
-       {ControlId::Protect, ControlId::FastMode, ControlId::Clock32kDisable, ControlId::Clock32kEnable})
-    CheckControl(id, false);
-  Bytes block = writer.OptionArea();
-  Protect(std::nullopt);
-  ExpectEvents(InfoBlock() + Texts{"dialog Option Select 1", "Cancel"});
-  Protect(true);
-  block[36] = 0x02;
-  ExpectEvents(InfoBlock() +
-               Texts{"dialog Option Select 1", "OK", "show Unprotect Protect", "unmark Unprotect Dual",
-                     "mark Protect Fast 32K+", "w START_TASK 30", "w CONTROL 10", "file buffer_option.prog 512"} +
-               PackageFile("04", block) + Texts{"w SET_MODE 07", "w CONTROL 90"});
-  EXPECT_EQ(Contents(kDataPackageName), Bytes{1});
-  std::filesystem::remove(folder / kOptionPackageName);
-  std::filesystem::create_directory(folder / kOptionPackageName);
-  Protect(true);
-  ExpectEvents(InfoBlock() + Texts{"dialog Option Select 1", "OK", "unmark Protect Fast 32K+", "mark Protect Fast 32K+",
-                                   "w START_TASK 30", "w CONTROL 10",
-                                   "box [PyxisLoad] Open Fail ! (buffer_option.prog)", "w SET_MODE 07",
-                                   "w CONTROL 90"});
-}
-
-INSTANTIATE_TEST_SUITE_P(BothTransports, SetProtect, kBothTransports);
-
-class EveryIcsProtection : public SetProtect {};
-
-TEST_P(EveryIcsProtection, IsOneBit) {
+TEST_F(EveryIcsProtection, IsOneBit) {
   // By the IC's name, "others" for the rest: byte, mask, a set bit protects, it stands in the configuration word as
   // well, and what the panel shows of the pair: the box of a set bit, or nothing.
   std::map<std::string, Case> places;
@@ -112,18 +74,6 @@ TEST_P(EveryIcsProtection, IsOneBit) {
         }
       }
     }
-}
-
-INSTANTIATE_TEST_SUITE_P(OneTransport, EveryIcsProtection, ::testing::Values(Transport::Vendor));
-
-// A job whose IC isn't found by its bare name leaves another IC's row selected.
-TEST_P(EveryIcsProtection, OfAnotherIcsRowIsRefused) {
-  LoadSample("QV8348");
-  const Bytes before = writer.OptionArea();
-  TheAppState().selection.SelectedChip = "QV8305";
-  Protect(true);
-  ExpectEvents(InfoBlock() + Texts{"box [Message, warning] HW and SW Chip Name is discordant"});
-  EXPECT_EQ(writer.OptionArea(), before);
 }
 
 }  // namespace

@@ -138,25 +138,6 @@ TEST_P(SmartOption, Follows) { script.Run("smart_option.tsv", GetParam()); }
 INSTANTIATE_TEST_SUITE_P(Scripts, SmartOption,
                          ::testing::ValuesIn(SectionsBut("smart_option.tsv", {"protection in words"})));
 
-// Independent of the program's way: each bit of a field on its own.
-std::int32_t InvertedField(std::uint32_t word, std::uint32_t mask) {
-  std::int32_t value = 0;
-  for (int bit = 31; bit >= 0; --bit)
-    if ((mask >> bit & 1) != 0) value = value * 2 + ((word >> bit & 1) != 0 ? 0 : 1);
-  return value;
-}
-
-TEST_F(SmartOption, UnpackingForEveryRowOfTheCatalogue) {
-  ForEachRow([](const ChipEntry& chip) {
-    for (const std::int32_t word : {0xFFFF, 0x5555, 0xAAAA}) {
-      OptionChoices().fill(-9);
-      EXPECT_EQ(UnpackSystemConfig(word), 1);
-      for (std::size_t i = 0; i < 9; ++i)
-        EXPECT_EQ(OptionChoices()[i], InvertedField(static_cast<std::uint32_t>(word), chip.OptionMasks[i]));
-    }
-  });
-}
-
 // The file of each IC has a row for each option, with the alternatives that its words select; and what Set Protect does
 // to the word shows in words.
 TEST_F(SmartOption, TheProgramFoldersFilesFitTheMasks) {

@@ -36,9 +36,4 @@ class RecordedBench : public StandinBench {
   const Transport transport_;
 };
 
-class RecordedOnBoth : public RecordedBench, public ::testing::WithParamInterface<Transport> {
- protected:
-  RecordedOnBoth() : RecordedBench(GetParam()) {}
-};
-
 }  // namespace pyxis::test

@@ -83,7 +83,7 @@ Texts Recorder::Take() {
 void Recorder::Line(const std::string& text) {
   Look();
   Add(text);
-  afterLine();
+  afterLine(text);
 }
 
 void Recorder::Add(const std::string& text) {

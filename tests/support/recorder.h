@@ -19,10 +19,11 @@ class Recorder : public MainView, public UsbHost, public VendorApi, public Updat
   // The lines since the last call. What changed before it is no event of the next run.
   Texts Take();
   void Line(const std::string& text);
-  std::function<void()> afterLine = [] {};  // called behind each line, to break something in the middle of a run
-  std::int32_t updateResult = 1;            // of the update client
-  bool snWindowsCome = true;                // of CreateSnProgress
-  std::map<std::string, Bytes> feed;        // what the next reads of a command bring, in place of the writer's answer
+  // Called behind each line, to change something in the middle of a run.
+  std::function<void(const std::string&)> afterLine = [](const std::string&) {};
+  std::int32_t updateResult = 1;      // of the update client
+  bool snWindowsCome = true;          // of CreateSnProgress
+  std::map<std::string, Bytes> feed;  // what the next reads of a command bring, in place of the writer's answer
 
   void ControlsChanged() override { FindControlChanges(); }
   void ProgressChanged() override;
@@ -74,7 +75,6 @@ class Recorder : public MainView, public UsbHost, public VendorApi, public Updat
   int firstOfRun_ = -1, lastOfRun_ = -1;
   std::size_t hexBytes_ = 0;
   bool hexBlank_ = false;
-  std::string series_;
 
   // The frame under way.
   bool inFrame_ = false, sends_ = false, paintDue_ = false;

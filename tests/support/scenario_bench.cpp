@@ -16,6 +16,7 @@
 #include "operations/self_test.h"
 #include "operations/tasks.h"
 #include "options/option_select.h"
+#include "options/set_protect.h"
 #include "platform/text.h"
 #include "pyxisfolder/folder.h"
 #include "pyxisfolder/intel_hex_writer.h"
@@ -24,7 +25,9 @@
 #include "shell/refresh_from_writer.h"
 #include "shell/start_up.h"
 #include "support/serial_entry.h"
+#include "view/buffer_area.h"
 #include "view/hex_view.h"
+#include "view/show_file.h"
 
 namespace pyxis::test {
 
@@ -48,6 +51,7 @@ bool Enter(CSnSetDlg& dialog, Texts words) {
 ScenarioBench::ScenarioBench(Transport transport, const ScenarioTexts& texts)
     : RecordedBench(transport), texts_(texts), fields_(Fields()), orders_(Orders()) {
   std::filesystem::current_path(folder);
+  record.afterLine = [this](const std::string& line) { DoAt(line); };
 }
 
 Bytes ScenarioBench::Held(const std::string& name) const {
@@ -233,6 +237,19 @@ void ScenarioBench::ComeAnotherWriter() {
   Device(DeviceEvent::Kind::Arrival, "writer");
 }
 
+// Each order once.
+void ScenarioBench::DoAt(const std::string& line) {
+  for (std::size_t i = 0; i < at_.size();) {
+    if (!line.starts_with(at_[i].first)) {
+      ++i;
+      continue;
+    }
+    const std::string order = at_[i].second;
+    at_.erase(at_.begin() + static_cast<std::ptrdiff_t>(i));
+    Do(order);
+  }
+}
+
 // For each IC, as long as they stay the same.
 void ScenarioBench::OfferedEntries(Texts chips) {
   std::string& chip = TheAppState().selection.ChipNameText;
@@ -276,13 +293,14 @@ std::map<std::string, ScenarioBench::Field> ScenarioBench::Fields() {
       {"TransferBusy", of(w.TransferBusy)}, {"ProgressMode", of(w.ProgressMode)}, {"HwKnown", of(w.HwKnown)},
       {"HwFolder", of(w.HwFolder)}, {"ModelRegister", of(w.ModelRegister)}, {"WriterConnected", of(w.WriterConnected)},
       {"UseVendorApi", of(w.UseVendorApi)}, {"SnLoaded", of(w.SnLoaded)}, {"PreviousCursor", of(cursors.PreviousCursor)},
-      {"cursorsLoad", of(op.cursorsLoad)}, {"snWindowsCome", of(record.snWindowsCome)}, {"language", of(language.id)},
+      {"cursorsLoad", of(op.cursorsLoad)}, {"zeroReads", of(writer.zeroReads)}, {"snWindowsCome", of(record.snWindowsCome)}, {"language", of(language.id)},
       {"updateResult", of(record.updateResult)}, {"status", of(controls.statusBar.pane0)}, {"title", of(controls.title)},
       {"figure", of(controls.pinFigure)}, {"verdict", of(controls.verdict.words)}, {"blank", of(TheHexView().Blanked)},
       {"FileField", of(controls[ControlId::FileField].text)}, {"Buffer", of(controls[ControlId::BufferArea].text)},
       {"SnLength", of(serial.SnLength)}, {"SnAmountText", of(serial.SnAmountText)},
       {"SnStartText", of(serial.SnStartText)}, {"SnEndText", of(serial.SnEndText)},
       {"SnEndAddress", of(serial.SnEndAddress)},
+      {"left", {[] { const auto& left = TheMainControls().verdict.left; return left ? std::to_string(*left) : ""; }, {}}},
       {"Program", {[] { return std::to_string(SnProgressDlg()->snProgramEnabled ? 1 : 0); }, {}}},
       {"focus", {[] { return std::to_string(static_cast<int>(TheMainControls().focus.value_or(ControlId::Count))); },
                  [](auto&) { TheMainControls().focus.reset(); }}}};
@@ -295,7 +313,7 @@ std::map<std::string, std::function<void(const ScenarioBench::Args&)>> ScenarioB
       {"select", [this](auto& a) { Select(a[0]); }}, {"controls", [](auto& a) { Controls(a.words, false); }},
       {"set", [this](auto& a) { fields_.at(a[0]).set(Unescaped(a.value)); }},
       {"poke", [this](auto& a) { Poke(a[0], a.template As<std::size_t>(1), a.Data()); }},
-      {"write", [this](auto& a) { Write(a[0], a.Data()); }}, {"copy", [this](auto& a) { Write(a[1], Contents(a[0])); }},
+      {"write", [this](auto& a) { Write(a[0], a.Data()); }}, {"copy", [this](auto& a) { Write(a[1], Held(a[0])); }},
       {"link", [this](auto& a) { std::filesystem::create_symlink(a[1], folder / a[0]); }},
       {"remove", [this](auto& a) { std::filesystem::remove(folder / a[0]); }},
       {"mkdir", [this](auto& a) { std::filesystem::create_directory(folder / a[0]); }},
@@ -312,6 +330,7 @@ std::map<std::string, std::function<void(const ScenarioBench::Args&)>> ScenarioB
          writer.chip = standin::Chip();
          if (a[0] == "missing") writer.chip.state = standin::ChipState::Missing; }},
       {"answer", [this](auto& a) { op.answers.push_back(a[0] == "Yes"); }}, {"script", [this](auto& a) { Script(a); }},
+      {"at", [this](auto& a) { at_.emplace_back(Joined(a.words, " "), a.value); }},
       {"choose", [this](auto& a) { op.files.push_back(a.words.empty() ? "" : Path(a[0])); }},
       // states afterwards
       {"is", [this](auto& a) { ExpectField(a[0], Unescaped(a.value)); }}, {"bytes", [this](auto& a) { ExpectBytes(a); }},
@@ -324,6 +343,9 @@ std::map<std::string, std::function<void(const ScenarioBench::Args&)>> ScenarioB
       {"WriterTest", [this](auto&) { result_ = WriterTest().Good(); }}, {"LoadFile", [](auto&) { OnLoadFile(); }},
       {"Load", [this](auto& a) { Load(a[0]); }}, {"Sample", [this](auto& a) { LoadSample(a[0]); }},
       {"Packages", [](auto&) { DownloadPackages(); }}, {"UpdateFirmware", [](auto&) { OnUpdateFirmware(); }},
+      {"SetProtect", [](auto&) { OnSetProtect(); }}, {"Messages", [](auto&) { FrontBufferArea(); }},
+      {"HexView", [](auto&) { FrontHexView(); }}, {"ReadyText", [](auto& a) { SetReadyText(a.value); }},
+      {"Show", [this](auto& a) { ShowFile(Path(a[0])); }},
       {"Convert", [this](auto& a) { Convert(a); }},
       {"Package", [this](auto& a) { result_ = DownloadPackageFile(Path(a[0]), a.template As<std::uint8_t>(1)); }},
       {"Firmware", [this](auto& a) { result_ = LoadFirmware(Path(a[0]), true); }},
@@ -355,8 +377,9 @@ std::map<std::string, std::function<void(const ScenarioBench::Args&)>> ScenarioB
       {"Close", [this](auto&) { result_ = dialog_.OnSysClose(); }}, {"Refresh", [](auto&) { RefreshFromWriter(); }},
       {"Arrive", [this](auto& a) { Device(DeviceEvent::Kind::Arrival, a[0]); }},
       {"Leave", [this](auto& a) { Device(DeviceEvent::Kind::Removal, a[0]); }},
+      {"Another", [this](auto&) { ComeAnotherWriter(); }},
       {"Enter", [this](auto& a) {
-         CSnSetDlg dialog(a[0] == "selection", false, false);
+         CSnSetDlg dialog(a[0].starts_with("selection"), a[0].ends_with(",exhv"), a[0].ends_with(",isp"));
          result_ = Enter(dialog, {a.words.begin() + 1, a.words.end()}); }},
       // the length that shows first, and the start serial behind each typing
       {"Type", [this](auto& a) {

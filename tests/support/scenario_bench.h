@@ -62,11 +62,13 @@ class ScenarioBench : public RecordedBench {
   void Restart(bool buttonsOn);
   void Device(DeviceEvent::Kind kind, const std::string& name);
   void ComeAnotherWriter();
+  void DoAt(const std::string& line);
   void OfferedEntries(Texts chips);
   std::map<std::string, Field> Fields();
   std::map<std::string, std::function<void(const Args&)>> Orders();
 
   const ScenarioTexts& texts_;
+  std::vector<std::pair<std::string, std::string>> at_;  // beginnings of lines, and the orders that wait for them
   const std::filesystem::path before_ = std::filesystem::current_path();
   CPyxisLoadApp app_;
   CPyxisLoadDlg dialog_;

@@ -1,9 +1,26 @@
 #include "support/scenario_text.h"
 
+#include <algorithm>
 #include <fstream>
 #include <sstream>
 
 namespace pyxis::test {
+
+namespace {
+
+// A cell "0..9" stands for a row of each of its numbers.
+void AddRow(std::vector<Texts>& rows, const Texts& cells) {
+  const auto range = std::find_if(cells.begin(), cells.end(), [](const std::string& cell) {
+    return cell.find("..") > 0 && cell.find("..") != cell.npos && cell.find_first_not_of("0123456789.") == cell.npos;
+  });
+  if (range == cells.end()) return rows.push_back(cells);
+  for (int n = Number(*range); n <= Number(range->substr(range->find("..") + 2)); ++n) {
+    rows.push_back(cells);
+    rows.back()[static_cast<std::size_t>(range - cells.begin())] = std::to_string(n);
+  }
+}
+
+}  // namespace
 
 ScenarioTexts ReadScenarios(const std::string& file) {
   ScenarioTexts all;
@@ -14,7 +31,7 @@ ScenarioTexts ReadScenarios(const std::string& file) {
     if (line.starts_with("== ")) {
       all.push_back({line.substr(3), {}});
     } else if (line.starts_with("| ")) {
-      all.back().second.rows.push_back(Split(line.substr(2), "|"));
+      AddRow(all.back().second.rows, Split(line.substr(2), "|"));
     } else {
       all.back().second.lines.push_back(line);
     }

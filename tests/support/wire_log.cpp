@@ -2,14 +2,13 @@
 
 #include <algorithm>
 
-#include "link/identification.h"
 #include "platform/text.h"
 
 namespace pyxis::test {
 
 namespace {
 
-void Answer(std::deque<std::vector<std::uint8_t>>& script, std::uint8_t* data, std::size_t count) {
+void Answer(std::deque<Bytes>& script, std::uint8_t* data, std::size_t count) {
   std::fill_n(data, count, std::uint8_t{0});
   if (script.empty()) return;
   std::copy_n(script.front().begin(), std::min(count, script.front().size()), data);
@@ -47,28 +46,6 @@ int WireLog::BulkRead(Handle, int endpoint, std::uint8_t* data, int count, int t
   // Status blocks have a length that no scripted data has.
   if (count != 13) Answer(reads, data, static_cast<std::size_t>(count));
   return count;
-}
-
-int VendorLog::VMOpen(int model, int a, int b) {
-  calls.push_back(Printf("open %X %d %d", static_cast<unsigned>(model), a, b));
-  return openResult;
-}
-
-int VendorLog::VMWrite(std::uint8_t opcode, const std::uint8_t* data, std::uint32_t length) {
-  calls.push_back(Printf("write %d: ", opcode) + (length > 16 ? Printf("%u bytes", length) : Hex(data, length)));
-  return 0;
-}
-
-int VendorLog::VMRead(std::uint8_t opcode, std::uint8_t* buffer, std::uint32_t length) {
-  calls.push_back(Printf("read %d: %u", opcode, length));
-  Answer(reads, buffer, length);
-  return 0;
-}
-
-ScriptedWriter::ScriptedWriter() {
-  TheMachine().vendor = &vendor;
-  OpenTransport();
-  vendor.calls.clear();
 }
 
 }  // namespace pyxis::test

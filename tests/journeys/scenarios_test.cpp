@@ -1,0 +1,3 @@
+#include "support/scenario.h"
+
+PYXIS_SCENARIOS("journeys");
