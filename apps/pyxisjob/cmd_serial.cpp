@@ -12,6 +12,7 @@
 #include "job.h"
 #include "link/identification.h"
 #include "option_words.h"
+#include "options/option_select.h"
 #include "platform/files.h"
 #include "platform/text.h"
 #include "serial/big_number.h"
@@ -262,11 +263,15 @@ bool MenuRoad(Job& job, const SerialArguments& given) {
 
 // The checksum that the job of this IC and file has, from a conversion that leaves the writer's packages as they are;
 // nothing, with the operator told, when the file can't be converted.
-std::optional<std::string> ChecksumOfFile(const SerialArguments& given) {
+std::optional<std::string> ChecksumOfFile(Job& job, const SerialArguments& given) {
   const KeptFile option(OptionPackagePath()), data(DataPackagePath());
-  std::uint32_t options = ChipOptions{}.optionValue;
+  const ChipEntry& row = *KnownIc(given.ic);
+  std::uint32_t& options = TheAppState().selection.OptionValue;
+  options = ChipOptions{}.optionValue;
+  AnswerOptionsBy(job, given.options);
+  if (row.HasOptionDialog) ChooseOptions(*row.ic);
   const ConversionResults results =
-      ConvertFile({.ChipCode = KnownIc(given.ic)->ChipCode, .OptionValue = &options, .Path = given.file});
+      ConvertFile({.ChipCode = row.ChipCode, .OptionValue = &options, .Path = given.file});
   const std::string checksum = JobOfPackage().checksum;
   option.Restore();
   data.Restore();
@@ -275,7 +280,7 @@ std::optional<std::string> ChecksumOfFile(const SerialArguments& given) {
 
 // Nothing is left of the series; but FILE, which isn't loaded any more, has to be its job.
 bool CompleteWith(Job& job, const SerialArguments& given) {
-  const auto checksum = ChecksumOfFile(given);
+  const auto checksum = ChecksumOfFile(job, given);
   SerialArguments rest;
   if (!checksum || PlanSeries(job, given, KnownIc(given.ic)->ChipName, *checksum, rest) != Plan::Complete) return false;
   ReportComplete(job);

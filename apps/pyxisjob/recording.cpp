@@ -36,7 +36,6 @@ std::string ConversionTime(std::span<const std::uint8_t> package) {
 LineJob JobOf(std::span<const std::uint8_t> package) {
   LineJob job;
   job.ic = ChipNameOf(package);
-  if (SerialRoadOf(package) == kSerialByMenu) return job;
   job.checksum = Printf("%04X", FieldWord(package, Field::ImageChecksum));
   job.converted = ConversionTime(package);
   return job;
@@ -81,7 +80,10 @@ bool OpenRecord(Job& job, const char* command, Wanted wanted, bool create) {
 }
 
 LineJob JobOfBlock() {
-  return TheAppState().selection.ChipNameText.empty() ? LineJob{} : JobOf(TheAppState().writer.WriterInfoBlock);
+  const auto& block = TheAppState().writer.WriterInfoBlock;
+  if (TheAppState().selection.ChipNameText.empty()) return {};
+  // A series from the menu may stand in the place of the job's description, and tells the name alone.
+  return SerialRoadOf(block) == kSerialByMenu ? LineJob{ChipNameOf(block), "", ""} : JobOf(block);
 }
 
 LineJob JobOfPackage() {

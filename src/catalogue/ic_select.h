@@ -28,6 +28,7 @@ class CIcSelectDlg {
   // IC on the way that only began alike leaves a trace in the lists and boxes. False when no label begins so. Any other
   // step of the operator ends the name.
   bool OnTypedName(std::string_view typed);
+  bool NameIsOpen() const { return beforeName_ != nullptr; }  // for more characters
   void OnDisplaySerial(bool checked);
   void OnMassProduction(bool checked);
   void OnProductionLimit(bool checked);

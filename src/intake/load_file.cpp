@@ -69,6 +69,7 @@ ConversionResults ConvertFor(const ChipEntry& row, const std::string& path) {
 void ShowResult(const ConversionResults& results) {
   AppState& app = TheAppState();
   app.conversion.ChecksumText = Printf("%04X", app.conversion.ImageChecksum);
+  app.conversion.JobChecksum = app.conversion.ImageChecksum;
   SetControlText(ControlId::ChecksumField, app.conversion.ChecksumText);
   SetControlText(ControlId::FileField, app.conversion.LoadedFilePath);
   ShowFile(results.shownFile);

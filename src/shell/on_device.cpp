@@ -38,6 +38,7 @@ void TakeSelection(const CIcSelectDlg& dialog) {
   SetControlText(ControlId::FileField, "");
   ShowFile("");
   app.conversion.ChecksumText.clear();
+  app.conversion.JobChecksum.reset();
   SetControlText(ControlId::ChecksumField, "");
   app.selection.SnMode = dialog.displaySerialValue;
   StopSnProgress();

@@ -1,9 +1,12 @@
 #include "shell/refresh_from_writer.h"
 
+#include <algorithm>
+
 #include "catalogue/chip_catalogue.h"
 #include "intake/package_files.h"
 #include "options/block_fuses.h"
 #include "options/fuse_panel.h"
+#include "platform/files.h"
 #include "platform/text.h"
 #include "shell/chip_selection.h"
 #include "shell/ground/app_state.h"
@@ -47,13 +50,19 @@ void TakeProductionFlags() {
   for (ControlId id : {ControlId::BlankCheck, ControlId::Program, ControlId::Verify}) EnableControl(id, false);
 }
 
-// A series from the menu stands in the place of its job's description and tells its name alone.
+// A series that the menu has put in the place of its job's description, up to the writer's own fields: of the job it
+// tells the name alone.
+bool IsBareSeries() {
+  const auto& block = TheAppState().writer.WriterInfoBlock;
+  const auto series = ReadWholeFile(SerialFilePath());
+  return SerialRoadOf(block) == kSerialByMenu && series && series->size() >= Field::WriterStatus.offset &&
+         std::equal(block.begin(), block.begin() + Field::WriterStatus.offset, series->begin());
+}
+
 bool IsOtherJob(const std::string& name) {
   const AppState& app = TheAppState();
-  const auto& block = app.writer.WriterInfoBlock;
   if (name != app.selection.ChipNameText) return true;
-  return SerialRoadOf(block) != kSerialByMenu &&
-         Printf("%04X", FieldWord(block, Field::ImageChecksum)) != app.conversion.ChecksumText;
+  return !IsBareSeries() && FieldWord(app.writer.WriterInfoBlock, Field::ImageChecksum) != app.conversion.JobChecksum;
 }
 
 // The file that is shown isn't the writer's job, and the verdicts weren't on it.
@@ -81,6 +90,7 @@ void RefreshFromWriter() {
   TakeProductionFlags();
   if (app.writer.WriterModel == Model::Km48) ShowPinFigure(name);
   app.conversion.ImageChecksum = FieldWord(block, Field::ImageChecksum);
+  if (!IsBareSeries()) app.conversion.JobChecksum = app.conversion.ImageChecksum;
   app.conversion.ChecksumText = Printf("%04X", app.conversion.ImageChecksum);
   SetControlText(ControlId::ChecksumField, app.conversion.ChecksumText);
   EnableControl(ControlId::SmartOption, app.selection.HasSmartOption);

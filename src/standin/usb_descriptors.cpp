@@ -11,37 +11,19 @@ namespace pyxis::standin {
 namespace {
 
 // Fields of two bytes are low byte first.
-constexpr std::uint8_t kDevice[] = {18,
-                                    1,
-                                    0x00,
-                                    0x02,  // USB 2.0
-                                    0xFF,
-                                    0,
-                                    0,
-                                    64,  // vendor class, control packets of 64 bytes
-                                    kWriterVendor & 0xFF,
-                                    kWriterVendor >> 8,
-                                    kWriterProduct & 0xFF,
-                                    kWriterProduct >> 8,
-                                    0x00,
-                                    0x01,
-                                    1,
-                                    2,
-                                    0,
-                                    1};  // release 1.00, manufacturer, product, no serial number, one configuration
+// clang-format off
+constexpr std::uint8_t kDevice[] = {
+    18, 1, 0x00, 0x02,                             // USB 2.0
+    0xFF, 0, 0, 64,                                // vendor class, control packets of 64 bytes
+    kWriterVendor & 0xFF, kWriterVendor >> 8, kWriterProduct & 0xFF, kWriterProduct >> 8,
+    0x00, 0x01, 1, 2, 0, 1};  // release 1.00, manufacturer, product, no serial number, one configuration
 
-constexpr std::uint8_t kConfiguration[] = {9, 2,    32,
-                                           0, 1,    1,
-                                           0, 0x80, 50,  // one interface, value 1, bus-powered, 100 mA
-                                           9, 4,    0,
-                                           0, 2,    0xFF,
-                                           0, 0,    0,  // interface 0, two endpoints
-                                           7, 5,    kEndpointOut,
-                                           2, 0x00, 0x02,
-                                           0,  // bulk out, packets of 512 bytes
-                                           7, 5,    kEndpointIn,
-                                           2, 0x00, 0x02,
-                                           0};  // bulk in
+constexpr std::uint8_t kConfiguration[] = {
+    9, 2, 32, 0, 1, 1, 0, 0x80, 50,        // one interface, value 1, bus-powered, 100 mA
+    9, 4, 0, 0, 2, 0xFF, 0, 0, 0,          // interface 0, two endpoints
+    7, 5, kEndpointOut, 2, 0x00, 0x02, 0,  // bulk out, packets of 512 bytes
+    7, 5, kEndpointIn, 2, 0x00, 0x02, 0};  // bulk in
+// clang-format on
 
 constexpr std::uint8_t kLanguages[] = {4, 3, 0x09, 0x04};
 constexpr std::string_view kStrings[] = {"PyxisLoad", "stand-in writer"};

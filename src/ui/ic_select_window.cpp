@@ -139,7 +139,7 @@ QLayout* IcSelectWindow::MakeChoices() {
 
 void IcSelectWindow::OnTyped(const QString& text) {
   const std::uint32_t now = TheMachine().clock->TickCount();
-  if (now - typedAt_ > kTypingMs) typed_.clear();
+  if (!dialog_.NameIsOpen() || now - typedAt_ > kTypingMs) typed_.clear();
   typedAt_ = now;
   typed_ += text;
   dialog_.OnTypedName(ToText(typed_));

@@ -77,7 +77,8 @@ class JobScript : public StandinBench, public ::testing::WithParamInterface<std:
     // The link goes at each transfer in turn: what is told as good has the job that was loaded.
     on["record of a load that loses the writer"] = [this](C c) {
       const std::vector<std::uint8_t> held(writer.OptionArea().begin(), writer.OptionArea().end());
-      for (int lost = 1, good = 0; lost < 2000 && good < 3; ++lost) {
+      int good = 0;
+      for (int lost = 1; lost < 2000 && good < 3; ++lost) {
         WriteText("line.jsonl", "");
         vendor.pluggedIn = true;
         std::ranges::copy(held, writer.OptionArea().begin());
@@ -89,6 +90,7 @@ class JobScript : public StandinBench, public ::testing::WithParamInterface<std:
         EXPECT_TRUE(good > 0 || !vendor.pluggedIn);  // the first isn't a whole load yet
         ++good;
       }
+      EXPECT_EQ(good, 3);
     };
     on["says"] = [this](C c) { EXPECT_NE(err.find(c[1]), err.npos) << err; };
     on["serials"] = [this](C c) {

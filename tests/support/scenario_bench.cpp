@@ -326,6 +326,7 @@ std::map<std::string, std::function<void(const ScenarioBench::Args&)>> ScenarioB
       {"feed", [this](auto& a) { record.feed[a[0]] = a.Data(); }},
       {"identity", [this](auto& a) { writer.identity = a.value; }},
       {"plug", [this](auto& a) { (Usb() ? usb.pluggedIn : vendor.pluggedIn) = a[0] == "in"; }},
+      {"hold", [this](auto& a) { writer.OptionArea() = Contents(a[0]); }},
       {"renew", [this](auto&) { writer = standin::WriterModel(); }}, {"chip", [this](auto& a) {
          writer.chip = standin::Chip();
          if (a[0] == "missing") writer.chip.state = standin::ChipState::Missing; }},

@@ -87,6 +87,7 @@ struct ConversionState {
   std::uint16_t PartialChecksum = 0xFFFF;
   std::string LoadedFilePath;
   std::string ChecksumText;
+  std::optional<std::uint16_t> JobChecksum;  // of the job that is shown; nothing while none is known
 };
 
 struct Cursors {
