@@ -102,10 +102,7 @@ Outcome CReadChipInfoDlg::OnRead() {
   std::copy_n(kCaptions.begin(), shown, lines.begin());
   Show();
 
-  app.writer.ProgressMode = Progress::None;  // the task's own bar
-  SetProgressRange(0, kTaskProgressTop);
-  RunTask(task::kVerify, app.selection.VerifyTicks);
-  SetProgressPosition(0);
+  RunTaskOfDialog(task::kVerify, app.selection.VerifyTicks);
   WaitMs(kSettleMs);
   // A block that can't be read must not show the chip that was in the socket before.
   std::fill_n(ChipInfo(), Field::ChipInfo.width, std::uint8_t{0});

@@ -4,8 +4,8 @@
 #include <vector>
 
 #include "intake/package_files.h"
-#include "link/transport.h"
 #include "link/writer_commands.h"
+#include "operations/transfer_steps.h"
 #include "platform/clock.h"
 #include "platform/files.h"
 #include "platform/machine.h"
@@ -13,7 +13,6 @@
 #include "platform/operator.h"
 #include "platform/text.h"
 #include "shell/ground/app_state.h"
-#include "shell/ground/main_controls.h"
 #include "shell/ground/messages.h"
 
 namespace pyxis {
@@ -22,7 +21,7 @@ namespace {
 
 constexpr std::uint32_t kSettleMs = 1500;
 
-// Positions of the bar with velmarapi, which reports no progress by itself.
+// Positions of the bar with velmarapi.
 namespace bar {
 constexpr int kStart = 5;
 constexpr int kBeforeOption = 21;
@@ -30,10 +29,6 @@ constexpr int kAfterOption = 53;
 constexpr int kClosed = 85;
 constexpr int kDone = 101;
 }  // namespace bar
-
-void ShowVendorStep(int position) {
-  if (!ActiveTransport().DrivesProgress()) ShowTransferStep(position);
-}
 
 }  // namespace
 
@@ -88,24 +83,24 @@ bool RewriteOptionArea(const std::string& path) {
 namespace {
 
 // The data package behind an option package that has arrived, and the end of the load.
-Outcome SendDataPackage() {
-  ShowVendorStep(bar::kAfterOption);
+Outcome SendDataPackage(const TransferSteps& steps) {
+  steps.Show(bar::kAfterOption);
   const bool good = DownloadPackageFile(DataPackagePath(), area::kData);
   if (good) SetWriterMode(mode::kIdle);
   SendControl(control::kEndLoad);
-  if (good) ShowVendorStep(bar::kClosed);
+  if (good) steps.Show(bar::kClosed);
   WaitMs(kSettleMs);
-  if (good) ShowVendorStep(bar::kDone);
+  if (good) steps.Show(bar::kDone);
   return good ? kGood : Failed(Reason::DataNotArrived);
 }
 
 Outcome SendPackages() {
-  if (!ActiveTransport().DrivesProgress()) SetProgressRange(0, kTransferSteps);
-  ShowVendorStep(bar::kStart);
+  const TransferSteps steps;
+  steps.Show(bar::kStart);
   StartTask(task::kOpenPackageLoad);
   SendControl(control::kBeginLoad);
-  ShowVendorStep(bar::kBeforeOption);
-  if (DownloadPackageFile(OptionPackagePath(), area::kOption)) return SendDataPackage();
+  steps.Show(bar::kBeforeOption);
+  if (DownloadPackageFile(OptionPackagePath(), area::kOption)) return SendDataPackage(steps);
   SendControl(control::kEndLoad);
   return Failed(Reason::OptionNotArrived);
 }

@@ -72,7 +72,7 @@ bool ReadChip() {
   ReplacedFile file(path);  // before the chip is asked, so that a file that can't be made costs no read
   if (!file.IsOpen()) return false;
 
-  DisableOperations();
+  const OperationsOff off;
   StartTask(task::kReadChip);
   WaitMs(kBetweenStartsMs);
   StartTask(task::kReadChip);
@@ -81,18 +81,16 @@ bool ReadChip() {
   ReadCommand(OP_READ_CHIP, std::span(received).first(length));
   const bool written = file.Write(WordsOf(received, length, TheAppState().selection.ReadSwapBytes));
   if (written) ShowResult(path);
-  EnableOperations();
   return written;
 }
 
 Outcome OnRead() {
   LoadTemplateIfNeeded();
   WaitMs(kBeforeReadMs);
-  BeginOperation(Progress::Read);
+  OperationDisplay display(Progress::Read);
   const bool good = ReadChip();
-  TheAppState().writer.ProgressMode = Progress::None;
+  display.EndProgress();
   TheMachine().op->Tell(good ? "Read OK" : "Read FAIL");
-  EndOperation();
   return good ? kGood : Failed(Reason::NotWritable);
 }
 
