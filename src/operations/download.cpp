@@ -11,8 +11,6 @@
 #include "platform/machine.h"
 #include "platform/main_view.h"
 #include "platform/operator.h"
-#include "platform/text.h"
-#include "shell/ground/app_state.h"
 #include "shell/ground/messages.h"
 
 namespace pyxis {
@@ -40,16 +38,16 @@ std::vector<std::uint8_t> DiffersFrom(std::span<const std::uint8_t> sent, std::s
   return bytes;
 }
 
-bool DownloadPackageFile(const std::string& path, std::uint8_t areaSelector) {
+Outcome DownloadPackageFile(const std::string& path, std::uint8_t areaSelector) {
   StopFrameProgress();
   SetWriterMode(mode::kArea);
   const File file = OpenForUpdate(path);  // Read sends an installed template
   if (!file) {
-    TheMachine().op->Tell(Printf(kOpenFail, path.c_str()), kPlainCaption);
-    return false;
+    TellOpenFail(path);
+    return Failed(Reason::NotReadable);
   }
   std::vector<std::uint8_t> sent;
-  if (!ReadStream(file.get(), sent) || sent.size() > kTransferBufferSize) return false;
+  if (!ReadStream(file.get(), sent) || sent.size() > kTransferBufferSize) return Failed(Reason::NotReadable);
   SelectArea(areaSelector);
   // An empty file still sends its block of length 0, which needs a buffer to point to.
   static const std::uint8_t nothing = 0;
@@ -68,16 +66,16 @@ bool DownloadPackageFile(const std::string& path, std::uint8_t areaSelector) {
     ReadCommand(OP_READ_AREA, in);
   }
   CloseArea();
-  return ReadStream(file.get(), sent) && std::ranges::equal(sent, in);
+  return ReadStream(file.get(), sent) && std::ranges::equal(sent, in) ? kGood : Failed(Reason::Different);
 }
 
-bool RewriteOptionArea(const std::string& path) {
+Outcome RewriteOptionArea(const std::string& path) {
   StartTask(task::kOpenPackageLoad);
   SendControl(control::kBeginLoad);
-  const bool good = DownloadPackageFile(path, area::kOption);
+  const Outcome outcome = DownloadPackageFile(path, area::kOption);
   SetWriterMode(mode::kIdle);
   SendControl(control::kEndLoad);
-  return good;
+  return outcome;
 }
 
 namespace {
@@ -85,7 +83,7 @@ namespace {
 // The data package behind an option package that has arrived, and the end of the load.
 Outcome SendDataPackage(const TransferSteps& steps) {
   steps.Show(bar::kAfterOption);
-  const bool good = DownloadPackageFile(DataPackagePath(), area::kData);
+  const bool good = DownloadPackageFile(DataPackagePath(), area::kData).Good();
   if (good) SetWriterMode(mode::kIdle);
   SendControl(control::kEndLoad);
   if (good) steps.Show(bar::kClosed);
@@ -100,7 +98,7 @@ Outcome SendPackages() {
   StartTask(task::kOpenPackageLoad);
   SendControl(control::kBeginLoad);
   steps.Show(bar::kBeforeOption);
-  if (DownloadPackageFile(OptionPackagePath(), area::kOption)) return SendDataPackage(steps);
+  if (DownloadPackageFile(OptionPackagePath(), area::kOption).Good()) return SendDataPackage(steps);
   SendControl(control::kEndLoad);
   return Failed(Reason::OptionNotArrived);
 }
