@@ -96,7 +96,7 @@ Outcome SendToWriter(std::uint32_t chipCode) {
 // The file's part of a run: the packages and what is shown of them. Whether they stand.
 bool MakeJob(const ChipEntry& row, const std::string& path) {
   const ConversionResults results = ConvertFor(row, path);
-  if (row.ic->protection.fromFile) SetFusePanel(TheAppState().conversion.ImageUnprotected ? 1 : 0, -1, -1);
+  if (row.ic->protection.fromFile) SetFusePanel(TheAppState().conversion.ImageUnprotected);
   ShowResult(results);
   return results.Good();
 }

@@ -32,7 +32,7 @@ std::uint8_t PollVerdict(std::uint32_t divisor) {
     ++reads;
     const std::uint8_t unread = kUnread[reads % 2];
     std::uint8_t byte = unread;
-    const bool good = ReadCommand(OP_TASK_STATUS, std::span(&byte, 1)) != 0 && byte != unread;
+    const bool good = ReadCommand(OP_TASK_STATUS, std::span(&byte, 1)) && byte != unread;
     const std::uint8_t status = byte & kStatusBits;
     if (status == last && status != 0) {
       ++equalReads;
