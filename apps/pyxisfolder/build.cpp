@@ -4,6 +4,7 @@
 #include "catalogue/chip_catalogue.h"
 #include "folder.h"
 #include "platform/files.h"
+#include "platform/program_folder.h"
 #include "put_file.h"
 #include "shell/ground/app_state.h"
 
@@ -16,7 +17,7 @@ namespace fs = std::filesystem;
 bool PutTemplates(const fs::path& dir) {
   bool good = true;
   for (const std::string& name : TemplateNames())
-    for (const char* hw : {"hwversion1.0", "hwversion1.1"})
+    for (const char* hw : {kHwFolder10, kHwFolder11})
       good = PutFile(dir / hw / (name + ".txt"), MakeTemplate(name)) && good;
   return good;
 }

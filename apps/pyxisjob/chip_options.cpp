@@ -5,6 +5,7 @@
 #include "catalogue/chip_catalogue.h"
 #include "intake/converters/dispatch.h"
 #include "job.h"
+#include "platform/program_folder.h"
 #include "platform/text.h"
 #include "shell/ground/app_state.h"
 
@@ -22,7 +23,7 @@ void AddChipOptions(CLI::App& command, ChipOptions& chip) {
   auto* ic = command.add_option("--ic", chip.ic, "IC by its label, such as QV8348 or QV8329_16");
   command.add_option("--code", chip.code, "IC by its number (decimal, or hexadecimal with 0x)")->excludes(ic);
   command.add_option("--model", chip.model, "writer model")->check(CLI::IsMember({"KM48", "KM49"}));
-  command.add_option("--hw", chip.hw, "template folder")->check(CLI::IsMember({"hwversion1.0", "hwversion1.1"}));
+  command.add_option("--hw", chip.hw, "template folder")->check(CLI::IsMember({kHwFolder10, kHwFolder11}));
   command.add_option("--chip", chip.chip, "selected chip, where it differs from the label's IC");
   command.add_option("--option-value", chip.optionValue, "protection choices, 0x60 without a choice");
   AddChoices(command, chip.choices);

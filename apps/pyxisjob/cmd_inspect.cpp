@@ -5,7 +5,6 @@
 #include <nlohmann/json.hpp>
 #include <sstream>
 
-#include "intake/package_files.h"
 #include "job.h"
 #include "link/identification.h"
 #include "operations/chip_info.h"
@@ -62,14 +61,9 @@ Outcome ChipInfo(Job& job, Lines& lines) {
   return outcome;
 }
 
-// A writer that couldn't be told the IC has read something else.
-Outcome ReadTold(Job& job) {
-  const AppState& app = TheAppState();
-  Outcome outcome = OnRead();
-  if (outcome.Good() && ChipNameOf(app.writer.WriterInfoBlock) != app.selection.SelectedChip)
-    outcome = Failed(Reason::OtherChip);
-  if (outcome.Good() && !StillAnswers(job)) outcome = Failed(Reason::NotReadable);
-  return outcome;
+Outcome ReadWhileAnswering(Job& job) {
+  const Outcome outcome = OnRead();
+  return outcome.Good() && !StillAnswers(job) ? Failed(Reason::NotReadable) : outcome;
 }
 
 void Read(Job& job, const std::string& ic) {
@@ -78,7 +72,7 @@ void Read(Job& job, const std::string& ic) {
   if (ic.empty() && !job.icKnown) {
     job.op.Tell("read needs an IC: the writer holds no job of a known one", kMessageCaption, MessageIcon::Warning);
   } else if (ic.empty() || SelectOnDevice(job, ic, {})) {
-    outcome = ReadTold(job);
+    outcome = ReadWhileAnswering(job);
   }
   Report(job, "read", outcome, {{"loaded_file", TheAppState().conversion.LoadedFilePath}});
   CloseTransport();

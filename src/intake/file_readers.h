@@ -4,6 +4,8 @@
 #include <cstdint>
 #include <string>
 
+#include "shell/ground/outcome.h"
+
 namespace pyxis {
 
 // One step of the 16-bit checksum (x^16 + x^15 + x^2 + 1, most significant bit first, no reflection, no final xor):
@@ -18,9 +20,13 @@ enum ReadMode : int {
   kReadZeroWords = 3,   // fill 00, likewise
 };
 
-// 0 on success, 1 on any failure. Reads Intel HEX text, writes the flat image up to the highest data address. Addresses
-// count words when the low digit of the first record's byte count is 2 (modes 2 and 3). A line ends with LF, with any
-// number of CR before an LF, or with a lone CR. When forcedImageLength isn't 0, the image has exactly that many bytes.
+// Reads Intel HEX text, writes the flat image up to the highest data address. Addresses count words when the low digit
+// of the first record's byte count is 2 (modes 2 and 3). A line ends with LF, with any number of CR before an LF, or
+// with a lone CR. When forcedImageLength isn't 0, the image has exactly that many bytes.
+// Failed: NotReadable and NotIntelHex, both with a line on standard output, and NotWritable.
+Outcome MakeHexImage(const std::string& sourcePath, const std::string& imagePath, int mode,
+                     std::uint32_t forcedImageLength = 0);
+// The same: 0 on success, 1 on any failure.
 int ReadIntelHex(const std::string& sourcePath, const std::string& imagePath, int mode,
                  std::uint32_t forcedImageLength = 0);
 

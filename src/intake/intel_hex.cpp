@@ -72,18 +72,18 @@ std::size_t StoreRecords(std::string_view text, std::size_t addressScale) {
 
 }  // namespace
 
-int ReadIntelHex(const std::string& sourcePath, const std::string& imagePath, int mode,
-                 std::uint32_t forcedImageLength) {
+Outcome MakeHexImage(const std::string& sourcePath, const std::string& imagePath, int mode,
+                     std::uint32_t forcedImageLength) {
   FillImageBuffer(mode);
   const auto source = ReadWholeFile(sourcePath);
   if (!source) {
     Diagnose(kOpenFailed, sourcePath.c_str());
-    return 1;
+    return Failed(Reason::NotReadable);
   }
   const std::string_view text(reinterpret_cast<const char*>(source->data()), source->size());
   if (!text.starts_with(':')) {
     Diagnose(kNotIntelHex, sourcePath.c_str());
-    return 1;
+    return Failed(Reason::NotIntelHex);
   }
   std::string_view rest = text;
   const std::string_view first = TakeLine(rest);
@@ -92,7 +92,12 @@ int ReadIntelHex(const std::string& sourcePath, const std::string& imagePath, in
   const std::size_t highWater = StoreRecords(text, addressScale);
   const std::size_t length =
       forcedImageLength != 0 ? std::min<std::size_t>(forcedImageLength, kImageBufferSize) : highWater;
-  return WriteWholeFile(imagePath, std::span(ImageBuffer, length)) ? 0 : 1;
+  return WriteWholeFile(imagePath, std::span(ImageBuffer, length)) ? kGood : Failed(Reason::NotWritable);
+}
+
+int ReadIntelHex(const std::string& sourcePath, const std::string& imagePath, int mode,
+                 std::uint32_t forcedImageLength) {
+  return MakeHexImage(sourcePath, imagePath, mode, forcedImageLength).Good() ? 0 : 1;
 }
 
 }  // namespace pyxis

@@ -18,6 +18,7 @@
 #include "platform/text.h"
 #include "serial/sn_run.h"
 #include "shell/ground/app_state.h"
+#include "shell/ground/busy_cursor.h"
 #include "shell/ground/main_controls.h"
 #include "shell/ground/messages.h"
 #include "shell/ground/selection_guard.h"
@@ -77,7 +78,6 @@ void ShowResult(const ConversionResults& results) {
 
 // The end of every run that got as far as showing ReadyText.
 void RestoreDisplay() {
-  EndBusyCursor();
   SetReadyText("");
   FrontHexView();
   SetProgressPosition(0);
@@ -94,23 +94,41 @@ Outcome SendToWriter(std::uint32_t chipCode) {
   return Failed(Reason::FirmwareFailed);
 }
 
-// The whole run behind the file dialog, up to what has become of the job.
-Outcome LoadJob(const ChipEntry& row, const std::string& path) {
-  AppState& app = TheAppState();
+// The file's part of a run: the packages and what is shown of them. Whether they stand.
+bool MakeJob(const ChipEntry& row, const std::string& path) {
   const ConversionResults results = ConvertFor(row, path);
-  if (row.ic->protection.fromFile) SetFusePanel(app.conversion.ImageUnprotected ? 1 : 0, -1, -1);
+  if (row.ic->protection.fromFile) SetFusePanel(TheAppState().conversion.ImageUnprotected);
   ShowResult(results);
-  BeginBusyCursor("dinosaur.ani");
-  if (app.writer.FirmwareLevel > kHostFirmwareLevel &&
+  return results.Good();
+}
+
+// The writer's part, up to what has become of the job.
+Outcome LoadJob(const ChipEntry& row, bool made) {
+  if (TheAppState().writer.FirmwareLevel > kHostFirmwareLevel &&
       !TheMachine().op->Ask("Software Version is Old, Still continue to use ?", kBlankCaption, MessageIcon::Warning))
     return Cancelled(Reason::NotConfirmed);
-  return results.Good() ? SendToWriter(row.ChipCode) : Failed(Reason::NotConverted);
+  return made ? SendToWriter(row.ChipCode) : Failed(Reason::NotConverted);
 }
 
 // Two ends leave the writer and the serial numbers' dialog as they were: an old program that the operator doesn't want
 // to use, and firmware that didn't arrive.
 bool EndsEarly(const Outcome& outcome) {
   return outcome.reason == Reason::NotConfirmed || outcome.reason == Reason::FirmwareFailed;
+}
+
+// Both, and the block that the writer then has.
+Outcome RunJob(const ChipEntry& row, const std::string& path) {
+  AppState& app = TheAppState();
+  const bool made = MakeJob(row, path);
+  const BusyCursor busy(kLoadCursor);
+  const Outcome outcome = LoadJob(row, made);
+  if (EndsEarly(outcome) || !app.writer.WriterConnected) return outcome;
+  // A block that doesn't come, as when the cable goes at the very end, must not tell the series and the limit of
+  // before.
+  for (const FieldPlace field : {Field::SerialHead, Field::ProductionFlags})
+    app.writer.WriterInfoBlock[field.offset] = 0;
+  ReadInfoBlock(app.writer.WriterInfoBlock);
+  return outcome;
 }
 
 // A load that broke off, and a writer that doesn't tell its series any more, as when the cable went: it may have begun
@@ -146,8 +164,7 @@ Outcome GiveUpOtherChip() {
 }
 
 Outcome Run(const ChipEntry& row, const std::string& path, const SelectionGuard& guard) {
-  AppState& app = TheAppState();
-  app.selection.OptionValue = kDefaultOptionValue;
+  TheAppState().selection.OptionValue = kDefaultOptionValue;
   if (row.HasOptionDialog) ChooseOptions(*row.ic);
   if (!guard.SameJob()) return GiveUpOtherChip();
   if (path.empty()) {
@@ -155,14 +172,7 @@ Outcome Run(const ChipEntry& row, const std::string& path, const SelectionGuard&
     return Cancelled(Reason::NoFile);
   }
   SetReadyText(ComposeReadyText(TheMachine().language->GetSystemDefaultLangID()));
-  const Outcome outcome = LoadJob(row, path);
-  if (!EndsEarly(outcome) && app.writer.WriterConnected) {
-    // A block that doesn't come, as when the cable goes at the very end, must not tell the series and the limit of
-    // before.
-    for (const FieldPlace field : {Field::SerialHead, Field::ProductionFlags})
-      app.writer.WriterInfoBlock[field.offset] = 0;
-    ReadInfoBlock(app.writer.WriterInfoBlock);
-  }
+  const Outcome outcome = RunJob(row, path);
   RestoreDisplay();
   if (EndsEarly(outcome)) return outcome;
   if (LostTheSeries(outcome)) StopSnProgress();

@@ -46,9 +46,9 @@ bool PaintedWrite(MainView& view, const std::uint8_t* data, std::uint32_t count)
   return good;
 }
 
-int ReadStatus() {
+bool ReadStatus() {
   StatusBlock status;
-  return LinkRead(status.data(), kFrameBlockSize) ? 1 : 0;
+  return LinkRead(status.data(), kFrameBlockSize);
 }
 
 }  // namespace
@@ -77,10 +77,10 @@ int SendBlock(const std::uint8_t* data, std::uint32_t length, std::uint8_t opcod
     sent += chunk;
   }
   view.PumpPaint();
-  const int result = ReadStatus();
+  const bool good = ReadStatus();
   view.PumpPaint();
   ShowStep(shows, step);
-  return result;
+  return good ? 1 : 0;
 }
 
 int ReceiveBlock(std::uint8_t* buffer, std::uint32_t length, std::uint8_t opcode) {
@@ -98,9 +98,9 @@ int ReceiveBlock(std::uint8_t* buffer, std::uint32_t length, std::uint8_t opcode
     ShowStep(shows, step);
     received += chunk;
   }
-  const int result = ReadStatus();
+  const bool good = ReadStatus();
   ShowStep(shows, step);
-  return result;
+  return good ? 1 : 0;
 }
 
 int ReadIdentity(std::uint8_t* buffer) {
@@ -108,7 +108,7 @@ int ReadIdentity(std::uint8_t* buffer) {
   const CommandBlock block = MakeCommandBlock(kIdentitySize, OP_IDENTITY);
   if (!LinkWrite(block.data(), kFrameBlockSize)) return 0;
   if (!LinkRead(buffer, kIdentitySize)) return 0;
-  return ReadStatus();
+  return ReadStatus() ? 1 : 0;
 }
 
 }  // namespace pyxis

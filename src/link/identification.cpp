@@ -6,6 +6,7 @@
 #include "link/writer_commands.h"
 #include "link/writer_link.h"
 #include "platform/machine.h"
+#include "platform/program_folder.h"
 #include "platform/vendor_api.h"
 #include "shell/ground/app_state.h"
 
@@ -20,11 +21,10 @@ struct KnownIdentity {
   const char* hwFolder;
 };
 constexpr KnownIdentity kIdentities[] = {
-    {"PYX STANDALONE LOADER_V1.1", "hwversion1.1"},
-    {"PYX STANDALONE LOADER_V1.0", "hwversion1.0"},
-    {"PYX STANDALONE LOADER_V2.0", "hwversion1.1"},
+    {"PYX STANDALONE LOADER_V1.1", kHwFolder11},
+    {"PYX STANDALONE LOADER_V1.0", kHwFolder10},
+    {"PYX STANDALONE LOADER_V2.0", kHwFolder11},
 };
-constexpr char kUnknownHwFolder[] = "hwversion1.0";
 
 std::uint32_t PeekBe16(std::uint16_t address) {
   const std::uint32_t high = PeekByte(address);
@@ -62,7 +62,7 @@ void ReadWriterIdentity() {
 
 void IdentifyWriter() {
   AppState& app = TheAppState();
-  app.writer.HwFolder = kUnknownHwFolder;
+  app.writer.HwFolder = kHwFolder10;
   app.writer.HwKnown = false;
   for (const KnownIdentity& known : kIdentities) {
     if (known.text != app.writer.WriterIdentityText.data()) continue;

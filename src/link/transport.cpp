@@ -14,11 +14,11 @@ namespace {
 std::uint32_t LengthOf(std::span<const std::uint8_t> bytes) { return static_cast<std::uint32_t>(bytes.size()); }
 
 class FrameTransport : public Transport {
-  int Write(Opcode opcode, std::span<const std::uint8_t> data) override {
-    return SendBlock(data.data(), LengthOf(data), opcode);
+  bool Write(Opcode opcode, std::span<const std::uint8_t> data) override {
+    return SendBlock(data.data(), LengthOf(data), opcode) != 0;
   }
-  int Read(Opcode opcode, std::span<std::uint8_t> buffer) override {
-    return ReceiveBlock(buffer.data(), LengthOf(buffer), opcode);
+  bool Read(Opcode opcode, std::span<std::uint8_t> buffer) override {
+    return ReceiveBlock(buffer.data(), LengthOf(buffer), opcode) != 0;
   }
   void ReadIdentity(std::span<std::uint8_t> buffer) override { pyxis::ReadIdentity(buffer.data()); }
   bool Open() override { return OpenWriterLink() != 0; }
@@ -34,13 +34,13 @@ class FrameTransport : public Transport {
 };
 
 class VendorTransport : public Transport {
-  int Write(Opcode opcode, std::span<const std::uint8_t> data) override {
+  bool Write(Opcode opcode, std::span<const std::uint8_t> data) override {
     TheMachine().vendor->VMWrite(opcode, data.data(), LengthOf(data));
-    return 1;
+    return true;
   }
-  int Read(Opcode opcode, std::span<std::uint8_t> buffer) override {
+  bool Read(Opcode opcode, std::span<std::uint8_t> buffer) override {
     TheMachine().vendor->VMRead(opcode, buffer.data(), LengthOf(buffer));
-    return 1;
+    return true;
   }
   void ReadIdentity(std::span<std::uint8_t> buffer) override { Read(OP_IDENTITY, buffer); }
   bool Open() override { return true; }

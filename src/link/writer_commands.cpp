@@ -21,9 +21,9 @@ void SetFrameProgress(Progress progress) {
 
 }  // namespace
 
-int WriteCommand(Opcode opcode, std::span<const std::uint8_t> data) { return ActiveTransport().Write(opcode, data); }
+bool WriteCommand(Opcode opcode, std::span<const std::uint8_t> data) { return ActiveTransport().Write(opcode, data); }
 
-int ReadCommand(Opcode opcode, std::span<std::uint8_t> buffer) { return ActiveTransport().Read(opcode, buffer); }
+bool ReadCommand(Opcode opcode, std::span<std::uint8_t> buffer) { return ActiveTransport().Read(opcode, buffer); }
 
 void StopFrameProgress() { SetFrameProgress(Progress::None); }
 

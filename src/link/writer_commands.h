@@ -53,10 +53,10 @@ inline constexpr std::uint8_t kRegisterKm49 = 0x99;
 // The model's byte as the register and WriterModelByte have it; the second model's for an unknown one.
 constexpr std::uint8_t RegisterOf(Model model) { return model == Model::Km48 ? kRegisterKm48 : kRegisterKm49; }
 
-// A command with data over the active transport. Non-zero on success; with velmarapi always non-zero, since nobody
-// looks at that library's results.
-int WriteCommand(Opcode opcode, std::span<const std::uint8_t> data);
-int ReadCommand(Opcode opcode, std::span<std::uint8_t> buffer);
+// A command with data over the active transport. True on success; with velmarapi always true, since nobody looks at
+// that library's results.
+bool WriteCommand(Opcode opcode, std::span<const std::uint8_t> data);
+bool ReadCommand(Opcode opcode, std::span<std::uint8_t> buffer);
 
 // No transfer drives the bar; the frame link's own rule, velmarapi reports no progress.
 void StopFrameProgress();

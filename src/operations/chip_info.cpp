@@ -12,13 +12,14 @@
 #include "platform/text.h"
 #include "shell/ground/app_state.h"
 #include "shell/ground/main_controls.h"
+#include "shell/ground/messages.h"
 
 namespace pyxis {
 
 namespace {
 
 enum Line { kName, kConfig, kChecksum, kId };
-constexpr std::array<const char*, 4> kCaptions{"Chip Name : ", "System Config : ", "Checksum : ", "ID : "};
+constexpr std::array<const char*, 4> kCaptions{kChipNameCaption, "System Config : ", "Checksum : ", "ID : "};
 constexpr char kNoSupport[] = "NO Support";
 
 constexpr std::uint32_t kSettleMs = 1000;
@@ -102,10 +103,7 @@ Outcome CReadChipInfoDlg::OnRead() {
   std::copy_n(kCaptions.begin(), shown, lines.begin());
   Show();
 
-  app.writer.ProgressMode = Progress::None;  // the task's own bar
-  SetProgressRange(0, kTaskProgressTop);
-  RunTask(task::kVerify, app.selection.VerifyTicks);
-  SetProgressPosition(0);
+  const bool verified = RunTaskOfDialog(task::kVerify, app.selection.VerifyTicks);
   WaitMs(kSettleMs);
   // A block that can't be read must not show the chip that was in the socket before.
   std::fill_n(ChipInfo(), Field::ChipInfo.width, std::uint8_t{0});
@@ -114,7 +112,7 @@ Outcome CReadChipInfoDlg::OnRead() {
   if (IsSupported()) ShowChip(lines);
   readEnabled = cancelEnabled = true;
   Show();
-  return kGood;
+  return verified ? kGood : GoodBut(Reason::VerdictFailed);
 }
 
 void OnReadChipInfo() {

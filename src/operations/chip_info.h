@@ -24,7 +24,8 @@ class CReadChipInfoDlg {
   void OnInitDialog();
   // Runs Verify, in which the writer looks at the chip, and shows what the information block then says.
   // Another writer's job that comes meanwhile takes the lines away and "Read" with them.
-  // Refused: NotSupported. The transfers aren't looked at.
+  // Refused: NotSupported; good with VerdictFailed: the verdict was a failure, or none came. The other transfers aren't
+  // looked at.
   Outcome OnRead();
 
  private:

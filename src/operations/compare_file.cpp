@@ -76,7 +76,7 @@ bool DataAreaEquals(const std::vector<std::uint8_t>& expected) {
   return true;
 }
 
-std::string ChipLine() { return "Chip Name : " + ChipNameOf(TheAppState().writer.WriterInfoBlock); }
+std::string ChipLine() { return kChipNameCaption + ChipNameOf(TheAppState().writer.WriterInfoBlock); }
 
 // Year, month, day, hour, minute, second. Only the year is taken as a whole.
 std::string TimeLine() {
@@ -86,18 +86,32 @@ std::string TimeLine() {
                 low(TimePart::Hour), low(TimePart::Minute), low(TimePart::Second));
 }
 
+void TellNoTarget(const CompareKind& kind, const std::string& chosen, Reason reason) {
+  const auto tell = [](const char* text, const std::string& path) {
+    TheMachine().op->Tell(Printf(text, path.c_str()));
+  };
+  switch (reason) {
+    case Reason::NotReadable:
+      if (kind.target != CompareKind::Target::IntelHex) return TellOpenFail(chosen);
+      return tell(kOpenFailed, chosen);
+    case Reason::NotIntelHex:
+      return tell(kNotIntelHex, chosen);
+    case Reason::OwnTarget:
+      return tell("%s would be overwritten by its own image\n", chosen);
+    default:
+      return tell(kWriteFileError, CompareTargetPath(kind, chosen));
+  }
+}
+
 }  // namespace
 
-bool CompareWithWriter(const std::string& path) {
+Outcome CompareWithWriter(const std::string& path) {
   StopFrameProgress();
   SetWriterMode(mode::kArea);
   const File file = OpenFile(path, "rb");
   const auto expected = file ? ReadFirstBytes(file.get()) : std::nullopt;
-  if (!expected) {
-    TheMachine().op->Tell(Printf(kOpenFail, path.c_str()), kPlainCaption);
-    return false;
-  }
-  return DataAreaEquals(*expected);
+  if (!expected) return Failed(Reason::NotReadable);
+  return DataAreaEquals(*expected) ? kGood : Failed(Reason::Different);
 }
 
 // Of a writer that has come. The last result belongs to the job before.
@@ -112,18 +126,28 @@ void CDownloadInfoDlg::Enable(bool enabled) {
   PumpPaint();
 }
 
+Outcome CDownloadInfoDlg::CompareChosen(const CompareKind& kind, const std::string& chosen) {
+  if (const Outcome made = MakeCompareTarget(kind, chosen); !made.Good()) {
+    TellNoTarget(kind, chosen, made.reason);
+    return made;
+  }
+  const std::string target = CompareTargetPath(kind, chosen);
+  const Outcome outcome = CompareWithWriter(target);
+  if (outcome.reason == Reason::NotReadable) TellOpenFail(target);
+  lines[2] = Printf(kResultFormat, outcome.Good() ? "OK" : "Fail");
+  return outcome;
+}
+
 Outcome CDownloadInfoDlg::OnCompareFile() {
   lines[2] = Printf(kResultFormat, "");
   Enable(false);
   const std::string chip = ChipNameOf(TheAppState().writer.WriterInfoBlock);
   const CompareKind& kind = CompareKindOf(chip);
   const auto chosen = TheMachine().op->ChooseFile({FileKind::Comparison, kind.filter});
-  Outcome outcome = chosen ? Failed(Reason::NotReadable) : Cancelled(Reason::NoFile);
-  if (chosen && ChipNameOf(TheAppState().writer.WriterInfoBlock) != chip) {
-    outcome = RefuseOtherChip();
-  } else if (chosen && MakeCompareTarget(kind, *chosen)) {
-    outcome = CompareWithWriter(CompareTargetPath(kind, *chosen)) ? kGood : Failed(Reason::Different);
-    lines[2] = Printf(kResultFormat, outcome.Good() ? "OK" : "Fail");
+  Outcome outcome = Cancelled(Reason::NoFile);
+  if (chosen) {
+    const bool sameChip = ChipNameOf(TheAppState().writer.WriterInfoBlock) == chip;
+    outcome = sameChip ? CompareChosen(kind, *chosen) : RefuseOtherChip();
   }
   SetProgressPosition(0);
   Enable(true);

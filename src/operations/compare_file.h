@@ -10,6 +10,8 @@
 
 namespace pyxis {
 
+struct CompareKind;
+
 // The dialog "Download File Information".
 class CDownloadInfoDlg {
  public:
@@ -21,21 +23,22 @@ class CDownloadInfoDlg {
   bool cancelEnabled = true;
   std::function<void()> Changed = [] {};
 
-  // Asks for a file, makes <stem>.bin of it as the writer's data area would hold it, and compares the two. A file that
-  // can't be read or made leaves the third line without a result; the operator has been told why.
-  // Refused: OtherChip, when another job has come under the file dialog; cancelled: NoFile; failed: NotReadable (no
-  // target), Different.
+  // Asks for a file, makes <stem>.bin of it as the writer's data area would hold it, and compares the two; tells the
+  // operator what can't be read or made. Where no target is made, the third line stays without a result.
+  // Refused: OtherChip, when another job has come under the file dialog, and OwnTarget; cancelled: NoFile; failed:
+  // NotReadable, NotIntelHex, NotWritable (the target), Different.
   Outcome OnCompareFile();
 
  private:
   void ShowJob();
   void Enable(bool enabled);
+  Outcome CompareChosen(const CompareKind& kind, const std::string& chosen);
   WriterWatch watch_{[this] { ShowJob(); }};
 };
 
 // Whether the file equals the writer's data area: ImageLength bytes or words of WriterInfoBlock, in the byte form no
-// more than the file has. In the word form a file shorter than that differs.
-bool CompareWithWriter(const std::string& path);
+// more than the file has. In the word form a file shorter than that differs. Failed: NotReadable, Different.
+Outcome CompareWithWriter(const std::string& path);
 
 // The menu command.
 void OnDownloadInfo();

@@ -7,10 +7,7 @@
 #include "intake/converters/image.h"
 #include "intake/file_readers.h"
 #include "platform/files.h"
-#include "platform/machine.h"
-#include "platform/operator.h"
 #include "platform/text.h"
-#include "shell/ground/messages.h"
 
 namespace pyxis {
 
@@ -30,27 +27,9 @@ ReadMode ModeOf(HexFill fill) {
   return kReadBlankWords;
 }
 
-bool Refuse(const char* format, const std::string& path) {
-  TheMachine().op->Tell(Printf(format, path.c_str()));
-  return false;
-}
-
-bool TellUnwritten(const std::string& target) { return Refuse(kWriteFileError, target); }
-
-// The reader's own messages go to standard output, which a window program hasn't got.
-bool TellReaderFailure(const std::string& chosen, const std::string& target) {
-  const File file = OpenFile(chosen, "rb");
-  if (!file) return Refuse(kOpenFailed, chosen);
-  if (std::fgetc(file.get()) != ':') return Refuse(kNotIntelHex, chosen);
-  return TellUnwritten(target);
-}
-
-bool CutTarget(const CompareKind& kind, const std::string& chosen, const std::string& target) {
+Outcome CutTarget(const CompareKind& kind, const std::string& chosen, const std::string& target) {
   auto bytes = ReadWholeFile(chosen);
-  if (!bytes) {
-    TheMachine().op->Tell(Printf(kOpenFail, chosen.c_str()), kPlainCaption);
-    return false;
-  }
+  if (!bytes) return Failed(Reason::NotReadable);
   const Image image(std::move(*bytes));
   const std::size_t toEnd = image.Length() - std::min(image.Length(), kind.header);
   const std::size_t imageBytes = kind.imageBytes != 0 ? kind.imageBytes : toEnd;
@@ -58,7 +37,7 @@ bool CutTarget(const CompareKind& kind, const std::string& chosen, const std::st
   cut.reserve(kind.configBytes + imageBytes);
   for (std::size_t i = 0; i < kind.configBytes; ++i) cut.push_back(image.Byte(kind.configAt + i));
   for (std::size_t i = 0; i < imageBytes; ++i) cut.push_back(image.Byte(kind.header + i));
-  return WriteWholeFile(target, cut) || TellUnwritten(target);
+  return WriteWholeFile(target, cut) ? kGood : Failed(Reason::NotWritable);
 }
 
 }  // namespace
@@ -75,12 +54,12 @@ std::string CompareTargetPath(const CompareKind& kind, const std::string& chosen
   return target.substr(0, name) + ToLower(target.substr(name));
 }
 
-bool MakeCompareTarget(const CompareKind& kind, const std::string& chosen) {
-  if (kind.target == Target::LeftByLoadFile) return true;
+Outcome MakeCompareTarget(const CompareKind& kind, const std::string& chosen) {
+  if (kind.target == Target::LeftByLoadFile) return kGood;
   const std::string target = CompareTargetPath(kind, chosen);
-  if (ResolvePath(target) == ResolvePath(chosen)) return Refuse("%s would be overwritten by its own image\n", chosen);
+  if (ResolvePath(target) == ResolvePath(chosen)) return Refused(Reason::OwnTarget);
   if (kind.target == Target::Cut) return CutTarget(kind, chosen, target);
-  return ReadIntelHex(chosen, target, ModeOf(kind.fill)) == 0 || TellReaderFailure(chosen, target);
+  return MakeHexImage(chosen, target, ModeOf(kind.fill));
 }
 
 }  // namespace pyxis

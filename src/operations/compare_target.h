@@ -5,6 +5,7 @@
 #include <string_view>
 
 #include "catalogue/ic.h"
+#include "shell/ground/outcome.h"
 
 namespace pyxis {
 
@@ -15,8 +16,8 @@ const CompareKind& CompareKindOf(std::string_view chip);
 // case.
 std::string CompareTargetPath(const CompareKind& kind, const std::string& chosen);
 
-// Makes the target. False, with the operator told, when `chosen` can't be read or the target can't be written in full;
-// a target is never left in part. A file that would be its own target is refused, since it would lose its contents.
-bool MakeCompareTarget(const CompareKind& kind, const std::string& chosen);
+// Makes the target; one is never left in part. Refused: OwnTarget, since such a file would lose its contents; failed:
+// NotReadable and NotIntelHex, of `chosen`, and NotWritable.
+Outcome MakeCompareTarget(const CompareKind& kind, const std::string& chosen);
 
 }  // namespace pyxis

@@ -4,16 +4,13 @@
 #include <vector>
 
 #include "intake/package_files.h"
-#include "link/transport.h"
 #include "link/writer_commands.h"
+#include "operations/transfer_steps.h"
 #include "platform/clock.h"
 #include "platform/files.h"
 #include "platform/machine.h"
 #include "platform/main_view.h"
 #include "platform/operator.h"
-#include "platform/text.h"
-#include "shell/ground/app_state.h"
-#include "shell/ground/main_controls.h"
 #include "shell/ground/messages.h"
 
 namespace pyxis {
@@ -22,7 +19,7 @@ namespace {
 
 constexpr std::uint32_t kSettleMs = 1500;
 
-// Positions of the bar with velmarapi, which reports no progress by itself.
+// Positions of the bar with velmarapi.
 namespace bar {
 constexpr int kStart = 5;
 constexpr int kBeforeOption = 21;
@@ -30,10 +27,6 @@ constexpr int kAfterOption = 53;
 constexpr int kClosed = 85;
 constexpr int kDone = 101;
 }  // namespace bar
-
-void ShowVendorStep(int position) {
-  if (!ActiveTransport().DrivesProgress()) ShowTransferStep(position);
-}
 
 }  // namespace
 
@@ -45,16 +38,16 @@ std::vector<std::uint8_t> DiffersFrom(std::span<const std::uint8_t> sent, std::s
   return bytes;
 }
 
-bool DownloadPackageFile(const std::string& path, std::uint8_t areaSelector) {
+Outcome DownloadPackageFile(const std::string& path, std::uint8_t areaSelector) {
   StopFrameProgress();
   SetWriterMode(mode::kArea);
   const File file = OpenForUpdate(path);  // Read sends an installed template
   if (!file) {
-    TheMachine().op->Tell(Printf(kOpenFail, path.c_str()), kPlainCaption);
-    return false;
+    TellOpenFail(path);
+    return Failed(Reason::NotReadable);
   }
   std::vector<std::uint8_t> sent;
-  if (!ReadStream(file.get(), sent) || sent.size() > kTransferBufferSize) return false;
+  if (!ReadStream(file.get(), sent) || sent.size() > kTransferBufferSize) return Failed(Reason::NotReadable);
   SelectArea(areaSelector);
   // An empty file still sends its block of length 0, which needs a buffer to point to.
   static const std::uint8_t nothing = 0;
@@ -73,39 +66,39 @@ bool DownloadPackageFile(const std::string& path, std::uint8_t areaSelector) {
     ReadCommand(OP_READ_AREA, in);
   }
   CloseArea();
-  return ReadStream(file.get(), sent) && std::ranges::equal(sent, in);
+  return ReadStream(file.get(), sent) && std::ranges::equal(sent, in) ? kGood : Failed(Reason::Different);
 }
 
-bool RewriteOptionArea(const std::string& path) {
+Outcome RewriteOptionArea(const std::string& path) {
   StartTask(task::kOpenPackageLoad);
   SendControl(control::kBeginLoad);
-  const bool good = DownloadPackageFile(path, area::kOption);
+  const Outcome outcome = DownloadPackageFile(path, area::kOption);
   SetWriterMode(mode::kIdle);
   SendControl(control::kEndLoad);
-  return good;
+  return outcome;
 }
 
 namespace {
 
 // The data package behind an option package that has arrived, and the end of the load.
-Outcome SendDataPackage() {
-  ShowVendorStep(bar::kAfterOption);
-  const bool good = DownloadPackageFile(DataPackagePath(), area::kData);
+Outcome SendDataPackage(const TransferSteps& steps) {
+  steps.Show(bar::kAfterOption);
+  const bool good = DownloadPackageFile(DataPackagePath(), area::kData).Good();
   if (good) SetWriterMode(mode::kIdle);
   SendControl(control::kEndLoad);
-  if (good) ShowVendorStep(bar::kClosed);
+  if (good) steps.Show(bar::kClosed);
   WaitMs(kSettleMs);
-  if (good) ShowVendorStep(bar::kDone);
+  if (good) steps.Show(bar::kDone);
   return good ? kGood : Failed(Reason::DataNotArrived);
 }
 
 Outcome SendPackages() {
-  if (!ActiveTransport().DrivesProgress()) SetProgressRange(0, kTransferSteps);
-  ShowVendorStep(bar::kStart);
+  const TransferSteps steps;
+  steps.Show(bar::kStart);
   StartTask(task::kOpenPackageLoad);
   SendControl(control::kBeginLoad);
-  ShowVendorStep(bar::kBeforeOption);
-  if (DownloadPackageFile(OptionPackagePath(), area::kOption)) return SendDataPackage();
+  steps.Show(bar::kBeforeOption);
+  if (DownloadPackageFile(OptionPackagePath(), area::kOption).Good()) return SendDataPackage(steps);
   SendControl(control::kEndLoad);
   return Failed(Reason::OptionNotArrived);
 }

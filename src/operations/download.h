@@ -19,9 +19,11 @@ std::vector<std::uint8_t> DiffersFrom(std::span<const std::uint8_t> sent, std::s
 
 // Both package files; tells the operator itself. Failed: OptionNotArrived, DataNotArrived.
 Outcome DownloadPackages();
-// One file into one area (area::kOption or area::kData); true when the read-back equals the file.
-bool DownloadPackageFile(const std::string& path, std::uint8_t areaSelector);
-// The option area alone: opens the load, sends the file, closes. The result of DownloadPackageFile.
-bool RewriteOptionArea(const std::string& path);
+// One file into one area (area::kOption or area::kData); good when the read-back equals the file. Failed: NotReadable,
+// also for a file that is too long; Different. The operator is told of a file that can't be opened, since the closing
+// commands come behind that.
+Outcome DownloadPackageFile(const std::string& path, std::uint8_t areaSelector);
+// The option area alone: opens the load, sends the file, closes. The outcome of DownloadPackageFile.
+Outcome RewriteOptionArea(const std::string& path);
 
 }  // namespace pyxis

@@ -7,12 +7,14 @@
 #include "link/transport.h"
 #include "link/writer_commands.h"
 #include "operations/download.h"
+#include "operations/transfer_steps.h"
 #include "platform/clock.h"
 #include "platform/files.h"
 #include "platform/machine.h"
 #include "platform/operator.h"
 #include "platform/text.h"
 #include "shell/ground/app_state.h"
+#include "shell/ground/busy_cursor.h"
 #include "shell/ground/main_controls.h"
 #include "shell/ground/messages.h"
 
@@ -43,10 +45,6 @@ void CloseLoad() {
   SendControl(control::kEndLoad);
 }
 
-void ShowStep(int position) {
-  if (!ActiveTransport().DrivesProgress()) ShowTransferStep(position);
-}
-
 void AddressStart() {
   if (ActiveTransport().CanAddress()) SetAddressZero();
 }
@@ -62,22 +60,22 @@ std::vector<std::uint8_t> ReadBack(const std::vector<std::uint8_t>& image) {
 bool Transfer(const std::string& path, bool sendStartByte, const std::vector<std::uint8_t>& image) {
   const FrameBusy busy;
   StopFrameProgress();
-  if (!ActiveTransport().DrivesProgress()) SetProgressRange(0, kTransferSteps);
-  ShowStep(firmware_bar::kStart);
+  const TransferSteps steps;
+  steps.Show(firmware_bar::kStart);
   if (sendStartByte) StartTask(task::kOpenFirmwareLoad);
   SetWriterMode(mode::kMemory);
   AddressStart();
-  ShowStep(firmware_bar::kAddressed);
+  steps.Show(firmware_bar::kAddressed);
   {
     const TransferProgress progress;
     WriteCommand(OP_WRITE_MEMORY, image);
   }
-  ShowStep(firmware_bar::kSent);
+  steps.Show(firmware_bar::kSent);
   AddressStart();
   const std::vector<std::uint8_t> received = ReadBack(image);
   const bool good = ReadImage(path) == received;
   if (good || !ActiveTransport().LeavesFailedLoadOpen()) CloseLoad();
-  if (good) ShowStep(firmware_bar::kDone);
+  if (good) steps.Show(firmware_bar::kDone);
   return good;
 }
 
@@ -130,17 +128,15 @@ Outcome OnUpdateFirmware() {
       {FileKind::Firmware, "Kestrel Nce Files (*.nce)|*.nce||", FirmwareFolder(TheAppState().writer.WriterModel)});
   if (!path) return Cancelled(Reason::NoFile);
   PumpPaint();
-  BeginBusyCursor("dinosaur.ani");
+  const BusyCursor busy(kLoadCursor);
   const auto image = ReadForUpdate(*path);
   // A file without a byte there can't be an image of either model.
   if (!image || image->size() <= address::kModel || RefusesImage((*image)[address::kModel])) {
     op.Tell(Printf(kOpenFileError, path->c_str()), kPlainCaption);
-    EndBusyCursor();
     return Refused(Reason::NotReadable);
   }
   const bool good = LoadFirmware(*path, true);
   op.Tell(good ? "Update Firmware Ok" : kUpdateFirmwareFail);
-  EndBusyCursor();
   return good ? kGood : Failed(Reason::FirmwareFailed);
 }
 

@@ -24,14 +24,20 @@ constexpr std::uint32_t kTemplateSettleMs = 2000;
 constexpr std::uint32_t kBeforeReadMs = 100;
 constexpr std::uint32_t kBetweenStartsMs = 1000;
 
+bool WriterKnowsChip() {
+  const AppState& app = TheAppState();
+  return ChipNameOf(app.writer.WriterInfoBlock) == app.selection.SelectedChip;
+}
+
 // Lets the writer know the chip where its job doesn't.
-void LoadTemplateIfNeeded() {
+Outcome LoadTemplateIfNeeded() {
   AppState& app = TheAppState();
-  const bool knowsChip = ChipNameOf(app.writer.WriterInfoBlock) == app.selection.SelectedChip;
-  if (knowsChip && FieldByte(app.writer.WriterInfoBlock, Field::SerialHead) != kSerialNeedsReload) return;
-  if (!RewriteOptionArea(TemplatePath(app.selection.SelectedChip))) return;
+  if (WriterKnowsChip() && FieldByte(app.writer.WriterInfoBlock, Field::SerialHead) != kSerialNeedsReload) return kGood;
+  if (!RewriteOptionArea(TemplatePath(app.selection.SelectedChip)).Good())
+    return WriterKnowsChip() ? GoodBut(Reason::OptionNotArrived) : Failed(Reason::OptionNotArrived);
   ReadInfoBlock(app.writer.WriterInfoBlock);
   WaitMs(kTemplateSettleMs);
+  return WriterKnowsChip() ? kGood : Failed(Reason::OtherChip);
 }
 
 // Bytes that are left to read; negative when DualStart doesn't fit the IC.
@@ -64,36 +70,34 @@ void ShowResult(const std::string& path) {
 
 std::string ReadDataPath() { return TheAppState().program.AppDir + "readdata.txt"; }
 
-bool ReadChip() {
+Outcome ReadChip() {
   const std::int64_t wanted = LengthToRead();
-  if (wanted <= 0) return false;
+  if (wanted <= 0) return Failed(Reason::NothingToRead);
   const auto length = static_cast<std::size_t>(wanted);
   const std::string path = ReadDataPath();
   ReplacedFile file(path);  // before the chip is asked, so that a file that can't be made costs no read
-  if (!file.IsOpen()) return false;
+  if (!file.IsOpen()) return Failed(Reason::NotWritable);
 
-  DisableOperations();
+  const OperationsOff off;
   StartTask(task::kReadChip);
   WaitMs(kBetweenStartsMs);
   StartTask(task::kReadChip);
   StopFrameProgress();
   std::vector<std::uint8_t> received(std::size_t{TheAppState().selection.ReadSizeBytes} + 1);
   ReadCommand(OP_READ_CHIP, std::span(received).first(length));
-  const bool written = file.Write(WordsOf(received, length, TheAppState().selection.ReadSwapBytes));
-  if (written) ShowResult(path);
-  EnableOperations();
-  return written;
+  if (!file.Write(WordsOf(received, length, TheAppState().selection.ReadSwapBytes))) return Failed(Reason::NotWritable);
+  ShowResult(path);
+  return kGood;
 }
 
 Outcome OnRead() {
-  LoadTemplateIfNeeded();
+  const Outcome told = LoadTemplateIfNeeded();
   WaitMs(kBeforeReadMs);
-  BeginOperation(Progress::Read);
-  const bool good = ReadChip();
-  TheAppState().writer.ProgressMode = Progress::None;
-  TheMachine().op->Tell(good ? "Read OK" : "Read FAIL");
-  EndOperation();
-  return good ? kGood : Failed(Reason::NotWritable);
+  OperationDisplay display(Progress::Read);
+  const Outcome outcome = ReadChip();
+  display.EndProgress();
+  TheMachine().op->Tell(outcome.Good() ? "Read OK" : "Read FAIL");
+  return outcome.Good() ? told : outcome;
 }
 
 }  // namespace pyxis

@@ -11,12 +11,14 @@ namespace pyxis {
 std::string ReadDataPath();
 
 // The button Read; tells the operator itself. A writer that holds no job of the selected IC first gets the IC's
-// template as its option area. Failed: NotWritable.
+// template as its option area; when that fails the read goes on and is told as any other, and the outcome names it.
+// Failed: OptionNotArrived, OtherChip (the writer takes the chip for another IC still), NothingToRead, NotWritable.
+// Good with OptionNotArrived: the writer knew the IC by a series that stands in the place of a job.
 Outcome OnRead();
 
-// The read proper, ReadSizeBytes less the words in front of DualStart. False when nothing would be
-// left to read or the result file can't be created, both before the chip is asked and with nothing changed, and when it
-// can't be written in full, which leaves it empty. The transfers aren't looked at.
-bool ReadChip();
+// The read proper, ReadSizeBytes less the words in front of DualStart. Failed: NothingToRead, and NotWritable for a
+// result file that can't be created, both before the chip is asked and with nothing changed, or not in full, which
+// leaves it empty. The transfers aren't looked at.
+Outcome ReadChip();
 
 }  // namespace pyxis

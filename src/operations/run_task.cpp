@@ -10,6 +10,7 @@ namespace pyxis {
 
 namespace {
 
+constexpr int kProgressTop = 50;  // a task's progress runs from 0 to here
 constexpr std::uint8_t kStatusBits = 3;
 constexpr std::uint8_t kStatusFailed = 3;
 constexpr int kEqualReadsWanted = 5;
@@ -31,7 +32,7 @@ std::uint8_t PollVerdict(std::uint32_t divisor) {
     ++reads;
     const std::uint8_t unread = kUnread[reads % 2];
     std::uint8_t byte = unread;
-    const bool good = ReadCommand(OP_TASK_STATUS, std::span(&byte, 1)) != 0 && byte != unread;
+    const bool good = ReadCommand(OP_TASK_STATUS, std::span(&byte, 1)) && byte != unread;
     const std::uint8_t status = byte & kStatusBits;
     if (status == last && status != 0) {
       ++equalReads;
@@ -51,31 +52,43 @@ std::uint8_t PollVerdict(std::uint32_t divisor) {
   return last;
 }
 
+std::uint8_t VerdictOf(std::uint8_t task, std::uint32_t divisor) {
+  const OperationsOff off;
+  PumpPaint();
+  StartTask(task);
+  return PollVerdict(divisor);
+}
+
 }  // namespace
 
-void BeginOperation(Progress progress) {
-  SetProgressRange(0, kTaskProgressTop);
+bool RunTask(std::uint8_t task, std::uint32_t divisor) {
+  if (VerdictOf(task, divisor) == kStatusFailed) return false;
+  SetProgressPosition(kProgressTop);
+  return true;
+}
+
+bool RunTaskOfDialog(std::uint8_t task, std::uint32_t divisor) {
+  TheAppState().writer.ProgressMode = Progress::None;
+  SetProgressRange(0, kProgressTop);
+  const bool good = RunTask(task, divisor);
+  SetProgressPosition(0);
+  return good;
+}
+
+OperationDisplay::OperationDisplay(Progress progress) {
+  SetProgressRange(0, kProgressTop);
   SetProgressPosition(1);
   ClearStatusText();
   TheAppState().writer.ProgressMode = progress;
-  BeginBusyCursor("metronom.ani");
+  cursor_.emplace(kTaskCursor);
 }
 
-void EndOperation() {
-  EndBusyCursor();
+OperationDisplay::~OperationDisplay() {
+  cursor_.reset();
   SetProgressPosition(0);
   PumpPaint();
 }
 
-bool RunTask(std::uint8_t task, std::uint32_t divisor) {
-  DisableOperations();
-  PumpPaint();
-  StartTask(task);
-  const std::uint8_t verdict = PollVerdict(divisor);
-  EnableOperations();
-  if (verdict == kStatusFailed) return false;
-  SetProgressPosition(kTaskProgressTop);
-  return true;
-}
+void OperationDisplay::EndProgress() { TheAppState().writer.ProgressMode = Progress::None; }
 
 }  // namespace pyxis

@@ -9,6 +9,7 @@
 #include "platform/machine.h"
 #include "platform/main_view.h"
 #include "platform/operator.h"
+#include "platform/program_folder.h"
 #include "shell/ground/app_state.h"
 #include "view/buffer_area.h"
 #include "view/hex_view.h"
@@ -29,7 +30,6 @@ struct TestRow {
   const char* badText;
 };
 
-constexpr char kDacBoardFolder[] = "hwversion1.1";
 // clang-format off
 constexpr TestRow kWithDacBoard[] = {
     {"DAC Board Voltage Test \r\n",
@@ -87,7 +87,7 @@ bool MeasureAll(std::string& report) {
   for (const std::uint16_t value : kSetUp) SendTestSet(value);
   Meter meter;
   meter.Run(kFirstStep);
-  const std::span<const TestRow> rows = TheAppState().writer.HwFolder == kDacBoardFolder
+  const std::span<const TestRow> rows = TheAppState().writer.HwFolder == kHwFolder11
                                             ? std::span<const TestRow>(kWithDacBoard)
                                             : std::span<const TestRow>(kWithoutDacBoard);
   bool allGood = true;

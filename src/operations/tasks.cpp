@@ -83,15 +83,14 @@ Outcome Run(const Operation& operation) {
     op.Tell(RefusalText(guard.reason), kMessageCaption, MessageIcon::Warning);
     return guard;
   }
-  BeginOperation(operation.progress);
+  OperationDisplay display(operation.progress);
   const Outcome outcome = Perform(operation);
-  TheAppState().writer.ProgressMode = Progress::None;
+  display.EndProgress();
   if (outcome.end != End::Cancelled) {
     const char* words = outcome.Good() ? operation.okText : operation.failText;
     ShowVerdict(words, outcome.Good(), operation.refreshesBlock);
     op.Tell(words);
   }
-  EndOperation();
   return outcome;
 }
 

@@ -8,10 +8,13 @@ namespace pyxis {
 
 void ShowFuses(const Protection& protection) {
   const std::uint8_t byte = TheAppState().writer.WriterInfoBlock[protection.byte];
-  const auto bit = [&](int above) { return byte >> (protection.bit + above) & 1; };
-  const bool isProtected = (bit(0) != 0) == (protection.protectedBy == ProtectedBy::SetBit);
-  const bool full = protection.panel == PanelKind::Full;
-  SetFusePanel(isProtected ? 0 : 1, full ? bit(1) : -1, full ? bit(2) : -1);
+  const auto bit = [&](int above) { return (byte >> (protection.bit + above) & 1) != 0; };
+  const bool unprotected = bit(0) != (protection.protectedBy == ProtectedBy::SetBit);
+  if (protection.panel == PanelKind::Full) {
+    SetFusePanel(unprotected, bit(1), bit(2));
+  } else {
+    SetFusePanel(unprotected);
+  }
 }
 
 void ShowFuseBitsOfBlock() {

@@ -27,11 +27,11 @@ void ResetPair(const Pair& pair, bool visible) {
   CheckControl(pair.second, false);
 }
 
-void SetPair(const Pair& pair, int value) {
-  ShowPair(pair, value >= 0);
-  if (value < 0) return;
-  CheckControl(pair.first, value != 0);
-  CheckControl(pair.second, value == 0);
+void SetPair(const Pair& pair, std::optional<bool> first) {
+  ShowPair(pair, first.has_value());
+  if (!first) return;
+  CheckControl(pair.first, *first);
+  CheckControl(pair.second, !*first);
 }
 
 }  // namespace
@@ -44,12 +44,12 @@ void ResetFusePanel() {
   ResetPair(kClock, kind == PanelKind::Full);
 }
 
-void SetFusePanel(int protection, int mode, int clock) {
+void SetFusePanel(std::optional<bool> protection, std::optional<bool> mode, std::optional<bool> clock) {
   SetPair(kProtection, protection);
   SetPair(kMode, mode);
   SetPair(kClock, clock);
 }
 
-void HideFusePanel() { SetFusePanel(-1, -1, -1); }
+void HideFusePanel() { SetFusePanel({}); }
 
 }  // namespace pyxis

@@ -1,12 +1,14 @@
 // The fuse panel: three pairs of boxes that show the protection, mode and clock choices of a job. Display only.
 #pragma once
 
+#include <optional>
+
 namespace pyxis {
 
 // Shows the pairs of the selected IC's panel kind, hides the others, unmarks what it shows.
 void ResetFusePanel();
-// For each pair: -1 hides it, 0 marks the second box, 1 the first.
-void SetFusePanel(int protection, int mode, int clock);
+// For each pair: true marks the first box, false the second; a pair without a value is hidden.
+void SetFusePanel(std::optional<bool> protection, std::optional<bool> mode = {}, std::optional<bool> clock = {});
 // All six boxes hidden, as at start-up.
 void HideFusePanel();
 

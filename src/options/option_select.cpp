@@ -48,7 +48,7 @@ void COptionSelectDlg::OnInitDialog() { std::copy(std::begin(choice), std::end(c
 
 void COptionSelectDlg::Click(Pair pair, int button) {
   shown_[pair] = button;
-  flag[pair] = button == kFirstButton ? 1 : 0;
+  flag[pair] = button == kFirstButton;
   Changed();
 }
 
@@ -60,8 +60,12 @@ void ChooseOptions(const Ic& ic) {
   if (!full) dialog.choice[COptionSelectDlg::Mode] = dialog.choice[COptionSelectDlg::Clock] = kNoButton;
   dialog.OnInitDialog();
   if (TheMachine().op->RunDialog(dialog) == DialogEnd::Ok) TakeChoices(dialog, ic.options);
-  SetFusePanel(dialog.flag[COptionSelectDlg::Protection], full ? dialog.flag[COptionSelectDlg::Mode] : -1,
-               full ? dialog.flag[COptionSelectDlg::Clock] : -1);
+  if (full) {
+    SetFusePanel(dialog.flag[COptionSelectDlg::Protection], dialog.flag[COptionSelectDlg::Mode],
+                 dialog.flag[COptionSelectDlg::Clock]);
+  } else {
+    SetFusePanel(dialog.flag[COptionSelectDlg::Protection]);
+  }
 }
 
 }  // namespace pyxis

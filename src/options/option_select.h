@@ -11,7 +11,8 @@ class COptionSelectDlg {
  public:
   enum Pair { Protection = 0, Mode = 1, Clock = 2 };
   int choice[3] = {0, 0, 0};  // 0 first button, 1 second, -1 none set at the start; valid after OK
-  int flag[3] = {1, 1, 1};    // 1 while the first button was the last one clicked; valid after Cancel too
+  // Whether the first button was the last one clicked; valid after Cancel too.
+  bool flag[3] = {true, true, true};
 
   // The button that shows as set: 0, 1 or -1.
   int Shown(Pair pair) const { return shown_[pair]; }

@@ -40,14 +40,16 @@ bool JobIsTheRows(const ChipEntry& row) {
          ChipNameOf(app.writer.WriterInfoBlock) == app.selection.SelectedChip;
 }
 
+// The block as the option package, into the file and from there to the writer.
 Outcome SendOptionArea() {
   Outcome outcome = Failed(Reason::NotWritable);
   StartTask(task::kOpenPackageLoad);
   SendControl(control::kBeginLoad);
   if (WriteWholeFile(OptionPackagePath(), TheAppState().writer.WriterInfoBlock)) {
-    outcome = DownloadPackageFile(OptionPackagePath(), area::kOption) ? kGood : Failed(Reason::OptionNotArrived);
+    const Outcome sent = DownloadPackageFile(OptionPackagePath(), area::kOption);
+    outcome = sent.Good() ? kGood : Failed(Reason::OptionNotArrived);
   } else {
-    TheMachine().op->Tell(Printf(kOpenFail, OptionPackagePath().c_str()), kPlainCaption);
+    TellOpenFail(OptionPackagePath());
   }
   SetWriterMode(mode::kIdle);
   SendControl(control::kEndLoad);

@@ -117,7 +117,7 @@ std::string LibraryDirectory() {
 
 bool IsProgramFolder(const std::string& directory) {
   std::error_code error;
-  return fs::is_directory(fs::path(directory) / "hwversion1.1", error);
+  return fs::is_directory(fs::path(directory) / kHwFolder11, error);
 }
 
 std::string UserFolder() {

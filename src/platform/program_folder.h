@@ -6,6 +6,10 @@
 
 namespace pyxis {
 
+// The folders of templates, one a hardware revision.
+inline constexpr char kHwFolder10[] = "hwversion1.0";
+inline constexpr char kHwFolder11[] = "hwversion1.1";  // with a DAC board
+
 // The installed data (templates, firmware images, option lists, figures, cursors, samples), share/pyxisload; empty for
 // a program that runs where it was built.
 std::string InstalledData();

@@ -95,11 +95,8 @@ Outcome CSnProgramDlg::OnSnProgram() {
   totalCount_.Increment();
   BeginVerdict();  // the former chip's goes before the window is shown anew
   ShowCounters();
-  TheAppState().writer.ProgressMode = Progress::None;  // the task's own bar
-  SetProgressRange(0, kTaskProgressTop);
-  const bool good = SnFromIcSelection ? RunTask(task::kAuto, app.selection.AutoTicks)
-                                      : RunTask(task::kProgram, app.selection.ProgramTicks);
-  SetProgressPosition(0);
+  const bool good = SnFromIcSelection ? RunTaskOfDialog(task::kAuto, app.selection.AutoTicks)
+                                      : RunTaskOfDialog(task::kProgram, app.selection.ProgramTicks);
   ShowVerdict(good ? "S/N Program OK" : "S/N Program FAIL", good, SnFromIcSelection);
   if (!good) {
     ngCount_.Increment();

@@ -154,7 +154,7 @@ Outcome CSnSetDlg::LoadSnSetup() {
     return Refused(Reason::NotWritable);
   }
   written = result == Written::Good;
-  if (written && !snFromIcSelection_) TheAppState().writer.SnLoaded = RewriteOptionArea(SerialFilePath());
+  if (written && !snFromIcSelection_) TheAppState().writer.SnLoaded = RewriteOptionArea(SerialFilePath()).Good();
   return written ? place : Failed(Reason::NotReadable);
 }
 

@@ -19,7 +19,7 @@ bool ChipAndWriter() { return !TheAppState().selection.ChipNameText.empty() && T
 bool ChipInfoAllowed() {
   const AppState& app = TheAppState();
   return EntriesOfChip().readChipInfo && app.selection.MassProduction != MassMode::On &&
-         app.selection.ProductionLimitOn != 1 && FieldByte(app.writer.WriterInfoBlock, Field::ProductionFlags) == 0;
+         !app.selection.ProductionLimitOn && FieldByte(app.writer.WriterInfoBlock, Field::ProductionFlags) == 0;
 }
 
 }  // namespace

@@ -5,6 +5,7 @@
 #include "platform/main_view.h"
 #include "platform/operator.h"
 #include "platform/update_agent.h"
+#include "shell/ground/busy_cursor.h"
 #include "shell/ground/main_controls.h"
 
 namespace pyxis {
@@ -32,18 +33,26 @@ const char UpdateRequest[] =
     "</soap:Body>"
     "</soap:Envelope>";
 
-void CheckNewVersion() {
-  Operator& op = *TheMachine().op;
+namespace {
+
+std::int32_t AskUpdateClient() {
   MainView& view = *TheMachine().view;
-  BeginBusyCursorFrom(CurrentDirectory() + kPathSeparator + "dinosaur.ani");
+  const BusyCursor busy(kLoadCursor, CurrentDirectory() + kPathSeparator);
   view.EnableMainWindow(false);
   PumpPaint();  // the menu that it was chosen from is gone, and nothing paints while the client works
   const std::int32_t result = TheMachine().update->CallUpdateAgent(UpdateRequest);
   view.EnableMainWindow(true);
-  EndBusyCursor();
+  return result;
+}
+
+}  // namespace
+
+void CheckNewVersion() {
+  Operator& op = *TheMachine().op;
+  const std::int32_t result = AskUpdateClient();
   if (result == kUpdateTakenCareOf) {
     if (op.Ask("Do you want to exit old version of PyxisLoad ?", "Select Exit ? ", MessageIcon::None))
-      view.EndMainWindow();
+      TheMachine().view->EndMainWindow();
   } else if (result == kVersionIsCurrent) {
     op.Tell("This is newer version .", kPlainCaption);
   }

@@ -58,7 +58,8 @@ class LostReadBack : public BothTransports {
     StartTask(firmware ? task::kOpenFirmwareLoad : task::kOpenPackageLoad);
     if (!firmware) SendControl(control::kBeginLoad);
     writer.faults.disconnectAfter = transfers;
-    const bool good = firmware ? LoadFirmware(Path("zeros"), false) : DownloadPackageFile(Path("zeros"), area::kData);
+    const bool good =
+        firmware ? LoadFirmware(Path("zeros"), false) : DownloadPackageFile(Path("zeros"), area::kData).Good();
     left = *writer.faults.disconnectAfter;
     writer.faults.disconnectAfter.reset();
     CloseTransport();

@@ -7,6 +7,7 @@
 #include "catalogue/chip_catalogue.h"
 #include "pyxisfolder/drawing/picture_files.h"
 #include "pyxisfolder/put_file.h"
+#include "shell/ground/busy_cursor.h"
 
 namespace pyxis::folder {
 
@@ -37,7 +38,7 @@ bool PutCursorsAndIcon(const fs::path& dir) {
   std::vector<QImage> icons;
   for (const int size : {16, 32, 48, 256}) icons.push_back(DrawProgramIcon(size));
   const bool cursors =
-      Put(dir / "metronom.ani", MakeAni(DrawMetronome())) && Put(dir / "dinosaur.ani", MakeAni(DrawDinosaur()));
+      Put(dir / kTaskCursor, MakeAni(DrawMetronome())) && Put(dir / kLoadCursor, MakeAni(DrawDinosaur()));
   return Put(dir / "pyxisload.ico", MakeIcon(icons)) && Put(dir / "pyxisload.png", Saved(icons.back(), "PNG")) &&
          cursors;
 }

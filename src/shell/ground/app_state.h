@@ -7,6 +7,7 @@
 #include <string>
 
 #include "platform/operator.h"
+#include "platform/program_folder.h"
 
 namespace pyxis {
 
@@ -32,7 +33,7 @@ struct WriterState {
   bool WriterConnected = false;
   std::array<char, kIdentitySize + 1> WriterIdentityText{};  // always zero-terminated
   bool HwKnown = false;
-  std::string HwFolder = "hwversion1.0";
+  std::string HwFolder = kHwFolder10;
   std::uint8_t ModelRegister = 0;  // 0x98 first model, 0x99 second model
   Model WriterModel = Model::None;
   std::array<std::uint8_t, kInfoBlockSize> WriterInfoBlock{};

@@ -76,11 +76,6 @@ void SetStatusText(const std::string& text) {
 
 void ClearStatusText() { SetStatusText(""); }
 
-void ShowTransferStep(int position) {
-  SetProgressPosition(position);
-  PumpPaint();
-}
-
 void DisableOperations() {
   for (ControlId id : {ControlId::Auto, ControlId::BlankCheck, ControlId::Program, ControlId::Verify, ControlId::Read,
                        ControlId::SmartOption})
@@ -101,20 +96,5 @@ void EnableOperations() {
 }
 
 void PumpPaint() { TheMachine().view->PumpPaint(); }
-
-void BeginBusyCursor(const std::string& fileName) { BeginBusyCursorFrom(TheAppState().program.AppDir + fileName); }
-
-void BeginBusyCursorFrom(const std::string& path) {
-  AppState& app = TheAppState();
-  app.cursors.BusyCursor = TheMachine().op->LoadCursorFromFile(path);
-  if (app.cursors.BusyCursor != 0) app.cursors.PreviousCursor = TheMachine().op->SetCursor(app.cursors.BusyCursor);
-}
-
-void EndBusyCursor() {
-  AppState& app = TheAppState();
-  if (app.cursors.BusyCursor == 0 || app.cursors.PreviousCursor == 0) return;
-  TheMachine().op->SetCursor(app.cursors.PreviousCursor);
-  app.cursors.PreviousCursor = 0;
-}
 
 }  // namespace pyxis

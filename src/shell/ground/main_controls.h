@@ -83,21 +83,19 @@ void SetProgressPosition(int position);
 void SetStatusText(const std::string& text);  // pane 0
 void ClearStatusText();
 
-// With velmarapi a transfer drives the bar by fixed positions, on a range that ends here; each shows at once.
-inline constexpr int kTransferSteps = 100;
-void ShowTransferStep(int position);
-
 // Around a run: grey Auto, Blank check, Program, Verify, Read and Smart Option, and bring back those that the modes
 // allow.
 void DisableOperations();
 void EnableOperations();
+class OperationsOff {
+ public:
+  OperationsOff() { DisableOperations(); }
+  ~OperationsOff() { EnableOperations(); }
+  OperationsOff(const OperationsOff&) = delete;
+  OperationsOff& operator=(const OperationsOff&) = delete;
+};
 
 // Lets queued paints through and nothing else.
 void PumpPaint();
-
-// The animated cursor of a long operation, from the program folder; without the file there is none.
-void BeginBusyCursor(const std::string& fileName);
-void BeginBusyCursorFrom(const std::string& path);  // the same from any folder
-void EndBusyCursor();
 
 }  // namespace pyxis

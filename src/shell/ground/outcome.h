@@ -1,5 +1,5 @@
 // How an operation ended. Operations return it; the On… handlers turn it into a message box, and the job runner into
-// its exit code. Nobody reads a text to know how a run ended.
+// its exit code. Nobody reads a text to know how a run ended. A good end may have a reason as well: what came short.
 #pragma once
 
 namespace pyxis {
@@ -25,10 +25,13 @@ enum class Reason {
   VerdictFailed,  // the task's verdict, a lost link, or no verdict in time
   NotSupported,   // the chip or the job doesn't offer it
   NotReadable,    // a file or the writer gave nothing
+  NotIntelHex,
   NotWritable,
-  Different,   // a comparison
-  OutOfRange,  // a measurement, or a value of a dialog
-  OtherPlace,  // good all the same: a series that doesn't lie where the IC wants it
+  OwnTarget,      // a file that what is made of it would overwrite
+  NothingToRead,  // the job leaves no word of the chip to read
+  Different,      // a comparison
+  OutOfRange,     // a measurement, or a value of a dialog
+  OtherPlace,     // a series that doesn't lie where the IC wants it; good all the same
 };
 
 struct Outcome {
@@ -40,6 +43,7 @@ struct Outcome {
 };
 
 inline constexpr Outcome kGood{};
+constexpr Outcome GoodBut(Reason reason) { return {End::Good, reason}; }
 constexpr Outcome Failed(Reason reason) { return {End::Failed, reason}; }
 constexpr Outcome Refused(Reason reason) { return {End::Refused, reason}; }
 constexpr Outcome Cancelled(Reason reason = Reason::None) { return {End::Cancelled, reason}; }
