@@ -67,12 +67,25 @@ void MessageBox::showEvent(QShowEvent* event) {
   GiveRoom();
 }
 
-// Qt's own box has at most 1000 pixels, and less on a small screen, whatever its label asks for.
+// Qt's own box has at most 1000 pixels, and less on a small screen, whatever its label asks for. Its place was chosen
+// by that width, too: it lies over the middle of its window, but not beyond the sides of the screen.
 void MessageBox::GiveRoom() {
+  if (!isVisible()) return;
   const int wanted = layout()->totalMinimumSize().width();
-  if (width() >= wanted) return;
-  const bool wraps = layout()->hasHeightForWidth();
-  setFixedSize(wanted, wraps ? layout()->totalHeightForWidth(wanted) : layout()->totalMinimumSize().height());
+  QRect frame = frameGeometry();
+  if (width() < wanted) {
+    const bool wraps = layout()->hasHeightForWidth();
+    setFixedSize(wanted, wraps ? layout()->totalHeightForWidth(wanted) : layout()->totalMinimumSize().height());
+    const QPoint middle =
+        parentWidget() != nullptr ? parentWidget()->window()->frameGeometry().center() : frame.center();
+    frame = frameGeometry();
+    frame.moveCenter(middle);
+  }
+  const QRect room = screen()->availableGeometry();
+  frame.moveRight(std::min(frame.right(), room.right()));
+  frame.moveBottom(std::min(frame.bottom(), room.bottom()));
+  frame.moveTopLeft({std::max(frame.left(), room.left()), std::max(frame.top(), room.top())});
+  if (frame.topLeft() != frameGeometry().topLeft()) move(frame.topLeft());
 }
 
 }  // namespace pyxis::ui
