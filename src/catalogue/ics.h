@@ -13,6 +13,7 @@
 #include "catalogue/ics/qv835x.h"
 #include "catalogue/ics/qv85.h"
 #include "catalogue/ics/usb.h"
+#include "shell/ground/app_state.h"
 
 namespace pyxis {
 
@@ -72,13 +73,41 @@ constexpr bool LabelsAreTheIcs(const Ic& ic, const Labels& labels) {
   return true;
 }
 
-// A listed IC has a code, a row, an image and divisors of the bar that aren't 0; any other one has no row.
+constexpr bool IsFileType(const char* extension) {
+  for (const char* known : {kHex, kHexOrBin, kObj, kOtp, kEpm, kVelmar})
+    if (SameText(extension, known)) return true;
+  return false;
+}
+
+// A bit of the block; a full panel's has mode and clock above it. In the configuration word it is the first option that
+// Smart Option shows, when it shows any.
+constexpr bool IsSound(const Protection& place, OptionChoice options, const Masks& masks) {
+  const int bits = place.panel == PanelKind::Full ? 3 : 1;
+  if (place.byte >= kInfoBlockSize || place.bit < 0 || place.bit + bits > 8) return false;
+  if ((place.panel == PanelKind::Full) != (options == OptionChoice::AllBits)) return false;
+  const bool chosen = options == OptionChoice::UnprotectAlone || options == OptionChoice::UnprotectBit;
+  if (chosen && place.panel != PanelKind::ProtectionOnly) return false;
+  return masks[0] == 0 || (place.inConfigWord && masks[0] == 1U << (place.bit + 8));
+}
+
+// The name fits the block's field, or no job would be the IC's.
+constexpr bool FitsTheBlock(const char* name) {
+  std::size_t length = 0;
+  while (name[length] != '\0') ++length;
+  return length <= Field::ChipNameField.width;
+}
+
+// A listed IC has a code, a row, an image, a file type, bytes to read and divisors of the bar that aren't 0; any other
+// one has no row.
 constexpr bool IsWhole(const Ic& ic) {
   const bool row = ic.km48[0].IsThere() || ic.km49[0].IsThere();
   if (ic.series == Series::None) return !row && ic.firmware.file == nullptr;
   const Ticks& t = ic.ticks;
   return row && LabelsAreTheIcs(ic, ic.km48) && LabelsAreTheIcs(ic, ic.km49) && ic.ChipCode != kNoCode &&
-         ic.firmware.file != nullptr && t.autoRun != 0 && t.blank != 0 && t.program != 0 && t.verify != 0;
+         ic.firmware.file != nullptr && IsFileType(ic.FileExtension) && FitsTheBlock(ic.ChipName) &&
+         ic.ReadSizeBytes.km48 != 0 && ic.ReadSizeBytes.km49 != 0 &&
+         IsSound(ic.protection, ic.options, ic.masks.km48) && IsSound(ic.protection, ic.options, ic.masks.km49) &&
+         t.autoRun != 0 && t.blank != 0 && t.program != 0 && t.verify != 0;
 }
 
 constexpr bool AreWhole(Ics ics) {
@@ -89,6 +118,9 @@ constexpr bool AreWhole(Ics ics) {
 
 static_assert(NamesAndCodesAreUnique(kIcs), "two ICs of one name or one ChipCode");
 static_assert(NamesStartAlike(kIcs), "an IC's name doesn't start as all do");
-static_assert(AreWhole(kIcs), "an IC with a label that isn't its own, without a row, an image or a divisor");
+static_assert(
+    AreWhole(kIcs),
+    "an IC with a label that isn't its own, without a row, an image, a file type, a read size or a divisor, or with a "
+    "protection that lies nowhere");
 
 }  // namespace pyxis

@@ -48,6 +48,15 @@ constexpr std::size_t CountRows(Ics ics) {
   return count;
 }
 
+constexpr std::size_t CountLabels(Ics ics) {
+  std::size_t count = 0;
+  for (const Ic* ic : ics)
+    for (const Labels* labels : {&ic->km48, &ic->km49})
+      for (const Label& label : *labels) count += label.IsThere() ? 1 : 0;
+  return count;
+}
+static_assert(CountRows(kIcs) == CountLabels(kIcs), "a label of a series that the model has no list of");
+
 constexpr ChipEntry MakeEntry(const Ic& ic, const Label& label, Model model) {
   const bool km49 = model == Model::Km49;
   return {.ChipName = ic.ChipName,

@@ -12,8 +12,7 @@ namespace {
 
 constexpr std::size_t kLargestFile = 256;
 constexpr std::size_t kBytesTaken = 255;
-// The image's name, in a field of 13 bytes; it is the same for every IC.
-constexpr char kImageName[13] = "QVL11EEPROM";
+constexpr std::size_t kNameField = 13;
 
 }  // namespace
 
@@ -28,7 +27,8 @@ int ReadEepromBin(const std::string& sourcePath, const std::string& imagePath) {
     op.Tell("bin file Length over 256 Byte");
     return 0;
   }
-  std::vector<std::uint8_t> image(std::begin(kImageName), std::end(kImageName));
+  std::vector<std::uint8_t> image(std::begin(kMadeEepromName), std::end(kMadeEepromName));
+  image.resize(kNameField);
   image.insert(image.end(), {0x07, 0x82});
   for (std::size_t i = 0; i < kBytesTaken; ++i) {
     image.push_back(0x18);

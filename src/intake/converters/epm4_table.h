@@ -19,6 +19,7 @@ inline constexpr Epm4Options kNoOptions{0, 0, 0};
 struct Epm4Tail {
   std::size_t notSummed, summed;
 };
+inline constexpr Epm4Tail kNoTail{0, 0};
 
 // What becomes of the first bytes of ExtraWords.
 enum class ExtraPatch { None, ClearFirst, FromTemplate };
@@ -42,26 +43,45 @@ struct Epm4Row {
   std::size_t protectOffset;
   Epm4Options options;
   bool serial;  // the IC takes serial numbers
-  // What few ICs do otherwise.
-  Epm4Tail tail = {0, 0};
-  ProtectByte protect = ProtectByte::BitSet;
-  ExtraPatch extra = ExtraPatch::FromTemplate;
-  std::size_t packageLength = 256;  // zero-filled up to it; 0: as it comes out
-  Epm4Key key = kNoKey;
+  Epm4Tail tail;
+  ProtectByte protect;
+  ExtraPatch extra;
+  std::size_t packageLength;  // zero-filled up to it; 0: as it comes out
+  Epm4Key key;
 };
 
 // clang-format off
 inline constexpr auto kEpm4Table = std::to_array<Epm4Row>({
-    {.ChipCode = 0x1390, .name = "QV4301", .imageBytes = 49152, .protectOffset = 0x10002, .options = OptionsAt(0x10000), .serial = false, .packageLength = 0},
-    {.ChipCode = 0x1393, .name = "QV4206", .imageBytes = 65536, .protectOffset = 0x10002, .options = OptionsAt(0x10000), .serial = false, .key = kKeyOf4207},
-    {.ChipCode = 0x13931, .name = "QV4206", .imageBytes = 65536, .protectOffset = 0x10002, .options = OptionsAt(0x10000), .serial = false, .key = kKeyOf4207},
-    {.ChipCode = 0x1384, .name = "QV4205", .imageBytes = 49152, .protectOffset = 0x10002, .options = OptionsAt(0x10000), .serial = false},
-    {.ChipCode = 0x1392, .name = "QV4204", .imageBytes = 32768, .protectOffset = 32770, .options = OptionsAt(32768), .serial = true},
-    {.ChipCode = 0x1388, .name = "QV4202", .imageBytes = 32768, .protectOffset = 32770, .options = OptionsAt(32768), .serial = false},
-    {.ChipCode = 0x1387, .name = "QV4201", .imageBytes = 16384, .protectOffset = 16386, .options = OptionsAt(16384), .serial = true},
-    {.ChipCode = 0x1385, .name = "QV4107", .imageBytes = 8192, .protectOffset = 8192, .options = {8192, 1, 13}, .serial = true, .extra = ExtraPatch::ClearFirst},
-    {.ChipCode = 0x1357, .name = "QV4104", .imageBytes = 8192, .protectOffset = 8194, .options = {8192, 16, 0}, .serial = true, .protect = ProtectByte::Plain, .extra = ExtraPatch::ClearFirst},
-    {.ChipCode = 0x1382, .name = "QV4101", .imageBytes = 32768, .protectOffset = 32770, .options = kNoOptions, .serial = false, .tail = {4, 2044}, .extra = ExtraPatch::None},
+    {.ChipCode = 0x1390, .name = "QV4301", .imageBytes = 49152, .protectOffset = 0x10002,
+     .options = OptionsAt(0x10000), .serial = false, .tail = kNoTail, .protect = ProtectByte::BitSet,
+     .extra = ExtraPatch::FromTemplate, .packageLength = 0, .key = kNoKey},
+    {.ChipCode = 0x1393, .name = "QV4206", .imageBytes = 65536, .protectOffset = 0x10002,
+     .options = OptionsAt(0x10000), .serial = false, .tail = kNoTail, .protect = ProtectByte::BitSet,
+     .extra = ExtraPatch::FromTemplate, .packageLength = 256, .key = kKeyOf4207},
+    {.ChipCode = 0x13931, .name = "QV4206", .imageBytes = 65536, .protectOffset = 0x10002,
+     .options = OptionsAt(0x10000), .serial = false, .tail = kNoTail, .protect = ProtectByte::BitSet,
+     .extra = ExtraPatch::FromTemplate, .packageLength = 256, .key = kKeyOf4207},
+    {.ChipCode = 0x1384, .name = "QV4205", .imageBytes = 49152, .protectOffset = 0x10002,
+     .options = OptionsAt(0x10000), .serial = false, .tail = kNoTail, .protect = ProtectByte::BitSet,
+     .extra = ExtraPatch::FromTemplate, .packageLength = 256, .key = kNoKey},
+    {.ChipCode = 0x1392, .name = "QV4204", .imageBytes = 32768, .protectOffset = 32770, .options = OptionsAt(32768),
+     .serial = true, .tail = kNoTail, .protect = ProtectByte::BitSet, .extra = ExtraPatch::FromTemplate,
+     .packageLength = 256, .key = kNoKey},
+    {.ChipCode = 0x1388, .name = "QV4202", .imageBytes = 32768, .protectOffset = 32770, .options = OptionsAt(32768),
+     .serial = false, .tail = kNoTail, .protect = ProtectByte::BitSet, .extra = ExtraPatch::FromTemplate,
+     .packageLength = 256, .key = kNoKey},
+    {.ChipCode = 0x1387, .name = "QV4201", .imageBytes = 16384, .protectOffset = 16386, .options = OptionsAt(16384),
+     .serial = true, .tail = kNoTail, .protect = ProtectByte::BitSet, .extra = ExtraPatch::FromTemplate,
+     .packageLength = 256, .key = kNoKey},
+    {.ChipCode = 0x1385, .name = "QV4107", .imageBytes = 8192, .protectOffset = 8192, .options = {8192, 1, 13},
+     .serial = true, .tail = kNoTail, .protect = ProtectByte::BitSet, .extra = ExtraPatch::ClearFirst,
+     .packageLength = 256, .key = kNoKey},
+    {.ChipCode = 0x1357, .name = "QV4104", .imageBytes = 8192, .protectOffset = 8194, .options = {8192, 16, 0},
+     .serial = true, .tail = kNoTail, .protect = ProtectByte::Plain, .extra = ExtraPatch::ClearFirst,
+     .packageLength = 256, .key = kNoKey},
+    {.ChipCode = 0x1382, .name = "QV4101", .imageBytes = 32768, .protectOffset = 32770, .options = kNoOptions,
+     .serial = false, .tail = {4, 2044}, .protect = ProtectByte::BitSet, .extra = ExtraPatch::None,
+     .packageLength = 256, .key = kNoKey},
 });
 // clang-format on
 

@@ -33,6 +33,41 @@ constexpr bool TemplatesAgree(const Tables&... tables) {
   return (agrees(tables) && ...);
 }
 
+// What the record and the converter row of a family both know of the memory. `agrees` gets the two.
+template <typename Table>
+constexpr bool MemoriesAgree(const Table& table, bool (*agrees)(const Ic&, const typename Table::value_type&)) {
+  for (const Ic* ic : kIcs)
+    for (const auto& row : table)
+      if (ic->ChipCode == row.ChipCode && !agrees(*ic, row)) return false;
+  return true;
+}
+
+constexpr bool Lies(const Protection& place, int wordBit, ProtectedBy by) {
+  return place.inConfigWord && place.byte == Field::ConfigWord.offset && place.bit + 8 == wordBit &&
+         place.protectedBy == by;
+}
+
+// Behind the image come the configuration word, the ID and its padding.
+constexpr std::uint32_t kFlashTail = 18;
+
+static_assert(MemoriesAgree(kVelmarFlashTable,
+                            [](const Ic& ic, const VelmarFlashRow& row) {
+                              return Lies(ic.protection, 15, ProtectedBy::SetBit) &&
+                                     (ic.serial.endLimit == row.imageBytes || ic.serial.endLimit == 0) &&
+                                     (ic.series == Series::None ||
+                                      ic.ReadSizeBytes.km48 == row.imageBytes + kFlashTail);
+                            }),
+              "a flash IC's protection, serial limit or read size isn't that of its image");
+static_assert(MemoriesAgree(kHex14OtpTable,
+                            [](const Ic& ic, const Hex14OtpRow&) {
+                              return Lies(ic.protection, 13, ProtectedBy::SetBit);
+                            }),
+              "a one-time programmable IC with the protection of another family");
+static_assert(MemoriesAgree(kHex14MtpTable,
+                            [](const Ic& ic, const Hex14MtpRow&) {
+                              return Lies(ic.protection, 13, ProtectedBy::ClearedBit);
+                            }),
+              "a multi-time programmable IC with the protection of another family");
 static_assert(TemplatesAgree(kOtp4Table, kEpm4Table, kHex14OtpTable, kHex14MtpTable, kVelmarFlashTable,
                              kVelmarEepromTable, kVelmarBlockTable, kUsbHexTable, kUsbObjTable, kUsbEepromTable),
               "a record and its converter row name two templates");

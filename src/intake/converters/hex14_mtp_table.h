@@ -48,39 +48,63 @@ struct Hex14MtpRow {
   const Hex14MtpMemory& memory;
   IdTests id;
   std::uint16_t sumMask;  // or-ed into the configuration word before it is summed
-  // What few ICs do otherwise.
-  ReadMode mode = kReadBlankWords;
-  ArgumentClass argumentClass = ArgumentClass::B;
-  std::uint8_t exhvFlags = kExhvIspBit;  // IspFlags for EXHV ISP
+  ReadMode mode;
+  ArgumentClass argumentClass;
+  std::uint8_t exhvFlags;  // IspFlags for EXHV ISP
 };
 
 // clang-format off
 inline constexpr auto kHex14MtpTable = std::to_array<Hex14MtpRow>({
-    {.ChipCode = 0x2805, .name = "QV8306", .memory = kMtp1024Long, .id = LongId(0x05, 0x28, 0xF2), .sumMask = 0x0000},
-    {.ChipCode = 0x28051, .name = "QV8307", .memory = kMtp1024Long, .id = LongId(0x05, 0x28, 0xF2), .sumMask = 0x0000},
-    {.ChipCode = 0x2778, .name = "QVX01", .memory = kMtp1024, .id = ShortId(0x78, 2), .sumMask = 0x001F},
-    {.ChipCode = 0x2724, .name = "QV8314", .memory = kMtp1024, .id = ShortId(0x24, 2), .sumMask = 0x001F},
-    {.ChipCode = 0x2735, .name = "QV8319", .memory = kMtp1024, .id = ShortId(0x35, 2), .sumMask = 0x103F},
-    {.ChipCode = 0x2752, .name = "QV8315", .memory = kMtp1024, .id = LowId(0x52), .sumMask = 0x001F},
-    {.ChipCode = 0x27521, .name = "QV8316", .memory = kMtp1024, .id = LowId(0x52), .sumMask = 0x001F},
-    {.ChipCode = 0x2754, .name = "QV8321", .memory = kMtp2033, .id = ShortId(0x54, 2), .sumMask = 0x001F},
-    {.ChipCode = 0x2802, .name = "QV8312", .memory = kMtp2048Long, .id = LongId(0x02, 0x28, 0xF2), .sumMask = 0x0000},
-    {.ChipCode = 0x2806, .name = "QV8322", .memory = kMtp2048Long, .id = LongId(0x06, 0x28, 0xF3), .sumMask = 0x0000},
-    {.ChipCode = 0x2726, .name = "QV8317", .memory = kMtp2048, .id = ShortId(0x26, 2), .sumMask = 0x001F},
-    {.ChipCode = 0x2736, .name = "QV8320", .memory = kMtp2048, .id = ShortId(0x36, 2), .sumMask = 0x103F},
-    {.ChipCode = 0x2738, .name = "QV8309", .memory = kMtp2048, .id = ShortId(0x38, 2), .sumMask = 0x001F},
-    {.ChipCode = 0x27381, .name = "QV8310", .memory = kMtp2048, .id = ShortId(0x38, 3), .sumMask = 0x001F},
-    {.ChipCode = 0x27530, .name = "QV8305", .memory = kMtp2048, .id = ShortId(0x53, 1), .sumMask = 0x001F},
-    {.ChipCode = 0x27531, .name = "QV8308", .memory = kMtp2048, .id = ShortId(0x53, 3), .sumMask = 0x001F},
-    {.ChipCode = 0x2753, .name = "QV8311", .memory = kMtp2048, .id = ShortId(0x53, 2), .sumMask = 0x001F},
-    {.ChipCode = 0x2722, .name = "QV8201", .memory = kMtp4096, .id = ShortId(0x22, 2), .sumMask = 0x001F, .mode = kReadZeroWords},
-    {.ChipCode = 0x2725, .name = "QV8313", .memory = kMtp4096, .id = ShortId(0x25, 2), .sumMask = 0x001F},
-    {.ChipCode = 0x2727, .name = "QV8318", .memory = kMtp4096, .id = ShortId(0x27, 2), .sumMask = 0x10BF},
-    {.ChipCode = 0x2705, .name = "QV8301", .memory = kMtp4096, .id = ShortId(0x05, 2), .sumMask = 0x003F, .argumentClass = ArgumentClass::A},
-    {.ChipCode = 0x27050, .name = "QV8302", .memory = kMtp4096, .id = ShortId(0x05, 3), .sumMask = 0x003F, .argumentClass = ArgumentClass::A},
-    {.ChipCode = 0x2748, .name = "QV8202", .memory = kMtp4096, .id = ShortId(0x48, 2), .sumMask = 0x001F, .mode = kReadZeroWords},
-    {.ChipCode = 0x2708, .name = "QV8303", .memory = kMtp8192, .id = ShortId(0x08, 2), .sumMask = 0x003F, .argumentClass = ArgumentClass::C, .exhvFlags = 3},
-    {.ChipCode = 0x27081, .name = "QV8304", .memory = kMtp8192, .id = ShortId(0x08, 3), .sumMask = 0x003F, .argumentClass = ArgumentClass::C, .exhvFlags = 3},
+    {.ChipCode = 0x2805, .name = "QV8306", .memory = kMtp1024Long, .id = LongId(0x05, 0x28, 0xF2), .sumMask = 0x0000,
+     .mode = kReadBlankWords, .argumentClass = ArgumentClass::B, .exhvFlags = kExhvIspBit},
+    {.ChipCode = 0x28051, .name = "QV8307", .memory = kMtp1024Long, .id = LongId(0x05, 0x28, 0xF2), .sumMask = 0x0000,
+     .mode = kReadBlankWords, .argumentClass = ArgumentClass::B, .exhvFlags = kExhvIspBit},
+    {.ChipCode = 0x2778, .name = "QVX01", .memory = kMtp1024, .id = ShortId(0x78, 2), .sumMask = 0x001F,
+     .mode = kReadBlankWords, .argumentClass = ArgumentClass::B, .exhvFlags = kExhvIspBit},
+    {.ChipCode = 0x2724, .name = "QV8314", .memory = kMtp1024, .id = ShortId(0x24, 2), .sumMask = 0x001F,
+     .mode = kReadBlankWords, .argumentClass = ArgumentClass::B, .exhvFlags = kExhvIspBit},
+    {.ChipCode = 0x2735, .name = "QV8319", .memory = kMtp1024, .id = ShortId(0x35, 2), .sumMask = 0x103F,
+     .mode = kReadBlankWords, .argumentClass = ArgumentClass::B, .exhvFlags = kExhvIspBit},
+    {.ChipCode = 0x2752, .name = "QV8315", .memory = kMtp1024, .id = LowId(0x52), .sumMask = 0x001F,
+     .mode = kReadBlankWords, .argumentClass = ArgumentClass::B, .exhvFlags = kExhvIspBit},
+    {.ChipCode = 0x27521, .name = "QV8316", .memory = kMtp1024, .id = LowId(0x52), .sumMask = 0x001F,
+     .mode = kReadBlankWords, .argumentClass = ArgumentClass::B, .exhvFlags = kExhvIspBit},
+    {.ChipCode = 0x2754, .name = "QV8321", .memory = kMtp2033, .id = ShortId(0x54, 2), .sumMask = 0x001F,
+     .mode = kReadBlankWords, .argumentClass = ArgumentClass::B, .exhvFlags = kExhvIspBit},
+    {.ChipCode = 0x2802, .name = "QV8312", .memory = kMtp2048Long, .id = LongId(0x02, 0x28, 0xF2), .sumMask = 0x0000,
+     .mode = kReadBlankWords, .argumentClass = ArgumentClass::B, .exhvFlags = kExhvIspBit},
+    {.ChipCode = 0x2806, .name = "QV8322", .memory = kMtp2048Long, .id = LongId(0x06, 0x28, 0xF3), .sumMask = 0x0000,
+     .mode = kReadBlankWords, .argumentClass = ArgumentClass::B, .exhvFlags = kExhvIspBit},
+    {.ChipCode = 0x2726, .name = "QV8317", .memory = kMtp2048, .id = ShortId(0x26, 2), .sumMask = 0x001F,
+     .mode = kReadBlankWords, .argumentClass = ArgumentClass::B, .exhvFlags = kExhvIspBit},
+    {.ChipCode = 0x2736, .name = "QV8320", .memory = kMtp2048, .id = ShortId(0x36, 2), .sumMask = 0x103F,
+     .mode = kReadBlankWords, .argumentClass = ArgumentClass::B, .exhvFlags = kExhvIspBit},
+    {.ChipCode = 0x2738, .name = "QV8309", .memory = kMtp2048, .id = ShortId(0x38, 2), .sumMask = 0x001F,
+     .mode = kReadBlankWords, .argumentClass = ArgumentClass::B, .exhvFlags = kExhvIspBit},
+    {.ChipCode = 0x27381, .name = "QV8310", .memory = kMtp2048, .id = ShortId(0x38, 3), .sumMask = 0x001F,
+     .mode = kReadBlankWords, .argumentClass = ArgumentClass::B, .exhvFlags = kExhvIspBit},
+    {.ChipCode = 0x27530, .name = "QV8305", .memory = kMtp2048, .id = ShortId(0x53, 1), .sumMask = 0x001F,
+     .mode = kReadBlankWords, .argumentClass = ArgumentClass::B, .exhvFlags = kExhvIspBit},
+    {.ChipCode = 0x27531, .name = "QV8308", .memory = kMtp2048, .id = ShortId(0x53, 3), .sumMask = 0x001F,
+     .mode = kReadBlankWords, .argumentClass = ArgumentClass::B, .exhvFlags = kExhvIspBit},
+    {.ChipCode = 0x2753, .name = "QV8311", .memory = kMtp2048, .id = ShortId(0x53, 2), .sumMask = 0x001F,
+     .mode = kReadBlankWords, .argumentClass = ArgumentClass::B, .exhvFlags = kExhvIspBit},
+    {.ChipCode = 0x2722, .name = "QV8201", .memory = kMtp4096, .id = ShortId(0x22, 2), .sumMask = 0x001F,
+     .mode = kReadZeroWords, .argumentClass = ArgumentClass::B, .exhvFlags = kExhvIspBit},
+    {.ChipCode = 0x2725, .name = "QV8313", .memory = kMtp4096, .id = ShortId(0x25, 2), .sumMask = 0x001F,
+     .mode = kReadBlankWords, .argumentClass = ArgumentClass::B, .exhvFlags = kExhvIspBit},
+    {.ChipCode = 0x2727, .name = "QV8318", .memory = kMtp4096, .id = ShortId(0x27, 2), .sumMask = 0x10BF,
+     .mode = kReadBlankWords, .argumentClass = ArgumentClass::B, .exhvFlags = kExhvIspBit},
+    {.ChipCode = 0x2705, .name = "QV8301", .memory = kMtp4096, .id = ShortId(0x05, 2), .sumMask = 0x003F,
+     .mode = kReadBlankWords, .argumentClass = ArgumentClass::A, .exhvFlags = kExhvIspBit},
+    {.ChipCode = 0x27050, .name = "QV8302", .memory = kMtp4096, .id = ShortId(0x05, 3), .sumMask = 0x003F,
+     .mode = kReadBlankWords, .argumentClass = ArgumentClass::A, .exhvFlags = kExhvIspBit},
+    {.ChipCode = 0x2748, .name = "QV8202", .memory = kMtp4096, .id = ShortId(0x48, 2), .sumMask = 0x001F,
+     .mode = kReadZeroWords, .argumentClass = ArgumentClass::B, .exhvFlags = kExhvIspBit},
+    {.ChipCode = 0x2708, .name = "QV8303", .memory = kMtp8192, .id = ShortId(0x08, 2), .sumMask = 0x003F,
+     .mode = kReadBlankWords, .argumentClass = ArgumentClass::C, .exhvFlags = 3},
+    {.ChipCode = 0x27081, .name = "QV8304", .memory = kMtp8192, .id = ShortId(0x08, 3), .sumMask = 0x003F,
+     .mode = kReadBlankWords, .argumentClass = ArgumentClass::C, .exhvFlags = 3},
 });
 // clang-format on
 

@@ -13,15 +13,15 @@ struct Otp4Row {
   std::uint32_t ChipCode;
   const char* name;  // of the template
   Otp4Unit unit;
+  std::size_t words;  // copied and summed; 0: an IC of bytes takes the file's length
   std::size_t configOffset;
-  std::size_t words = 0;  // copied and summed; an IC of bytes takes the file's length
 };
 
 // clang-format off
 inline constexpr auto kOtp4Table = std::to_array<Otp4Row>({
-    {.ChipCode = 0x1395, .name = "QV4105", .unit = Otp4Unit::Byte, .configOffset = 8223},
-    {.ChipCode = 0x1396, .name = "QV4106", .unit = Otp4Unit::Word, .configOffset = 16414, .words = 6512},
-    {.ChipCode = 0x1397, .name = "QV4103", .unit = Otp4Unit::Word, .configOffset = 16414, .words = 6512},
+    {.ChipCode = 0x1395, .name = "QV4105", .unit = Otp4Unit::Byte, .words = 0, .configOffset = 8223},
+    {.ChipCode = 0x1396, .name = "QV4106", .unit = Otp4Unit::Word, .words = 6512, .configOffset = 16414},
+    {.ChipCode = 0x1397, .name = "QV4103", .unit = Otp4Unit::Word, .words = 6512, .configOffset = 16414},
 });
 // clang-format on
 

@@ -25,27 +25,31 @@ struct UsbEepromRow {
   const char* eepromName;    // that an EEPROM image must carry
   std::uint8_t eepromStart;  // of an EEPROM image, in units of 256 words
   bool loadsImage;           // LoadedFilePath is the image, else the data package
-  // What few ICs do otherwise.
-  ReadMode mode = kReadBlankWords;
-  std::uint32_t forcedLength = 0;  // of the temporary image; 0: up to the highest address
-  bool plainBytes = false;         // bytes go out and are summed in file order; OptionValue is the configuration byte
+  ReadMode mode;
+  std::uint32_t forcedLength;  // of the temporary image; 0: up to the highest address
+  bool plainBytes;             // bytes go out and are summed in file order; OptionValue is the configuration byte
 };
 
 // clang-format off
 inline constexpr auto kUsbEepromTable = std::to_array<UsbEepromRow>({
     {.ChipCode = 0x1645, .name = "QVL09", .id = {16404, 0x45, 3}, .words = 8192, .argumentClass = ArgumentClass::C,
-     .eepromName = "QVL09EEPROM", .eepromStart = 0x17, .loadsImage = false},
+     .eepromName = "QVL09EEPROM", .eepromStart = 0x17, .loadsImage = false, .mode = kReadBlankWords,
+     .forcedLength = 0, .plainBytes = false},
     {.ChipCode = 0x1655, .name = "QVL12", .id = {16404, 0x55, 2}, .words = 8192, .argumentClass = ArgumentClass::C,
-     .eepromName = "QVL12EEPROM", .eepromStart = 0x17, .loadsImage = false},
+     .eepromName = "QVL12EEPROM", .eepromStart = 0x17, .loadsImage = false, .mode = kReadBlankWords,
+     .forcedLength = 0, .plainBytes = false},
     {.ChipCode = 0x1646, .name = "QVL10", .id = {12308, 0x46, 3}, .words = 6144, .argumentClass = ArgumentClass::B,
-     .eepromName = "QVL10EEPROM", .eepromStart = 0x17, .loadsImage = true},
+     .eepromName = "QVL10EEPROM", .eepromStart = 0x17, .loadsImage = true, .mode = kReadBlankWords, .forcedLength = 0,
+     .plainBytes = false},
     {.ChipCode = 0x1650, .name = "QVL11", .id = {8212, 0x50, 3}, .words = 4096, .argumentClass = ArgumentClass::B,
-     .eepromName = "QVL11EEPROM", .eepromStart = 0x0F, .loadsImage = true},
+     .eepromName = kMadeEepromName, .eepromStart = 0x0F, .loadsImage = true, .mode = kReadBlankWords, .forcedLength = 0,
+     .plainBytes = false},
     {.ChipCode = 0x1638, .name = "QVL07", .id = kNoId, .words = 12288, .argumentClass = ArgumentClass::B,
-     .eepromName = "QVL07EEPROM", .eepromStart = 0x0F, .loadsImage = true,
-     .mode = kReadZeroWords, .forcedLength = 0x6020, .plainBytes = true},
+     .eepromName = "QVL07EEPROM", .eepromStart = 0x0F, .loadsImage = true, .mode = kReadZeroWords,
+     .forcedLength = 0x6020, .plainBytes = true},
     {.ChipCode = 0x9840, .name = "QVX03", .id = kNoId, .words = 8192, .argumentClass = ArgumentClass::C,
-     .eepromName = "QVL09EEPROM", .eepromStart = 0x17, .loadsImage = false, .mode = kReadBytes},
+     .eepromName = "QVL09EEPROM", .eepromStart = 0x17, .loadsImage = false, .mode = kReadBytes, .forcedLength = 0,
+     .plainBytes = false},
 });
 // clang-format on
 

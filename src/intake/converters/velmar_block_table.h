@@ -30,8 +30,8 @@ struct VelmarBlockRow {
 inline constexpr auto kVelmarBlockTable = std::to_array<VelmarBlockRow>({
     {.ChipCode = 0x3702, .name = "QV8123", .imageBytes = 16384, .blockWords = 48,
      .idOffset = 16432, .idSecond = 0x02, .idThirdHigh = 0x3,
-     .modes = {{{.key = 0xFE, .dualSkip = 0, .optionIndex = 2, .parameter = 53},
-                {.key = 0xE0, .dualSkip = 4096, .optionIndex = 10, .parameter = 64}}}},
+     .modes = std::to_array<BlockMode>({{.key = 0xFE, .dualSkip = 0, .optionIndex = 2, .parameter = 53},
+                {.key = 0xE0, .dualSkip = 4096, .optionIndex = 10, .parameter = 64}})},
 });
 // clang-format on
 
