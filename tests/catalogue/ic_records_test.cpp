@@ -27,16 +27,18 @@ TEST_F(IcRecords, PanelsMenusAndComparisonOfEveryIc) {
     for (const std::string& name : Parts(c[0], ' ')) pairs[name] = c[6];
   const auto fromFile = Names("panel", "file"), fromBlock = Names("panel", "block");
   const auto noSerial = Names("menus", "no serial numbers"), noInfo = Names("menus", "no chip info");
+  const auto both = Names("menus", "both entries");
   const auto bytes = Names("comparison", "bytes"), zeroWords = Names("comparison", "zero words");
   for (const Ic* ic : AllIcs()) {
     const std::string name = ic->ChipName;
     SCOPED_TRACE(name);
     EXPECT_EQ(ic->protection.fromBlock, fromBlock.contains(name));
+    EXPECT_NE(both.contains(name), noSerial.contains(name) || noInfo.contains(name));
     EXPECT_EQ(All(ic->menus.serialNumberProgram, ic->menus.readChipInfo),
               All(!noSerial.contains(name), !noInfo.contains(name)));
-    std::string filter = "(*.hex)";
-    for (const char* other : {"(*.Velmar)", "(*.obj)", "(*.otp)", "(*.epm)"})
-      if (Names("comparison", other).contains(name)) filter = other;
+    std::string filter = "told nowhere";
+    for (const char* one : {"(*.hex)", "(*.Velmar)", "(*.obj)", "(*.otp)", "(*.epm)"})
+      if (Names("comparison", one).contains(name)) filter = one;
     EXPECT_NE(std::string(ic->comparison.filter).find(filter), std::string::npos);
     if (ic->comparison.target == CompareKind::Target::IntelHex) {
       EXPECT_EQ(ic->comparison.fill, bytes.contains(name)       ? HexFill::Bytes
@@ -45,7 +47,8 @@ TEST_F(IcRecords, PanelsMenusAndComparisonOfEveryIc) {
     }
     if (ic->series == Series::None) continue;
     EXPECT_EQ(ic->protection.fromFile, fromFile.contains(name));
-    const std::string panel = pairs[pairs.contains(name) ? name : "others"];
+    const std::string panel = pairs[name];
+    EXPECT_NE(panel, "");
     EXPECT_EQ(ic->protection.panel, panel == "all"   ? PanelKind::Full
                                     : panel == "one" ? PanelKind::ProtectionOnly
                                                      : PanelKind::None);
@@ -74,6 +77,16 @@ TEST_F(IcRecords, AnInventedIcHasItsRowAndNoTwin) {
   EXPECT_TRUE(NamesAndCodesAreUnique(with(ic)) && IsWhole(ic));
   EXPECT_FALSE(NamesAndCodesAreUnique(with(twinName)) || NamesAndCodesAreUnique(with(twinCode)) ||
                IsWhole(foreignLabel));
+  // What a slip in its record would be.
+  const auto slip = [&ic](const auto& change) {
+    Ic other = ic;
+    change(other);
+    return IsWhole(other);
+  };
+  EXPECT_FALSE(slip([](Ic& i) { i.FileExtension = ".velmra"; }) || slip([](Ic& i) { i.ReadSizeBytes = 0; }) ||
+               slip([](Ic& i) { i.protection.bit = 5; }) || slip([](Ic& i) { i.protection.bit = 8; }) ||
+               slip([](Ic& i) { i.protection.byte = 900; }) || slip([](Ic& i) { i.masks.km48[0] = 0x2000; }) ||
+               slip([](Ic& i) { i.options = OptionChoice::AllBits; }) || slip([](Ic& i) { i.ticks.blank = 0; }));
   const auto rows = MakeCatalogue<CountRows(kIcs) + 1>(with(ic));
   std::size_t at = 0;
   while (rows[at].ic != &ic) ++at;

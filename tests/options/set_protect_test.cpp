@@ -38,7 +38,7 @@ class EveryIcsProtection : public StandinBench {
 };
 
 TEST_F(EveryIcsProtection, IsOneBit) {
-  // By the IC's name, "others" for the rest: byte, mask, a set bit protects, it stands in the configuration word as
+  // By the IC's name: byte, mask, a set bit protects, it stands in the configuration word as
   // well, and what the panel shows of the pair: the box of a set bit, or nothing.
   std::map<std::string, Case> places;
   for (const Case& c : Cases("ic_groups.tsv", "protection"))
@@ -48,7 +48,8 @@ TEST_F(EveryIcsProtection, IsOneBit) {
       const ChipEntry& row = Row(series, type);
       if (&row != RowOfChip(row.ChipName)) continue;  // the same IC in another package
       SCOPED_TRACE(row.TypeLabel);
-      const Case& place = places[places.contains(row.ChipName) ? row.ChipName : "others"];
+      ASSERT_TRUE(places.contains(row.ChipName)) << "where its protection lies isn't told";
+      const Case& place = places[row.ChipName];
       const auto at = static_cast<std::size_t>(place.Number(1));
       const int mask = static_cast<int>(place.Number(2)), bit = mask << 8;
       Hold(row, series, type);
