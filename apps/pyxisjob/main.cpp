@@ -6,7 +6,9 @@
 #include "system/system_clock.h"
 #include "system/system_language.h"
 #include "system/vendor_library.h"
-#include "system/windows_pipes.h"
+#ifdef _WIN32
+#include "system/windows/windows_pipes.h"
+#endif
 
 int main(int argc, char** argv) {
   using namespace pyxis;

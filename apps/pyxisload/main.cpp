@@ -20,13 +20,15 @@
 #include "system/udev_events.h"
 #include "system/update_library.h"
 #include "system/vendor_library.h"
-#include "system/windows_pipes.h"
 #include "ui/main_window.h"
 #include "ui/qt_operator.h"
 #include "ui/qt_text.h"
 #include "ui/readable_style.h"
 #include "ui/settings_profile.h"
 #include "version/version.h"
+#ifdef _WIN32
+#include "system/windows/windows_pipes.h"
+#endif
 
 namespace {
 

@@ -1,5 +1,3 @@
-#ifndef _WIN32
-
 #include "system/shared_library.h"
 
 #include <dlfcn.h>
@@ -24,5 +22,3 @@ void* ProgramInstance() {
 }
 
 }  // namespace pyxis
-
-#endif

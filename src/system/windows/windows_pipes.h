@@ -1,8 +1,6 @@
 // The pipes of the device-interface driver, on Windows.
 #pragma once
 
-#ifdef _WIN32
-
 #include "platform/device_pipes.h"
 
 namespace pyxis {
@@ -18,5 +16,3 @@ class WindowsPipes : public DevicePipes {
 };
 
 }  // namespace pyxis
-
-#endif

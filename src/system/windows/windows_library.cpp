@@ -1,5 +1,3 @@
-#ifdef _WIN32
-
 #include <windows.h>
 
 #include "system/shared_library.h"
@@ -23,5 +21,3 @@ void* SharedLibrary::Export(const char* name) const {
 void* ProgramInstance() { return GetModuleHandleA(nullptr); }
 
 }  // namespace pyxis
-
-#endif

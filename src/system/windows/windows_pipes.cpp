@@ -1,6 +1,4 @@
-#ifdef _WIN32
-
-#include "system/windows_pipes.h"
+#include "system/windows/windows_pipes.h"
 
 // windows.h comes first: setupapi.h needs its types.
 #include <setupapi.h>
@@ -59,5 +57,3 @@ bool WindowsPipes::Read(Handle handle, std::uint8_t* data, std::uint32_t count) 
 void WindowsPipes::Close(Handle handle) { CloseHandle(handle); }
 
 }  // namespace pyxis
-
-#endif
