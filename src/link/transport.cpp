@@ -14,8 +14,8 @@ namespace {
 std::uint32_t LengthOf(std::span<const std::uint8_t> bytes) { return static_cast<std::uint32_t>(bytes.size()); }
 
 class FrameTransport : public Transport {
-  bool Write(Opcode opcode, std::span<const std::uint8_t> data) override {
-    return SendBlock(data.data(), LengthOf(data), opcode) != 0;
+  void Write(Opcode opcode, std::span<const std::uint8_t> data) override {
+    SendBlock(data.data(), LengthOf(data), opcode);
   }
   bool Read(Opcode opcode, std::span<std::uint8_t> buffer) override {
     return ReceiveBlock(buffer.data(), LengthOf(buffer), opcode) != 0;
@@ -34,9 +34,8 @@ class FrameTransport : public Transport {
 };
 
 class VendorTransport : public Transport {
-  bool Write(Opcode opcode, std::span<const std::uint8_t> data) override {
+  void Write(Opcode opcode, std::span<const std::uint8_t> data) override {
     TheMachine().vendor->VMWrite(opcode, data.data(), LengthOf(data));
-    return true;
   }
   bool Read(Opcode opcode, std::span<std::uint8_t> buffer) override {
     TheMachine().vendor->VMRead(opcode, buffer.data(), LengthOf(buffer));

@@ -14,8 +14,9 @@ class Transport {
  public:
   virtual ~Transport() = default;
 
-  // A command with data. True on success; velmarapi's results aren't to be relied on: always true.
-  virtual bool Write(Opcode opcode, std::span<const std::uint8_t> data) = 0;
+  // A command with data. What has become of it shows in what is read back.
+  virtual void Write(Opcode opcode, std::span<const std::uint8_t> data) = 0;
+  // A command from the writer. True on success; velmarapi's results aren't to be relied on: always true.
   virtual bool Read(Opcode opcode, std::span<std::uint8_t> buffer) = 0;
   virtual void ReadIdentity(std::span<std::uint8_t> buffer) = 0;
   // Behind an arrival. Whether the writer is there; velmarapi has found it already.

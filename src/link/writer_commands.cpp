@@ -21,7 +21,7 @@ void SetFrameProgress(Progress progress) {
 
 }  // namespace
 
-bool WriteCommand(Opcode opcode, std::span<const std::uint8_t> data) { return ActiveTransport().Write(opcode, data); }
+void WriteCommand(Opcode opcode, std::span<const std::uint8_t> data) { ActiveTransport().Write(opcode, data); }
 
 bool ReadCommand(Opcode opcode, std::span<std::uint8_t> buffer) { return ActiveTransport().Read(opcode, buffer); }
 

@@ -53,9 +53,9 @@ inline constexpr std::uint8_t kRegisterKm49 = 0x99;
 // The model's byte as the register and WriterModelByte have it; the second model's for an unknown one.
 constexpr std::uint8_t RegisterOf(Model model) { return model == Model::Km48 ? kRegisterKm48 : kRegisterKm49; }
 
-// A command with data over the active transport. True on success; with velmarapi always true, since nobody looks at
-// that library's results.
-bool WriteCommand(Opcode opcode, std::span<const std::uint8_t> data);
+// A command with data over the active transport.
+void WriteCommand(Opcode opcode, std::span<const std::uint8_t> data);
+// A command from the writer. True on success; with velmarapi always true, since nobody looks at that library's results.
 bool ReadCommand(Opcode opcode, std::span<std::uint8_t> buffer);
 
 // No transfer drives the bar; the frame link's own rule, velmarapi reports no progress.
