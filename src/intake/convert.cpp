@@ -2,7 +2,6 @@
 
 #include "intake/converters/dispatch.h"
 #include "intake/package_files.h"
-#include "link/writer_commands.h"
 #include "platform/files.h"
 #include "platform/machine.h"
 #include "platform/operator.h"

@@ -48,11 +48,6 @@ inline constexpr std::uint16_t kFirmwareVersion = 0xFA92;
 inline constexpr std::uint16_t kFirmwareLevel = 0xFA94;  // high byte first
 }  // namespace address
 
-inline constexpr std::uint8_t kRegisterKm48 = 0x98;
-inline constexpr std::uint8_t kRegisterKm49 = 0x99;
-// The model's byte as the register and WriterModelByte have it; the second model's for an unknown one.
-constexpr std::uint8_t RegisterOf(Model model) { return model == Model::Km48 ? kRegisterKm48 : kRegisterKm49; }
-
 // A command with data over the active transport.
 void WriteCommand(Opcode opcode, std::span<const std::uint8_t> data);
 // A command from the writer. True on success; with velmarapi always true, since nobody looks at that library's results.

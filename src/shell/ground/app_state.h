@@ -18,6 +18,10 @@ inline constexpr std::int32_t kNoSystemConfig = -1;
 
 // The writer's model: none known, the first, the second.
 enum class Model { None = 0, Km48 = 1, Km49 = 2 };
+inline constexpr std::uint8_t kRegisterKm48 = 0x98;
+inline constexpr std::uint8_t kRegisterKm49 = 0x99;
+// The model's byte as the register and WriterModelByte have it; the second model's for an unknown one.
+constexpr std::uint8_t RegisterOf(Model model) { return model == Model::Km48 ? kRegisterKm48 : kRegisterKm49; }
 
 // What the progress bar follows. Only Transfers changes what the link does: each transfer then drives the bar.
 enum class Progress { None = 0, Transfers = 1, Auto = 2, BlankCheck = 3, Program = 4, Verify = 5, Read = 6 };
