@@ -22,7 +22,7 @@ void Line::Select(bool serials) {
       Fails("Device cancelled");
       return DialogEnd::Cancel;
     }
-    Expect(dialog.OnTypedName(ic_->label), "the IC isn't offered");
+    Expect(dialog.OnTypedName(ic_->label, true), "the IC isn't offered");
     if (serials)
       Expect(dialog.displaySerial.enabled, std::string("Display Serial Number isn't offered for ") + ic_->label);
     dialog.OnDisplaySerial(serials);

@@ -266,12 +266,10 @@ bool MenuRoad(Job& job, const SerialArguments& given) {
 std::optional<std::string> ChecksumOfFile(Job& job, const SerialArguments& given) {
   const KeptFile option(OptionPackagePath()), data(DataPackagePath());
   const ChipEntry& row = *KnownIc(given.ic);
-  std::uint32_t& options = TheAppState().selection.OptionValue;
-  options = ChipOptions{}.optionValue;
   AnswerOptionsBy(job, given.options);
-  if (row.HasOptionDialog) ChooseOptions(*row.ic);
+  ChooseOptions(row);
   const ConversionResults results =
-      ConvertFile({.ChipCode = row.ChipCode, .OptionValue = &options, .Path = given.file});
+      ConvertFile({.ChipCode = row.ChipCode, .OptionValue = &TheAppState().selection.OptionValue, .Path = given.file});
   const std::string checksum = JobOfPackage().checksum;
   option.Restore();
   data.Restore();

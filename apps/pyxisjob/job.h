@@ -8,6 +8,7 @@
 #include <string>
 #include <vector>
 
+#include "options/option_select.h"
 #include "platform/operator.h"
 #include "record/line_record.h"
 #include "shell/ground/outcome.h"
@@ -71,7 +72,7 @@ struct Choices {
 // What convert takes: an IC by label or number, and what a selection or a writer would have said of it.
 struct ChipOptions {
   std::string ic, code, chip, model, hw;
-  std::uint32_t optionValue = 0x60;
+  std::uint32_t optionValue = kDefaultOptionValue;
   Choices choices;
 };
 

@@ -79,6 +79,7 @@ struct Protection {
   bool inConfigWord;  // the byte is the high byte of SystemConfigWord too
   bool fromFile;      // the panel shows what Load File found in the program file
   bool fromBlock;     // the panel shows what the writer holds when the selection is restored from it
+  bool operator==(const Protection&) const = default;
 };
 
 // Where a serial number may lie.

@@ -94,13 +94,14 @@ void CIcSelectDlg::OnTypeChange(int position) {
   TakeControls();
 }
 
-bool CIcSelectDlg::OnTypedName(std::string_view typed) {
-  const bool goesOn = beforeName_ && typed.size() > typed_.size() && typed.starts_with(typed_);
-  if (!goesOn) {
+bool CIcSelectDlg::OnTypedName(std::string_view characters, bool anew) {
+  if (anew || !beforeName_) {
+    typed_.clear();
     beforeName_.reset();
     beforeName_ = std::make_shared<const CIcSelectDlg>(*this);
   }
   const auto before = beforeName_;
+  const std::string typed = typed_.append(characters);
   *this = *before;
   const bool found = FindTyped(typed);
   beforeName_ = before;  // the steps of a click have ended it

@@ -24,11 +24,10 @@ class CIcSelectDlg {
   void OnSeriesChange(int position);
   void OnTypeChange(int position);
   // Goes to the first IC of the model whose label begins so, in the current series first, by the steps of a click. A
-  // name grows by its characters, and each step starts from what stood in front of the first one: neither a slip nor an
-  // IC on the way that only began alike leaves a trace in the lists and boxes. False when no label begins so. Any other
-  // step of the operator ends the name.
-  bool OnTypedName(std::string_view typed);
-  bool NameIsOpen() const { return beforeName_ != nullptr; }  // for more characters
+  // name grows by its characters, unless they begin it `anew`, and each step starts from what stood in front of the
+  // first one: neither a slip nor an IC on the way that only began alike leaves a trace in the lists and boxes. False
+  // when no label begins so. Any other step of the operator ends the name.
+  bool OnTypedName(std::string_view characters, bool anew);
   void OnDisplaySerial(bool checked);
   void OnMassProduction(bool checked);
   void OnProductionLimit(bool checked);

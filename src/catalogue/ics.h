@@ -4,6 +4,7 @@
 
 #include <span>
 
+#include "catalogue/file_filters.h"
 #include "catalogue/ics/qv41.h"
 #include "catalogue/ics/qv42.h"
 #include "catalogue/ics/qv81.h"
@@ -74,8 +75,8 @@ constexpr bool LabelsAreTheIcs(const Ic& ic, const Labels& labels) {
 }
 
 constexpr bool IsFileType(const char* extension) {
-  for (const char* known : {kHex, kHexOrBin, kObj, kOtp, kEpm, kVelmar})
-    if (SameText(extension, known)) return true;
+  for (const FileType& known : kFileTypes)
+    if (SameText(extension, known.extension)) return true;
   return false;
 }
 

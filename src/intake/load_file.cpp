@@ -30,23 +30,6 @@ namespace pyxis {
 
 namespace {
 
-struct Filter {
-  const char* extension;
-  const char* filter;
-};
-constexpr Filter kFilters[] = {
-    {".hex", kHexFilter},
-    {".obj", kObjFilter},
-    {".otp", kOtpFilter},
-    {".epm", kEpmFilter},
-    {".hexbin", "Kestrel Hex Files (*.hex)|*.hex|Kestrel Bin Files (*.bin)|*.bin||"},
-    {".velmar", "Kestrel Velmar Files (*.velmar)|*.velmar||"},
-};
-constexpr const char* kOtherFilter = kFilters[1].filter;
-
-// OptionValue without a choice of the operator's.
-constexpr std::uint32_t kDefaultOptionValue = 0x60;
-
 void PaintNow() { PumpPaint(); }
 
 void EmptyLoadedFile() {
@@ -164,8 +147,7 @@ Outcome GiveUpOtherChip() {
 }
 
 Outcome Run(const ChipEntry& row, const std::string& path, const SelectionGuard& guard) {
-  TheAppState().selection.OptionValue = kDefaultOptionValue;
-  if (row.HasOptionDialog) ChooseOptions(*row.ic);
+  ChooseOptions(row);
   if (!guard.SameJob()) return GiveUpOtherChip();
   if (path.empty()) {
     TheMachine().op->Tell("File is empty.", kPlainCaption);
@@ -185,9 +167,9 @@ Outcome Run(const ChipEntry& row, const std::string& path, const SelectionGuard&
 }  // namespace
 
 const char* FileFilter(const char* fileExtension) {
-  for (const Filter& entry : kFilters)
-    if (EqualsNoCase(entry.extension, fileExtension)) return entry.filter;
-  return kOtherFilter;
+  for (const FileType& type : kFileTypes)
+    if (EqualsNoCase(type.extension, fileExtension)) return type.filter;
+  return kObjFilter;
 }
 
 Outcome OnLoadFile() {

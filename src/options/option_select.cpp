@@ -54,7 +54,10 @@ void COptionSelectDlg::Click(Pair pair, int button) {
 
 void COptionSelectDlg::OnOk() { std::copy(std::begin(shown_), std::end(shown_), std::begin(choice)); }
 
-void ChooseOptions(const Ic& ic) {
+void ChooseOptions(const ChipEntry& row) {
+  TheAppState().selection.OptionValue = kDefaultOptionValue;
+  if (!row.HasOptionDialog) return;
+  const Ic& ic = *row.ic;
   const bool full = ic.protection.panel == PanelKind::Full;
   COptionSelectDlg dialog;
   if (!full) dialog.choice[COptionSelectDlg::Mode] = dialog.choice[COptionSelectDlg::Clock] = kNoButton;

@@ -3,7 +3,7 @@
 
 #include <functional>
 
-#include "catalogue/ic.h"
+#include "catalogue/chip_catalogue.h"
 
 namespace pyxis {
 
@@ -25,8 +25,11 @@ class COptionSelectDlg {
   int shown_[3] = {0, 0, 0};
 };
 
-// The options step of Load File: runs the dialog, takes an OK into OptionValue, and shows the state of the buttons on
-// the fuse panel either way.
-void ChooseOptions(const Ic& ic);
+// OptionValue without a choice of the operator's.
+inline constexpr std::uint32_t kDefaultOptionValue = 0x60;
+
+// The options step of Load File: for an IC with the dialog runs it, takes an OK into OptionValue, and shows the state
+// of the buttons on the fuse panel either way.
+void ChooseOptions(const ChipEntry& row);
 
 }  // namespace pyxis

@@ -54,15 +54,16 @@ void TakeProductionFlags() {
 // tells the name alone.
 bool IsBareSeries() {
   const auto& block = TheAppState().writer.WriterInfoBlock;
+  if (SerialRoadOf(block) != kSerialByMenu) return false;
   const auto series = ReadWholeFile(SerialFilePath());
-  return SerialRoadOf(block) == kSerialByMenu && series && series->size() >= Field::WriterStatus.offset &&
+  return series && series->size() >= Field::WriterStatus.offset &&
          std::equal(block.begin(), block.begin() + Field::WriterStatus.offset, series->begin());
 }
 
-bool IsOtherJob(const std::string& name) {
+bool IsOtherJob(const std::string& name, bool bareSeries) {
   const AppState& app = TheAppState();
   if (name != app.selection.ChipNameText) return true;
-  return !IsBareSeries() && FieldWord(app.writer.WriterInfoBlock, Field::ImageChecksum) != app.conversion.JobChecksum;
+  return !bareSeries && FieldWord(app.writer.WriterInfoBlock, Field::ImageChecksum) != app.conversion.JobChecksum;
 }
 
 // The file that is shown isn't the writer's job, and the verdicts weren't on it.
@@ -82,7 +83,8 @@ void RefreshFromWriter() {
   const auto& block = app.writer.WriterInfoBlock;
   if (!StartsLikeAName(block)) return;
   const std::string name = ChipNameOf(block);
-  if (IsOtherJob(name)) DropOtherJob();
+  const bool bareSeries = IsBareSeries();
+  if (IsOtherJob(name, bareSeries)) DropOtherJob();
   ShowChipName(name);
   TakeCatalogueRow(name);
   ClearPinFigure();
@@ -90,7 +92,7 @@ void RefreshFromWriter() {
   TakeProductionFlags();
   if (app.writer.WriterModel == Model::Km48) ShowPinFigure(name);
   app.conversion.ImageChecksum = FieldWord(block, Field::ImageChecksum);
-  if (!IsBareSeries()) app.conversion.JobChecksum = app.conversion.ImageChecksum;
+  if (!bareSeries) app.conversion.JobChecksum = app.conversion.ImageChecksum;
   app.conversion.ChecksumText = Printf("%04X", app.conversion.ImageChecksum);
   SetControlText(ControlId::ChecksumField, app.conversion.ChecksumText);
   EnableControl(ControlId::SmartOption, app.selection.HasSmartOption);

@@ -139,10 +139,9 @@ QLayout* IcSelectWindow::MakeChoices() {
 
 void IcSelectWindow::OnTyped(const QString& text) {
   const std::uint32_t now = TheMachine().clock->TickCount();
-  if (!dialog_.NameIsOpen() || now - typedAt_ > kTypingMs) typed_.clear();
+  const bool anew = now - typedAt_ > kTypingMs;
   typedAt_ = now;
-  typed_ += text;
-  dialog_.OnTypedName(ToText(typed_));
+  dialog_.OnTypedName(ToText(text), anew);
 }
 
 void IcSelectWindow::SyncLists() {

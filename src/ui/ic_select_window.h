@@ -37,8 +37,7 @@ class IcSelectWindow : public QDialog {
   QLabel *seriesCaption_, *chipName_;
   QCheckBox *displaySerial_, *exhvIsp_, *isp_, *massProduction_, *productionLimit_;
   QLineEdit* limit_;
-  QString typed_;  // of a name that is being typed into a list
-  std::uint32_t typedAt_ = 0;
+  std::uint32_t typedAt_ = 0;  // the last character of a name
 };
 
 }  // namespace pyxis::ui
