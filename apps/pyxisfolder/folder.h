@@ -3,6 +3,7 @@
 #pragma once
 
 #include <cstdint>
+#include <set>
 #include <string>
 #include <vector>
 
@@ -18,7 +19,7 @@ bool BuildProgramFolder(const std::string& dir);
 
 // The template of an IC by the template's name; empty for a name that no IC has.
 Bytes MakeTemplate(const std::string& name);
-std::vector<std::string> TemplateNames();
+std::set<std::string> TemplateNames();
 
 // The option list of an IC with Smart Option by its name; empty for any other.
 Bytes MakeTin(const std::string& chipName);

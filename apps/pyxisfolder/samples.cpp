@@ -1,10 +1,9 @@
 #include <algorithm>
-#include <cstring>
 
+#include "catalogue/chip_catalogue.h"
+#include "catalogue/profiles.h"
 #include "folder.h"
-#include "intake/converters/hex14_mtp_table.h"
-#include "intake/converters/hex14_otp_table.h"
-#include "intake/converters/velmar_flash_table.h"
+#include "intake/converters/dispatch.h"
 #include "intake/package_files.h"
 #include "intel_hex_writer.h"
 #include "platform/byte_order.h"
@@ -31,29 +30,33 @@ Bytes Random(const std::string& seed, std::size_t count) {
   return image;
 }
 
-Bytes OtpImage(const Hex14OtpRow& row, bool dual) {
+// Of an IC by its converter row: an image that passes the converter's checks. A family whose ICs can't be selected has
+// none.
+Bytes ImageOf(const Ic&, const auto&) { return {}; }
+
+Bytes ImageOf(const Ic& ic, const Hex14OtpRow& row) {
   const Hex14OtpMemory& memory = row.memory;
-  Bytes image = Words14(row.name, memory.idWord + 1U, memory.length);
-  const unsigned config = Filler(std::string(row.name) + " config").Next() & kWordMask;
-  StoreLe16(&image[2U * memory.config], dual ? config & ~unsigned{kNotDualBit} : config | kNotDualBit);
+  Bytes image = Words14(ic.ChipName, memory.idWord + 1U, memory.length);
+  const unsigned config = Filler(std::string(ic.ChipName) + " config").Next() & kWordMask;
+  StoreLe16(&image[2U * memory.config], config | kNotDualBit);
   image[2U * memory.idWord] = row.idLow;
   image[2U * memory.idWord + 1] = row.idHigh;
   return image;
 }
 
-Bytes MtpImage(const Hex14MtpRow& row) {
+Bytes ImageOf(const Ic& ic, const Hex14MtpRow& row) {
   const Hex14MtpMemory& memory = row.memory;
   const std::size_t words = std::max<std::size_t>(memory.idOffset / 2 + 2, memory.config + 1U);
-  Bytes image = Words14(row.name, words, memory.length);
-  StoreLe16(&image[2U * memory.config], Filler(std::string(row.name) + " config").Next() & kWordMask);
+  Bytes image = Words14(ic.ChipName, words, memory.length);
+  StoreLe16(&image[2U * memory.config], Filler(std::string(ic.ChipName) + " config").Next() & kWordMask);
   for (std::size_t i = 0; i < row.id.size(); ++i)
     if (row.id[i].mask != 0) image[memory.idOffset + i] = row.id[i].value;
   return image;
 }
 
-Bytes VelmarImage(const VelmarFlashRow& row) {
+Bytes ImageOf(const Ic& ic, const VelmarFlashRow& row) {
   const std::size_t id = row.imageBytes + 2U;  // behind the configuration word
-  Bytes image = Random(row.name, id + 16);
+  Bytes image = Random(ic.ChipName, id + 16);
   image[id] = 0x27;
   image[id + 1] = row.idSecond;
   image[id + 2] = static_cast<std::uint8_t>(row.idThirdHigh << 4);
@@ -61,71 +64,65 @@ Bytes VelmarImage(const VelmarFlashRow& row) {
   return image;
 }
 
-// Plain binary files: an image, and single bytes in it that a check looks at.
-struct BinaryRow {
-  const char* name;
-  const char* extension;
-  std::size_t length;
-  std::size_t keyOffset;  // 0: none
-  std::uint8_t key;
-};
-constexpr BinaryRow kBinaries[] = {
-    {"QV4105", ".otp", 8224, 0, 0},           {"QV4103", ".otp", 16416, 0, 0},
-    {"QV4106", ".otp", 16416, 0, 0},          {"QV4101", ".epm", 34816, 0, 0},
-    {"QV4107", ".epm", 8192 + 28, 0, 0},      {"QV4201", ".epm", 16384 + 30, 0, 0},
-    {"QV4203", ".epm", 32768 + 30, 0, 0},     {"QV4204", ".epm", 32768 + 30, 0, 0},
-    {"QV4205", ".epm", 65536 + 30, 0, 0},     {"QV4206", ".epm", 65536 + 64, 65598, 0},
-    {"QV4207", ".epm", 65536 + 64, 65598, 1}, {"QVL01", ".obj", 32 + 16384, 0, 0},
-    {"QVL02", ".obj", 32 + 16384, 0, 0},      {"QVL03", ".obj", 32 + 16382, 0, 0},
-};
+Bytes ImageOf(const Ic& ic, const Otp4Row& row) {
+  return Random(ic.ChipName, row.configOffset + (row.unit == Otp4Unit::Byte ? 1 : 2));
+}
 
-// USB program files in Intel HEX: bytes, or words with an ID.
-struct UsbRow {
-  const char* name;
-  std::size_t length;    // bytes
-  std::size_t idOffset;  // 0: none
-  std::uint8_t idLow, idHigh;
-};
-constexpr UsbRow kUsb[] = {
-    {"QVL04", 32768, 0, 0, 0},        {"QVL05", 16384, 0, 0, 0},        {"QVL06", 24576, 0, 0, 0},
-    {"QVL13", 16384, 0, 0, 0},        {"QVL07", 24608, 0, 0, 0},        {"QVL09", 16416, 16404, 0x45, 3},
-    {"QVL12", 16416, 16404, 0x55, 2}, {"QVL10", 12320, 12308, 0x46, 3}, {"QVL11", 8224, 8212, 0x50, 3},
-};
+Bytes ImageOf(const Ic& ic, const Epm4Row& row) {
+  const std::size_t image = row.imageBytes + row.tail.notSummed + row.tail.summed;
+  const std::size_t options = row.options.offset + 2 * (row.options.notSummed + row.options.summed);
+  if (row.key.chip == nullptr) return Random(ic.ChipName, std::max(image, options));
+  Bytes bytes = Random(ic.ChipName, row.key.offset + 2);
+  bytes[row.key.offset] = ic.ChipName == std::string_view(row.key.chip) ? row.key.value : 0;
+  return bytes;
+}
 
-Bytes UsbImage(const UsbRow& row) {
-  if (row.idOffset == 0) return Random(row.name, row.length);
-  Bytes image = Words14(row.name, row.length / 2, row.length / 2);
-  image[row.idOffset] = row.idLow;
-  image[row.idOffset + 1] = row.idHigh;
+Bytes ImageOf(const Ic& ic, const UsbHexRow& row) { return Random(ic.ChipName, row.imageBytes); }
+
+Bytes ImageOf(const Ic& ic, const UsbObjRow&) {
+  return Random(ic.ChipName, ic.comparison.header + ic.ReadSizeBytes.km48);
+}
+
+Bytes ImageOf(const Ic& ic, const UsbEepromRow& row) {
+  constexpr std::size_t kTail = 16;  // words behind the program: the configuration, the ID
+  if (row.plainBytes) return Random(ic.ChipName, 2 * (row.words + kTail));
+  Bytes image = Words14(ic.ChipName, row.words + kTail, row.words + kTail);
+  image[row.id.offset] = row.id.low;
+  image[row.id.offset + 1] = row.id.high;
   return image;
+}
+
+// What else an IC takes.
+std::vector<Sample> MoreSamples(const Ic&, const Bytes&, const auto&) { return {}; }
+
+std::vector<Sample> MoreSamples(const Ic& ic, const Bytes& image, const Hex14OtpRow& row) {
+  if (row.memory.dual.skip == 0) return {};
+  Bytes dual = image;
+  std::uint8_t* config = &dual[2U * row.memory.config];
+  StoreLe16(config, LoadLe16(config) & ~unsigned{kNotDualBit});
+  return {{ic.ChipName + std::string("_dual.hex"), ToIntelHex(dual)}};
+}
+
+std::vector<Sample> MoreSamples(const Ic& ic, const Bytes&, const UsbEepromRow& row) {
+  if (row.eepromName != std::string_view(kMadeEepromName)) return {};
+  return {{ic.ChipName + std::string("_eeprom.bin"), Random("eeprom", 200)}};
 }
 
 }  // namespace
 
 std::vector<Sample> MakeSamples(const std::string& chipName) {
-  for (const auto& row : kHex14OtpTable) {
-    if (chipName != row.name) continue;
-    std::vector<Sample> samples{{chipName + ".hex", ToIntelHex(OtpImage(row, false))}};
-    if (row.memory.dual.skip != 0) samples.push_back({chipName + "_dual.hex", ToIntelHex(OtpImage(row, true))});
-    return samples;
-  }
-  for (const auto& row : kHex14MtpTable)
-    if (chipName == row.name) return {{chipName + ".hex", ToIntelHex(MtpImage(row))}};
-  for (const auto& row : kVelmarFlashTable)
-    if (chipName == row.name) return {{chipName + ".velmar", ToIntelHex(VelmarImage(row))}};
-  for (const BinaryRow& row : kBinaries) {
-    if (chipName != row.name) continue;
-    Bytes image = Random(row.name, row.length);
-    if (row.keyOffset != 0) image[row.keyOffset] = row.key;
-    return {{chipName + row.extension, image}};
-  }
-  for (const UsbRow& row : kUsb) {
-    if (chipName != row.name) continue;
-    std::vector<Sample> samples{{chipName + ".hex", ToIntelHex(UsbImage(row))}};
-    if (chipName == "QVL11") samples.push_back({chipName + "_eeprom.bin", Random("eeprom", 200)});
-    return samples;
-  }
-  return {};
+  const Ic& ic = *IcOfName(chipName);
+  const std::string_view type = ic.FileExtension;
+  const std::string extension(type == kHexOrBin ? kHex : type);
+  return std::visit(
+      [&](const auto* row) {
+        const Bytes image = ImageOf(ic, *row);
+        const bool text = extension == kHex || extension == kVelmar;
+        std::vector<Sample> samples{{chipName + extension, text ? ToIntelHex(image) : image}};
+        for (Sample& more : MoreSamples(ic, image, *row)) samples.push_back(std::move(more));
+        return samples;
+      },
+      FindConverter(ic.ChipCode)->row);
 }
 
 }  // namespace pyxis::folder

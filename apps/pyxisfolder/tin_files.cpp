@@ -2,8 +2,7 @@
 
 #include "catalogue/chip_catalogue.h"
 #include "folder.h"
-#include "intake/converters/hex14_mtp_table.h"
-#include "intake/converters/hex14_otp_table.h"
+#include "intake/converters/dispatch.h"
 #include "option_lists.h"
 #include "options/smart_option.h"
 #include "platform/text.h"
@@ -14,11 +13,6 @@ namespace {
 
 constexpr unsigned kConfigArea = 0x2000;  // address of the configuration words, above every program memory
 
-template <typename Table>
-auto RowOf(const Table& table, const std::string& chip) {
-  return std::find_if(table.begin(), table.end(), [&](const auto& row) { return chip == row.name; });
-}
-
 // All rows of an IC: one a package.
 std::vector<ChipEntry> RowsOf(const std::string& chip) {
   std::vector<ChipEntry> rows;
@@ -28,14 +22,18 @@ std::vector<ChipEntry> RowsOf(const std::string& chip) {
   return rows;
 }
 
-OptionFamily FamilyOf(const ChipEntry& chip) {
-  const auto oneTime = RowOf(kHex14OtpTable, chip.ChipName);
-  if (oneTime != kHex14OtpTable.end())
-    return oneTime->memory.dual.skip != 0 ? OptionFamily::OneTimeDual : OptionFamily::OneTime;
-  if (RowOf(kHex14MtpTable, chip.ChipName) != kHex14MtpTable.end()) return OptionFamily::MultiTime;
-  if (std::string_view(chip.FileExtension) == ".velmar") return OptionFamily::Flash;
-  return chip.OptionMasks == M0 ? OptionFamily::FourBit : OptionFamily::Usb;
+OptionFamily FamilyOf(const Hex14OtpRow& row) {
+  return row.memory.dual.skip != 0 ? OptionFamily::OneTimeDual : OptionFamily::OneTime;
 }
+OptionFamily FamilyOf(const Hex14MtpRow&) { return OptionFamily::MultiTime; }
+OptionFamily FamilyOf(const VelmarFlashRow&) { return OptionFamily::Flash; }
+OptionFamily FamilyOf(const VelmarEepromRow&) { return OptionFamily::Flash; }
+OptionFamily FamilyOf(const VelmarBlockRow&) { return OptionFamily::Flash; }
+OptionFamily FamilyOf(const UsbHexRow&) { return OptionFamily::Usb; }
+OptionFamily FamilyOf(const UsbObjRow&) { return OptionFamily::Usb; }
+OptionFamily FamilyOf(const UsbEepromRow&) { return OptionFamily::Usb; }
+OptionFamily FamilyOf(const Otp4Row&) { return OptionFamily::FourBit; }
+OptionFamily FamilyOf(const Epm4Row&) { return OptionFamily::FourBit; }
 
 // Where the packages of an IC differ in a field, its one file has the alternatives of the widest.
 Masks WidestMasks(const std::vector<ChipEntry>& rows) {
@@ -47,7 +45,8 @@ Masks WidestMasks(const std::vector<ChipEntry>& rows) {
 
 const OptionList* ListOf(const std::vector<ChipEntry>& rows) {
   if (rows.empty() || !rows.front().HasSmartOption) return nullptr;
-  const OptionFamily family = FamilyOf(rows.front());
+  const OptionFamily family =
+      std::visit([](const auto* row) { return FamilyOf(*row); }, FindConverter(rows.front().ChipCode)->row);
   const Masks masks = WidestMasks(rows);
   const auto found = std::find_if(std::begin(kOptionLists), std::end(kOptionLists),
                                   [&](const OptionList& list) { return list.family == family && list.masks == masks; });

@@ -22,6 +22,7 @@ void ConvertOne(Job& job, const ChipOptions& chip, std::uint32_t code, const std
   job.op.messages.clear();
   std::uint32_t optionValue = chip.optionValue;
   const ConversionResults results = ConvertFile({.ChipCode = code,
+                                                 .SelectedChip = app.selection.SelectedChip,
                                                  .OptionValue = &optionValue,
                                                  .Path = file,
                                                  .SnMode = chip.choices.serial,

@@ -268,8 +268,10 @@ std::optional<std::string> ChecksumOfFile(Job& job, const SerialArguments& given
   const ChipEntry& row = *KnownIc(given.ic);
   AnswerOptionsBy(job, given.options);
   ChooseOptions(row);
-  const ConversionResults results =
-      ConvertFile({.ChipCode = row.ChipCode, .OptionValue = &TheAppState().selection.OptionValue, .Path = given.file});
+  const ConversionResults results = ConvertFile({.ChipCode = row.ChipCode,
+                                                 .SelectedChip = row.ChipName,
+                                                 .OptionValue = &TheAppState().selection.OptionValue,
+                                                 .Path = given.file});
   const std::string checksum = JobOfPackage().checksum;
   option.Restore();
   data.Restore();

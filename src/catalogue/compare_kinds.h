@@ -6,10 +6,10 @@
 
 namespace pyxis {
 
-constexpr CompareKind HexFilledWith(HexFill fill) {
+constexpr CompareKind HexReadIn(ReadMode mode) {
   return {.filter = kHexFilter,
           .target = CompareKind::Target::IntelHex,
-          .fill = fill,
+          .mode = mode,
           .header = 0,
           .configAt = 0,
           .configBytes = 0,
@@ -18,34 +18,34 @@ constexpr CompareKind HexFilledWith(HexFill fill) {
 constexpr CompareKind CutFrom(const char* filter, std::size_t header) {
   return {.filter = filter,
           .target = CompareKind::Target::Cut,
-          .fill = HexFill::Bytes,
+          .mode = kReadBytes,
           .header = header,
           .configAt = 0,
           .configBytes = 0,
           .imageBytes = 0};
 }
-inline constexpr CompareKind kCompareHex = HexFilledWith(HexFill::BlankWords);
-inline constexpr CompareKind kCompareHexZeroWords = HexFilledWith(HexFill::ZeroWords);
-inline constexpr CompareKind kCompareHexBytes = HexFilledWith(HexFill::Bytes);
+inline constexpr CompareKind kCompareHex = HexReadIn(kReadBlankWords);
+inline constexpr CompareKind kCompareHexZeroWords = HexReadIn(kReadZeroWords);
+inline constexpr CompareKind kCompareHexBytes = HexReadIn(kReadBytes);
 inline constexpr CompareKind kCompareObj = CutFrom(kObjFilter, 32);
 inline constexpr CompareKind kCompareEpm = CutFrom(kEpmFilter, 0);
 inline constexpr CompareKind kCompareOtpByte{.filter = kOtpFilter,
                                              .target = CompareKind::Target::Cut,
-                                             .fill = HexFill::Bytes,
+                                             .mode = kReadBytes,
                                              .header = 32,
                                              .configAt = 8223,
                                              .configBytes = 1,
                                              .imageBytes = 0};
 inline constexpr CompareKind kCompareOtpWords{.filter = kOtpFilter,
                                               .target = CompareKind::Target::Cut,
-                                              .fill = HexFill::Bytes,
+                                              .mode = kReadBytes,
                                               .header = 32,
                                               .configAt = 16414,
                                               .configBytes = 2,
                                               .imageBytes = 13024};
 inline constexpr CompareKind kCompareVelmar{.filter = "Kestrel Velmar Files (*.Velmar)|*.Velmar||",
                                             .target = CompareKind::Target::LeftByLoadFile,
-                                            .fill = HexFill::Bytes,
+                                            .mode = kReadBytes,
                                             .header = 0,
                                             .configAt = 0,
                                             .configBytes = 0,

@@ -6,6 +6,8 @@
 #include <cstddef>
 #include <cstdint>
 
+#include "intake/read_mode.h"
+
 namespace pyxis {
 
 // The groups of IC selection. None: not in the catalogue, so that the IC can't be selected.
@@ -92,12 +94,11 @@ struct SerialPlace {
 };
 
 // The file that Compare File lays beside the writer's data area, made from a program file.
-enum class HexFill { Bytes, BlankWords, ZeroWords };  // how a reader of Intel HEX fills the gaps
 struct CompareKind {
   enum class Target { IntelHex, Cut, LeftByLoadFile };
   const char* filter;  // of the file dialog
   Target target;
-  HexFill fill;  // IntelHex
+  ReadMode mode;  // IntelHex
   // Cut: the configuration unit comes first, then the image behind the header. 0 image bytes: up to the file's end.
   std::size_t header, configAt, configBytes, imageBytes;
 };
@@ -108,14 +109,17 @@ struct MenuEntries {
   bool readChipInfo;
 };
 
+inline constexpr int kInLabel = 0;
+
 struct Ic {
   const char* ChipName;
-  std::uint32_t ChipCode;    // kNoCode: the name occurs in a writer's job, but there is no converter
-  const char* templateName;  // of the template that its converter row names
+  std::uint32_t ChipCode;  // kNoCode: the name occurs in a writer's job, but there is no converter
+  const char* templateName;
 
   // IC selection.
   Series series;
   Labels km48, km49;  // the rows in the lists of the two models
+  int pins;           // of the package that the figure shows, or kInLabel: the KM49 labels tell them
   SelectionBoxes boxes;
   Isp isp;
 

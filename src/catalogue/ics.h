@@ -62,16 +62,29 @@ constexpr bool NamesStartAlike(Ics ics) {
   return true;
 }
 
+constexpr bool TellsPins(const char* label) {
+  while (*label != '\0' && *label != '_') ++label;
+  return *label == '_' && label[1] > '0' && label[1] <= '9';
+}
+
 // A label is all of the IC's name, or the name, "_" and pin counts; so it has one record.
 constexpr bool BelongsTo(const char* label, const char* name) {
   while (*name != '\0' && *label == *name) ++label, ++name;
-  return *name == '\0' && (*label == '\0' || *label == '_');
+  return *name == '\0' && (*label == '\0' || TellsPins(label));
 }
 
 constexpr bool LabelsAreTheIcs(const Ic& ic, const Labels& labels) {
   for (const Label& label : labels)
     if (label.IsThere() && !BelongsTo(label.text, ic.ChipName)) return false;
   return true;
+}
+
+// Every label of the KM49 does, or the record alone.
+constexpr bool PinsAreTold(const Ic& ic) {
+  if (!ic.km49[0].IsThere()) return ic.pins > 0;
+  for (const Label& label : ic.km49)
+    if (label.IsThere() && !TellsPins(label.text)) return false;
+  return ic.pins == kInLabel;
 }
 
 constexpr bool IsFileType(const char* extension) {
@@ -104,9 +117,9 @@ constexpr bool IsWhole(const Ic& ic) {
   const bool row = ic.km48[0].IsThere() || ic.km49[0].IsThere();
   if (ic.series == Series::None) return !row && ic.firmware.file == nullptr;
   const Ticks& t = ic.ticks;
-  return row && LabelsAreTheIcs(ic, ic.km48) && LabelsAreTheIcs(ic, ic.km49) && ic.ChipCode != kNoCode &&
-         ic.firmware.file != nullptr && IsFileType(ic.FileExtension) && FitsTheBlock(ic.ChipName) &&
-         ic.ReadSizeBytes.km48 != 0 && ic.ReadSizeBytes.km49 != 0 &&
+  return row && LabelsAreTheIcs(ic, ic.km48) && LabelsAreTheIcs(ic, ic.km49) && PinsAreTold(ic) &&
+         ic.ChipCode != kNoCode && ic.firmware.file != nullptr && IsFileType(ic.FileExtension) &&
+         FitsTheBlock(ic.ChipName) && ic.ReadSizeBytes.km48 != 0 && ic.ReadSizeBytes.km49 != 0 &&
          IsSound(ic.protection, ic.options, ic.masks.km48) && IsSound(ic.protection, ic.options, ic.masks.km49) &&
          t.autoRun != 0 && t.blank != 0 && t.program != 0 && t.verify != 0;
 }
@@ -119,9 +132,9 @@ constexpr bool AreWhole(Ics ics) {
 
 static_assert(NamesAndCodesAreUnique(kIcs), "two ICs of one name or one ChipCode");
 static_assert(NamesStartAlike(kIcs), "an IC's name doesn't start as all do");
-static_assert(
-    AreWhole(kIcs),
-    "an IC with a label that isn't its own, without a row, an image, a file type, a read size or a divisor, or with a "
-    "protection that lies nowhere");
+static_assert(AreWhole(kIcs),
+              "an IC with a label that isn't its own, without a row, pins, an image, a file type, a read size or a "
+              "divisor, or with a "
+              "protection that lies nowhere");
 
 }  // namespace pyxis

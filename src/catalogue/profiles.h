@@ -53,6 +53,31 @@ inline constexpr char kEpm[] = ".epm";
 inline constexpr char kVelmar[] = ".velmar";
 
 inline constexpr FirmwareImage kCommonFirmware{"all.nce", 0};
+// Images that several ICs run on, by their code.
+inline constexpr FirmwareImage kFirmware1393{"QV4207.nce", 0x1393};
+inline constexpr FirmwareImage kFirmware1645{"QVL09.nce", 0x1645};
+inline constexpr FirmwareImage kFirmware1740{"QV8351.nce", 0x1740};
+inline constexpr FirmwareImage kFirmware2705{"QV8301.nce", 0x2705};
+inline constexpr FirmwareImage kFirmware2708{"QV8303.nce", 0x2708};
+inline constexpr FirmwareImage kFirmware2712{"QV8330.nce", 0x2712};
+inline constexpr FirmwareImage kFirmware2713{"QV8356.nce", 0x2713};
+inline constexpr FirmwareImage kFirmware2729{"QV8339.nce", 0x2729};
+inline constexpr FirmwareImage kFirmware2735{"QV8319.nce", 0x2735};
+inline constexpr FirmwareImage kFirmware2738{"QV8309.nce", 0x2738};
+inline constexpr FirmwareImage kFirmware2740{"QV8351.nce", 0x2740};
+inline constexpr FirmwareImage kFirmware2743{"QV8361.nce", 0x2743};
+inline constexpr FirmwareImage kFirmware2746{"QV8337.nce", 0x2746};
+inline constexpr FirmwareImage kFirmware2750{"QV8366.nce", 0x2750};
+inline constexpr FirmwareImage kFirmware2752{"QV8315.nce", 0x2752};
+inline constexpr FirmwareImage kFirmware2755{"QV8345.nce", 0x2755};
+inline constexpr FirmwareImage kFirmware2801{"QV8333.nce", 0x2801};
+inline constexpr FirmwareImage kFirmware2802{"QV8312.nce", 0x2802};
+inline constexpr FirmwareImage kFirmware2803{"QV8347.nce", 0x2803};
+inline constexpr FirmwareImage kFirmware3703{"QV8120.nce", 0x3703};
+inline constexpr FirmwareImage kFirmware3704{"QV8103.nce", 0x3704};
+inline constexpr FirmwareImage kFirmware3706{"QV8121.nce", 0x3706};
+inline constexpr FirmwareImage kFirmware3713{"QV8106.nce", 0x3713};
+inline constexpr FirmwareImage kFirmware3714{"QV8101.nce", 0x3714};
 
 // IC selection. A box that is left keeps the state that the series or the IC before gave it.
 inline constexpr SelectionBoxes kBoxesLeft{BoxRule::Leave, BoxRule::Leave, BoxRule::Leave};

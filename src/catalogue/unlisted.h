@@ -13,6 +13,7 @@ constexpr Ic Unlisted(const UnlistedIc& ic) {
           .series = Series::None,
           .km48 = kNoRow,
           .km49 = kNoRow,
+          .pins = kInLabel,
           .boxes = kBoxesLeft,
           .isp = Isp::None,
           .FileExtension = "",

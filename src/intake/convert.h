@@ -8,6 +8,7 @@ namespace pyxis {
 
 struct ConvertRequest {
   std::uint32_t ChipCode = 0;
+  std::string SelectedChip;              // tells ICs apart that share a routine
   std::uint32_t* OptionValue = nullptr;  // protection choices; never null in a call
   std::string Path;
   bool SnMode = false;

@@ -4,6 +4,7 @@
 #include <cstdint>
 #include <string>
 
+#include "intake/read_mode.h"
 #include "shell/ground/outcome.h"
 
 namespace pyxis {
@@ -13,12 +14,6 @@ namespace pyxis {
 void UpdateChecksum();
 // The step itself: the accumulator after the word.
 std::uint16_t ChecksumAfter(std::uint16_t accumulator, std::uint16_t word);
-
-enum ReadMode : int {
-  kReadBytes = 1,       // fill FF, addresses count bytes
-  kReadBlankWords = 2,  // fill FF 3F, the first record's byte count may select word addresses
-  kReadZeroWords = 3,   // fill 00, likewise
-};
 
 // Reads Intel HEX text, writes the flat image up to the highest data address. Addresses count words when the low digit
 // of the first record's byte count is 2 (modes 2 and 3). A line ends with LF, with any number of CR before an LF, or

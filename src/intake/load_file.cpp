@@ -40,6 +40,7 @@ void EmptyLoadedFile() {
 ConversionResults ConvertFor(const ChipEntry& row, const std::string& path) {
   AppState& app = TheAppState();
   return ConvertFile({.ChipCode = row.ChipCode,
+                      .SelectedChip = app.selection.SelectedChip,
                       .OptionValue = &app.selection.OptionValue,
                       .Path = path,
                       .SnMode = app.selection.SnMode,

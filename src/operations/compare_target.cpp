@@ -15,18 +15,6 @@ namespace {
 
 using Target = CompareKind::Target;
 
-ReadMode ModeOf(HexFill fill) {
-  switch (fill) {
-    case HexFill::Bytes:
-      return kReadBytes;
-    case HexFill::ZeroWords:
-      return kReadZeroWords;
-    case HexFill::BlankWords:
-      break;
-  }
-  return kReadBlankWords;
-}
-
 Outcome CutTarget(const CompareKind& kind, const std::string& chosen, const std::string& target) {
   auto bytes = ReadWholeFile(chosen);
   if (!bytes) return Failed(Reason::NotReadable);
@@ -59,7 +47,7 @@ Outcome MakeCompareTarget(const CompareKind& kind, const std::string& chosen) {
   const std::string target = CompareTargetPath(kind, chosen);
   if (ResolvePath(target) == ResolvePath(chosen)) return Refused(Reason::OwnTarget);
   if (kind.target == Target::Cut) return CutTarget(kind, chosen, target);
-  return MakeHexImage(chosen, target, ModeOf(kind.fill));
+  return MakeHexImage(chosen, target, kind.mode);
 }
 
 }  // namespace pyxis

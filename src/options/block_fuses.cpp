@@ -10,11 +10,7 @@ void ShowFuses(const Protection& protection) {
   const std::uint8_t byte = TheAppState().writer.WriterInfoBlock[protection.byte];
   const auto bit = [&](int above) { return (byte >> (protection.bit + above) & 1) != 0; };
   const bool unprotected = bit(0) != (protection.protectedBy == ProtectedBy::SetBit);
-  if (protection.panel == PanelKind::Full) {
-    SetFusePanel(unprotected, bit(1), bit(2));
-  } else {
-    SetFusePanel(unprotected);
-  }
+  ShowOnPanel(protection.panel, unprotected, bit(1), bit(2));
 }
 
 void ShowFuseBitsOfBlock() {

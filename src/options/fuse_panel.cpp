@@ -50,6 +50,14 @@ void SetFusePanel(std::optional<bool> protection, std::optional<bool> mode, std:
   SetPair(kClock, clock);
 }
 
+void ShowOnPanel(PanelKind kind, bool protection, bool mode, bool clock) {
+  if (kind == PanelKind::Full) {
+    SetFusePanel(protection, mode, clock);
+  } else {
+    SetFusePanel(protection);
+  }
+}
+
 void HideFusePanel() { SetFusePanel({}); }
 
 }  // namespace pyxis

@@ -63,12 +63,8 @@ void ChooseOptions(const ChipEntry& row) {
   if (!full) dialog.choice[COptionSelectDlg::Mode] = dialog.choice[COptionSelectDlg::Clock] = kNoButton;
   dialog.OnInitDialog();
   if (TheMachine().op->RunDialog(dialog) == DialogEnd::Ok) TakeChoices(dialog, ic.options);
-  if (full) {
-    SetFusePanel(dialog.flag[COptionSelectDlg::Protection], dialog.flag[COptionSelectDlg::Mode],
-                 dialog.flag[COptionSelectDlg::Clock]);
-  } else {
-    SetFusePanel(dialog.flag[COptionSelectDlg::Protection]);
-  }
+  ShowOnPanel(ic.protection.panel, dialog.flag[COptionSelectDlg::Protection], dialog.flag[COptionSelectDlg::Mode],
+              dialog.flag[COptionSelectDlg::Clock]);
 }
 
 }  // namespace pyxis

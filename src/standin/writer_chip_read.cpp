@@ -1,6 +1,5 @@
 // The chip read of the stand-in writer: the order in which a chip's contents go out.
 #include <algorithm>
-#include <string_view>
 
 #include "catalogue/chip_catalogue.h"
 #include "intake/package_files.h"
@@ -13,12 +12,6 @@ namespace {
 
 constexpr std::uint8_t kLowNibble = 0x0F;
 constexpr std::uint8_t kOrderOfData = 2;  // low nibble of ReadBackOrder: the data stands as in the program file
-
-// Data of these ICs begins with the configuration, a byte or a word, which is no part of the memory.
-std::size_t ConfigBytesOf(const ChipEntry& row, std::uint8_t lengthUnit) {
-  if (std::string_view(row.FileExtension) != ".otp") return 0;
-  return (lengthUnit & kLowNibble) == 0 ? 1 : 2;
-}
 
 // A single byte at the end stays: an IC of bytes may have an odd number of them.
 void ExchangeWords(std::vector<std::uint8_t>& bytes) {
@@ -45,7 +38,7 @@ std::vector<std::uint8_t> WriterModel::ChipData() {
     return {};
   }
   std::vector<std::uint8_t> bytes = chip.burnt;
-  DropFront(bytes, ConfigBytesOf(*row, FieldByte(optionArea_, Field::LengthUnit)));
+  DropFront(bytes, row->ic->comparison.configBytes);  // in front of the data, and no part of the memory
   // The data of an EEPROM image begins at DualStart; of any other one at word 0.
   if (FieldByte(optionArea_, Field::EepromImage) == 0)
     DropFront(bytes, 2 * std::size_t{FieldWord(optionArea_, Field::DualStart)});

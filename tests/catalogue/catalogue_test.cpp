@@ -2,6 +2,7 @@
 
 #include "catalogue/chip_catalogue.h"
 #include "data/cases.h"
+#include "intake/package_files.h"
 #include "platform/text.h"
 #include "pyxisfolder/folder.h"
 
@@ -84,13 +85,14 @@ TEST_F(Catalogue, FirmwareImages) {
   EXPECT_FALSE(FirmwareFor(0x3702, Model::Km48));
 }
 
-TEST_F(Catalogue, EveryIcHasItsTemplateOnce) {
-  std::set<std::string> templates;
-  for (const std::string& name : pyxis::folder::TemplateNames()) EXPECT_TRUE(templates.insert(name).second) << name;
+// By its own name, which Read Chip and the serial numbers go by, and by that which its converter opens.
+TEST_F(Catalogue, EveryIcHasItsTemplates) {
+  const std::set<std::string> templates = pyxis::folder::TemplateNames();
   for (const Ic* ic : AllIcs()) {
     if (ic->ChipCode == kNoCode) continue;
     EXPECT_TRUE(templates.contains(ic->ChipName)) << ic->ChipName;
     EXPECT_TRUE(templates.contains(ic->templateName)) << ic->ChipName;
+    EXPECT_EQ(ChipNameOf(pyxis::folder::MakeTemplate(ic->ChipName)), ic->ChipName);
   }
 }
 

@@ -41,9 +41,9 @@ TEST_F(IcRecords, PanelsMenusAndComparisonOfEveryIc) {
       if (Names("comparison", one).contains(name)) filter = one;
     EXPECT_NE(std::string(ic->comparison.filter).find(filter), std::string::npos);
     if (ic->comparison.target == CompareKind::Target::IntelHex) {
-      EXPECT_EQ(ic->comparison.fill, bytes.contains(name)       ? HexFill::Bytes
-                                     : zeroWords.contains(name) ? HexFill::ZeroWords
-                                                                : HexFill::BlankWords);
+      EXPECT_EQ(ic->comparison.mode, bytes.contains(name)       ? kReadBytes
+                                     : zeroWords.contains(name) ? kReadZeroWords
+                                                                : kReadBlankWords);
     }
     if (ic->series == Series::None) continue;
     EXPECT_EQ(ic->protection.fromFile, fromFile.contains(name));
@@ -65,6 +65,7 @@ TEST_F(IcRecords, AnInventedIcHasItsRowAndNoTwin) {
     ic.ChipCode = code;
     ic.km48 = {label};
     ic.km49 = kNoRow;
+    ic.pins = 16;
     return ic;
   };
   const auto with = [](const Ic& more) {

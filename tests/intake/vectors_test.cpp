@@ -98,7 +98,6 @@ TEST_F(Vectors, EveryConversion) {
     app.program.AppDir = appDir;
     app.writer.HwFolder = "hwversion1.1";
     app.writer.WriterModel = Model::Km48;
-    app.selection.SelectedChip = row[1];
     std::filesystem::remove_all(folder);
     Write("hwversion1.1/" + row[2] + ".txt", Random(512, code));
     Bytes serial = Random(256, code + 1);
@@ -109,6 +108,7 @@ TEST_F(Vectors, EveryConversion) {
 
     const auto has = [&](char flag) { return flags.find(flag) != std::string::npos; };
     ConvertRequest request;
+    request.SelectedChip = row[1];
     request.SnMode = has('s');
     request.ExhvIsp = has('e');
     request.IspProgram = has('i');

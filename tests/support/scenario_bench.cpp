@@ -200,6 +200,7 @@ void ScenarioBench::Press(CSnProgramDlg& dialog, const Texts& steps) {
 void ScenarioBench::Convert(const Args& args) {
   ConvertRequest request;
   request.ChipCode = args.As<std::uint32_t>(0);
+  request.SelectedChip = TheAppState().selection.SelectedChip;
   request.Path = Path(args[1]);
   request.OptionValue = &optionValue_;
   for (std::size_t i = 2; i < args.words.size(); ++i) {

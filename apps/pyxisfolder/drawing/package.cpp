@@ -8,16 +8,6 @@ namespace pyxis::folder {
 
 namespace {
 
-// Pins of the series without KM49 rows; the first prefix that fits counts.
-struct SeriesPins {
-  std::string_view prefix;
-  int pins;
-};
-constexpr SeriesPins kSeriesPins[] = {
-    {"QV41", 28}, {"QV42", 64}, {"QVL01", 20}, {"QVL02", 20}, {"QVL03", 20}, {"QVL", 48},
-};
-constexpr int kPinsOfOthers = 16;
-
 // Kind of package by its pins: the first row that holds them.
 struct PackageKind {
   int mostPins;
@@ -47,12 +37,8 @@ std::vector<int> CountsIn(std::string_view label) {
 }
 
 std::vector<int> CountsOfName(std::string_view name) {
-  for (int list = kFirstKm49List; list < kListCount; ++list)
-    for (const ChipEntry& row : ChipList(list))
-      if (row.ChipName == name) return CountsIn(row.TypeLabel);
-  for (const SeriesPins& series : kSeriesPins)
-    if (name.starts_with(series.prefix)) return {series.pins};
-  return {kPinsOfOthers};
+  const Ic& ic = *IcOfName(name);
+  return ic.pins == kInLabel ? CountsIn(ic.km49[0].text) : std::vector{ic.pins};
 }
 
 }  // namespace

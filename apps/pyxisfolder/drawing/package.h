@@ -15,8 +15,7 @@ struct Package {
   int Pins() const { return pinCounts.back(); }
 };
 
-// The package of a row's label. A label without a pin count has that of the IC's first KM49 row, else one usual for its
-// series.
+// The package of a row's label, or of an IC by its name.
 Package PackageOf(std::string_view label);
 
 enum class Side { Left, Bottom, Right, Top };

@@ -11,8 +11,8 @@ namespace pyxis {
 // clang-format off
 inline constexpr Ic kQv82Ics[] = {
     {.ChipName = "QV8202", .ChipCode = 0x2748, .templateName = "QV8202",
-     .series = Series::Qv82, .km48 = {"QV8202"}, .km49 = {"QV8202_16", "QV8202_20"},
-     .boxes = kBoxesLeft, .isp = Isp::Exhv, .FileExtension = kHex, .firmware = {"QV8319.nce", 0x2735},
+     .series = Series::Qv82, .km48 = {"QV8202"}, .km49 = {"QV8202_16", "QV8202_20"}, .pins = kInLabel,
+     .boxes = kBoxesLeft, .isp = Isp::Exhv, .FileExtension = kHex, .firmware = kFirmware2735,
      .ticks = T1, .ReadSizeBytes = 0x2020, .ReadSwapBytes = true, .comparison = kCompareHex,
      .options = OptionChoice::Smart, .masks = M16, .protection = kMultiTimeProtection,
      .serial = UpTo(0x1000), .menus = kAllEntries},

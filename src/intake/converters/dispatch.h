@@ -1,4 +1,5 @@
-// All converter rows, by ChipCode. A family is one routine and one table of rows (the *_table.h).
+// All converter rows, by ChipCode. A family is one routine and one table of rows (the *_table.h). A row goes by its
+// IC's name; the code is that of the IC's record.
 #pragma once
 
 #include <algorithm>
@@ -6,6 +7,7 @@
 #include <cstdint>
 #include <variant>
 
+#include "catalogue/ics.h"
 #include "intake/convert.h"
 #include "intake/converters/epm4_table.h"
 #include "intake/converters/hex14_mtp_table.h"
@@ -41,13 +43,20 @@ struct ConverterEntry {
   ConverterFamily row;
 };
 
+// kNoCode for a name that no IC has.
+constexpr std::uint32_t CodeOfName(const char* chipName) {
+  for (const Ic* ic : kIcs)
+    if (SameText(ic->ChipName, chipName)) return ic->ChipCode;
+  return kNoCode;
+}
+
 // The entries of all tables, by ChipCode.
 template <typename... Tables>
 constexpr auto GatherConverters(const Tables&... tables) {
   std::array<ConverterEntry, (std::tuple_size_v<Tables> + ...)> entries;
   std::size_t count = 0;
   const auto take = [&](const auto& table) {
-    for (const auto& row : table) entries[count++] = {row.ChipCode, &row};
+    for (const auto& row : table) entries[count++] = {CodeOfName(row.ChipName), &row};
   };
   (take(tables), ...);
   std::ranges::sort(entries, {}, &ConverterEntry::ChipCode);
@@ -58,7 +67,8 @@ inline constexpr auto kConverters =
     GatherConverters(kOtp4Table, kEpm4Table, kHex14OtpTable, kHex14MtpTable, kVelmarFlashTable, kVelmarEepromTable,
                      kVelmarBlockTable, kUsbHexTable, kUsbObjTable, kUsbEepromTable);
 static_assert(std::ranges::adjacent_find(kConverters, {}, &ConverterEntry::ChipCode) == kConverters.end(),
-              "a ChipCode stands in two converter rows");
+              "an IC has two converter rows");
+static_assert(kConverters.front().ChipCode != kNoCode, "a converter row of a name that no IC with a ChipCode has");
 
 // Null for a code without a converter.
 constexpr const ConverterEntry* FindConverter(std::uint32_t chipCode) {

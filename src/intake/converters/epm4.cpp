@@ -2,7 +2,6 @@
 
 #include "intake/converters/dispatch.h"
 #include "intake/converters/frame.h"
-#include "shell/ground/app_state.h"
 
 namespace pyxis {
 
@@ -52,13 +51,14 @@ void PatchExtraWords(const Epm4Row& row, ConversionFrame& frame) {
 ConversionResults Convert(const Epm4Row& row, const ConvertRequest& request) {
   ConversionFrame frame(request);
   if (const auto code = frame.OpenProgramFile(); code != kConverted) return {code};
-  const bool keyed = row.key.chip != nullptr && TheAppState().selection.SelectedChip == row.key.chip;
+  const bool keyed = row.key.chip != nullptr && request.SelectedChip == row.key.chip;
   if (keyed && frame.image.Byte(row.key.offset) != row.key.value)
     return {frame.TellOpenError(kSourceFailed, frame.path)};
   if (row.serial) {
     if (const auto code = frame.OpenSerialFile(); code != kConverted) return {code};
   }
-  if (const auto code = frame.OpenPackages(keyed ? row.key.chip : row.name); code != kConverted) return {code};
+  if (keyed) frame.templateName = row.key.chip;
+  if (const auto code = frame.OpenPackages(); code != kConverted) return {code};
 
   const std::uint8_t protect = ReadProtectByte(row, frame);
   CopyBytes(frame, 0, row.imageBytes, true);

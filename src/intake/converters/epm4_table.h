@@ -37,8 +37,7 @@ inline constexpr Epm4Key kNoKey{0, 0, nullptr};
 inline constexpr Epm4Key kKeyOf4207{65598, 1, "QV4207"};
 
 struct Epm4Row {
-  std::uint32_t ChipCode;
-  const char* name;  // of the template
+  const char* ChipName;
   std::size_t imageBytes;
   std::size_t protectOffset;
   Epm4Options options;
@@ -52,34 +51,34 @@ struct Epm4Row {
 
 // clang-format off
 inline constexpr auto kEpm4Table = std::to_array<Epm4Row>({
-    {.ChipCode = 0x1390, .name = "QV4301", .imageBytes = 49152, .protectOffset = 0x10002,
+    {.ChipName = "QV4301", .imageBytes = 49152, .protectOffset = 0x10002,
      .options = OptionsAt(0x10000), .serial = false, .tail = kNoTail, .protect = ProtectByte::BitSet,
      .extra = ExtraPatch::FromTemplate, .packageLength = 0, .key = kNoKey},
-    {.ChipCode = 0x1393, .name = "QV4206", .imageBytes = 65536, .protectOffset = 0x10002,
+    {.ChipName = "QV4206", .imageBytes = 65536, .protectOffset = 0x10002,
      .options = OptionsAt(0x10000), .serial = false, .tail = kNoTail, .protect = ProtectByte::BitSet,
      .extra = ExtraPatch::FromTemplate, .packageLength = 256, .key = kKeyOf4207},
-    {.ChipCode = 0x13931, .name = "QV4206", .imageBytes = 65536, .protectOffset = 0x10002,
+    {.ChipName = "QV4207", .imageBytes = 65536, .protectOffset = 0x10002,
      .options = OptionsAt(0x10000), .serial = false, .tail = kNoTail, .protect = ProtectByte::BitSet,
      .extra = ExtraPatch::FromTemplate, .packageLength = 256, .key = kKeyOf4207},
-    {.ChipCode = 0x1384, .name = "QV4205", .imageBytes = 49152, .protectOffset = 0x10002,
+    {.ChipName = "QV4205", .imageBytes = 49152, .protectOffset = 0x10002,
      .options = OptionsAt(0x10000), .serial = false, .tail = kNoTail, .protect = ProtectByte::BitSet,
      .extra = ExtraPatch::FromTemplate, .packageLength = 256, .key = kNoKey},
-    {.ChipCode = 0x1392, .name = "QV4204", .imageBytes = 32768, .protectOffset = 32770, .options = OptionsAt(32768),
+    {.ChipName = "QV4204", .imageBytes = 32768, .protectOffset = 32770, .options = OptionsAt(32768),
      .serial = true, .tail = kNoTail, .protect = ProtectByte::BitSet, .extra = ExtraPatch::FromTemplate,
      .packageLength = 256, .key = kNoKey},
-    {.ChipCode = 0x1388, .name = "QV4202", .imageBytes = 32768, .protectOffset = 32770, .options = OptionsAt(32768),
+    {.ChipName = "QV4203", .imageBytes = 32768, .protectOffset = 32770, .options = OptionsAt(32768),
      .serial = false, .tail = kNoTail, .protect = ProtectByte::BitSet, .extra = ExtraPatch::FromTemplate,
      .packageLength = 256, .key = kNoKey},
-    {.ChipCode = 0x1387, .name = "QV4201", .imageBytes = 16384, .protectOffset = 16386, .options = OptionsAt(16384),
+    {.ChipName = "QV4201", .imageBytes = 16384, .protectOffset = 16386, .options = OptionsAt(16384),
      .serial = true, .tail = kNoTail, .protect = ProtectByte::BitSet, .extra = ExtraPatch::FromTemplate,
      .packageLength = 256, .key = kNoKey},
-    {.ChipCode = 0x1385, .name = "QV4107", .imageBytes = 8192, .protectOffset = 8192, .options = {8192, 1, 13},
+    {.ChipName = "QV4107", .imageBytes = 8192, .protectOffset = 8192, .options = {8192, 1, 13},
      .serial = true, .tail = kNoTail, .protect = ProtectByte::BitSet, .extra = ExtraPatch::ClearFirst,
      .packageLength = 256, .key = kNoKey},
-    {.ChipCode = 0x1357, .name = "QV4104", .imageBytes = 8192, .protectOffset = 8194, .options = {8192, 16, 0},
+    {.ChipName = "QV4104", .imageBytes = 8192, .protectOffset = 8194, .options = {8192, 16, 0},
      .serial = true, .tail = kNoTail, .protect = ProtectByte::Plain, .extra = ExtraPatch::ClearFirst,
      .packageLength = 256, .key = kNoKey},
-    {.ChipCode = 0x1382, .name = "QV4101", .imageBytes = 32768, .protectOffset = 32770, .options = kNoOptions,
+    {.ChipName = "QV4101", .imageBytes = 32768, .protectOffset = 32770, .options = kNoOptions,
      .serial = false, .tail = {4, 2044}, .protect = ProtectByte::BitSet, .extra = ExtraPatch::None,
      .packageLength = 256, .key = kNoKey},
 });

@@ -1,6 +1,5 @@
 // Every IC has exactly one converter row, and every converter row is one IC's; a name without a code has none.
 #include <algorithm>
-#include <string_view>
 
 #include "catalogue/ics.h"
 #include "intake/converters/dispatch.h"
@@ -25,14 +24,8 @@ template <typename Table>
 constexpr bool RowsAgree(const Table& table, const auto& agrees) {
   for (const Ic* ic : kIcs)
     for (const auto& row : table)
-      if (ic->ChipCode == row.ChipCode && !agrees(*ic, row)) return false;
+      if (SameText(ic->ChipName, row.ChipName) && !agrees(*ic, row)) return false;
   return true;
-}
-
-template <typename... Tables>
-constexpr bool TemplatesAgree(const Tables&... tables) {
-  const auto same = [](const Ic& ic, const auto& row) { return std::string_view(ic.templateName) == row.name; };
-  return (RowsAgree(tables, same) && ...);
 }
 
 constexpr bool ProtectionsAre(const Protection& place, const auto& table) {
@@ -48,9 +41,6 @@ constexpr bool FlashMemoriesAgree() {
   });
 }
 
-static_assert(TemplatesAgree(kOtp4Table, kEpm4Table, kHex14OtpTable, kHex14MtpTable, kVelmarFlashTable,
-                             kVelmarEepromTable, kVelmarBlockTable, kUsbHexTable, kUsbObjTable, kUsbEepromTable),
-              "a record and its converter row name two templates");
 static_assert(ProtectionsAre(kFlashProtection, kVelmarFlashTable) &&
                   ProtectionsAre(kOneTimeProtection, kHex14OtpTable) &&
                   ProtectionsAre(kMultiTimeProtection, kHex14MtpTable),

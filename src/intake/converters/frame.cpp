@@ -2,6 +2,7 @@
 
 #include <array>
 
+#include "catalogue/chip_catalogue.h"
 #include "intake/converters/hex14.h"
 #include "platform/byte_order.h"
 #include "platform/clock.h"
@@ -38,6 +39,7 @@ ConversionFrame::ConversionFrame(const ConvertRequest& convertRequest, Names nam
     : request(convertRequest),
       state(TheAppState().conversion),
       path(names == Names::LowerCase ? ToLower(request.Path) : request.Path),
+      templateName(IcOfCode(request.ChipCode)->templateName),
       massProduction_(request.MassProduction) {
   state.ImageChecksum = 0xFFFF;
 }
@@ -91,7 +93,7 @@ ConverterCode ConversionFrame::OpenSerialFile() {
   return kConverted;
 }
 
-ConverterCode ConversionFrame::OpenPackages(const std::string& templateName) {
+ConverterCode ConversionFrame::OpenPackages() {
   auto bytes = ReadForUpdate(TemplatePath(templateName));
   if (!bytes) return TellOpenError(kSourceFailed, path);
   templateBytes = std::move(*bytes);
@@ -114,9 +116,9 @@ ConverterCode ConversionFrame::ReadEepromImage() {
   return ReadEepromBin(request.Path, image_.place) == 0 ? kSourceFailed : TakeImage();
 }
 
-ConverterCode ConversionFrame::OpenHexJob(const std::string& templateName, ReadMode mode) {
+ConverterCode ConversionFrame::OpenHexJob(ReadMode mode) {
   if (const auto code = OpenSerialFile(); code != kConverted) return code;
-  if (const auto code = OpenPackages(templateName); code != kConverted) return code;
+  if (const auto code = OpenPackages(); code != kConverted) return code;
   return ReadHexImage(mode);
 }
 

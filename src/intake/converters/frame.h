@@ -34,13 +34,13 @@ class ConversionFrame {
   // Serial numbers and Mass Production Mode exclude each other: clears the converter's copy of the latter.
   ConverterCode OpenSerialFile();
   // The template, then the two package files, which are emptied.
-  ConverterCode OpenPackages(const std::string& templateName);
+  ConverterCode OpenPackages();
   // Reads the Intel HEX file into the temporary image beside it, and takes that image.
   ConverterCode ReadHexImage(ReadMode mode, std::uint32_t forcedLength = 0);
   // Wraps an EEPROM file into <stem>_new.bin, and takes that image.
   ConverterCode ReadEepromImage();
   // Serial file, packages and temporary image, one after the other.
-  ConverterCode OpenHexJob(const std::string& templateName, ReadMode mode);
+  ConverterCode OpenHexJob(ReadMode mode);
 
   ConverterCode TellIdError(ConverterCode code = kWrongId) const;
   ConverterCode TellOpenError(ConverterCode code, const std::string& failedPath) const;
@@ -71,8 +71,9 @@ class ConversionFrame {
   ConversionResults Finish(const Tail& tail, Loaded loaded);
 
   const ConvertRequest& request;
-  ConversionState& state;  // the process-wide results
-  std::string path;        // of the program file, as names and messages give it; request.Path opens it
+  ConversionState& state;    // the process-wide results
+  std::string path;          // of the program file, as names and messages give it; request.Path opens it
+  std::string templateName;  // the IC's
   Image image;
   std::vector<std::uint8_t> templateBytes;
   std::vector<std::uint8_t> serial;  // contents of serial.txt, when serial numbers are on

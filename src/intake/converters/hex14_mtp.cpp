@@ -18,7 +18,7 @@ bool IdMatches(const Hex14MtpRow& row, const Image& image) {
 
 ConversionResults Convert(const Hex14MtpRow& row, const ConvertRequest& request) {
   ConversionFrame frame(request);
-  if (const auto code = frame.OpenHexJob(row.name, row.mode); code != kConverted) return {code};
+  if (const auto code = frame.OpenHexJob(row.mode); code != kConverted) return {code};
   if (!IdMatches(row, frame.image)) return {frame.TellIdError()};
 
   for (std::uint32_t i = 1; i <= row.memory.length; ++i) {

@@ -75,7 +75,7 @@ ConverterCode MoveSerial(const SerialMove& move, ConversionFrame& frame) {
 
 ConversionResults Convert(const Hex14OtpRow& row, const ConvertRequest& request) {
   ConversionFrame frame(request);
-  if (const auto code = frame.OpenHexJob(row.name, kReadBlankWords); code != kConverted) return {code};
+  if (const auto code = frame.OpenHexJob(kReadBlankWords); code != kConverted) return {code};
 
   const std::uint16_t id = frame.image.Word(row.memory.idWord);
   if ((id & 0xFF) != row.idLow || ((id >> 8) & row.idHighMask) != row.idHigh) return {frame.TellIdError(row.idCode)};

@@ -5,8 +5,6 @@ namespace pyxis {
 
 namespace {
 
-constexpr std::size_t kHeader = 32;  // bytes, skipped
-
 constexpr unsigned kUnprotectedBit = 1;  // of the configuration: 0 means protected
 constexpr unsigned kClearedOut = 2;      // always 0 in the package
 constexpr unsigned kSummedSet = 3;       // always 1 in the checksum
@@ -20,8 +18,8 @@ std::uint16_t CopyBytes(const Otp4Row& row, ConversionFrame& frame) {
   const Image& image = frame.image;
   const std::uint8_t stored = image.Byte(row.configOffset);
   frame.WriteByte(stored);
-  const std::size_t last = image.Length() > kHeader ? image.Length() - 1 : kHeader;
-  for (std::size_t at = kHeader; at < last; ++at) {
+  const std::size_t last = image.Length() > kOtp4Header ? image.Length() - 1 : kOtp4Header;
+  for (std::size_t at = kOtp4Header; at < last; ++at) {
     frame.WriteByte(image.Byte(at));
     frame.Sum(image.Byte(at));
   }
@@ -34,7 +32,7 @@ std::uint16_t CopyWords(const Otp4Row& row, ConversionFrame& frame) {
   const std::uint16_t stored = image.Le16(row.configOffset);
   frame.WriteBe16(stored);
   for (std::size_t i = 0; i < row.words; ++i) {
-    const std::uint16_t word = image.Le16(kHeader + 2 * i);
+    const std::uint16_t word = image.Le16(kOtp4Header + 2 * i);
     frame.WriteBe16(word);
     frame.Sum(word);
   }
@@ -48,7 +46,7 @@ std::uint16_t CopyWords(const Otp4Row& row, ConversionFrame& frame) {
 ConversionResults Convert(const Otp4Row& row, const ConvertRequest& request) {
   ConversionFrame frame(request);
   if (const auto code = frame.OpenProgramFile(); code != kConverted) return {code};
-  if (const auto code = frame.OpenPackages(row.name); code != kConverted) return {code};
+  if (const auto code = frame.OpenPackages(); code != kConverted) return {code};
   const std::uint16_t config = row.unit == Otp4Unit::Byte ? CopyBytes(row, frame) : CopyWords(row, frame);
   frame.option.Put(Field::ImageChecksum, frame.state.ImageChecksum);
   frame.option.Put(Field::ConfigWord, config);

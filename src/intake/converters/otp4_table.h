@@ -7,11 +7,12 @@
 
 namespace pyxis {
 
+inline constexpr std::size_t kOtp4Header = 32;  // bytes of the program file, skipped
+
 enum class Otp4Unit { Byte, Word };
 
 struct Otp4Row {
-  std::uint32_t ChipCode;
-  const char* name;  // of the template
+  const char* ChipName;
   Otp4Unit unit;
   std::size_t words;  // copied and summed; 0: an IC of bytes takes the file's length
   std::size_t configOffset;
@@ -19,9 +20,9 @@ struct Otp4Row {
 
 // clang-format off
 inline constexpr auto kOtp4Table = std::to_array<Otp4Row>({
-    {.ChipCode = 0x1395, .name = "QV4105", .unit = Otp4Unit::Byte, .words = 0, .configOffset = 8223},
-    {.ChipCode = 0x1396, .name = "QV4106", .unit = Otp4Unit::Word, .words = 6512, .configOffset = 16414},
-    {.ChipCode = 0x1397, .name = "QV4103", .unit = Otp4Unit::Word, .words = 6512, .configOffset = 16414},
+    {.ChipName = "QV4105", .unit = Otp4Unit::Byte, .words = 0, .configOffset = 8223},
+    {.ChipName = "QV4106", .unit = Otp4Unit::Word, .words = 6512, .configOffset = 16414},
+    {.ChipName = "QV4103", .unit = Otp4Unit::Word, .words = 6512, .configOffset = 16414},
 });
 // clang-format on
 

@@ -88,7 +88,7 @@ ConversionResults Convert(const UsbEepromRow& row, const ConvertRequest& request
   ConversionFrame frame(request, Names::LowerCase);
   const bool eeprom = frame.path.ends_with(".bin");
   if (const auto code = frame.OpenSerialFile(); code != kConverted) return {code};
-  if (const auto code = frame.OpenPackages(row.name); code != kConverted) return {code};
+  if (const auto code = frame.OpenPackages(); code != kConverted) return {code};
   if (const auto code = eeprom ? ReadEeprom(row, frame) : ReadHex(row, frame); code != kConverted) return {code};
 
   std::uint32_t config = *request.OptionValue;

@@ -17,8 +17,7 @@ struct UsbEepromId {
 inline constexpr UsbEepromId kNoId{0, 0, 0};
 
 struct UsbEepromRow {
-  std::uint32_t ChipCode;
-  const char* name;  // of the template
+  const char* ChipName;
   UsbEepromId id;
   std::uint32_t words;
   ArgumentClass argumentClass;
@@ -32,22 +31,22 @@ struct UsbEepromRow {
 
 // clang-format off
 inline constexpr auto kUsbEepromTable = std::to_array<UsbEepromRow>({
-    {.ChipCode = 0x1645, .name = "QVL09", .id = {16404, 0x45, 3}, .words = 8192, .argumentClass = ArgumentClass::C,
+    {.ChipName = "QVL09", .id = {16404, 0x45, 3}, .words = 8192, .argumentClass = ArgumentClass::C,
      .eepromName = "QVL09EEPROM", .eepromStart = 0x17, .loadsImage = false, .mode = kReadBlankWords,
      .forcedLength = 0, .plainBytes = false},
-    {.ChipCode = 0x1655, .name = "QVL12", .id = {16404, 0x55, 2}, .words = 8192, .argumentClass = ArgumentClass::C,
+    {.ChipName = "QVL12", .id = {16404, 0x55, 2}, .words = 8192, .argumentClass = ArgumentClass::C,
      .eepromName = "QVL12EEPROM", .eepromStart = 0x17, .loadsImage = false, .mode = kReadBlankWords,
      .forcedLength = 0, .plainBytes = false},
-    {.ChipCode = 0x1646, .name = "QVL10", .id = {12308, 0x46, 3}, .words = 6144, .argumentClass = ArgumentClass::B,
+    {.ChipName = "QVL10", .id = {12308, 0x46, 3}, .words = 6144, .argumentClass = ArgumentClass::B,
      .eepromName = "QVL10EEPROM", .eepromStart = 0x17, .loadsImage = true, .mode = kReadBlankWords, .forcedLength = 0,
      .plainBytes = false},
-    {.ChipCode = 0x1650, .name = "QVL11", .id = {8212, 0x50, 3}, .words = 4096, .argumentClass = ArgumentClass::B,
+    {.ChipName = "QVL11", .id = {8212, 0x50, 3}, .words = 4096, .argumentClass = ArgumentClass::B,
      .eepromName = kMadeEepromName, .eepromStart = 0x0F, .loadsImage = true, .mode = kReadBlankWords, .forcedLength = 0,
      .plainBytes = false},
-    {.ChipCode = 0x1638, .name = "QVL07", .id = kNoId, .words = 12288, .argumentClass = ArgumentClass::B,
+    {.ChipName = "QVL07", .id = kNoId, .words = 12288, .argumentClass = ArgumentClass::B,
      .eepromName = "QVL07EEPROM", .eepromStart = 0x0F, .loadsImage = true, .mode = kReadZeroWords,
      .forcedLength = 0x6020, .plainBytes = true},
-    {.ChipCode = 0x9840, .name = "QVX03", .id = kNoId, .words = 8192, .argumentClass = ArgumentClass::C,
+    {.ChipName = "QVX03", .id = kNoId, .words = 8192, .argumentClass = ArgumentClass::C,
      .eepromName = "QVL09EEPROM", .eepromStart = 0x17, .loadsImage = false, .mode = kReadBytes, .forcedLength = 0,
      .plainBytes = false},
 });

@@ -24,7 +24,7 @@ std::vector<std::uint8_t> OtpHeader(const UsbHexRow& row) {
 ConversionResults Convert(const UsbHexRow& row, const ConvertRequest& request) {
   const std::uint32_t optionValue = *request.OptionValue;
   ConversionFrame frame(request);
-  if (const auto code = frame.OpenHexJob(row.name, kReadBytes); code != kConverted) return {code};
+  if (const auto code = frame.OpenHexJob(kReadBytes); code != kConverted) return {code};
 
   for (std::size_t at = 0; at < row.imageBytes; at += 2) {
     frame.CopyPair(at);

@@ -11,9 +11,9 @@ constexpr std::uint8_t kOptionBits = 0x6F;
 
 std::int32_t WordsOf(const UsbObjRow& row, std::int32_t length) {
   switch (row.count) {
-    case WordCount::File:
+    case WordCount::OfFile:
       return (length - kObjHeader) / 2;
-    case WordCount::FileLessTwo:
+    case WordCount::OfFileLessTwo:
       return (length - kObjHeader) / 2 - 2;
     case WordCount::Fixed:
       break;
@@ -25,7 +25,7 @@ std::int32_t WordsOf(const UsbObjRow& row, std::int32_t length) {
 std::int32_t ImageLengthOf(const UsbObjRow& row, std::int32_t length) {
   if (row.optionSource != OptionSource::Header) return WordsOf(row, length);
   const std::int32_t words = (length + (length & 1) - kObjHeader) / 2;
-  return row.count == WordCount::FileLessTwo ? words - 3 : words;
+  return row.count == WordCount::OfFileLessTwo ? words - 3 : words;
 }
 
 std::uint16_t Swapped(std::uint16_t word) { return static_cast<std::uint16_t>(word << 8 | word >> 8); }
@@ -36,7 +36,7 @@ ConversionResults Convert(const UsbObjRow& row, const ConvertRequest& request) {
   ConversionFrame frame(request);
   if (const auto code = frame.OpenSerialFile(); code != kConverted) return {code};
   if (const auto code = frame.OpenProgramFile(); code != kConverted) return {code};
-  if (const auto code = frame.OpenPackages(row.name); code != kConverted) return {code};
+  if (const auto code = frame.OpenPackages(); code != kConverted) return {code};
 
   const Image& image = frame.image;
   const auto length = static_cast<std::int32_t>(image.Length());

@@ -6,14 +6,13 @@
 
 namespace pyxis {
 
-enum class WordCount { File, FileLessTwo, Fixed };  // all words of the file, all but two, a number
+enum class WordCount { OfFile, OfFileLessTwo, Fixed };  // all words of the file, all but two, a number
 enum class OptionSource { None, Header, BehindWords };
 
 inline constexpr std::uint32_t kAllWords = 0xFFFFFFFF;
 
 struct UsbObjRow {
-  std::uint32_t ChipCode;
-  const char* name;  // of the template
+  const char* ChipName;
   WordCount count;
   std::int32_t fixedWords;  // with WordCount::Fixed, else 0
   OptionSource optionSource;
@@ -25,22 +24,22 @@ struct UsbObjRow {
 
 // clang-format off
 inline constexpr auto kUsbObjTable = std::to_array<UsbObjRow>({
-    {.ChipCode = 0x1603, .name = "QVL01", .count = WordCount::File, .fixedWords = 0,
+    {.ChipName = "QVL01", .count = WordCount::OfFile, .fixedWords = 0,
      .optionSource = OptionSource::None, .sumHeader = true, .swapSum = false, .summedWords = kAllWords,
      .sumOption = false},
-    {.ChipCode = 0x1604, .name = "QVL02", .count = WordCount::File, .fixedWords = 0,
+    {.ChipName = "QVL02", .count = WordCount::OfFile, .fixedWords = 0,
      .optionSource = OptionSource::None, .sumHeader = true, .swapSum = false, .summedWords = kAllWords,
      .sumOption = false},
-    {.ChipCode = 0x1615, .name = "QVL03", .count = WordCount::File, .fixedWords = 0,
+    {.ChipName = "QVL03", .count = WordCount::OfFile, .fixedWords = 0,
      .optionSource = OptionSource::None, .sumHeader = true, .swapSum = false, .summedWords = kAllWords,
      .sumOption = false},
-    {.ChipCode = 0x1633, .name = "QVL08", .count = WordCount::File, .fixedWords = 0,
+    {.ChipName = "QVL08", .count = WordCount::OfFile, .fixedWords = 0,
      .optionSource = OptionSource::Header, .sumHeader = false, .swapSum = true, .summedWords = kAllWords,
      .sumOption = false},
-    {.ChipCode = 0x1629, .name = "QVX02", .count = WordCount::FileLessTwo, .fixedWords = 0,
+    {.ChipName = "QVX02", .count = WordCount::OfFileLessTwo, .fixedWords = 0,
      .optionSource = OptionSource::Header, .sumHeader = false, .swapSum = false, .summedWords = 1021,
      .sumOption = true},
-    {.ChipCode = 0x1742, .name = "QV8369", .count = WordCount::Fixed, .fixedWords = 4096,
+    {.ChipName = "QV8369", .count = WordCount::Fixed, .fixedWords = 4096,
      .optionSource = OptionSource::BehindWords, .sumHeader = false, .swapSum = false, .summedWords = kAllWords,
      .sumOption = true},
 });

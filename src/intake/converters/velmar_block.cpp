@@ -44,7 +44,7 @@ std::uint16_t CopyBlock(const VelmarBlockRow& row, const BlockMode& mode, Conver
 
 ConversionResults Convert(const VelmarBlockRow& row, const ConvertRequest& request) {
   ConversionFrame frame(request, Names::LowerCase);
-  if (const auto code = frame.OpenHexJob(row.name, kReadBytes); code != kConverted) return {code};
+  if (const auto code = frame.OpenHexJob(kReadBytes); code != kConverted) return {code};
   const BlockMode* mode = ModeOf(row, frame.image.Byte(row.imageBytes + 1));
   if (!VelmarIdMatches(frame.image, row.idOffset, row.idSecond, row.idThirdHigh) || mode == nullptr)
     return {frame.TellIdError()};

@@ -16,8 +16,7 @@ struct BlockMode {
 };
 
 struct VelmarBlockRow {
-  std::uint32_t ChipCode;
-  const char* name;  // of the template
+  const char* ChipName;
   std::uint16_t imageBytes;
   std::size_t blockWords;
   std::size_t idOffset;
@@ -28,7 +27,7 @@ struct VelmarBlockRow {
 
 // clang-format off
 inline constexpr auto kVelmarBlockTable = std::to_array<VelmarBlockRow>({
-    {.ChipCode = 0x3702, .name = "QV8123", .imageBytes = 16384, .blockWords = 48,
+    {.ChipName = "QV8123", .imageBytes = 16384, .blockWords = 48,
      .idOffset = 16432, .idSecond = 0x02, .idThirdHigh = 0x3,
      .modes = std::to_array<BlockMode>({{.key = 0xFE, .dualSkip = 0, .optionIndex = 2, .parameter = 53},
                 {.key = 0xE0, .dualSkip = 4096, .optionIndex = 10, .parameter = 64}})},

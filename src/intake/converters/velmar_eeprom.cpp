@@ -17,7 +17,7 @@ ConverterCode ReadImage(const VelmarEepromRow& row, ConversionFrame& frame) {
 ConversionResults Convert(const VelmarEepromRow& row, const ConvertRequest& request) {
   ConversionFrame frame(request, Names::LowerCase);
   if (const auto code = frame.OpenSerialFile(); code != kConverted) return {code};
-  if (const auto code = frame.OpenPackages(row.name); code != kConverted) return {code};
+  if (const auto code = frame.OpenPackages(); code != kConverted) return {code};
   if (const auto code = ReadImage(row, frame); code != kConverted) return {code};
 
   CopyVelmarImage(frame, row.imageBytes, row.imageBytes);

@@ -11,7 +11,7 @@ constexpr std::size_t kSizeByte = 7;  // behind the ID offset; its low nibble se
 
 ConversionResults Convert(const VelmarFlashRow& row, const ConvertRequest& request) {
   ConversionFrame frame(request, Names::LowerCase);
-  if (const auto code = frame.OpenHexJob(row.name, kReadBytes); code != kConverted) return {code};
+  if (const auto code = frame.OpenHexJob(kReadBytes); code != kConverted) return {code};
   const std::size_t id = VelmarIdOffset(row.imageBytes);
   if (!VelmarIdMatches(frame.image, id, row.idSecond, row.idThirdHigh)) return {frame.TellIdError()};
 

@@ -7,8 +7,7 @@
 namespace pyxis {
 
 struct VelmarFlashRow {
-  std::uint32_t ChipCode;
-  const char* name;          // of the template
+  const char* ChipName;
   std::uint16_t imageBytes;  // the configuration word lies behind them, and the ID behind that
   std::uint8_t idSecond;     // second byte of the ID
   std::uint8_t idThirdHigh;  // high nibble of the third
@@ -18,27 +17,27 @@ struct VelmarFlashRow {
 
 // clang-format off
 inline constexpr auto kVelmarFlashTable = std::to_array<VelmarFlashRow>({
-    {.ChipCode = 0x3706, .name = "QV8121", .imageBytes = 4094, .idSecond = 0x06, .idThirdHigh = 0x2, .wholeConfig = false, .usedInWords = false},
-    {.ChipCode = 0x37060, .name = "QV8122", .imageBytes = 4094, .idSecond = 0x06, .idThirdHigh = 0x3, .wholeConfig = false, .usedInWords = false},
-    {.ChipCode = 0x3710, .name = "QV8115", .imageBytes = 8190, .idSecond = 0x10, .idThirdHigh = 0x2, .wholeConfig = false, .usedInWords = false},
-    {.ChipCode = 0x37100, .name = "QV8117", .imageBytes = 8190, .idSecond = 0x10, .idThirdHigh = 0x3, .wholeConfig = false, .usedInWords = false},
-    {.ChipCode = 0x37101, .name = "QV8116", .imageBytes = 8190, .idSecond = 0x10, .idThirdHigh = 0x4, .wholeConfig = false, .usedInWords = false},
-    {.ChipCode = 0x37102, .name = "QV8118", .imageBytes = 8190, .idSecond = 0x10, .idThirdHigh = 0x5, .wholeConfig = false, .usedInWords = false},
-    {.ChipCode = 0x3712, .name = "QV8111", .imageBytes = 8190, .idSecond = 0x12, .idThirdHigh = 0x2, .wholeConfig = false, .usedInWords = false},
-    {.ChipCode = 0x37120, .name = "QV8113", .imageBytes = 8190, .idSecond = 0x12, .idThirdHigh = 0x3, .wholeConfig = false, .usedInWords = false},
-    {.ChipCode = 0x37121, .name = "QV8112", .imageBytes = 8190, .idSecond = 0x12, .idThirdHigh = 0x4, .wholeConfig = false, .usedInWords = false},
-    {.ChipCode = 0x37122, .name = "QV8114", .imageBytes = 8190, .idSecond = 0x12, .idThirdHigh = 0x5, .wholeConfig = false, .usedInWords = false},
-    {.ChipCode = 0x37130, .name = "QV8108", .imageBytes = 8190, .idSecond = 0x13, .idThirdHigh = 0x2, .wholeConfig = false, .usedInWords = false},
-    {.ChipCode = 0x3713, .name = "QV8106", .imageBytes = 8190, .idSecond = 0x13, .idThirdHigh = 0x3, .wholeConfig = false, .usedInWords = false},
-    {.ChipCode = 0x37132, .name = "QV8109", .imageBytes = 8190, .idSecond = 0x13, .idThirdHigh = 0x4, .wholeConfig = false, .usedInWords = false},
-    {.ChipCode = 0x37131, .name = "QV8107", .imageBytes = 8190, .idSecond = 0x13, .idThirdHigh = 0x5, .wholeConfig = false, .usedInWords = false},
-    {.ChipCode = 0x3703, .name = "QV8120", .imageBytes = 16382, .idSecond = 0x03, .idThirdHigh = 0x2, .wholeConfig = false, .usedInWords = false},
-    {.ChipCode = 0x37030, .name = "QV8119", .imageBytes = 16382, .idSecond = 0x03, .idThirdHigh = 0x3, .wholeConfig = false, .usedInWords = false},
-    {.ChipCode = 0x3704, .name = "QV8103", .imageBytes = 16382, .idSecond = 0x04, .idThirdHigh = 0x2, .wholeConfig = true, .usedInWords = false},
-    {.ChipCode = 0x37090, .name = "QV8105", .imageBytes = 16382, .idSecond = 0x09, .idThirdHigh = 0x2, .wholeConfig = true, .usedInWords = false},
-    {.ChipCode = 0x3709, .name = "QV8104", .imageBytes = 16382, .idSecond = 0x09, .idThirdHigh = 0x3, .wholeConfig = true, .usedInWords = false},
-    {.ChipCode = 0x37140, .name = "QV8102", .imageBytes = 32766, .idSecond = 0x14, .idThirdHigh = 0x2, .wholeConfig = false, .usedInWords = true},
-    {.ChipCode = 0x3714, .name = "QV8101", .imageBytes = 32766, .idSecond = 0x14, .idThirdHigh = 0x3, .wholeConfig = false, .usedInWords = true},
+    {.ChipName = "QV8121", .imageBytes = 4094, .idSecond = 0x06, .idThirdHigh = 0x2, .wholeConfig = false, .usedInWords = false},
+    {.ChipName = "QV8122", .imageBytes = 4094, .idSecond = 0x06, .idThirdHigh = 0x3, .wholeConfig = false, .usedInWords = false},
+    {.ChipName = "QV8115", .imageBytes = 8190, .idSecond = 0x10, .idThirdHigh = 0x2, .wholeConfig = false, .usedInWords = false},
+    {.ChipName = "QV8117", .imageBytes = 8190, .idSecond = 0x10, .idThirdHigh = 0x3, .wholeConfig = false, .usedInWords = false},
+    {.ChipName = "QV8116", .imageBytes = 8190, .idSecond = 0x10, .idThirdHigh = 0x4, .wholeConfig = false, .usedInWords = false},
+    {.ChipName = "QV8118", .imageBytes = 8190, .idSecond = 0x10, .idThirdHigh = 0x5, .wholeConfig = false, .usedInWords = false},
+    {.ChipName = "QV8111", .imageBytes = 8190, .idSecond = 0x12, .idThirdHigh = 0x2, .wholeConfig = false, .usedInWords = false},
+    {.ChipName = "QV8113", .imageBytes = 8190, .idSecond = 0x12, .idThirdHigh = 0x3, .wholeConfig = false, .usedInWords = false},
+    {.ChipName = "QV8112", .imageBytes = 8190, .idSecond = 0x12, .idThirdHigh = 0x4, .wholeConfig = false, .usedInWords = false},
+    {.ChipName = "QV8114", .imageBytes = 8190, .idSecond = 0x12, .idThirdHigh = 0x5, .wholeConfig = false, .usedInWords = false},
+    {.ChipName = "QV8108", .imageBytes = 8190, .idSecond = 0x13, .idThirdHigh = 0x2, .wholeConfig = false, .usedInWords = false},
+    {.ChipName = "QV8106", .imageBytes = 8190, .idSecond = 0x13, .idThirdHigh = 0x3, .wholeConfig = false, .usedInWords = false},
+    {.ChipName = "QV8109", .imageBytes = 8190, .idSecond = 0x13, .idThirdHigh = 0x4, .wholeConfig = false, .usedInWords = false},
+    {.ChipName = "QV8107", .imageBytes = 8190, .idSecond = 0x13, .idThirdHigh = 0x5, .wholeConfig = false, .usedInWords = false},
+    {.ChipName = "QV8120", .imageBytes = 16382, .idSecond = 0x03, .idThirdHigh = 0x2, .wholeConfig = false, .usedInWords = false},
+    {.ChipName = "QV8119", .imageBytes = 16382, .idSecond = 0x03, .idThirdHigh = 0x3, .wholeConfig = false, .usedInWords = false},
+    {.ChipName = "QV8103", .imageBytes = 16382, .idSecond = 0x04, .idThirdHigh = 0x2, .wholeConfig = true, .usedInWords = false},
+    {.ChipName = "QV8105", .imageBytes = 16382, .idSecond = 0x09, .idThirdHigh = 0x2, .wholeConfig = true, .usedInWords = false},
+    {.ChipName = "QV8104", .imageBytes = 16382, .idSecond = 0x09, .idThirdHigh = 0x3, .wholeConfig = true, .usedInWords = false},
+    {.ChipName = "QV8102", .imageBytes = 32766, .idSecond = 0x14, .idThirdHigh = 0x2, .wholeConfig = false, .usedInWords = true},
+    {.ChipName = "QV8101", .imageBytes = 32766, .idSecond = 0x14, .idThirdHigh = 0x3, .wholeConfig = false, .usedInWords = true},
 });
 // clang-format on
 
