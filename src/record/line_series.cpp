@@ -14,7 +14,7 @@ constexpr unsigned kMostBytes = 16;  // of a serial; the dialog refuses more
 
 std::string Padded(const std::string& digits, unsigned length) {
   const std::size_t width = std::size_t{2} * length;
-  return digits.size() < width ? std::string(width - digits.size(), '0') + digits : digits;
+  return std::string(width - std::min(width, digits.size()), '0') + digits;
 }
 
 bool Lies(const std::string& serial, const LineSeries& series) {

@@ -34,7 +34,11 @@ class Record : public Bench {
 
 TEST_F(Record, HoldsAllButTheResultBeforeTheChipIsTouched) {
   LineRecord record;
+  umask(022);
   ASSERT_EQ(record.Open(File(), true), "");
+  struct stat status {};
+  EXPECT_EQ(stat(File().c_str(), &status), 0);
+  EXPECT_EQ(status.st_mode & 0777, 0644U);
   ASSERT_EQ(record.Begin(Chip("FC")), "");
   const std::string before =
       R"({"time":"2026-05-04T07:08:09Z","command":"serial","ic":"QV8348","checksum":"1A2B",)"
@@ -97,11 +101,13 @@ TEST_F(Record, AnotherFileIsRefusedAndLeftAsItIs) {
   };
   WriteText("line.jsonl", line("FC"));
   EXPECT_EQ(LineRecord().Open(File(), true), "");
-  for (const std::string& text : Texts{line("F-"), line(""), std::string(64, '\0'), ":020000021000EC",
-                                       ":020000021000EC\n:00000001FF\n", "{}\n", "{\"time\":1}\n{\"t"}) {
+  for (const std::string& text :
+       Texts{line("F-"), line(""), std::string(64, '\0'), ":020000021000EC", ":020000021000EC\n:00000001FF\n", "{}\n",
+             "{\"time\":1}\n{\"t", "{\"time\":\"\",\"command\":1,\"result\":\"OK\"}\n",
+             "{\"time\":\"" + std::string(70000, ' ')}) {
     WriteText("line.jsonl", text);
     LineRecord record;
-    EXPECT_NE(record.Open(File(), true), "") << text;
+    EXPECT_NE(record.Open(File(), true).find("Line 1 of"), std::string::npos) << text;
     EXPECT_FALSE(record.IsOpen());
     EXPECT_EQ(Text(), text);
   }
@@ -177,6 +183,11 @@ TEST_F(Record, SerialsThatHaveGoneOutBeginNoSeries) {
   ForEachCase("line_record.tsv", "gone out",
               [&](const Case& c) { EXPECT_EQ(!SerialsGoneOut(record, SeriesOf(c[0]), c[1]).empty(), c.Yes(2)); });
   EXPECT_NE(ResumeSeries(record, kSeries, "QV8348", "1A2B").error.find("FE"), std::string::npos);
+}
+
+// The dialog refuses the length; until then it must not cost any memory.
+TEST_F(Record, ALengthThatNoSeriesHasPadsNoFurtherThanTheLongest) {
+  EXPECT_EQ(MakeLineSeries("FFFFFFFF", "0", "1", "1", "low").start, std::string(31, '0') + "1");
 }
 
 }  // namespace

@@ -98,5 +98,11 @@ TEST_F(LocalDoor, AStallHoldsEverythingButFaults) {
   EXPECT_EQ(Say(first, Request('O', 0, 0)), std::nullopt);
 }
 
+TEST_F(LocalDoor, APathThatNoSocketCanHaveIsNoDoor) {
+  const std::string path = Path(std::string(120, 'w'));
+  EXPECT_FALSE(standin::LocalServer(writer, path).Serve(0));
+  EXPECT_FALSE(std::filesystem::exists(path));
+}
+
 }  // namespace
 }  // namespace pyxis::test

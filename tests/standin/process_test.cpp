@@ -95,6 +95,7 @@ TEST_F(Process, AStateThatCantBeTakenOverIsToldAndLeftAlone) {
   const Texts state{"--state", Path("state")};
   Start(state);
   EXPECT_EQ(Stop(), 0);
+  EXPECT_FALSE(std::filesystem::exists(Socket()));
   const Bytes kept = Contents("state");
   EXPECT_GT(kept.size(), 0x10800U);
   Start(state);

@@ -131,6 +131,16 @@ class Standin : public Bench, public ::testing::WithParamInterface<std::string> 
 TEST_P(Standin, Follows) { script.Run("standin.tsv", GetParam()); }
 INSTANTIATE_TEST_SUITE_P(Scripts, Standin, ::testing::ValuesIn(SectionsBut("standin.tsv", {})));
 
+TEST_F(Standin, AStateThatIsCutIsNotTaken) {
+  ASSERT_TRUE(writer->Save(Path("state")));
+  const Bytes whole = Contents("state");
+  for (std::size_t size = 0; size < whole.size(); size += size < 20 ? 1 : 251) {
+    Write("cut", Part(whole, 0, size));
+    EXPECT_FALSE(writer->Restore(Path("cut"))) << size;
+  }
+  EXPECT_TRUE(writer->Restore(Path("state")));
+}
+
 TEST_F(Standin, FramingIsStrict) {
   standin::FrameDoor door(*writer);
   std::uint8_t buffer[600] = {};

@@ -28,6 +28,7 @@ void RecordedBench::Start() {
 }
 
 void RecordedBench::ExpectEvents(const Texts& wanted) {
+  EXPECT_TRUE(record.KnowsTheControls());
   const Texts got = record.Take();
   Texts lines = wanted;
   for (std::string& line : lines)

@@ -71,6 +71,15 @@ Recorder::Recorder(UsbHost& usb, VendorApi& vendor, ScriptedOperator& op, FakeCl
   op.heard = [this](const std::string& line) { Line(line); };
 }
 
+bool Recorder::KnowsTheControls() const {
+  MainControls now = TheMainControls();
+  now.statusBar.position = shown_.statusBar.position;
+  now.statusBar.progressVisible = shown_.statusBar.progressVisible;
+  now.statusBar.low = shown_.statusBar.low;
+  now.statusBar.high = shown_.statusBar.high;
+  return now == shown_;
+}
+
 Texts Recorder::Take() {
   FindControlChanges();
   Look();

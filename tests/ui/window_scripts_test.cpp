@@ -80,6 +80,7 @@ class WindowScript : public UiBench, public UpdateAgent, public ::testing::WithP
         {"pick", [&] { Pick(Find<QListWidget>(here, what), more, false); }},
         {"double click", [&] { Pick(Find<QListWidget>(here, what), more, true); }},
         {"file", [&] { ChooseFile(*here.findChild<QLineEdit*>("fileNameEdit"), Path(line[1])); }},
+        {"name", [&] { here.findChild<QLineEdit*>("fileNameEdit")->setText(more); }},
         {"folder shown",
          [&] {
            EXPECT_EQ(dynamic_cast<QFileDialog&>(here).directory().canonicalPath().toStdString(),

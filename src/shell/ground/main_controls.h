@@ -42,6 +42,7 @@ struct ControlState {
   bool visible = true;
   bool checked = false;
   std::string text;
+  bool operator==(const ControlState&) const = default;
 };
 
 // The status bar: a progress control that lies over pane 0, and pane 1 with the link status.
@@ -51,6 +52,7 @@ struct CProgStatusBar {
   std::string pane0, pane1;
   bool connectedIcon = false;
   std::string missingRight;  // why the writer can't be opened, for the operator; empty when the right isn't missing
+  bool operator==(const CProgStatusBar&) const = default;
 };
 
 struct MainControls {
@@ -63,6 +65,7 @@ struct MainControls {
 
   MainControls();
   ControlState& operator[](ControlId id) { return controls[static_cast<std::size_t>(id)]; }
+  bool operator==(const MainControls&) const = default;
   const ControlState& operator[](ControlId id) const { return controls[static_cast<std::size_t>(id)]; }
 };
 

@@ -14,6 +14,7 @@ struct VerdictLine {
   std::uint32_t ok = 0, ng = 0;
   std::optional<std::uint32_t> left;  // of a production limit, as far as the host knows
 
+  bool operator==(const VerdictLine&) const = default;
   std::string Counts() const;  // in words; empty when nothing has been counted
 };
 
