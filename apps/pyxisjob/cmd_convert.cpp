@@ -7,6 +7,7 @@
 #include "job.h"
 #include "platform/text.h"
 #include "shell/ground/app_state.h"
+#include "shell/ground/messages.h"
 
 namespace pyxis::job {
 
@@ -30,7 +31,8 @@ void ConvertOne(Job& job, const ChipOptions& chip, std::uint32_t code, const std
                                                  .MassProduction = chip.choices.mass,
                                                  .ProductionLimitOn = chip.choices.limit > 0,
                                                  .ProductionLimitBcd = PackedDecimal(chip.choices.limit),
-                                                 .IspProgram = chip.choices.isp});
+                                                 .IspProgram = chip.choices.isp,
+                                                 .Tell = TellText});
   if (!results.Good()) job.exitCode = kExitFailed;
   const std::string checksum = Printf("%04X", app.conversion.ImageChecksum);
   if (job.options.json) {

@@ -20,6 +20,7 @@
 #include "serial/sn_run.h"
 #include "serial/sn_set.h"
 #include "shell/ground/app_state.h"
+#include "shell/ground/messages.h"
 #include "shell/menu_rules.h"
 #include "shell/start_up.h"
 #include "view/numeric_edit.h"
@@ -271,7 +272,8 @@ std::optional<std::string> ChecksumOfFile(Job& job, const SerialArguments& given
   const ConversionResults results = ConvertFile({.ChipCode = row.ChipCode,
                                                  .SelectedChip = row.ChipName,
                                                  .OptionValue = &TheAppState().selection.OptionValue,
-                                                 .Path = given.file});
+                                                 .Path = given.file,
+                                                 .Tell = TellText});
   const std::string checksum = JobOfPackage().checksum;
   option.Restore();
   data.Restore();

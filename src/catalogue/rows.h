@@ -15,7 +15,7 @@ struct SeriesList {
 
 // In the order of the list index: the lists of the KM48, then those of the KM49.
 // clang-format off
-inline constexpr std::array<SeriesList, kListCount> kSeriesLists{{
+inline constexpr auto kSeriesLists = std::to_array<SeriesList>({
     {.caption = "MCU: 4 Bit QV41 series", .model = Model::Km48, .series = Series::Qv41,    .takesSerialAndMass = false},
     {.caption = "MCU: 4 Bit QV42 series", .model = Model::Km48, .series = Series::Qv42,    .takesSerialAndMass = false},
     {.caption = "MCU: 8 Bit QV81 Series", .model = Model::Km48, .series = Series::Qv81,    .takesSerialAndMass = true},
@@ -29,8 +29,16 @@ inline constexpr std::array<SeriesList, kListCount> kSeriesLists{{
     {.caption = "MCU: 8 Bit QV83 Series", .model = Model::Km49, .series = Series::Qv83,    .takesSerialAndMass = true},
     {.caption = "MCU: 8 Bit QV85 Series", .model = Model::Km49, .series = Series::Qv85,    .takesSerialAndMass = true},
     {.caption = "USB: Full Speed Series", .model = Model::Km49, .series = Series::UsbFull, .takesSerialAndMass = true},
-}};
+});
 // clang-format on
+
+// Those of the KM48 first, as chip_catalogue.h counts them.
+constexpr bool ListsStandInOrder() {
+  for (int i = 0; i < kListCount; ++i)
+    if ((kSeriesLists[static_cast<std::size_t>(i)].model == Model::Km49) != (i >= kFirstKm49List)) return false;
+  return kSeriesLists.size() == kListCount;
+}
+static_assert(ListsStandInOrder());
 
 constexpr const Labels& LabelsOf(const Ic& ic, Model model) { return model == Model::Km49 ? ic.km49 : ic.km48; }
 

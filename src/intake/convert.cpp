@@ -3,8 +3,6 @@
 #include "intake/converters/dispatch.h"
 #include "intake/package_files.h"
 #include "platform/files.h"
-#include "platform/machine.h"
-#include "platform/operator.h"
 #include "platform/text.h"
 #include "shell/ground/app_state.h"
 #include "shell/ground/messages.h"
@@ -15,14 +13,14 @@ namespace {
 
 // Into the option package as it lies on the disk, whatever became of the conversion. One that can't be opened is passed
 // over; false when the byte didn't reach the file.
-bool WriteModelByte() {
+bool WriteModelByte(const Report& tell) {
   File file = OpenFile(OptionPackagePath(), "r+b");
   if (!file) return true;
   const int model = RegisterOf(TheAppState().writer.WriterModel);
   const bool placed = std::fseek(file.get(), static_cast<long>(Field::WriterModelByte.offset), SEEK_SET) == 0;
   const bool written = placed && std::fputc(model, file.get()) != EOF;
   if (CloseFile(std::move(file)) && written) return true;
-  TheMachine().op->Tell(Printf(kWriteFileError, OptionPackagePath().c_str()));
+  tell(Printf(kWriteFileError, OptionPackagePath().c_str()));
   return false;
 }
 
@@ -34,7 +32,7 @@ ConversionResults ConvertFile(const ConvertRequest& request) {
   ConversionResults results;
   if (const ConverterEntry* entry = FindConverter(request.ChipCode))
     results = std::visit([&request](const auto* row) { return Convert(*row, request); }, entry->row);
-  results.result = WriteModelByte() && results.code == kConverted ? 0 : 1;
+  results.result = WriteModelByte(request.Tell) && results.code == kConverted ? 0 : 1;
   if (results.Good()) state.LoadedFilePath = results.LoadedFilePath;
   return results;
 }

@@ -4,6 +4,8 @@
 #include <cstdint>
 #include <string>
 
+#include "intake/file_readers.h"
+
 namespace pyxis {
 
 struct ConvertRequest {
@@ -17,6 +19,7 @@ struct ConvertRequest {
   bool ProductionLimitOn = false;
   std::uint32_t ProductionLimitBcd = 0;
   bool IspProgram = false;
+  Report Tell = [](const std::string&) {};
 };
 
 // Codes that converters return.
@@ -41,7 +44,7 @@ struct ConversionResults {
   bool Good() const { return result == 0; }
 };
 
-// Converts; on a failure the operator has been told why. Leaves the values of a conversion in AppState, LoadedFilePath
+// Converts; on a failure it has told why. Leaves the values of a conversion in AppState, LoadedFilePath
 // only after a good one, and writes WriterModelByte into the option package whatever happened.
 ConversionResults ConvertFile(const ConvertRequest& request);
 

@@ -3,8 +3,6 @@
 
 #include "intake/file_readers.h"
 #include "platform/files.h"
-#include "platform/machine.h"
-#include "platform/operator.h"
 
 namespace pyxis {
 
@@ -16,15 +14,14 @@ constexpr std::size_t kNameField = 13;
 
 }  // namespace
 
-int ReadEepromBin(const std::string& sourcePath, const std::string& imagePath) {
-  Operator& op = *TheMachine().op;
+int ReadEepromBin(const std::string& sourcePath, const std::string& imagePath, const Report& tell) {
   const auto source = ReadWholeFile(sourcePath);
   if (!source) {
-    op.Tell("Open bin file failed!");
+    tell("Open bin file failed!");
     return 0;
   }
   if (source->size() > kLargestFile) {
-    op.Tell("bin file Length over 256 Byte");
+    tell("bin file Length over 256 Byte");
     return 0;
   }
   std::vector<std::uint8_t> image(std::begin(kMadeEepromName), std::end(kMadeEepromName));
@@ -35,7 +32,7 @@ int ReadEepromBin(const std::string& sourcePath, const std::string& imagePath) {
     image.push_back(i < source->size() ? (*source)[i] : 0);
   }
   // The caller finds a missing image when it opens it.
-  if (!WriteWholeFile(imagePath, image)) op.Tell("Create bin file failed!");
+  if (!WriteWholeFile(imagePath, image)) tell("Create bin file failed!");
   return 1;
 }
 

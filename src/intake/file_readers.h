@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <string>
 
 #include "intake/read_mode.h"
@@ -14,6 +15,9 @@ namespace pyxis {
 void UpdateChecksum();
 // The step itself: the accumulator after the word.
 std::uint16_t ChecksumAfter(std::uint16_t accumulator, std::uint16_t word);
+
+// What the operator has to hear, at its moment; whoever asks for the work shows it.
+using Report = std::function<void(const std::string&)>;
 
 // Reads Intel HEX text, writes the flat image up to the highest data address. Addresses count words when the low digit
 // of the first record's byte count is 2 (modes 2 and 3). A line ends with LF, with any number of CR before an LF, or
@@ -28,6 +32,6 @@ int ReadIntelHex(const std::string& sourcePath, const std::string& imagePath, in
 // The name in the images that ReadEepromBin makes, the same for every IC.
 inline constexpr char kMadeEepromName[] = "QVL11EEPROM";
 // 1 on success, 0 on failure (the other way round from ReadIntelHex). Wraps at most 256 EEPROM bytes into an image.
-int ReadEepromBin(const std::string& sourcePath, const std::string& imagePath);
+int ReadEepromBin(const std::string& sourcePath, const std::string& imagePath, const Report& tell);
 
 }  // namespace pyxis

@@ -48,7 +48,8 @@ ConversionResults ConvertFor(const ChipEntry& row, const std::string& path) {
                       .MassProduction = app.selection.MassProduction != MassMode::Off,
                       .ProductionLimitOn = app.selection.ProductionLimitOn,
                       .ProductionLimitBcd = PackedDecimal(app.selection.ProductionLimitCount),
-                      .IspProgram = app.selection.IspProgram});
+                      .IspProgram = app.selection.IspProgram,
+                      .Tell = TellText});
 }
 
 void ShowResult(const ConversionResults& results) {

@@ -57,41 +57,42 @@ TEST_F(IcRecords, PanelsMenusAndComparisonOfEveryIc) {
   EXPECT_EQ(All(IcOfName("qv8121"), IcOfName("QV9999"), IcOfCode(0)), All(nullptr, nullptr, nullptr));
 }
 
-// A new flash IC, a copy of QV8121 with a name and a code of its own.
-TEST_F(IcRecords, AnInventedIcHasItsRowAndNoTwin) {
-  const auto invented = [](const char* name, std::uint32_t code, const char* label) {
-    Ic ic = kQv81Ics[0];
-    ic.ChipName = name;
-    ic.ChipCode = code;
-    ic.km48 = {label};
-    ic.km49 = kNoRow;
-    ic.pins = 16;
-    return ic;
-  };
-  const auto with = [](const Ic& more) {
-    std::vector<const Ic*> ics(kIcs.begin(), kIcs.end());
-    ics.push_back(&more);
-    return ics;
-  };
-  const Ic ic = invented("QV8199", 0x37FFF, "QV8199"), twinName = invented("QV8120", 0x37FFF, "QV8120");
-  const Ic twinCode = invented("QV8199", 0x3706, "QV8199"), foreignLabel = invented("QV8199", 0x37FFF, "QV8121");
-  EXPECT_TRUE(NamesAndCodesAreUnique(with(ic)) && IsWhole(ic));
-  EXPECT_FALSE(NamesAndCodesAreUnique(with(twinName)) || NamesAndCodesAreUnique(with(twinCode)) ||
-               IsWhole(foreignLabel));
-  // What a slip in its record would be.
-  const auto slip = [&ic](const auto& change) {
-    Ic other = ic;
-    change(other);
-    return IsWhole(other);
-  };
-  EXPECT_FALSE(slip([](Ic& i) { i.FileExtension = ".velmra"; }) || slip([](Ic& i) { i.ReadSizeBytes = 0; }) ||
-               slip([](Ic& i) { i.protection.bit = 5; }) || slip([](Ic& i) { i.protection.bit = 8; }) ||
-               slip([](Ic& i) { i.protection.byte = 900; }) || slip([](Ic& i) { i.masks.km48[0] = 0x2000; }) ||
-               slip([](Ic& i) { i.options = OptionChoice::AllBits; }) || slip([](Ic& i) { i.ticks.blank = 0; }));
-  const auto rows = MakeCatalogue<CountRows(kIcs) + 1>(with(ic));
+// A new flash IC, a copy of QV8121 with a name and a code of its own, or with a slip in its record.
+constexpr Ic Invented(const auto& change) {
+  Ic ic = kQv81Ics[0];
+  ic.ChipName = "QV8199";
+  ic.ChipCode = 0x37FFF;
+  ic.km48 = {"QV8199"};
+  ic.km49 = kNoRow;
+  ic.pins = 16;
+  change(ic);
+  return ic;
+}
+constexpr Ic kInvented = Invented([](Ic&) {});
+constexpr Ic kTwinName = Invented([](Ic& i) { i.ChipName = "QV8120"; });
+constexpr Ic kTwinCode = Invented([](Ic& i) { i.ChipCode = 0x3706; });
+constexpr auto With(const Ic& more) {
+  std::array<const Ic*, kIcs.size() + 1> ics{};
+  for (std::size_t i = 0; i < kIcs.size(); ++i) ics[i] = kIcs[i];
+  ics.back() = &more;
+  return ics;
+}
+static_assert(NamesAndCodesAreUnique(With(kInvented)) && IsWhole(kInvented));
+static_assert(!NamesAndCodesAreUnique(With(kTwinName)) && !NamesAndCodesAreUnique(With(kTwinCode)));
+constexpr bool Slips(const auto&... change) { return (!IsWhole(Invented(change)) && ...); }
+static_assert(Slips([](Ic& i) { i.km48 = {"QV8121"}; }, [](Ic& i) { i.km48 = {"QV8199_x"}; },
+                    [](Ic& i) { i.pins = kInLabel; }, [](Ic& i) { i.km49 = {"QV8199_8"}; },
+                    [](Ic& i) { i.FileExtension = ".velmra"; }, [](Ic& i) { i.ReadSizeBytes = 0; },
+                    [](Ic& i) { i.protection.bit = 5; }, [](Ic& i) { i.protection.bit = 8; },
+                    [](Ic& i) { i.protection.byte = 900; }, [](Ic& i) { i.masks.km48[0] = 0x2000; },
+                    [](Ic& i) { i.options = OptionChoice::AllBits; }, [](Ic& i) { i.ticks.blank = 0; }));
+
+// Behind the last one of its list.
+TEST_F(IcRecords, AnInventedIcHasItsRow) {
+  constexpr auto kRows = MakeCatalogue<CountRows(kIcs) + 1>(With(kInvented));
   std::size_t at = 0;
-  while (rows[at].ic != &ic) ++at;
-  EXPECT_EQ(All(std::string(rows[at].TypeLabel), rows[at].HasSmartOption, std::string(rows[at + 1].TypeLabel)),
+  while (kRows[at].ic != &kInvented) ++at;
+  EXPECT_EQ(All(std::string(kRows[at].TypeLabel), kRows[at].HasSmartOption, std::string(kRows[at + 1].TypeLabel)),
             All("QV8199", true, "QV8202"));
 }
 

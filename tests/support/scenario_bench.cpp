@@ -22,6 +22,7 @@
 #include "pyxisfolder/intel_hex_writer.h"
 #include "serial/sn_record.h"
 #include "serial/sn_run.h"
+#include "shell/ground/messages.h"
 #include "shell/refresh_from_writer.h"
 #include "shell/start_up.h"
 #include "support/serial_entry.h"
@@ -204,6 +205,7 @@ void ScenarioBench::Convert(const Args& args) {
   request.SelectedChip = TheAppState().selection.SelectedChip;
   request.Path = Path(args[1]);
   request.OptionValue = &optionValue_;
+  request.Tell = TellText;
   for (std::size_t i = 2; i < args.words.size(); ++i) {
     request.SnMode |= args[i] == "sn";
     request.MassProduction |= args[i] == "mass";

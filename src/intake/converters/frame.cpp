@@ -7,7 +7,6 @@
 #include "platform/byte_order.h"
 #include "platform/clock.h"
 #include "platform/machine.h"
-#include "platform/operator.h"
 #include "platform/text.h"
 #include "shell/ground/messages.h"
 
@@ -26,11 +25,6 @@ std::array<std::uint8_t, 16> TimeStamp() {
   std::array<std::uint8_t, 16> stamp;
   for (std::size_t i = 0; i < 8; ++i) StoreLe16(stamp.data() + 2 * i, fields[i]);
   return stamp;
-}
-
-ConverterCode TellWriteError(ConverterCode code, const std::string& path) {
-  TheMachine().op->Tell(Printf(kWriteFileError, path.c_str()));
-  return code;
 }
 
 }  // namespace
@@ -53,12 +47,17 @@ ConversionFrame::Beside ConversionFrame::FileBeside(const std::string& ending) c
 }
 
 ConverterCode ConversionFrame::TellOpenError(ConverterCode code, const std::string& failedPath) const {
-  TheMachine().op->Tell(Printf(kOpenFileError, failedPath.c_str()));
+  request.Tell(Printf(kOpenFileError, failedPath.c_str()));
+  return code;
+}
+
+ConverterCode ConversionFrame::TellWriteError(ConverterCode code, const std::string& failedPath) const {
+  request.Tell(Printf(kWriteFileError, failedPath.c_str()));
   return code;
 }
 
 ConverterCode ConversionFrame::TellIdError(ConverterCode code) const {
-  TheMachine().op->Tell(Printf("%s ID error\n", path.c_str()));
+  request.Tell(Printf("%s ID error\n", path.c_str()));
   return code;
 }
 
@@ -86,7 +85,7 @@ ConverterCode ConversionFrame::OpenSerialFile() {
   massProduction_ = false;
   auto bytes = ReadForUpdate(SerialFilePath());
   if (!bytes) {
-    TheMachine().op->Tell("SNFile open file error\n");
+    request.Tell("SNFile open file error\n");
     return kSourceFailed;
   }
   serial = std::move(*bytes);
@@ -113,7 +112,7 @@ ConverterCode ConversionFrame::ReadHexImage(ReadMode mode, std::uint32_t forcedL
 
 ConverterCode ConversionFrame::ReadEepromImage() {
   image_ = FileBeside("_new.bin");
-  return ReadEepromBin(request.Path, image_.place) == 0 ? kSourceFailed : TakeImage();
+  return ReadEepromBin(request.Path, image_.place, request.Tell) == 0 ? kSourceFailed : TakeImage();
 }
 
 ConverterCode ConversionFrame::OpenHexJob(ReadMode mode) {

@@ -84,6 +84,8 @@ class ConversionFrame {
   // Writes a file beside the program file, under a name made from it.
   ConverterCode WriteBeside(const std::string& ending, std::span<const std::uint8_t> bytes) const;
 
+  ConverterCode TellWriteError(ConverterCode code, const std::string& failedPath) const;
+
  private:
   // A file beside the program file: its path as LoadedFilePath and messages give it, and where it lies.
   struct Beside {

@@ -5,8 +5,6 @@
 #include "intake/converters/frame.h"
 #include "intake/converters/hex14.h"
 #include "platform/byte_order.h"
-#include "platform/machine.h"
-#include "platform/operator.h"
 
 namespace pyxis {
 
@@ -61,7 +59,7 @@ ConverterCode MoveSerial(const SerialMove& move, ConversionFrame& frame) {
   for (std::size_t i = 0; i < range.size(); ++i) range[i] = before.Byte(kSerialRange.offset + i);
   for (const std::size_t high : {0U, 2U}) range[high] = static_cast<std::uint8_t>(range[high] + move.shift);
   if (LoadBe16(&range[2]) >= move.limit) {
-    TheMachine().op->Tell(move.message);
+    frame.request.Tell(move.message);
     return kSourceFailed;
   }
   const std::size_t end = kSerialRange.offset + range.size();

@@ -6,6 +6,8 @@
 
 namespace pyxis {
 
+void TellText(const std::string& text) { TheMachine().op->Tell(text); }
+
 void TellOpenFail(const std::string& path) {
   TheMachine().op->Tell(Printf("Open Fail ! (%s)", path.c_str()), kPlainCaption);
 }

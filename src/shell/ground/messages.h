@@ -15,6 +15,7 @@ inline constexpr char kPowerOnTheWriter[] = "Please Power On The Writer";
 inline constexpr char kOtherChip[] = "HW and SW Chip Name is discordant";
 inline constexpr char kChipNameCaption[] = "Chip Name : ";
 
+void TellText(const std::string& text);  // as it stands, in a plain box
 void TellOpenFail(const std::string& path);
 
 }  // namespace pyxis
