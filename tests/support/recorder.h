@@ -12,6 +12,11 @@
 
 namespace pyxis::test {
 
+inline Texts operator+(Texts a, const Texts& b) {
+  a.insert(a.end(), b.begin(), b.end());
+  return a;
+}
+
 class Recorder : public MainView, public UsbHost, public VendorApi, public UpdateAgent {
  public:
   Recorder(UsbHost& usb, VendorApi& vendor, ScriptedOperator& op, FakeClock& clock, std::filesystem::path folder);

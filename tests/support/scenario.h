@@ -1,7 +1,7 @@
 // Scenarios of tests/data/events: start state, call, events, state afterwards. docs/testing.md tells how they read.
 #pragma once
 
-#include "support/recorded_bench.h"
+#include "support/bench.h"
 
 namespace pyxis::test {
 

@@ -50,9 +50,24 @@ bool Enter(CSnSetDlg& dialog, Texts words) {
 }  // namespace
 
 ScenarioBench::ScenarioBench(Transport transport, const ScenarioTexts& texts)
-    : RecordedBench(transport), texts_(texts), fields_(Fields()), orders_(Orders()) {
+    : StandinBench(transport), transport_(transport), texts_(texts), fields_(Fields()), orders_(Orders()) {
+  Machine& machine = TheMachine();
+  machine.view = &record;
+  machine.update = &record;
+  machine.usb = &record;
+  machine.vendor = &record;
+  usb.pluggedIn = Usb();
+  vendor.pluggedIn = !Usb();
+  op.cursorsLoad = true;
   std::filesystem::current_path(folder);
   record.afterLine = [this](const std::string& line) { DoAt(line); };
+}
+
+// The transport is closed behind the recorder's end.
+ScenarioBench::~ScenarioBench() {
+  TheMachine().usb = &usb;
+  TheMachine().vendor = &vendor;
+  std::filesystem::current_path(before_);
 }
 
 Bytes ScenarioBench::Held(const std::string& name) const {

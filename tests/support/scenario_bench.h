@@ -6,8 +6,9 @@
 #include "serial/sn_set.h"
 #include "shell/application.h"
 #include "shell/main_dialog.h"
-#include "support/recorded_bench.h"
+#include "support/recorder.h"
 #include "support/scenario_text.h"
+#include "support/standin_bench.h"
 
 namespace pyxis {
 class CDownloadInfoDlg;
@@ -16,10 +17,10 @@ class CSnProgramDlg;
 
 namespace pyxis::test {
 
-class ScenarioBench : public RecordedBench {
+class ScenarioBench : public StandinBench {
  public:
   ScenarioBench(Transport transport, const ScenarioTexts& texts);
-  ~ScenarioBench() override { std::filesystem::current_path(before_); }
+  ~ScenarioBench() override;
 
   // A line in the first column is an order, the lines under it that begin with two blanks are the events of its run.
   void Run(const Texts& lines);
@@ -43,6 +44,19 @@ class ScenarioBench : public RecordedBench {
   };
 
   void TestBody() override {}
+  // What happens from here on, and what is expected to have happened since. A line that begins with "w " is one of the
+  // wire, over the bench's transport. The bar starts hidden, on a range that nobody sets.
+  void Start();
+  void ExpectEvents(const Texts& wanted);
+  // Lists that stand in many others: the information block; one package file with its read-back; what a write or a read
+  // of so many bytes shows that drives the bar; reads of the task status, each with its step of a bar that stands at
+  // `shown`, 0 for a hidden one.
+  static Texts InfoBlock();
+  Texts PackageFile(const std::string& area, const Bytes& bytes) const;
+  Texts BarBehind(std::size_t bytes) const;
+  static Texts Poll(int reads, int divisor, int shown = 1);
+  bool Usb() const { return transport_ == Transport::Usb; }
+
   void Do(const std::string& line);
   std::string ForTransport(const std::string& line) const;
   Texts List(const std::string& line) const;
@@ -67,6 +81,8 @@ class ScenarioBench : public RecordedBench {
   std::map<std::string, Field> Fields();
   std::map<std::string, std::function<void(const Args&)>> Orders();
 
+  Recorder record{usb, vendor, op, clock, folder};
+  const Transport transport_;
   const ScenarioTexts& texts_;
   std::vector<std::pair<std::string, std::string>> at_;  // beginnings of lines, and the orders that wait for them
   const std::filesystem::path before_ = std::filesystem::current_path();

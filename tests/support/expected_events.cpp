@@ -1,33 +1,15 @@
-#include "support/recorded_bench.h"
-
+// What a run is expected to leave with the recorder.
 #include "platform/text.h"
+#include "support/scenario_bench.h"
 
 namespace pyxis::test {
 
-RecordedBench::RecordedBench(Transport transport, Model model)
-    : StandinBench(transport, model), record(usb, vendor, op, clock, folder), transport_(transport) {
-  Machine& machine = TheMachine();
-  machine.view = &record;
-  machine.update = &record;
-  machine.usb = &record;
-  machine.vendor = &record;
-  usb.pluggedIn = Usb();
-  vendor.pluggedIn = !Usb();
-  op.cursorsLoad = true;
-}
-
-// The transport is closed behind the recorder's end.
-RecordedBench::~RecordedBench() {
-  TheMachine().usb = &usb;
-  TheMachine().vendor = &vendor;
-}
-
-void RecordedBench::Start() {
+void ScenarioBench::Start() {
   SetProgressRange(0, 1);
   record.Take();
 }
 
-void RecordedBench::ExpectEvents(const Texts& wanted) {
+void ScenarioBench::ExpectEvents(const Texts& wanted) {
   EXPECT_TRUE(record.KnowsTheControls());
   const Texts got = record.Take();
   Texts lines = wanted;
@@ -52,11 +34,11 @@ void RecordedBench::ExpectEvents(const Texts& wanted) {
   Start();
 }
 
-Texts RecordedBench::InfoBlock() {
+Texts ScenarioBench::InfoBlock() {
   return {"w SET_MODE 47", "w SELECT_AREA 04 17", "w READ_AREA 512", "w SELECT_AREA 0C 07", "w SET_MODE 07"};
 }
 
-Texts RecordedBench::PackageFile(const std::string& area, const Bytes& bytes) const {
+Texts ScenarioBench::PackageFile(const std::string& area, const Bytes& bytes) const {
   const Texts before = Usb() ? Texts{"bar 0-100 1"} : Texts{}, behind = BarBehind(bytes.size());
   return Texts{"w SET_MODE 47", "w SELECT_AREA " + area + " 17"} + before +
          Texts{bytes.empty() ? "w WRITE_AREA" : "w WRITE_AREA " + Shown(bytes)} + behind + before +
@@ -65,13 +47,13 @@ Texts RecordedBench::PackageFile(const std::string& area, const Bytes& bytes) co
 
 // One step a chunk of 512 bytes, and one for the status block; the range ends at the whole chunks, or at 2 without one;
 // no byte is no step.
-Texts RecordedBench::BarBehind(std::size_t bytes) const {
+Texts ScenarioBench::BarBehind(std::size_t bytes) const {
   const std::size_t whole = bytes / 512, top = whole == 0 ? 2 : whole;
   if (!Usb()) return {};
   return {Printf("bar 0-%zu", top) + (top == 1 || bytes == 0 ? " 1" : top == 2 ? " 1 2" : Printf(" 1..%zu", top))};
 }
 
-Texts RecordedBench::Poll(int reads, int divisor, int shown) {
+Texts ScenarioBench::Poll(int reads, int divisor, int shown) {
   Texts lines;
   for (int read = 1; read <= reads; ++read) {
     lines.push_back("w TASK_STATUS 1");
