@@ -68,16 +68,19 @@ Texts Folded(const Texts& lines) {
 Recorder::Recorder(UsbHost& usb, VendorApi& vendor, ScriptedOperator& op, FakeClock& clock,
                    std::filesystem::path folder)
     : usb_(usb), vendor_(vendor), clock_(clock), folder_(std::move(folder)), shown_(TheMainControls()) {
-  op.heard = [this](const std::string& line) { Line(line); };
+  op.heard = [this](const std::string& line) {
+    LookAtControls(line);
+    Line(line);
+  };
 }
 
-bool Recorder::KnowsTheControls() const {
+void Recorder::LookAtControls(const std::string& when) const {
   MainControls now = TheMainControls();
   now.statusBar.position = shown_.statusBar.position;
   now.statusBar.progressVisible = shown_.statusBar.progressVisible;
   now.statusBar.low = shown_.statusBar.low;
   now.statusBar.high = shown_.statusBar.high;
-  return now == shown_;
+  EXPECT_TRUE(!watches || now == shown_) << when << ": a change that the view hasn't heard of";
 }
 
 Texts Recorder::Take() {
@@ -237,7 +240,7 @@ void Recorder::PumpPaint() {
   } else if (paintDue_) {
     paintDue_ = false;
   } else {
-    FindControlChanges();
+    LookAtControls("paint");
     Line("paint");
   }
 }

@@ -21,8 +21,10 @@ class Recorder : public MainView, public UsbHost, public VendorApi, public Updat
  public:
   Recorder(UsbHost& usb, VendorApi& vendor, ScriptedOperator& op, FakeClock& clock, std::filesystem::path folder);
 
-  // Whether the view has heard of every change of the controls but the bar's.
-  bool KnowsTheControls() const;
+  // The view must have heard of every change of the controls but the bar's: when the operator looks at the window, and
+  // behind a run. What a test itself changes between its runs isn't watched.
+  void LookAtControls(const std::string& when) const;
+  bool watches = false;
   // The lines since the last call. What changed before it is no event of the next run.
   Texts Take();
   void Line(const std::string& text);

@@ -30,8 +30,10 @@ void ScenarioBench::Run(const Texts& lines) {
       Run(List(line));
     } else if (line.starts_with("run ")) {
       Start();
+      record.watches = true;
       Do(line.substr(4));
       ExpectEvents(Events(events));
+      record.watches = false;
     } else {
       Do(line);
     }

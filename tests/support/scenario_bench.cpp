@@ -239,6 +239,7 @@ void ScenarioBench::Restart(bool buttonsOn) {
   ResetAppState();
   ResetMainControls();
   TheAppState().selection.SelectedChip = TheAppState().selection.ChipNameText = "QV8348";
+  TheSnRecord().SnLength = 4;
   Controls(Words(std::string(buttonsOn ? "on" : "off") + " Auto BlankCheck Program Verify Read WriterTest SmartOption"),
            false);
   Start();
