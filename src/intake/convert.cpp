@@ -1,5 +1,7 @@
 #include "intake/convert.h"
 
+#include <algorithm>
+
 #include "intake/converters/dispatch.h"
 #include "intake/package_files.h"
 #include "platform/files.h"
@@ -39,7 +41,7 @@ ConversionResults ConvertFile(const ConvertRequest& request) {
 
 std::uint32_t PackedDecimal(std::int32_t count) {
   std::uint32_t packed = 0;
-  for (const char digit : Printf("%d", count < 0 ? 0 : count).substr(0, 8))
+  for (const char digit : Printf("%d", std::max(count, 0)).substr(0, 8))
     packed = packed << 4 | static_cast<std::uint32_t>(digit - '0');
   return packed;
 }

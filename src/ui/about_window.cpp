@@ -1,8 +1,8 @@
 #include "ui/about_window.h"
 
 #include <QApplication>
+#include <QBoxLayout>
 #include <QDialogButtonBox>
-#include <QGridLayout>
 #include <QLabel>
 
 #include "shell/main_dialog.h"
@@ -24,12 +24,15 @@ AboutWindow::AboutWindow(QWidget* parent) : QDialog(parent) {
   name->setFont(large);
   auto* buttons = new QDialogButtonBox(QDialogButtonBox::Ok, this);
   connect(buttons, &QDialogButtonBox::accepted, this, &QDialog::accept);
-  auto* grid = new QGridLayout(this);
-  grid->addWidget(icon, 0, 0, 2, 1, Qt::AlignTop);
-  grid->addWidget(name, 0, 1);
-  grid->addWidget(new QLabel(QString::fromLatin1(kAboutVersion), this), 1, 1);
-  grid->addWidget(buttons, 2, 0, 1, 2);
-  grid->setHorizontalSpacing(16);
+  auto* words = new QVBoxLayout;
+  words->addWidget(name);
+  words->addWidget(new QLabel(QString::fromLatin1(kAboutVersion), this));
+  auto* row = new QHBoxLayout;
+  row->addWidget(icon);
+  row->addLayout(words);
+  auto* all = new QVBoxLayout(this);
+  all->addLayout(row);
+  all->addWidget(buttons);
   layout()->setSizeConstraint(QLayout::SetFixedSize);
 }
 

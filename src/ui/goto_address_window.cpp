@@ -1,7 +1,7 @@
 #include "ui/goto_address_window.h"
 
+#include <QBoxLayout>
 #include <QDialogButtonBox>
-#include <QGridLayout>
 #include <QLabel>
 #include <QLineEdit>
 
@@ -21,11 +21,13 @@ GotoAddressWindow::GotoAddressWindow(CGotoAddressDlg& dialog, QWidget* parent) :
   auto* buttons = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel, this);
   connect(buttons, &QDialogButtonBox::accepted, this, &QDialog::accept);
   connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
-  auto* grid = new QGridLayout(this);
-  grid->addWidget(label, 0, 0);
-  grid->addWidget(edit, 0, 1);
-  grid->addWidget(new QLabel(QStringLiteral("(hex)"), this), 0, 2);
-  grid->addWidget(buttons, 1, 0, 1, 3);
+  auto* row = new QHBoxLayout;
+  row->addWidget(label);
+  row->addWidget(edit);
+  row->addWidget(new QLabel(QStringLiteral("(hex)"), this));
+  auto* all = new QVBoxLayout(this);
+  all->addLayout(row);
+  all->addWidget(buttons);
   layout()->setSizeConstraint(QLayout::SetFixedSize);
 }
 

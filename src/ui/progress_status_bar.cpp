@@ -1,8 +1,9 @@
 #include "ui/progress_status_bar.h"
 
+#include <QIcon>
 #include <QLabel>
-#include <QPainter>
 #include <QProgressBar>
+#include <QStyle>
 
 #include "shell/ground/main_controls.h"
 #include "ui/qt_text.h"
@@ -14,23 +15,6 @@ namespace {
 constexpr int kPane1Width = 200;
 constexpr QColor kBackground(200, 200, 200);
 constexpr int kMargin = 4;
-
-// A plug in its socket, or one pulled out.
-QPixmap LinkIcon(bool connected, int size, qreal ratio) {
-  QPixmap pixmap(QSize(size, size) * ratio);
-  pixmap.setDevicePixelRatio(ratio);
-  pixmap.fill(Qt::transparent);
-  QPainter painter(&pixmap);
-  painter.setRenderHint(QPainter::Antialiasing);
-  painter.scale(size / 16.0, size / 16.0);
-  painter.setPen(Qt::NoPen);
-  painter.setBrush(connected ? QColor(0, 130, 60) : QColor(190, 30, 30));
-  const double gap = connected ? 0 : 2;
-  painter.drawRoundedRect(QRectF(0.5, 4, 6 - gap / 2, 8), 1.5, 1.5);
-  painter.drawRoundedRect(QRectF(9.5 + gap / 2, 4, 6 - gap / 2, 8), 1.5, 1.5);
-  for (const double y : {6.0, 9.0}) painter.drawRect(QRectF(6.5 - gap / 2, y, 3 - gap / 2, 1.2));
-  return pixmap;
-}
 
 QLabel* MakePane(QWidget* parent) {
   auto* label = new QLabel(parent);
@@ -83,7 +67,9 @@ void ProgressStatusBar::Sync() {
   note_->setVisible(!words.isEmpty());
   if (iconShown_ != (bar.connectedIcon ? 1 : 0)) {
     iconShown_ = bar.connectedIcon ? 1 : 0;
-    icon_->setPixmap(LinkIcon(bar.connectedIcon, fontMetrics().height(), devicePixelRatioF()));
+    const QIcon icon =
+        style()->standardIcon(bar.connectedIcon ? QStyle::SP_DialogApplyButton : QStyle::SP_DialogCancelButton);
+    icon_->setPixmap(icon.pixmap(QSize(fontMetrics().height(), fontMetrics().height()), devicePixelRatioF()));
   }
   if (progress_->minimum() != bar.low || progress_->maximum() != bar.high) progress_->setRange(bar.low, bar.high);
   progress_->setValue(bar.position);

@@ -81,6 +81,11 @@ class Vectors : public Bench {
   }
 };
 
+TEST(Convert, TheLimitIsPackedDecimal) {
+  EXPECT_EQ(All(PackedDecimal(-1), PackedDecimal(0), PackedDecimal(1234), PackedDecimal(1234567890)),
+            All(0U, 0U, 0x1234U, 0x12345678U));
+}
+
 TEST_F(Vectors, EveryConversion) {
   const Texts columns{"code of the converter", "result",    "checksum", "config", "dual",
                       "unprotected",           "used",      "partial",  "shown",  "option package",

@@ -80,6 +80,7 @@ TEST_F(Input, WhatIsTypedDuringAnOperationIsDroppedEverywhere) {
 }
 
 TEST_F(Input, ABoxTakesNothingBeforeItCanBeRead) {
+  hooked.tick = 100000;
   OpenWithJob();
   onBox = [this](QMessageBox& box) {
     QWidget& ok = *box.button(QMessageBox::Ok);

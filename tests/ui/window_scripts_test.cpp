@@ -99,6 +99,7 @@ class WindowScript : public UiBench, public UpdateAgent, public ::testing::WithP
          [&] {
            writer.chip = {line[1] == "worn" ? standin::ChipState::Worn : standin::ChipState::Blank, {}};
          }},
+        {"option value", [&] { EXPECT_EQ(TheAppState().selection.OptionValue, line.Number(1)); }},
         {"system config", [&] { Config() = static_cast<std::int32_t>(line.Number(1)); }},
         {"update client", [&] { TheMachine().update = this; }},
         {"look at", [&] { LookAt(here, line[1]); }},
