@@ -22,7 +22,7 @@ void AddChoices(CLI::App& command, Choices& choices) {
 void AddChipOptions(CLI::App& command, ChipOptions& chip) {
   auto* ic = command.add_option("--ic", chip.ic, "IC by its label, such as QV8348 or QV8329_16");
   command.add_option("--code", chip.code, "IC by its number (decimal, or hexadecimal with 0x)")->excludes(ic);
-  command.add_option("--model", chip.model, "writer model")->check(CLI::IsMember({"KM48", "KM49"}));
+  command.add_option("--model", chip.model, "writer model")->check(CLI::IsMember({kNameKm48, kNameKm49}));
   command.add_option("--hw", chip.hw, "template folder")->check(CLI::IsMember({kHwFolder10, kHwFolder11}));
   command.add_option("--chip", chip.chip, "selected chip, where it differs from the label's IC");
   command.add_option("--option-value", chip.optionValue, "protection choices, 0x60 without a choice");
@@ -55,7 +55,7 @@ std::optional<std::uint32_t> SelectChip(const ChipOptions& chip) {
       return std::nullopt;
     }
   }
-  if (!chip.model.empty()) app.writer.WriterModel = chip.model == "KM48" ? Model::Km48 : Model::Km49;
+  if (!chip.model.empty()) app.writer.WriterModel = chip.model == kNameKm48 ? Model::Km48 : Model::Km49;
   if (!chip.hw.empty()) app.writer.HwFolder = chip.hw;
   app.selection.SelectedChip = name;
   app.selection.ChipNameText = name;

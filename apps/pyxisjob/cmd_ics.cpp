@@ -11,7 +11,7 @@ namespace pyxis::job {
 namespace {
 
 void PrintRow(const Job& job, Model model, int list, const ChipEntry& row) {
-  const char* modelName = model == Model::Km48 ? "KM48" : "KM49";
+  const char* modelName = NameOf(model);
   if (!job.options.json) {
     std::printf("%s %2d %-18s %-8s 0x%-6X %s\n", modelName, list, row.TypeLabel, row.ChipName, row.ChipCode,
                 row.FileExtension);
@@ -39,11 +39,11 @@ void PrintRow(const Job& job, Model model, int list, const ChipEntry& row) {
 void AddIcs(CLI::App& app, Job& job) {
   CLI::App* command = app.add_subcommand("ics", "list the ICs");
   auto model = std::make_shared<std::string>();
-  command->add_option("--model", *model, "writer model")->check(CLI::IsMember({"KM48", "KM49"}));
+  command->add_option("--model", *model, "writer model")->check(CLI::IsMember({kNameKm48, kNameKm49}));
   command->callback([&job, model] {
     for (int list = 0; list < kListCount; ++list) {
       const Model listModel = list < kFirstKm49List ? Model::Km48 : Model::Km49;
-      if (!model->empty() && (*model == "KM48") != (listModel == Model::Km48)) continue;
+      if (!model->empty() && *model != NameOf(listModel)) continue;
       for (const ChipEntry& row : ChipList(list)) PrintRow(job, listModel, list, row);
     }
   });

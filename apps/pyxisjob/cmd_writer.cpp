@@ -14,13 +14,6 @@ namespace pyxis::job {
 
 namespace {
 
-const char* ModelName(Model model) { return model == Model::Km48 ? "KM48" : model == Model::Km49 ? "KM49" : "unknown"; }
-
-// Two models are possible: what start-up settled needs both witnesses, and a writer without a job has one only.
-const char* RegisterName(std::uint8_t modelRegister) {
-  return modelRegister == kRegisterKm48 ? "KM48" : modelRegister == kRegisterKm49 ? "KM49" : "unknown";
-}
-
 void PrintWriter(const Job& job) {
   const AppState& app = TheAppState();
   const auto& block = app.writer.WriterInfoBlock;
@@ -34,7 +27,7 @@ void PrintWriter(const Job& job) {
            {"transport", transport},
            {"identity", app.writer.WriterIdentityText.data()},
            {"hw_folder", app.writer.HwFolder},
-           {"model", ModelName(app.writer.WriterModel)},
+           {"model", NameOf(app.writer.WriterModel)},
            {"model_register", app.writer.ModelRegister},
            {"firmware_code", app.writer.FirmwareCode},
            {"firmware_version", app.writer.FirmwareVersion},
@@ -62,7 +55,7 @@ void PrintWriter(const Job& job) {
 LineWriter WriterIdentity() {
   const WriterState& writer = TheAppState().writer;
   return {
-      writer.WriterIdentityText.data(), writer.HwFolder, RegisterName(writer.ModelRegister),
+      writer.WriterIdentityText.data(), writer.HwFolder, NameOf(ModelOf(writer.ModelRegister)),
       Printf("code 0x%04X, version %d, level %u", writer.FirmwareCode, writer.FirmwareVersion, writer.FirmwareLevel)};
 }
 

@@ -79,15 +79,10 @@ const ChipEntry* KnownIc(const std::string& name) {
 }
 
 bool SelectOnDevice(Job& job, const std::string& name, const Choices& choices) {
-  bool selected = false;
-  job.op.icSelect = [&](CIcSelectDlg& dialog) {
-    const DialogEnd end = Answer(job, dialog, name, choices);
-    selected = end == DialogEnd::Ok;
-    return end;
-  };
-  OnDevice();
+  job.op.icSelect = [&](CIcSelectDlg& dialog) { return Answer(job, dialog, name, choices); };
+  const Outcome outcome = OnDevice();
   job.op.icSelect = nullptr;
-  return selected;
+  return outcome.Good();
 }
 
 }  // namespace pyxis::job

@@ -71,7 +71,8 @@ int main(int argc, char** argv) {
   app.add_option("--usbredir", port, "TCP port of this machine for a virtual machine's USB redirection");
   app.add_option("--state", state, "file that keeps the job over a restart");
   app.add_option("--model", model)
-      ->transform(CLI::CheckedTransformer(std::map<std::string, Model>{{"KM48", Model::Km48}, {"KM49", Model::Km49}}));
+      ->transform(CLI::CheckedTransformer(
+          std::map<std::string, Model>{{pyxis::kNameKm48, Model::Km48}, {pyxis::kNameKm49, Model::Km49}}));
   app.add_option("--hw", hw, "hardware revision")->check(CLI::IsMember({"1.0", "1.1", "2.0"}));
   app.add_option("--identity", identity, "identity text, in the place of the revision's");
   app.add_option("--chip", chip, "what the socket holds")

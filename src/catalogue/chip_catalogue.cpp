@@ -83,6 +83,18 @@ const Ic* IcOfName(std::string_view chipName) {
   return found == kIcs.end() ? nullptr : *found;
 }
 
+const Ic& IcOrUnknown(std::string_view chipName) {
+  static constexpr Ic kUnknown = Unlisted({.ChipName = "",
+                                           .ChipCode = kNoCode,
+                                           .templateName = "",
+                                           .comparison = kCompareHex,
+                                           .protection = kHighByteProtection,
+                                           .serial = kNoSerial,
+                                           .menus = kAllEntries});
+  const Ic* ic = IcOfName(chipName);
+  return ic == nullptr ? kUnknown : *ic;
+}
+
 const Ic* IcOfCode(std::uint32_t chipCode) {
   const auto found = std::find_if(kIcs.begin(), kIcs.end(), [=](const Ic* ic) { return ic->ChipCode == chipCode; });
   return found == kIcs.end() || chipCode == kNoCode ? nullptr : *found;

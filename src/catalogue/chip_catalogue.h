@@ -45,6 +45,9 @@ const ChipEntry* RowOfChip(std::string_view chipName);
 
 // The record of an IC, in the catalogue or not, by the whole name; null for a name that no IC has.
 const Ic* IcOfName(std::string_view chipName);
+// The same, or the record of no IC: a name that no IC has, as a writer's job may bear, takes no serial number, is
+// compared as a .hex file and forbids no menu entry.
+const Ic& IcOrUnknown(std::string_view chipName);
 // Likewise by its code.
 const Ic* IcOfCode(std::uint32_t chipCode);
 std::span<const Ic* const> AllIcs();

@@ -111,30 +111,49 @@ constexpr bool FitsTheBlock(const char* name) {
   return length <= Field::ChipNameField.width;
 }
 
-// A listed IC has a code, a row, an image, a file type, bytes to read and divisors of the bar that aren't 0; any other
-// one has no row.
-constexpr bool IsWhole(const Ic& ic) {
+// What holds of each IC that is in the catalogue; any other one has no row and no image.
+constexpr bool IsListed(const Ic& ic) { return ic.series != Series::None; }
+constexpr bool HasRows(const Ic& ic) {
   const bool row = ic.km48[0].IsThere() || ic.km49[0].IsThere();
-  if (ic.series == Series::None) return !row && ic.firmware.file == nullptr;
+  return row == IsListed(ic) && LabelsAreTheIcs(ic, ic.km48) && LabelsAreTheIcs(ic, ic.km49);
+}
+constexpr bool TellsItsPins(const Ic& ic) { return !IsListed(ic) || PinsAreTold(ic); }
+constexpr bool CanBeALoad(const Ic& ic) {
+  if (!IsListed(ic)) return ic.firmware.file == nullptr;
+  return ic.ChipCode != kNoCode && FitsTheBlock(ic.ChipName) && ic.firmware.file != nullptr &&
+         IsFileType(ic.FileExtension);
+}
+constexpr bool CanBeRead(const Ic& ic) {
   const Ticks& t = ic.ticks;
-  return row && LabelsAreTheIcs(ic, ic.km48) && LabelsAreTheIcs(ic, ic.km49) && PinsAreTold(ic) &&
-         ic.ChipCode != kNoCode && ic.firmware.file != nullptr && IsFileType(ic.FileExtension) &&
-         FitsTheBlock(ic.ChipName) && ic.ReadSizeBytes.km48 != 0 && ic.ReadSizeBytes.km49 != 0 &&
-         IsSound(ic.protection, ic.options, ic.masks.km48) && IsSound(ic.protection, ic.options, ic.masks.km49) &&
-         t.autoRun != 0 && t.blank != 0 && t.program != 0 && t.verify != 0;
+  return !IsListed(ic) || (ic.ReadSizeBytes.km48 != 0 && ic.ReadSizeBytes.km49 != 0 && t.autoRun != 0 && t.blank != 0 &&
+                           t.program != 0 && t.verify != 0);
+}
+constexpr bool ProtectsSomewhere(const Ic& ic) {
+  return !IsListed(ic) ||
+         (IsSound(ic.protection, ic.options, ic.masks.km48) && IsSound(ic.protection, ic.options, ic.masks.km49));
+}
+constexpr bool MasksAreShown(const Ic& ic) {
+  return ic.options == OptionChoice::Smart || (ic.masks.km48[0] == 0 && ic.masks.km49[0] == 0);
+}
+constexpr bool IsWhole(const Ic& ic) {
+  return HasRows(ic) && TellsItsPins(ic) && CanBeALoad(ic) && CanBeRead(ic) && ProtectsSomewhere(ic) &&
+         MasksAreShown(ic);
 }
 
-constexpr bool AreWhole(Ics ics) {
+constexpr bool Each(Ics ics, bool (*holds)(const Ic&)) {
   for (const Ic* ic : ics)
-    if (!IsWhole(*ic)) return false;
+    if (!holds(*ic)) return false;
   return true;
 }
 
 static_assert(NamesAndCodesAreUnique(kIcs), "two ICs of one name or one ChipCode");
 static_assert(NamesStartAlike(kIcs), "an IC's name doesn't start as all do");
-static_assert(AreWhole(kIcs),
-              "an IC with a label that isn't its own, without a row, pins, an image, a file type, a read size or a "
-              "divisor, or with a "
-              "protection that lies nowhere");
+static_assert(Each(kIcs, HasRows), "an IC with a label that isn't its own, or a listed IC without a row");
+static_assert(Each(kIcs, TellsItsPins),
+              "an IC's pins are told neither by its KM49 labels nor by its record, or by both");
+static_assert(Each(kIcs, CanBeALoad), "an IC without a code, an image or a known file type, or with too long a name");
+static_assert(Each(kIcs, CanBeRead), "an IC with a read size or a divisor of the bar that is 0");
+static_assert(Each(kIcs, ProtectsSomewhere), "a protection that lies nowhere, or doesn't fit the options or the masks");
+static_assert(Each(kIcs, MasksAreShown), "masks of an IC without Smart Option");
 
 }  // namespace pyxis

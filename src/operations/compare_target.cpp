@@ -3,7 +3,6 @@
 #include <algorithm>
 
 #include "catalogue/chip_catalogue.h"
-#include "catalogue/compare_kinds.h"
 #include "intake/converters/image.h"
 #include "intake/file_readers.h"
 #include "platform/files.h"
@@ -30,10 +29,7 @@ Outcome CutTarget(const CompareKind& kind, const std::string& chosen, const std:
 
 }  // namespace
 
-const CompareKind& CompareKindOf(std::string_view chip) {
-  const Ic* ic = IcOfName(chip);
-  return ic == nullptr ? kCompareHex : ic->comparison;
-}
+const CompareKind& CompareKindOf(std::string_view chip) { return IcOrUnknown(chip).comparison; }
 
 std::string CompareTargetPath(const CompareKind& kind, const std::string& chosen) {
   const std::string target = chosen.substr(0, chosen.rfind('.')) + ".bin";

@@ -13,8 +13,8 @@ SnRecord& TheSnRecord() { return theSnRecord; }
 void ResetSnRecord() { theSnRecord = SnRecord{}; }
 
 std::string HexPadded(const std::string& text) {
-  const std::size_t length = theSnRecord.SnLength;
-  const std::size_t width = length <= 16 ? 2 * length : 0;
+  if (theSnRecord.SnLength > 16) return text;
+  const std::size_t width = std::size_t{2} * theSnRecord.SnLength;
   return std::string(width - std::min(width, text.size()), '0') + text;
 }
 

@@ -70,9 +70,7 @@ void SettleModel() {
   AppState& app = TheAppState();
   app.writer.ModelRegister = PeekByte(address::kModel);
   app.writer.WriterInfoBlock[Field::WriterModelByte.offset] = 0;
-  app.writer.WriterModel = app.writer.ModelRegister == kRegisterKm48   ? Model::Km48
-                           : app.writer.ModelRegister == kRegisterKm49 ? Model::Km49
-                                                                       : Model::None;
+  app.writer.WriterModel = ModelOf(app.writer.ModelRegister);
 }
 
 void EnableAll() {

@@ -8,11 +8,7 @@ namespace pyxis {
 
 namespace {
 
-// What the selected IC allows; a name that no IC has, as a writer's job may bear, forbids nothing.
-MenuEntries EntriesOfChip() {
-  const Ic* ic = IcOfName(TheAppState().selection.ChipNameText);
-  return ic == nullptr ? MenuEntries{.serialNumberProgram = true, .readChipInfo = true} : ic->menus;
-}
+const MenuEntries& EntriesOfChip() { return IcOrUnknown(TheAppState().selection.ChipNameText).menus; }
 
 bool ChipAndWriter() { return !TheAppState().selection.ChipNameText.empty() && TheAppState().writer.WriterConnected; }
 

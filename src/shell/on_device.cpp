@@ -58,20 +58,28 @@ bool IsForWriter(Model offered) {
   return false;
 }
 
+Outcome Select() {
+  CIcSelectDlg dialog;
+  if (!dialog.OnInitDialog()) return Refused(Reason::OtherModel);
+  if (TheMachine().op->RunDialog(dialog) != DialogEnd::Ok) return Cancelled();
+  if (!IsForWriter(dialog.model)) return Refused(Reason::OtherModel);
+  TakeSelection(dialog);
+  return kGood;
+}
+
 }  // namespace
 
-void OnDevice() {
+Outcome OnDevice() {
   AppState& app = TheAppState();
   SettleModelAtSelection();
-  CIcSelectDlg dialog;
-  if (dialog.OnInitDialog() && TheMachine().op->RunDialog(dialog) == DialogEnd::Ok && IsForWriter(dialog.model)) {
-    TakeSelection(dialog);
-  } else {
+  const Outcome outcome = Select();
+  if (!outcome.Good()) {
     app.selection.SnMode = false;
     app.selection.MassProduction = MassMode::Off;
   }
   EnableControl(ControlId::SmartOption, app.selection.HasSmartOption);
   ResetFusePanel();
+  return outcome;
 }
 
 }  // namespace pyxis

@@ -14,11 +14,7 @@ void IdentifyAtStart() {
   app.writer.WriterInfoBlock[Field::WriterModelByte.offset] = 0;
   ReadInfoBlock(app.writer.WriterInfoBlock);
   const std::uint8_t blockModel = FieldByte(app.writer.WriterInfoBlock, Field::WriterModelByte);
-  app.writer.WriterModel = Model::None;
-  if (blockModel == app.writer.ModelRegister) {
-    if (blockModel == kRegisterKm48) app.writer.WriterModel = Model::Km48;
-    if (blockModel == kRegisterKm49) app.writer.WriterModel = Model::Km49;
-  }
+  app.writer.WriterModel = blockModel == app.writer.ModelRegister ? ModelOf(blockModel) : Model::None;
   ReadFirmwareBytes();
 }
 

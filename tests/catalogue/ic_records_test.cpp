@@ -85,7 +85,8 @@ static_assert(Slips([](Ic& i) { i.km48 = {"QV8121"}; }, [](Ic& i) { i.km48 = {"Q
                     [](Ic& i) { i.FileExtension = ".velmra"; }, [](Ic& i) { i.ReadSizeBytes = 0; },
                     [](Ic& i) { i.protection.bit = 5; }, [](Ic& i) { i.protection.bit = 8; },
                     [](Ic& i) { i.protection.byte = 900; }, [](Ic& i) { i.masks.km48[0] = 0x2000; },
-                    [](Ic& i) { i.options = OptionChoice::AllBits; }, [](Ic& i) { i.ticks.blank = 0; }));
+                    [](Ic& i) { i.options = OptionChoice::AllBits; }, [](Ic& i) { i.options = OptionChoice::None; },
+                    [](Ic& i) { i.ticks.blank = 0; }));
 
 // Behind the last one of its list.
 TEST_F(IcRecords, AnInventedIcHasItsRow) {

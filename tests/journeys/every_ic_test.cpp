@@ -44,9 +44,8 @@ class EveryIc : public StandinBench, public ::testing::WithParamInterface<int> {
         Contents(text ? std::filesystem::exists(Path(stem + ".bin")) ? stem + ".bin" : ToLower(stem) + ".bin" : sample);
     std::size_t offset = extension == ".obj" ? 32 + at : at;
     if (extension == ".otp") {
-      const bool wide = TheAppState().selection.SelectedChip != "QV4105";
-      const std::size_t config = wide ? 2 : 1;
-      offset = at < config ? (wide ? 16414 : 8223) + at : 32 + at - config;
+      const CompareKind& cut = IcOfName(TheAppState().selection.SelectedChip)->comparison;
+      offset = at < cut.configBytes ? cut.configAt + at : cut.header + at - cut.configBytes;
     }
     bytes.at(offset) ^= 0x10;
     // A .velmar file isn't read again: what is compared is the image that Load File left.

@@ -35,5 +35,12 @@ TEST_F(SerialLimits, EveryIc) {
         << ic->ChipName;
 }
 
+TEST_F(SerialLimits, TheChipsNameShowsTenCharacters) {
+  TheAppState().selection.SelectedChip = "QV834812345";
+  CSnProgramDlg dialog(false);
+  dialog.OnInitDialog();
+  EXPECT_EQ(dialog.chipText, "QV83481234");
+}
+
 }  // namespace
 }  // namespace pyxis::test

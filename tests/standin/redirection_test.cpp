@@ -140,6 +140,13 @@ TEST_F(Redirection, AGuestReachesTheWriter) {
   EXPECT_EQ(answer.size(), 13U);
   EXPECT_TRUE(model.Violations().empty());
   EXPECT_EQ(Bulk(13), usb_redir_stall);  // nothing to say
+  // A new configuration ends a command that lacks its data.
+  CommandBlock half = MakeCommandBlock(1, OP_SET_MODE);
+  Bulk(13, half.data());
+  usb_redir_set_configuration_header configuration{1};
+  usbredirparser_send_set_configuration(parser, 4, &configuration);
+  EXPECT_EQ(Bulk(13, block.data()), usb_redir_success);
+  EXPECT_EQ(Bulk(26), usb_redir_success);
 }
 
 TEST_F(Redirection, AStallHoldsTransfersUntilItEndsOrTheyAreCancelled) {

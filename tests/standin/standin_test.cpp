@@ -82,6 +82,7 @@ class Standin : public Bench, public ::testing::WithParamInterface<std::string> 
     shows["verdict"] = [this] { return std::to_string(verdict); };
     shows["serial"] = [this] { return verdict == 1 ? Printf("%02X", writer->chip.burnt.at(1)) : "none"; };
     shows["burnt"] = [this] { return Shown(writer->chip.burnt); };
+    shows["info"] = [this] { return Shown(Part(writer->OptionArea(), 248, 8)); };
     shows["sums"] = [this] { return Printf("%X %X", writer->chip.checksum, writer->chip.upperChecksum); };
     shows["blank"] = [this] { return std::string(writer->chip.IsBlank() ? "yes" : "no"); };
     shows["data"] = [this] { return Shown(writer->DataArea()); };

@@ -175,6 +175,7 @@ void ScenarioBench::Script(const Args& args) {
         if (parts[0] == "type") d.OnTypeChange(Number(parts[1]));
         if (parts[0] == "model") TheAppState().writer.WriterModel = Model{Number(parts[1])};
         if (parts[0] == "isp") d.OnIsp(true);
+        if (parts[0] == "exhv") d.OnExhvIsp(true);
         if (parts[0] == "mass") d.OnMassProduction(true);
         if (parts[0] == "serial") d.OnDisplaySerial(true);
         if (parts[0] == "limit") d.OnProductionLimit(true), d.OnLimitText(parts[1]), d.OnOk();

@@ -32,7 +32,7 @@ std::string StandinBench::PutFolderFor(const std::string& label) {
   EXPECT_EQ(FindChip(label, series, type), 1) << label;
   const ChipEntry& row = Row(series, type);
   const AppState& app = TheAppState();
-  for (const std::string& name : {std::string(row.ChipName), std::string("QV4202")})
+  for (const std::string& name : {std::string(row.ChipName), std::string(row.ic->templateName)})
     Write(app.writer.HwFolder + "/" + name + ".txt", pyxis::folder::MakeTemplate(name));
   const auto firmware = FirmwareFor(row.ChipCode, app.writer.WriterModel);
   Write(std::filesystem::relative(firmware->path, folder).string(),

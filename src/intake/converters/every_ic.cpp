@@ -32,20 +32,74 @@ constexpr bool ProtectionsAre(const Protection& place, const auto& table) {
   return RowsAgree(table, [&place](const Ic& ic, const auto&) { return ic.protection == place; });
 }
 
+constexpr bool FileTypesAre(const char* extension, const auto& table) {
+  return RowsAgree(table, [extension](const Ic& ic, const auto&) {
+    return ic.series == Series::None || SameText(ic.FileExtension, extension);
+  });
+}
+
+// The serial's end counts bytes of a flash memory, and words of the others.
+constexpr bool SerialsEndAt(const SerialPlace& place, std::uint32_t limit) {
+  return place.endLimit == limit && place.endMarkCounts == SnUnit::Bytes && place.fixedAddress == kAnyAddress;
+}
+constexpr bool IsRead(const Ic& ic, std::size_t bytes) {
+  return ic.series == Series::None || (ic.ReadSizeBytes.km48 == bytes && ic.ReadSizeBytes.km49 == bytes);
+}
+
 // Behind the image come the configuration word, the ID and its padding.
 constexpr std::uint32_t kFlashTail = 18;
-constexpr bool FlashMemoriesAgree() {
-  return RowsAgree(kVelmarFlashTable, [](const Ic& ic, const VelmarFlashRow& row) {
-    return (ic.serial.endLimit == row.imageBytes || ic.serial.endLimit == 0) &&
-           (ic.series == Series::None || ic.ReadSizeBytes.km48 == row.imageBytes + kFlashTail);
-  });
+constexpr bool Agree(const Ic& ic, const VelmarFlashRow& row) {
+  return SerialsEndAt(ic.serial, row.imageBytes) && IsRead(ic, row.imageBytes + kFlashTail);
+}
+// QV8336 takes serials in the lower half alone.
+constexpr bool Agree(const Ic& ic, const Hex14OtpRow& row) {
+  const std::uint32_t words = row.memory.length + std::uint32_t{row.memory.copied};
+  return (SerialsEndAt(ic.serial, words) || SerialsEndAt(ic.serial, words / 2 - 2)) &&
+         IsRead(ic, 2 * (row.memory.config + std::size_t{4}));
+}
+// How much of the ID is read differs.
+constexpr bool Agree(const Ic& ic, const Hex14MtpRow& row) {
+  return SerialsEndAt(ic.serial, row.memory.length + std::uint32_t{row.memory.copied}) &&
+         (ic.series == Series::None || ic.ReadSizeBytes.km48 > 2U * row.memory.config);
+}
+constexpr bool Agree(const Ic& ic, const UsbHexRow& row) {
+  return SerialsEndAt(ic.serial, row.imageBytes) && IsRead(ic, row.imageBytes + std::size_t{1});
+}
+constexpr bool Agree(const Ic& ic, const UsbEepromRow& row) {
+  return SerialsEndAt(ic.serial, row.words) && (ic.series == Series::None || ic.ReadSizeBytes.km48 > 2 * row.words);
+}
+// An IC that isn't in the catalogue is given no serials, whatever its converter takes.
+constexpr bool Agree(const Ic& ic, const Epm4Row& row) {
+  return (ic.series == Series::None || row.serial == (ic.serial.endLimit != 0)) &&
+         IsRead(ic, row.imageBytes + row.tail.summed + 2 * row.options.summed);
+}
+constexpr bool Agree(const Ic& ic, const Otp4Row& row) {
+  const CompareKind& cut = ic.comparison;
+  const std::size_t read = row.unit == Otp4Unit::Word ? 2 * row.words : row.configOffset - kOtp4Header;
+  return cut.header == kOtp4Header && cut.configAt == row.configOffset && cut.imageBytes == 2 * row.words &&
+         IsRead(ic, read);
+}
+
+constexpr bool RecordsAgree(const auto& table) {
+  return RowsAgree(table, [](const Ic& ic, const auto& row) { return Agree(ic, row); });
 }
 
 static_assert(ProtectionsAre(kFlashProtection, kVelmarFlashTable) &&
                   ProtectionsAre(kOneTimeProtection, kHex14OtpTable) &&
                   ProtectionsAre(kMultiTimeProtection, kHex14MtpTable),
               "an IC with the protection of another family");
-static_assert(FlashMemoriesAgree(), "a flash IC's serial limit or read size isn't that of its image");
+static_assert(FileTypesAre(kVelmar, kVelmarFlashTable) && FileTypesAre(kEpm, kEpm4Table) &&
+                  FileTypesAre(kOtp, kOtp4Table) && FileTypesAre(kObj, kUsbObjTable) &&
+                  FileTypesAre(kHex, kHex14OtpTable) && FileTypesAre(kHex, kHex14MtpTable) &&
+                  FileTypesAre(kHex, kUsbHexTable),
+              "an IC with the program files of another family");
+static_assert(RecordsAgree(kVelmarFlashTable), "a flash IC's serial limit or read size isn't that of its image");
+static_assert(RecordsAgree(kHex14OtpTable) && RecordsAgree(kHex14MtpTable),
+              "a 14-bit IC's serial limit or read size isn't that of its memory");
+static_assert(RecordsAgree(kUsbHexTable) && RecordsAgree(kUsbEepromTable),
+              "a USB IC's serial limit or read size isn't that of its image");
+static_assert(RecordsAgree(kEpm4Table) && RecordsAgree(kOtp4Table),
+              "a 4-bit IC's serial numbers, read size or comparison aren't those of its image");
 static_assert(EveryIcConverts(), "an IC without a converter row, or a converter row without an IC");
 
 }  // namespace

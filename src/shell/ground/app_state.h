@@ -4,6 +4,7 @@
 
 #include <array>
 #include <cstdint>
+#include <optional>
 #include <string>
 
 #include "platform/operator.h"
@@ -22,6 +23,13 @@ inline constexpr std::uint8_t kRegisterKm48 = 0x98;
 inline constexpr std::uint8_t kRegisterKm49 = 0x99;
 // The model's byte as the register and WriterModelByte have it; the second model's for an unknown one.
 constexpr std::uint8_t RegisterOf(Model model) { return model == Model::Km48 ? kRegisterKm48 : kRegisterKm49; }
+constexpr Model ModelOf(std::uint8_t modelRegister) {
+  return modelRegister == kRegisterKm48 ? Model::Km48 : modelRegister == kRegisterKm49 ? Model::Km49 : Model::None;
+}
+inline constexpr char kNameKm48[] = "KM48", kNameKm49[] = "KM49";
+constexpr const char* NameOf(Model model) {
+  return model == Model::Km48 ? kNameKm48 : model == Model::Km49 ? kNameKm49 : "unknown";
+}
 
 // What the progress bar follows. Only Transfers changes what the link does: each transfer then drives the bar.
 enum class Progress { None = 0, Transfers = 1, Auto = 2, BlankCheck = 3, Program = 4, Verify = 5, Read = 6 };

@@ -31,6 +31,7 @@ enum class Reason {
   NothingToRead,  // the job leaves no word of the chip to read
   Different,      // a comparison
   OutOfRange,     // a measurement, or a value of a dialog
+  OtherModel,     // a writer of another model than the offered ICs', or of none that is known
   OtherPlace,     // a series that doesn't lie where the IC wants it; good all the same
 };
 
