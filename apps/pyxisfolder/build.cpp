@@ -41,7 +41,7 @@ bool PutOptionLists(const fs::path& dir) {
 bool PutFirmware(const fs::path& dir) {
   bool good = true;
   for (const Model model : {Model::Km48, Model::Km49}) {
-    const fs::path folder = dir / (model == Model::Km48 ? "firmware48" : "firmware49");
+    const fs::path folder = dir / FirmwareFolderName(model);
     std::set<std::string> made;
     for (int list = 0; list < kListCount; ++list)
       for (const ChipEntry& row : ChipList(list)) {
@@ -50,7 +50,7 @@ bool PutFirmware(const fs::path& dir) {
         if (firmware && made.insert(file).second)
           good = PutFile(folder / file, MakeFirmware(model, firmware->FirmwareCode)) && good;
       }
-    good = PutFile(folder / (model == Model::Km48 ? "48test.nce" : "49test.nce"), MakeFirmware(model, 0)) && good;
+    good = PutFile(folder / TestImageName(model), MakeFirmware(model, 0)) && good;
   }
   return good;
 }

@@ -3,6 +3,7 @@
 #include <cstdlib>
 
 #include "catalogue/chip_catalogue.h"
+#include "catalogue/ic_select.h"
 #include "intake/converters/dispatch.h"
 #include "job.h"
 #include "platform/program_folder.h"
@@ -16,7 +17,8 @@ void AddChoices(CLI::App& command, Choices& choices) {
   command.add_flag("--exhv-isp", choices.exhvIsp, "EXHV ISP program");
   command.add_flag("--isp", choices.isp, "ISP program");
   command.add_flag("--mass", choices.mass, "Mass Production Mode");
-  command.add_option("--limit", choices.limit, "Production Limit, a number of ICs")->check(CLI::Range(1, 99999999));
+  command.add_option("--limit", choices.limit, "Production Limit, a number of ICs")
+      ->check(CLI::Range(1, kLargestLimit));
 }
 
 void AddChipOptions(CLI::App& command, ChipOptions& chip) {

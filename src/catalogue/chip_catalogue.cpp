@@ -111,7 +111,7 @@ bool StartsLikeAName(std::span<const std::uint8_t> block) {
 }
 
 std::string FirmwareFolder(Model model) {
-  return TheAppState().program.AppDir + (model == Model::Km48 ? "firmware48" : "firmware49") + kPathSeparator;
+  return TheAppState().program.AppDir + FirmwareFolderName(model) + kPathSeparator;
 }
 
 std::optional<Firmware> FirmwareFor(std::uint32_t chipCode, Model model) {

@@ -69,6 +69,9 @@ int FindChip(std::string_view label, int& seriesIndex, int& typeIndex);
 // The image that a ChipCode runs on. Model 1 takes it from firmware48, any other from firmware49. Nothing for a code
 // without a catalogue row.
 std::optional<Firmware> FirmwareFor(std::uint32_t chipCode, Model model);
+// Of a program folder: the folder of a model's firmware images, and in it the one for a writer without any.
+constexpr const char* FirmwareFolderName(Model model) { return model == Model::Km48 ? "firmware48" : "firmware49"; }
+constexpr const char* TestImageName(Model model) { return model == Model::Km48 ? "48test.nce" : "49test.nce"; }
 std::string FirmwareFolder(Model model);  // AppDir and "firmware48" or "firmware49", with a separator
 
 // Path of the package figure of a label (or chip name): normal, EXHV ISP, ISP. The file needn't exist.

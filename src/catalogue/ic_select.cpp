@@ -16,8 +16,6 @@ namespace pyxis {
 
 namespace {
 
-constexpr std::int32_t kLargestLimit = 99999999;
-
 void Follow(CIcSelectDlg::CheckBox& box, BoxRule rule) {
   if (rule != BoxRule::Leave) box.enabled = rule == BoxRule::Enable;
 }
@@ -183,8 +181,9 @@ bool CIcSelectDlg::TakeLimit() {
     TakeControls();
     return true;
   }
-  TheMachine().op->Tell(limit ? "Please enter an integer between 1 and 99999999." : "Please enter an integer.",
-                        kPlainCaption, MessageIcon::Warning);
+  TheMachine().op->Tell(
+      limit ? Printf("Please enter an integer between 1 and %d.", kLargestLimit) : "Please enter an integer.",
+      kPlainCaption, MessageIcon::Warning);
   return false;
 }
 

@@ -12,6 +12,8 @@
 
 namespace pyxis {
 
+inline constexpr std::int32_t kLargestLimit = 99999999;  // of a production limit, which has eight decimal digits
+
 class CIcSelectDlg {
  public:
   struct CheckBox {

@@ -22,6 +22,13 @@ inline constexpr auto kHexDigitValues = [] {
 // Value of a digit, or -1.
 constexpr int HexDigitValue(char c) { return kHexDigitValues[static_cast<unsigned char>(c)]; }
 
+// How many digits the text begins with.
+constexpr std::size_t CountHexDigits(std::string_view text) {
+  std::size_t count = 0;
+  while (count < text.size() && HexDigitValue(text[count]) >= 0) ++count;
+  return count;
+}
+
 // Up to maxDigits (at most 8) hexadecimal digits; negative means the whole text. Leading "0" and blanks are passed
 // over, the first other character ends the number.
 constexpr std::uint32_t ParseHexDigits(std::string_view text, int maxDigits = -1) {

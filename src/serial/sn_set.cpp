@@ -34,8 +34,7 @@ void Refuse(const std::string& text) { TheMachine().op->Tell(text, kMessageCapti
 // Digits at the right end of a field of 32, two to a byte; digits beyond the field are the high ones, and are left out.
 // Conversion ends at the first character that is no digit.
 std::array<std::uint8_t, 16> ToBytes(const std::string& text) {
-  const std::size_t digits = text.find_first_not_of("0123456789abcdefABCDEF");
-  std::string field = text.substr(0, digits);
+  std::string field = text.substr(0, CountHexDigits(text));
   field = field.size() > 32 ? field.substr(field.size() - 32) : std::string(32 - field.size(), '0') + field;
   std::array<std::uint8_t, 16> bytes;
   for (std::size_t i = 0; i < bytes.size(); ++i)

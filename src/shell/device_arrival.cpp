@@ -9,6 +9,7 @@
 #include "platform/clock.h"
 #include "platform/machine.h"
 #include "platform/operator.h"
+#include "platform/text.h"
 #include "platform/vendor_api.h"
 #include "shell/ground/app_state.h"
 #include "shell/ground/main_controls.h"
@@ -37,26 +38,16 @@ void DisableAll() {
 }
 
 // A model that has lost its firmware but still has its job.
-struct TestImage {
-  std::uint8_t modelByte;
-  Model model;
-  const char* text;
-  const char* file;
-};
-constexpr TestImage kTestImages[] = {
-    {kRegisterKm48, Model::Km48, "KM48 Error About To Enter The Test Mode.\nPlease Wait", "48test.nce"},
-    {kRegisterKm49, Model::Km49, "KM49 Error About To Enter The Test Mode.\nPlease Wait", "49test.nce"},
-};
-
 void RecoverFirmware() {
   AppState& app = TheAppState();
   Operator& op = *TheMachine().op;
   ReadInfoBlock(app.writer.WriterInfoBlock);
-  for (const TestImage& image : kTestImages) {
-    if (FieldByte(app.writer.WriterInfoBlock, Field::WriterModelByte) != image.modelByte) continue;
+  const Model model = ModelOf(FieldByte(app.writer.WriterInfoBlock, Field::WriterModelByte));
+  if (model != Model::None) {
     op.Tell("Hardware/Firmware Error", kMessageCaption, MessageIcon::Stop);
-    op.Tell(image.text, kMessageCaption, MessageIcon::Warning);
-    const bool good = LoadFirmware(FirmwareFolder(image.model) + image.file, true);
+    op.Tell(Printf("%s Error About To Enter The Test Mode.\nPlease Wait", NameOf(model)), kMessageCaption,
+            MessageIcon::Warning);
+    const bool good = LoadFirmware(FirmwareFolder(model) + TestImageName(model), true);
     op.Tell(good ? "Test Ok.\nPlease Re-select The IC" : "Test Fail");
     SetControlText(ControlId::BufferArea, app.program.ReadyText);
     return;

@@ -19,7 +19,7 @@ namespace pyxis {
 
 namespace {
 
-constexpr std::uint8_t kProductionBits = 0x11;
+constexpr std::uint8_t kProductionBits = kProductionMass | kProductionLimit;
 
 void TakeIspFlags() {
   AppState& app = TheAppState();

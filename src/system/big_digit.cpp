@@ -5,6 +5,8 @@
 #include <cstring>
 #include <string>
 
+#include "platform/hex_digits.h"
+
 namespace pyxis {
 
 struct BigDigitNumber {
@@ -27,7 +29,7 @@ void bdFree(BD* number) {
 void bdSetZero(BD number) { mpz_set_ui(number->value, 0); }
 
 std::size_t bdConvFromHex(BD number, const char* text) {
-  const std::size_t digits = std::strspn(text, "0123456789abcdefABCDEF");
+  const std::size_t digits = CountHexDigits(text);
   if (digits == 0) {
     bdSetZero(number);
   } else {
