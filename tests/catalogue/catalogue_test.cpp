@@ -83,6 +83,7 @@ TEST_F(Catalogue, FirmwareImages) {
     EXPECT_EQ(All(firmware->path, firmware->FirmwareCode), All(c[2], c.Number(3)));
   });
   EXPECT_FALSE(FirmwareFor(0x3702, Model::Km48));
+  EXPECT_TRUE(FirmwareFor(0x3706, Model::None)->path.ends_with("firmware49/QV8121.nce"));
 }
 
 // By its own name, which Read Chip and the serial numbers go by, and by that which its converter opens.

@@ -28,7 +28,7 @@ class CutClock : public FakeClock {
 class JobScript : public StandinBench, public ::testing::WithParamInterface<std::string> {
  protected:
   JobScript() : StandinBench(Transport::Vendor) {
-    for (const char* label : {"QV8348", "QVL04", "QV4204"}) PutFolderFor(label);
+    for (const char* label : {"QV8348", "QVL04", "QVL09", "QV4204"}) PutFolderFor(label);
     std::filesystem::current_path(folder);
     using C = const Case&;
     auto& on = script.actions;
@@ -114,6 +114,10 @@ class JobScript : public StandinBench, public ::testing::WithParamInterface<std:
     shows["err"] = [this] { return err; };
     shows["serial.txt"] = [this] { return Text("serial.txt"); };
     shows["fuses"] = [this] { return std::to_string(writer.OptionArea()[36] & 7); };
+    shows["isp of the package"] = [this] { return std::to_string(Contents("buffer_option.prog").at(76)); };
+    shows["isp"] = [this] { return std::to_string(writer.OptionArea()[76]); };
+    shows["limit"] = [this] { return std::to_string(writer.OptionArea()[83]); };
+    shows["direction"] = [this] { return std::to_string(writer.OptionArea()[53] & 15); };
     shows["protected"] = [this] { return std::to_string(writer.OptionArea()[36] >> 5 & 1); };
   }
   ~JobScript() override { std::filesystem::current_path(before_); }
