@@ -176,6 +176,22 @@ TEST_F(Input, AHeldKeyPressesOnce) {
   EXPECT_EQ(text.text(), "  ");  // typing repeats
 }
 
+TEST_F(Input, BoxesHaveTheirIconAndQuestionsYes) {
+  Open();
+  for (const auto& [icon, shown] : Table<MessageIcon, QMessageBox::Icon>{{MessageIcon::None, QMessageBox::NoIcon},
+                                                                         {MessageIcon::Question, QMessageBox::Question},
+                                                                         {MessageIcon::Warning, QMessageBox::Warning},
+                                                                         {MessageIcon::Stop, QMessageBox::Critical}}) {
+    onBox = [&](QMessageBox& box) { EXPECT_EQ(All(box.icon(), box.textFormat()), All(shown, Qt::PlainText)); };
+    qtOp.Tell("<b>", "", icon);
+  }
+  onBox = [](QMessageBox& box) {
+    EXPECT_EQ(box.defaultButton(), box.button(QMessageBox::Yes));
+    EXPECT_EQ(box.escapeButton(), box.button(QMessageBox::No));
+  };
+  qtOp.Ask("?", "", MessageIcon::Question);
+}
+
 // Every text of the program, with the longest values that it can take.
 TEST_F(Input, MessageBoxesShowTheirWholeText) {
   Open();
