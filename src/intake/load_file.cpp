@@ -54,9 +54,8 @@ ConversionResults ConvertFor(const ChipEntry& row, const std::string& path) {
 
 void ShowResult(const ConversionResults& results) {
   AppState& app = TheAppState();
-  app.conversion.ChecksumText = Printf("%04X", app.conversion.ImageChecksum);
   app.conversion.JobChecksum = app.conversion.ImageChecksum;
-  SetControlText(ControlId::ChecksumField, app.conversion.ChecksumText);
+  ShowChecksum(Printf("%04X", app.conversion.ImageChecksum));
   SetControlText(ControlId::FileField, app.conversion.LoadedFilePath);
   ShowFile(results.shownFile);
 }
@@ -71,12 +70,10 @@ void RestoreDisplay() {
 
 // What goes to the writer.
 Outcome SendToWriter(std::uint32_t chipCode) {
-  SelectFirmware(chipCode);
-  if (!TheAppState().writer.FirmwareLoadFailed) return DownloadPackages();
+  const Outcome firmware = SelectFirmware(chipCode);
+  if (firmware.Good()) return DownloadPackages();
   TheMachine().op->Tell(kUpdateFirmwareFail);
-  SetWriterMode(mode::kIdle);
-  SendControl(control::kEndLoad);
-  return Failed(Reason::FirmwareFailed);
+  return firmware;
 }
 
 // The file's part of a run: the packages and what is shown of them. Whether they stand.
@@ -158,6 +155,7 @@ Outcome Run(const ChipEntry& row, const std::string& path, const SelectionGuard&
   SetReadyText(ComposeReadyText(TheMachine().language->GetSystemDefaultLangID()));
   const Outcome outcome = RunJob(row, path);
   RestoreDisplay();
+  if (outcome.reason == Reason::FirmwareFailed) CloseLoad();
   if (EndsEarly(outcome)) return outcome;
   if (LostTheSeries(outcome)) StopSnProgress();
   BringSnProgressUpToDate(outcome.Good());

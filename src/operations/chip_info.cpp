@@ -103,7 +103,7 @@ Outcome CReadChipInfoDlg::OnRead() {
   std::copy_n(kCaptions.begin(), shown, lines.begin());
   Show();
 
-  const bool verified = RunTaskOfDialog(task::kVerify, app.selection.VerifyTicks);
+  const bool verified = RunTaskOfDialog(task::kVerify, app.selection.VerifyTicks).Good();
   WaitMs(kSettleMs);
   // A block that can't be read must not show the chip that was in the socket before.
   std::fill_n(ChipInfo(), Field::ChipInfo.width, std::uint8_t{0});

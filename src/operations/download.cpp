@@ -69,12 +69,16 @@ Outcome DownloadPackageFile(const std::string& path, std::uint8_t areaSelector) 
   return ReadStream(file.get(), sent) && std::ranges::equal(sent, in) ? kGood : Failed(Reason::Different);
 }
 
+void CloseLoad() {
+  SetWriterMode(mode::kIdle);
+  SendControl(control::kEndLoad);
+}
+
 Outcome RewriteOptionArea(const std::string& path) {
   StartTask(task::kOpenPackageLoad);
   SendControl(control::kBeginLoad);
   const Outcome outcome = DownloadPackageFile(path, area::kOption);
-  SetWriterMode(mode::kIdle);
-  SendControl(control::kEndLoad);
+  CloseLoad();
   return outcome;
 }
 

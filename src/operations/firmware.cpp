@@ -40,11 +40,6 @@ std::optional<std::vector<std::uint8_t>> ReadImage(const std::string& path) {
   return bytes;
 }
 
-void CloseLoad() {
-  SetWriterMode(mode::kIdle);
-  SendControl(control::kEndLoad);
-}
-
 void AddressStart() {
   if (ActiveTransport().CanAddress()) SetAddressZero();
 }
@@ -93,21 +88,25 @@ bool RefusesImage(std::uint8_t imageModel) {
 
 }  // namespace
 
-bool LoadFirmware(const std::string& path, bool sendStartByte) {
-  AppState& app = TheAppState();
+namespace {
+
+Outcome LastLoad() { return TheAppState().writer.FirmwareLoadFailed ? Failed(Reason::FirmwareFailed) : kGood; }
+
+}  // namespace
+
+Outcome LoadFirmware(const std::string& path, bool sendStartByte) {
   const auto image = ReadImage(path);
-  const bool good = image && Transfer(path, sendStartByte, *image);
-  app.writer.FirmwareLoadFailed = !good;
-  return good;
+  TheAppState().writer.FirmwareLoadFailed = !image || !Transfer(path, sendStartByte, *image);
+  return LastLoad();
 }
 
-void SelectFirmware(std::uint32_t chipCode) {
+Outcome SelectFirmware(std::uint32_t chipCode) {
   AppState& app = TheAppState();
   const auto firmware = FirmwareFor(chipCode, app.writer.WriterModel);
   const auto image = firmware ? ReadWholeFile(firmware->path) : std::nullopt;
   if (!image || image->size() <= address::kFirmwareVersion) {
     app.writer.FirmwareLoadFailed = true;
-    return;
+    return LastLoad();
   }
   const auto version = static_cast<std::int8_t>((*image)[address::kFirmwareVersion]);
   if (app.writer.FirmwareCode != firmware->FirmwareCode) {
@@ -120,6 +119,7 @@ void SelectFirmware(std::uint32_t chipCode) {
     app.writer.FirmwareLevel = kHostFirmwareLevel;
     WaitMs(kRestartMs);
   }
+  return LastLoad();
 }
 
 Outcome OnUpdateFirmware() {
@@ -135,9 +135,9 @@ Outcome OnUpdateFirmware() {
     op.Tell(Printf(kOpenFileError, path->c_str()), kPlainCaption);
     return Refused(Reason::NotReadable);
   }
-  const bool good = LoadFirmware(*path, true);
-  op.Tell(good ? "Update Firmware Ok" : kUpdateFirmwareFail);
-  return good ? kGood : Failed(Reason::FirmwareFailed);
+  const Outcome outcome = LoadFirmware(*path, true);
+  op.Tell(outcome.Good() ? "Update Firmware Ok" : kUpdateFirmwareFail);
+  return outcome;
 }
 
 }  // namespace pyxis

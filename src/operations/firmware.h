@@ -11,16 +11,16 @@ namespace pyxis {
 
 inline constexpr std::size_t kFirmwareImageSize = 0x10800;
 
-// True when the read-back equals the image. Sets FirmwareLoadFailed. A file that can't be opened or is shorter than an
-// image counts as a failed load, and nothing is sent.
-bool LoadFirmware(const std::string& path, bool sendStartByte);
+// Good when the read-back equals the image, else FirmwareFailed, which FirmwareLoadFailed keeps. A file that can't be
+// opened or is shorter than an image counts as a failed load, and nothing is sent.
+Outcome LoadFirmware(const std::string& path, bool sendStartByte);
 
 // The menu command Update F/W. Cancelled: NoFile; refused: NotReadable, also for an image of the other model; failed:
 // FirmwareFailed.
 Outcome OnUpdateFirmware();
 
-// Sends the image that the IC needs unless the writer holds it; the outcome is FirmwareLoadFailed. An image that is
-// missing or can't be read sets it.
-void SelectFirmware(std::uint32_t chipCode);
+// Sends the image that the IC needs unless the writer holds it. FirmwareFailed: an image that is missing or can't be
+// read, one that didn't arrive, or FirmwareLoadFailed of an earlier load that nothing has mended.
+Outcome SelectFirmware(std::uint32_t chipCode);
 
 }  // namespace pyxis

@@ -61,18 +61,18 @@ std::uint8_t VerdictOf(std::uint8_t task, std::uint32_t divisor) {
 
 }  // namespace
 
-bool RunTask(std::uint8_t task, std::uint32_t divisor) {
-  if (VerdictOf(task, divisor) == kStatusFailed) return false;
+Outcome RunTask(std::uint8_t task, std::uint32_t divisor) {
+  if (VerdictOf(task, divisor) == kStatusFailed) return Failed(Reason::VerdictFailed);
   SetProgressPosition(kProgressTop);
-  return true;
+  return kGood;
 }
 
-bool RunTaskOfDialog(std::uint8_t task, std::uint32_t divisor) {
+Outcome RunTaskOfDialog(std::uint8_t task, std::uint32_t divisor) {
   TheAppState().writer.ProgressMode = Progress::None;
   SetProgressRange(0, kProgressTop);
-  const bool good = RunTask(task, divisor);
+  const Outcome outcome = RunTask(task, divisor);
   SetProgressPosition(0);
-  return good;
+  return outcome;
 }
 
 OperationDisplay::OperationDisplay(Progress progress) {

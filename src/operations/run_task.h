@@ -6,15 +6,16 @@
 
 #include "shell/ground/app_state.h"
 #include "shell/ground/busy_cursor.h"
+#include "shell/ground/outcome.h"
 
 namespace pyxis {
 
-// Runs a task to its end without guards: six equal non-zero readings of the status in a row. False when the verdict is
-// failure, when the link is gone, or when no verdict came within the poll bound. `divisor` scales the count of reads to
-// the bar's range of 50.
-bool RunTask(std::uint8_t task, std::uint32_t divisor);
+// Runs a task to its end without guards: six equal non-zero readings of the status in a row. VerdictFailed when the
+// verdict is failure, when the link is gone, or when no verdict came within the poll bound. `divisor` scales the count
+// of reads to the bar's range of 50.
+Outcome RunTask(std::uint8_t task, std::uint32_t divisor);
 // The same from a dialog: the task's own bar, which is gone afterwards.
-bool RunTaskOfDialog(std::uint8_t task, std::uint32_t divisor);
+Outcome RunTaskOfDialog(std::uint8_t task, std::uint32_t divisor);
 
 // Around an operation with a message at its end: the bar at 1 of 50, ProgressMode (2 to 6: transfers leave the bar
 // alone), the busy cursor; and the cursor back, the bar gone.

@@ -73,7 +73,7 @@ Outcome Perform(const Operation& operation) {
       !TheMachine().op->Ask(" MTP/Flash series IC will clear all data ", kBlankCaption, MessageIcon::Question))
     return Cancelled(Reason::NotConfirmed);
   BeginVerdict();
-  return RunTask(operation.task, TheAppState().selection.*operation.divisor) ? kGood : Failed(Reason::VerdictFailed);
+  return RunTask(operation.task, TheAppState().selection.*operation.divisor);
 }
 
 Outcome Run(const Operation& operation) {

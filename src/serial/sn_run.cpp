@@ -95,13 +95,13 @@ Outcome CSnProgramDlg::OnSnProgram() {
   totalCount_.Increment();
   BeginVerdict();  // the former chip's goes before the window is shown anew
   ShowCounters();
-  const bool good = SnFromIcSelection ? RunTaskOfDialog(task::kAuto, app.selection.AutoTicks)
-                                      : RunTaskOfDialog(task::kProgram, app.selection.ProgramTicks);
-  ShowVerdict(good ? "S/N Program OK" : "S/N Program FAIL", good, SnFromIcSelection);
-  if (!good) {
+  const Outcome outcome = SnFromIcSelection ? RunTaskOfDialog(task::kAuto, app.selection.AutoTicks)
+                                            : RunTaskOfDialog(task::kProgram, app.selection.ProgramTicks);
+  ShowVerdict(outcome.Good() ? "S/N Program OK" : "S/N Program FAIL", outcome.Good(), SnFromIcSelection);
+  if (!outcome.Good()) {
     ngCount_.Increment();
     ShowCounters();
-    return Failed(Reason::VerdictFailed);
+    return outcome;
   }
   workSerial_.TakeHex(record.SnStartText);
   workSerial_.Increment();

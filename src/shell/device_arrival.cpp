@@ -47,7 +47,7 @@ void RecoverFirmware() {
     op.Tell("Hardware/Firmware Error", kMessageCaption, MessageIcon::Stop);
     op.Tell(Printf("%s Error About To Enter The Test Mode.\nPlease Wait", NameOf(model)), kMessageCaption,
             MessageIcon::Warning);
-    const bool good = LoadFirmware(FirmwareFolder(model) + TestImageName(model), true);
+    const bool good = LoadFirmware(FirmwareFolder(model) + TestImageName(model), true).Good();
     op.Tell(good ? "Test Ok.\nPlease Re-select The IC" : "Test Fail");
     SetControlText(ControlId::BufferArea, app.program.ReadyText);
     return;

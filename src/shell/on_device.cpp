@@ -37,9 +37,8 @@ void TakeSelection(const CIcSelectDlg& dialog) {
   app.conversion.LoadedFilePath.clear();
   SetControlText(ControlId::FileField, "");
   ShowFile("");
-  app.conversion.ChecksumText.clear();
+  ShowChecksum("");
   app.conversion.JobChecksum.reset();
-  SetControlText(ControlId::ChecksumField, "");
   app.selection.SnMode = dialog.displaySerialValue;
   StopSnProgress();
   if (app.selection.SnMode) {

@@ -93,8 +93,7 @@ void RefreshFromWriter() {
   if (app.writer.WriterModel == Model::Km48) ShowPinFigure(name);
   app.conversion.ImageChecksum = FieldWord(block, Field::ImageChecksum);
   if (!bareSeries) app.conversion.JobChecksum = app.conversion.ImageChecksum;
-  app.conversion.ChecksumText = Printf("%04X", app.conversion.ImageChecksum);
-  SetControlText(ControlId::ChecksumField, app.conversion.ChecksumText);
+  ShowChecksum(Printf("%04X", app.conversion.ImageChecksum));
   EnableControl(ControlId::SmartOption, app.selection.HasSmartOption);
   if (app.selection.HasSmartOption) app.conversion.SystemConfigWord = FieldWord(block, Field::ConfigWord);
   ResetFusePanel();

@@ -83,6 +83,9 @@ TEST_F(Readers, EepromFiles) {
   }
   EXPECT_EQ(ReadEepromBin(Path("none.bin"), Path("e_new.bin"), TellText), 0);
   EXPECT_EQ(op.Heard().back(), "Open bin file failed!");
+  Write("e.bin", Bytes(3));
+  EXPECT_EQ(ReadEepromBin(Path("e.bin"), folder.string(), TellText), 1);
+  EXPECT_EQ(op.Heard().back(), "Create bin file failed!");
 }
 
 }  // namespace

@@ -112,7 +112,7 @@ class JobScript : public StandinBench, public ::testing::WithParamInterface<std:
     shows["exit"] = [this] { return std::to_string(exit); };
     shows["out"] = [this] { return out; };
     shows["err"] = [this] { return err; };
-    shows["serial.txt"] = [this] { return Text("serial.txt"); };
+    for (const char* file : {"serial.txt", "buffer_data.prog"}) shows[file] = [this, file] { return Text(file); };
     shows["fuses"] = [this] { return std::to_string(writer.OptionArea()[36] & 7); };
     shows["isp of the package"] = [this] { return std::to_string(Contents("buffer_option.prog").at(76)); };
     shows["isp"] = [this] { return std::to_string(writer.OptionArea()[76]); };

@@ -44,7 +44,7 @@ TEST_F(Verdicts, LostReadsAreBoundedByTime) {
     SlowWriter writer(clock, milliseconds, statuses);
     TheMachine().vendor = &writer;
     OpenTransport();
-    EXPECT_EQ(RunTask(16, 1), good) << why;
+    EXPECT_EQ(RunTask(16, 1).Good(), good) << why;
     EXPECT_EQ(writer.count, reads) << why;
   }
 }
@@ -59,7 +59,7 @@ class LostReadBack : public BothTransports {
     if (!firmware) SendControl(control::kBeginLoad);
     writer.faults.disconnectAfter = transfers;
     const bool good =
-        firmware ? LoadFirmware(Path("zeros"), false) : DownloadPackageFile(Path("zeros"), area::kData).Good();
+        (firmware ? LoadFirmware(Path("zeros"), false) : DownloadPackageFile(Path("zeros"), area::kData)).Good();
     left = *writer.faults.disconnectAfter;
     writer.faults.disconnectAfter.reset();
     CloseTransport();

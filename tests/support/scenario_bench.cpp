@@ -65,6 +65,7 @@ ScenarioBench::ScenarioBench(Transport transport, const ScenarioTexts& texts)
 
 // The transport is closed behind the recorder's end.
 ScenarioBench::~ScenarioBench() {
+  for (const auto& [line, order] : at_) ADD_FAILURE() << "never came: " << line;
   TheMachine().usb = &usb;
   TheMachine().vendor = &vendor;
   std::filesystem::current_path(before_);
@@ -319,6 +320,7 @@ std::map<std::string, ScenarioBench::Field> ScenarioBench::Fields() {
       {"updateResult", of(record.updateResult)}, {"status", of(controls.statusBar.pane0)}, {"title", of(controls.title)},
       {"figure", of(controls.pinFigure)}, {"verdict", of(controls.verdict.words)}, {"blank", of(TheHexView().Blanked)},
       {"FileField", of(controls[ControlId::FileField].text)}, {"Buffer", of(controls[ControlId::BufferArea].text)},
+      {"ChecksumText", of(c.ChecksumText)}, {"WideAddress", of(TheHexView().geometry.WideAddress)},
       {"SnLength", of(serial.SnLength)}, {"SnAmountText", of(serial.SnAmountText)},
       {"SnStartText", of(serial.SnStartText)}, {"SnEndText", of(serial.SnEndText)},
       {"SnEndAddress", of(serial.SnEndAddress)},
@@ -371,12 +373,12 @@ std::map<std::string, std::function<void(const ScenarioBench::Args&)>> ScenarioB
       {"Show", [this](auto& a) { ShowFile(Path(a[0])); }},
       {"Convert", [this](auto& a) { Convert(a); }},
       {"Package", [this](auto& a) { result_ = DownloadPackageFile(Path(a[0]), a.template As<std::uint8_t>(1)).Good(); }},
-      {"Firmware", [this](auto& a) { result_ = LoadFirmware(Path(a[0]), true); }},
+      {"Firmware", [this](auto& a) { result_ = LoadFirmware(Path(a[0]), true).Good(); }},
       {"SelectFirmware", [](auto& a) { SelectFirmware(a.template As<std::uint32_t>(0)); }},
       {"ReadChipInfo", [](auto&) { OnReadChipInfo(); }}, {"DownloadInfo", [](auto&) { OnDownloadInfo(); }},
       {"Compare", [this](auto& a) { result_ = CompareWithWriter(Path(a[0])).Good(); }},
       {"CompareFile", [this](auto&) { CDownloadInfoDlg dialog("", ""); CompareIn(dialog); }},
-      {"Task", [this](auto& a) { result_ = RunTask(a.template As<std::uint8_t>(0), 1); }},
+      {"Task", [this](auto& a) { result_ = RunTask(a.template As<std::uint8_t>(0), 1).Good(); }},
       {"StartTask", [](auto& a) { StartTask(a.template As<std::uint8_t>(0)); }},
       {"Control", [](auto& a) { SendControl(a.template As<std::uint8_t>(0)); }},
       {"Identity", [](auto&) { ReadWriterIdentity(); }}, {"IdentifyAtStart", [](auto&) { IdentifyAtStart(); }},

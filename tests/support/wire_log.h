@@ -13,7 +13,9 @@ std::string Hex(const std::uint8_t* data, std::size_t count);
 
 class WireLog : public UsbHost {
  public:
-  std::vector<UsbBus> buses{{{0x1D6B, 2, nullptr}}, {{0x7A31, 0x1602, &first_}, {0x7A31, 0x1602, &second_}}};
+  // Some share one of the writer's two numbers.
+  std::vector<UsbBus> buses{{{0x1D6B, 0x1602, nullptr}, {0x7A31, 0x1603, nullptr}},
+                            {{0x7A31, 0x1602, &first_}, {0x7A31, 0x1602, &second_}}};
   int configurationResult = 0, claimResult = 0;
   Texts calls;                            // "open 1", "close"
   Texts wire;                             // "> 55 53 …", "< 13"

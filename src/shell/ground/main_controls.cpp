@@ -41,6 +41,11 @@ void SetControlText(ControlId id, const std::string& text) {
   Changed();
 }
 
+void ShowChecksum(const std::string& text) {
+  TheAppState().conversion.ChecksumText = text;
+  SetControlText(ControlId::ChecksumField, text);
+}
+
 void CheckControl(ControlId id, bool checked) {
   theMainControls[id].checked = checked;
   Changed();

@@ -76,6 +76,8 @@ void ResetMainControls();
 void EnableControl(ControlId id, bool enabled);
 void ShowControl(ControlId id, bool visible);
 void SetControlText(ControlId id, const std::string& text);
+// `ChecksumText` and its field; empty while no job is known.
+void ShowChecksum(const std::string& text);
 void CheckControl(ControlId id, bool checked);
 void FocusControl(ControlId id);
 
