@@ -63,14 +63,13 @@ std::uint8_t PeekByte(std::uint16_t address) {
   return byte;
 }
 
-int ReadInfoBlock(std::span<std::uint8_t, kInfoBlockSize> target) {
+void ReadInfoBlock(std::span<std::uint8_t, kInfoBlockSize> target) {
   StopFrameProgress();
   SetWriterMode(mode::kArea);
   SelectArea(area::kOption);
   ReadCommand(OP_READ_AREA, target);
   CloseArea();
   SetWriterMode(mode::kIdle);
-  return 1;
 }
 
 void SendTestSelect(std::uint8_t step) {

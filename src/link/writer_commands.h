@@ -79,7 +79,8 @@ void SelectArea(std::uint8_t selector);  // with the action kOpen
 void CloseArea();
 void SetAddressZero();  // two bytes on the frame link, four with velmarapi
 std::uint8_t PeekByte(std::uint16_t address);
-int ReadInfoBlock(std::span<std::uint8_t, kInfoBlockSize> target);  // always reports success
+// Reports nothing: a failed read leaves the target as it was.
+void ReadInfoBlock(std::span<std::uint8_t, kInfoBlockSize> target);
 
 void SendTestSelect(std::uint8_t step);
 void SendTestSet(std::uint16_t value);

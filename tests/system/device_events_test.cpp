@@ -92,6 +92,8 @@ TEST_F(LocalWriter, ComesAndGoes) {
   auto server = Start();
   ASSERT_TRUE(server->Listening());
   EXPECT_EQ(News(events), "+");
+  std::filesystem::rename(Path("another.sock"), Path("third.sock"));
+  EXPECT_EQ(News(events), "");
   server->Serve(0);
   LocalWriterEvents late(Path("w.sock"));  // the writer is there already
   EXPECT_EQ(News(events) + News(late), "");
