@@ -10,11 +10,11 @@
 #include "platform/machine.h"
 #include "platform/program_folder.h"
 #include "shell/application.h"
+#include "standin/local_writer_events.h"
 #include "standin/socket_path.h"
 #include "system/broken_pipe.h"
 #include "system/joined_events.h"
 #include "system/libusb_host.h"
-#include "system/local_writer_events.h"
 #include "system/system_clock.h"
 #include "system/system_language.h"
 #include "system/udev_events.h"
@@ -82,7 +82,7 @@ int main(int argc, char** argv) {
   ui::QtOperator op;
   ui::SettingsProfile profile;
   UdevEvents usbEvents;
-  LocalWriterEvents standinEvents(standin::SocketPath());
+  standin::LocalWriterEvents standinEvents(standin::SocketPath());
   JoinedEvents events({&usbEvents, &standinEvents});
   Machine& machine = TheMachine();
 #ifdef _WIN32

@@ -1,10 +1,6 @@
 #include "standin/local_client.h"
 
 #include <sys/socket.h>
-#include <sys/un.h>
-#include <unistd.h>
-
-#include <cstring>
 
 #include "platform/byte_order.h"
 #include "standin/local_protocol.h"
@@ -20,15 +16,6 @@ bool SetLimit(int socket, std::chrono::milliseconds limit) {
   const timeval value{limit.count() / 1000, limit.count() % 1000 * 1000};
   return setsockopt(socket, SOL_SOCKET, SO_RCVTIMEO, &value, sizeof value) == 0 &&
          setsockopt(socket, SOL_SOCKET, SO_SNDTIMEO, &value, sizeof value) == 0;
-}
-
-bool SendAll(int socket, std::span<const std::uint8_t> data) {
-  while (!data.empty()) {
-    const ssize_t sent = send(socket, data.data(), data.size(), MSG_NOSIGNAL);
-    if (sent <= 0) return false;
-    data = data.subspan(static_cast<std::size_t>(sent));
-  }
-  return true;
 }
 
 bool ReceiveAll(int socket, std::span<std::uint8_t> data) {
@@ -50,36 +37,25 @@ bool LocalClient::Open(const std::string& path) {
 }
 
 void LocalClient::Close() {
-  Disconnect();
+  socket_.Close();
   open_ = false;
 }
 
-void LocalClient::Disconnect() {
-  if (socket_ >= 0) close(socket_);
-  socket_ = -1;
-}
-
 bool LocalClient::Connect(std::chrono::milliseconds limit) {
-  sockaddr_un address{};
-  address.sun_family = AF_UNIX;
-  if (path_.size() >= sizeof address.sun_path) return false;
-  std::memcpy(address.sun_path, path_.data(), path_.size());
-  socket_ = socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0);
-  if (socket_ >= 0 && SetLimit(socket_, limit) &&
-      connect(socket_, reinterpret_cast<const sockaddr*>(&address), sizeof address) == 0)
-    return true;
-  Disconnect();
+  socket_ = NewSocket();
+  if (SetLimit(*socket_, limit) && ConnectTo(*socket_, path_)) return true;
+  socket_.Close();
   return false;
 }
 
 void LocalClient::SetTimeout(std::chrono::milliseconds limit) {
   limit_ = limit;
-  if (socket_ >= 0) SetLimit(socket_, limit_);
+  SetLimit(*socket_, limit_);
 }
 
 bool LocalClient::Ready() {
-  if (!open_ || socket_ >= 0) return open_;
-  return Connect(kReconnectLimit) && Ask(RequestKind::Open, 0, 0, {}, {}) && SetLimit(socket_, limit_);
+  if (!open_ || socket_) return open_;
+  return Connect(kReconnectLimit) && Ask(RequestKind::Open, 0, 0, {}, {}) && SetLimit(*socket_, limit_);
 }
 
 bool LocalClient::Ask(RequestKind kind, std::uint8_t opcode, std::size_t length, std::span<const std::uint8_t> out,
@@ -87,9 +63,9 @@ bool LocalClient::Ask(RequestKind kind, std::uint8_t opcode, std::size_t length,
   std::uint8_t request[kRequestSize] = {static_cast<std::uint8_t>(kind), opcode};
   StoreLe32(request + 4, static_cast<std::uint32_t>(length));
   std::uint8_t done = 1;
-  const bool good = SendAll(socket_, request) && SendAll(socket_, out) && ReceiveAll(socket_, {&done, 1}) &&
-                    done == 0 && ReceiveAll(socket_, in);
-  if (!good) Disconnect();
+  const bool good = SendAll(*socket_, request) && SendAll(*socket_, out) && ReceiveAll(*socket_, {&done, 1}) &&
+                    done == 0 && ReceiveAll(*socket_, in);
+  if (!good) socket_.Close();
   return good;
 }
 
@@ -106,7 +82,7 @@ bool LocalClient::Tell(const std::string& path, std::string_view fault) {
   path_ = path;
   const std::span text(reinterpret_cast<const std::uint8_t*>(fault.data()), fault.size());
   const bool good = Connect(limit_) && Ask(RequestKind::Fault, 0, text.size(), text, {});
-  Disconnect();
+  socket_.Close();
   return good;
 }
 

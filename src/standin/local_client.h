@@ -7,17 +7,14 @@
 #include <string>
 #include <string_view>
 
+#include "standin/local_socket.h"
+
 namespace pyxis::standin {
 
 enum class RequestKind : std::uint8_t;
 
 class LocalClient {
  public:
-  LocalClient() = default;
-  ~LocalClient() { Close(); }
-  LocalClient(const LocalClient&) = delete;
-  LocalClient& operator=(const LocalClient&) = delete;
-
   // True when a writer answers there.
   bool Open(const std::string& path);
   void Close();
@@ -35,14 +32,13 @@ class LocalClient {
  private:
   bool Connect(std::chrono::milliseconds limit);
   bool Ready();
-  void Disconnect();
   bool Ask(RequestKind kind, std::uint8_t opcode, std::size_t length, std::span<const std::uint8_t> out,
            std::span<std::uint8_t> in);
 
   std::string path_;
   std::chrono::milliseconds limit_{5000};
   bool open_ = false;
-  int socket_ = -1;
+  Descriptor socket_;
 };
 
 }  // namespace pyxis::standin

@@ -1,12 +1,9 @@
 #include "standin/local_server.h"
 
 #include <sys/socket.h>
-#include <sys/stat.h>
-#include <sys/un.h>
 #include <unistd.h>
 
 #include <cstdio>
-#include <cstring>
 
 #include "platform/byte_order.h"
 #include "standin/local_protocol.h"
@@ -20,57 +17,42 @@ constexpr int kBacklog = 8;
 // A client that doesn't take its answer within this time is dropped.
 constexpr timeval kSendTimeout{2, 0};
 
-bool SendAll(int socket, const std::uint8_t* data, std::size_t count) {
-  while (count > 0) {
-    const ssize_t sent = send(socket, data, count, MSG_NOSIGNAL);
-    if (sent <= 0) return false;
-    data += sent;
-    count -= static_cast<std::size_t>(sent);
-  }
-  return true;
-}
-
 }  // namespace
 
 LocalServer::LocalServer(WriterModel& model, std::string path) : model_(model), path_(std::move(path)) {
   const std::size_t slash = path_.rfind('/');
   const std::string making = path_.substr(0, slash + 1) + ".w" + std::to_string(getpid());
-  sockaddr_un address{};
-  address.sun_family = AF_UNIX;
-  if (path_.size() >= sizeof address.sun_path || making.size() >= sizeof address.sun_path) return;
-  std::memcpy(address.sun_path, making.data(), making.size());
+  const auto address = LocalAddress(making);
+  if (!address || !LocalAddress(path_)) return;
   unlink(making.c_str());
-  const int listener = socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0);
-  if (listener < 0) return;
-  struct stat made {};
-  if (bind(listener, reinterpret_cast<const sockaddr*>(&address), sizeof address) != 0 ||
-      listen(listener, kBacklog) != 0 || stat(making.c_str(), &made) != 0 ||
-      std::rename(making.c_str(), path_.c_str()) != 0) {
-    close(listener);
-    unlink(making.c_str());
+  Descriptor listener = NewSocket();
+  if (bind(*listener, reinterpret_cast<const sockaddr*>(&*address), sizeof *address) != 0 ||
+      listen(*listener, kBacklog) != 0)
     return;
+  inode_ = InodeOf(making);
+  if (std::rename(making.c_str(), path_.c_str()) == 0) {
+    listener_ = std::move(listener);
+  } else {
+    unlink(making.c_str());
   }
-  listener_ = listener;
-  inode_ = made.st_ino;
 }
 
 // The door closes first: who sees its connection end finds no writer any more.
 LocalServer::~LocalServer() {
-  if (listener_ >= 0) {
-    close(listener_);
-    struct stat found {};
-    if (stat(path_.c_str(), &found) == 0 && found.st_ino == inode_) unlink(path_.c_str());
+  if (listener_) {
+    listener_.Close();
+    if (InodeOf(path_) == inode_) unlink(path_.c_str());
   }
   for (const auto& [client, pending] : clients_) close(client);
 }
 
 void LocalServer::AddWaits(std::vector<pollfd>& waits) const {
-  waits.push_back({listener_, POLLIN, 0});
+  waits.push_back({*listener_, POLLIN, 0});
   for (const auto& [client, pending] : clients_) waits.push_back({client, POLLIN, 0});
 }
 
 bool LocalServer::Serve(int timeoutMs) {
-  if (listener_ < 0) return false;
+  if (!listener_) return false;
   std::vector<pollfd> waits;
   AddWaits(waits);
   if (poll(waits.data(), waits.size(), timeoutMs) <= 0) return true;
@@ -104,7 +86,7 @@ void LocalServer::AnswerAll() {
 }
 
 void LocalServer::Accept() {
-  const int client = accept4(listener_, nullptr, nullptr, SOCK_CLOEXEC);
+  const int client = accept4(*listener_, nullptr, nullptr, SOCK_CLOEXEC);
   if (client < 0) return;
   setsockopt(client, SOL_SOCKET, SO_SNDTIMEO, &kSendTimeout, sizeof kSendTimeout);
   clients_[client];
@@ -157,7 +139,7 @@ bool LocalServer::Answer(int client, std::vector<std::uint8_t>& pending) {
       return false;
   }
   pending.erase(pending.begin(), pending.begin() + static_cast<std::ptrdiff_t>(used));
-  return SendAll(client, answer.data(), answer.size());
+  return SendAll(client, answer);
 }
 
 }  // namespace pyxis::standin

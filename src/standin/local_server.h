@@ -2,12 +2,12 @@
 #pragma once
 
 #include <poll.h>
-#include <sys/types.h>
 
 #include <map>
 #include <string>
 #include <vector>
 
+#include "standin/local_socket.h"
 #include "standin/writer_model.h"
 
 namespace pyxis::standin {
@@ -20,7 +20,7 @@ class LocalServer {
   LocalServer(const LocalServer&) = delete;
   LocalServer& operator=(const LocalServer&) = delete;
 
-  bool Listening() const { return listener_ >= 0; }
+  bool Listening() const { return bool{listener_}; }
   void AddWaits(std::vector<pollfd>& waits) const;
   // Serves whatever waits, for at most that long. False when the listener is gone.
   bool Serve(int timeoutMs);
@@ -35,7 +35,7 @@ class LocalServer {
 
   WriterModel& model_;
   std::string path_;
-  int listener_ = -1;
+  Descriptor listener_;
   ino_t inode_ = 0;                                   // of our socket
   std::map<int, std::vector<std::uint8_t>> clients_;  // what each has sent so far
 };

@@ -33,13 +33,13 @@ struct Redirection::Callbacks {
   static void Log(void*, int, const char*) {}
 
   static int Read(void* self, std::uint8_t* data, int count) {
-    const ssize_t got = recv(Of(self).socket_, data, static_cast<std::size_t>(count), MSG_DONTWAIT);
+    const ssize_t got = recv(*Of(self).socket_, data, static_cast<std::size_t>(count), MSG_DONTWAIT);
     if (got > 0) return static_cast<int>(got);
     return got < 0 && (errno == EAGAIN || errno == EINTR) ? 0 : usbredirparser_read_io_error;
   }
 
   static int Write(void* self, std::uint8_t* data, int count) {
-    const ssize_t sent = send(Of(self).socket_, data, static_cast<std::size_t>(count), MSG_DONTWAIT | MSG_NOSIGNAL);
+    const ssize_t sent = send(*Of(self).socket_, data, static_cast<std::size_t>(count), MSG_DONTWAIT | MSG_NOSIGNAL);
     if (sent >= 0) return static_cast<int>(sent);
     return errno == EAGAIN || errno == EINTR ? 0 : usbredirparser_write_io_error;
   }
@@ -153,7 +153,6 @@ Redirection::Redirection(WriterModel& model, int socket)
 Redirection::~Redirection() {
   model_.LosePower();
   usbredirparser_destroy(parser_);
-  close(socket_);
 }
 
 void Redirection::Announce() {
@@ -211,7 +210,7 @@ void Redirection::AnswerTransfers() {
 
 pollfd Redirection::Wait() const {
   const bool wantsToWrite = usbredirparser_has_data_to_write(parser_) > 0;
-  return {socket_, static_cast<short>(POLLIN | (wantsToWrite ? POLLOUT : 0)), 0};
+  return {*socket_, static_cast<short>(POLLIN | (wantsToWrite ? POLLOUT : 0)), 0};
 }
 
 bool Redirection::Serve() {
@@ -221,30 +220,22 @@ bool Redirection::Serve() {
 }
 
 RedirectionServer::RedirectionServer(WriterModel& model, std::uint16_t port) : model_(model) {
-  const int listener = socket(AF_INET, SOCK_STREAM | SOCK_CLOEXEC, 0);
-  if (listener < 0) return;
+  Descriptor listener(socket(AF_INET, SOCK_STREAM | SOCK_CLOEXEC, 0));
   const int on = 1;
-  setsockopt(listener, SOL_SOCKET, SO_REUSEADDR, &on, sizeof on);
+  setsockopt(*listener, SOL_SOCKET, SO_REUSEADDR, &on, sizeof on);
   sockaddr_in address{};
   address.sin_family = AF_INET;
   address.sin_port = htons(port);
   address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
-  if (bind(listener, reinterpret_cast<const sockaddr*>(&address), sizeof address) != 0 || listen(listener, 1) != 0) {
-    close(listener);
-    return;
-  }
-  listener_ = listener;
-}
-
-RedirectionServer::~RedirectionServer() {
-  if (listener_ >= 0) close(listener_);
+  if (bind(*listener, reinterpret_cast<const sockaddr*>(&address), sizeof address) == 0 && listen(*listener, 1) == 0)
+    listener_ = std::move(listener);
 }
 
 void RedirectionServer::AddWaits(std::vector<pollfd>& waits) const {
   if (guest_) {
     waits.push_back(guest_->Wait());
   } else {
-    waits.push_back({listener_, POLLIN, 0});
+    waits.push_back({*listener_, POLLIN, 0});
   }
 }
 
@@ -253,9 +244,9 @@ void RedirectionServer::Serve() {
     if (!guest_->Serve()) guest_.reset();
     return;
   }
-  pollfd wait{listener_, POLLIN, 0};
+  pollfd wait{*listener_, POLLIN, 0};
   if (poll(&wait, 1, 0) <= 0) return;
-  const int guest = accept4(listener_, nullptr, nullptr, SOCK_CLOEXEC);
+  const int guest = accept4(*listener_, nullptr, nullptr, SOCK_CLOEXEC);
   if (guest >= 0) guest_ = std::make_unique<Redirection>(model_, guest);
 }
 

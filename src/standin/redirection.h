@@ -12,6 +12,7 @@
 #include <vector>
 
 #include "standin/frame_door.h"
+#include "standin/local_socket.h"
 
 struct usbredirparser;
 
@@ -40,7 +41,7 @@ class Redirection {
   void Answer(const Transfer& transfer, int status, std::span<std::uint8_t> in, std::uint32_t moved = 0);
   WriterModel& model_;
   FrameDoor door_;
-  int socket_;
+  Descriptor socket_;
   bool announced_ = false;
   std::deque<Transfer> transfers_;  // not answered yet, oldest first
   usbredirparser* parser_;
@@ -50,17 +51,14 @@ class Redirection {
 class RedirectionServer {
  public:
   RedirectionServer(WriterModel& model, std::uint16_t port);
-  ~RedirectionServer();
-  RedirectionServer(const RedirectionServer&) = delete;
-  RedirectionServer& operator=(const RedirectionServer&) = delete;
 
-  bool Listening() const { return listener_ >= 0; }
+  bool Listening() const { return bool{listener_}; }
   void AddWaits(std::vector<pollfd>& waits) const;
   void Serve();
 
  private:
   WriterModel& model_;
-  int listener_ = -1;
+  Descriptor listener_;
   std::unique_ptr<Redirection> guest_;
 };
 

@@ -186,19 +186,6 @@ TEST_F(Link, ChunksProgressAndPaints) {
             (CommandBlock{0x55, 0x53, 0x42, 0x43, 0, 0, 0, 0, 0x00, 0x08, 0x01, 0x00, 16}));
 }
 
-// A chunk of its own each, straight behind the one before.
-TEST_F(Link, DataGoAsTheyAre) {
-  OpenFrames();
-  Bytes buffer(514, 0xEE);
-  usb.reads = {Bytes(512, 1), {2}};
-  EXPECT_NE(ReceiveBlock(buffer.data(), 513, OP_READ_AREA), 0);
-  EXPECT_EQ(buffer, (Bytes(512, 1) + Bytes{2, 0xEE}));
-  Bytes data(514, 3);
-  data[512] = 4, data[513] = 5;
-  EXPECT_NE(SendBlock(data.data(), 514, OP_WRITE_AREA), 0);
-  EXPECT_EQ(usb.wire[usb.wire.size() - 2], "> 04 05");
-}
-
 TEST_F(Link, AFailureAtEachTransfer) {
   const Bytes data(600);
   Bytes buffer(600);
