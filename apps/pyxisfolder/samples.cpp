@@ -71,9 +71,8 @@ Bytes ImageOf(const Ic& ic, const Otp4Row& row) {
 Bytes ImageOf(const Ic& ic, const Epm4Row& row) {
   const std::size_t image = row.imageBytes + row.tail.notSummed + row.tail.summed;
   const std::size_t options = row.options.offset + 2 * (row.options.notSummed + row.options.summed);
-  if (row.key.chip == nullptr) return Random(ic.ChipName, std::max(image, options));
-  Bytes bytes = Random(ic.ChipName, row.key.offset + 2);
-  bytes[row.key.offset] = ic.ChipName == std::string_view(row.key.chip) ? row.key.value : 0;
+  Bytes bytes = Random(ic.ChipName, std::max({image, options, row.key.offset + 2}));
+  if (row.key.offset != 0) bytes[row.key.offset] = row.key.value;
   return bytes;
 }
 

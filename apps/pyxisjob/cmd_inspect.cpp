@@ -79,7 +79,7 @@ void Read(Job& job, const std::string& ic) {
 }
 
 Outcome SelfTest(Lines& lines) {
-  const Outcome outcome = WriterTest();
+  const Outcome outcome = OnWriterTest();
   std::istringstream report(TheAppState().program.ReadyText);
   for (std::string line; std::getline(report, line);) lines.push_back(line.substr(0, line.find_last_not_of(" \r") + 1));
   return outcome;

@@ -92,8 +92,7 @@ DialogEnd AnswerSet(Job& job, const SerialArguments& given, CSnSetDlg& dialog) {
   const KeptFile kept(SerialFilePath());  // a refused series must not be the one that the next Load File takes
   const bool lengthFits = dialog.OnLengthChange(given.length);
   dialog.OnAddressChange(given.address);
-  dialog.OnStartChange(given.start);
-  const bool startFits = dialog.startText == given.start;
+  const bool startFits = dialog.OnStartChange(given.start);
   if (!startFits) Refuse(job, Printf("Start serial %s is longer than the length", given.start.c_str()));
   dialog.OnAmountChange(given.amount);
   dialog.OnDirection(given.direction == "low" ? 0 : 1);
@@ -136,8 +135,6 @@ std::uint32_t ChipsOf(const SerialArguments& given) {
   return amount.size() > 8 ? kMostChips : static_cast<std::uint32_t>(std::strtoul(amount.c_str(), nullptr, 16));
 }
 
-unsigned long Count(const std::string& hex) { return std::strtoul(hex.c_str(), nullptr, 16); }
-
 // What of a series is to be put through.
 enum class Plan { Run, Complete, Refused };
 
@@ -165,7 +162,7 @@ Plan PlanSeries(Job& job, const SerialArguments& given, const std::string& ic,
   if (!given.resume) return Plan::Run;
   rest.start = resumption.start;
   rest.amount = resumption.amount;
-  return resumption.amount == "0" ? Plan::Complete : Plan::Run;
+  return resumption.complete ? Plan::Complete : Plan::Run;
 }
 
 void ReportComplete(Job& job) {
@@ -174,47 +171,51 @@ void ReportComplete(Job& job) {
 }
 
 struct Pressed {
-  bool good = false;   // every chip is good, and there were as many as asked for or as there are serials
-  std::string unkept;  // the serial of a good chip that didn't get into the record
+  std::uint64_t ok = 0, ng = 0;  // chips
+  bool enough = false;           // there were as many as asked for or as there are serials
+  std::string unkept;            // the serial of a good chip that didn't get into the record, which makes it none
+  bool Good() const { return ok != 0 && ng == 0 && enough; }
 };
 
 // One press a chip, to the end of the series or of the chips.
 Pressed PressThrough(Job& job, const SerialArguments& given, LineEntry entry, CSnProgramDlg& dialog) {
   const std::uint32_t chips = ChipsOf(given);
+  Pressed pressed;
   std::string line;
   std::uint32_t chip = 1;
   for (; chip <= chips && dialog.snProgramEnabled; ++chip) {
     if (given.wait && !std::getline(std::cin, line)) break;
     entry.serial = ToUpper(dialog.startText);
-    if (!BeginLine(job, entry)) return {};
+    if (!BeginLine(job, entry)) return pressed;
     const Outcome outcome = dialog.OnSnProgram();
     const bool recorded = EndLine(job, outcome);
+    ++(outcome.Good() && recorded ? pressed.ok : pressed.ng);
     PrintChip(job, chip, entry.serial, outcome, recorded);
-    if (!recorded) return {false, outcome.Good() ? entry.serial : ""};
+    if (!recorded) {
+      if (outcome.Good()) pressed.unkept = entry.serial;
+      return pressed;
+    }
     if (chip == kMostChips) break;
   }
-  const bool enough = given.chips == 0 || !dialog.snProgramEnabled || chip > chips || chip == kMostChips;
-  return {dialog.ngText == "0" && dialog.okText != "0" && enough, ""};
+  pressed.enough = given.chips == 0 || !dialog.snProgramEnabled || chip > chips || chip == kMostChips;
+  return pressed;
 }
 
-// The counters, before the dialog's end clears them.
+// Before the dialog's end clears the series.
 void ReportRun(Job& job, const CSnProgramDlg& dialog, const Pressed& run) {
-  if (!run.good) job.exitCode = kExitFailed;
+  if (!run.Good()) job.exitCode = kExitFailed;
   const bool kept = run.unkept.empty();
-  const unsigned unkept = kept ? 0 : 1;  // counts as NG
-  const unsigned long ok = Count(dialog.okText) - unkept, ng = Count(dialog.ngText) + unkept;
-  const unsigned long total = Count(dialog.totalText);
   if (job.options.json) {
     Print({{"command", "serial"},
-           {"result", run.good ? 0 : 1},
+           {"result", run.Good() ? 0 : 1},
            {"messages", job.op.messages},
-           {"ok", ok},
-           {"ng", ng},
-           {"total", total},
+           {"ok", run.ok},
+           {"ng", run.ng},
+           {"total", run.ok + run.ng},
            {"next", kept ? TheSnRecord().SnStartText : run.unkept}});
   } else {
-    std::printf("OK %lu, NG %lu, Total %lu, next %s\n", ok, ng, total,
-                kept ? dialog.startText.c_str() : run.unkept.c_str());
+    std::cout << "OK " << run.ok << ", NG " << run.ng << ", Total " << run.ok + run.ng << ", next "
+              << (kept ? dialog.startText : run.unkept) << std::endl;
   }
 }
 

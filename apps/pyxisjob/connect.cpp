@@ -6,7 +6,6 @@
 #include "job.h"
 #include "link/identification.h"
 #include "link/writer_commands.h"
-#include "link/writer_link.h"
 #include "platform/machine.h"
 #include "platform/text.h"
 #include "platform/usb_host.h"
@@ -23,7 +22,7 @@ void Open(const std::string& link) {
   if (link == "vendor") {
     OpenVendorTransport();
   } else if (link == "usb") {
-    TheAppState().writer.WriterConnected = OpenWriterLink() != 0;
+    OpenFrameTransport();
   } else {
     OpenTransport();
   }

@@ -44,8 +44,15 @@ bool OpenVendorTransport() {
   return true;
 }
 
+void ReopenVendorTransport() {
+  TheMachine().vendor->VMClose();
+  if (!OpenVendorTransport()) TheAppState().writer.UseVendorApi = false;
+}
+
+void OpenFrameTransport() { TheAppState().writer.WriterConnected = OpenWriterLink() != 0; }
+
 void OpenTransport() {
-  if (!OpenVendorTransport()) TheAppState().writer.WriterConnected = OpenWriterLink() != 0;
+  if (!OpenVendorTransport()) OpenFrameTransport();
 }
 
 void CloseTransport() { ActiveTransport().Close(); }

@@ -9,9 +9,13 @@ namespace pyxis {
 
 // Opens the writer as at program start: velmarapi first, then the frame link. Sets UseVendorApi and WriterConnected.
 void OpenTransport();
+// The frame link alone. Sets WriterConnected.
+void OpenFrameTransport();
 // velmarapi alone: whether it can open the writer, and the same with the link state set and its time-out.
 bool VendorWriterAnswers();
 bool OpenVendorTransport();
+// The same at an arrival: anew, and UseVendorApi goes back where it can't.
+void ReopenVendorTransport();
 // Closes the active transport, as at program end.
 void CloseTransport();
 

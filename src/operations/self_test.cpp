@@ -103,7 +103,7 @@ bool MeasureAll(std::string& report) {
 
 }  // namespace
 
-Outcome WriterTest() {
+Outcome OnWriterTest() {
   Operator& op = *TheMachine().op;
   if (!op.Ask(" Are Disconnect Program Port Cable ? ", kBlankCaption, MessageIcon::Warning))
     return Cancelled(Reason::NotConfirmed);

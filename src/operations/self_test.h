@@ -8,6 +8,6 @@ namespace pyxis {
 // The button Writer Test: asks, measures, and lists Ok or Fail for each test in the buffer area (ReadyText). The chip
 // socket isn't involved. Which tests there are depends on HwFolder.
 // Cancelled: NotConfirmed; failed: OutOfRange.
-Outcome WriterTest();
+Outcome OnWriterTest();
 
 }  // namespace pyxis

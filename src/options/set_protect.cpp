@@ -51,8 +51,7 @@ Outcome SendOptionArea() {
   } else {
     TellOpenFail(OptionPackagePath());
   }
-  SetWriterMode(mode::kIdle);
-  SendControl(control::kEndLoad);
+  CloseLoad();
   return outcome;
 }
 

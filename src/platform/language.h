@@ -2,7 +2,6 @@
 #pragma once
 
 #include <cstdint>
-#include <string>
 
 namespace pyxis {
 
@@ -11,9 +10,5 @@ class Language {
   virtual ~Language() = default;
   virtual std::uint16_t GetSystemDefaultLangID() = 0;
 };
-
-// The identifier of a locale name such as "zh_TW.UTF-8", by the published table of language identifiers; 0x0400 (no
-// language, sublanguage 1) for names that the table doesn't hold.
-std::uint16_t LangIdOfLocale(const std::string& locale);
 
 }  // namespace pyxis

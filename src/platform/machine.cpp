@@ -91,6 +91,9 @@ Machine theMachine = Nothing();
 
 Machine& TheMachine() { return theMachine; }
 
-void ResetMachine() { theMachine = Nothing(); }
+void ResetMachine() {
+  noClock = NoClock();
+  theMachine = Nothing();
+}
 
 }  // namespace pyxis

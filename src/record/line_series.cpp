@@ -57,6 +57,8 @@ std::string Differences(const RecordedSerial& last, const LineSeries& series, co
   return text;
 }
 
+Resumption Unresumable(std::string error) { return {.start = "", .amount = "", .error = std::move(error)}; }
+
 }  // namespace
 
 LineSeries MakeLineSeries(const std::string& length, const std::string& address, const std::string& start,
@@ -71,7 +73,7 @@ LineSeries MakeLineSeries(const std::string& length, const std::string& address,
 
 Resumption ResumeSeries(std::span<const RecordedSerial> record, const LineSeries& series, const std::string& ic,
                         const std::optional<std::string>& checksum) {
-  if (record.empty()) return {"", "", "The record shows no serial number; without --resume the series begins"};
+  if (record.empty()) return Unresumable("The record shows no serial number; without --resume the series begins");
   bool found = false;
   std::string last;
   for (const RecordedSerial& line : record) {
@@ -79,11 +81,13 @@ Resumption ResumeSeries(std::span<const RecordedSerial> record, const LineSeries
     found = true;
     if (!line.good) continue;
     if (!Lies(line.serial, series))
-      return {"", "", Printf("The record shows serial %s, which isn't one of its series", line.serial.c_str())};
+      return Unresumable(Printf("The record shows serial %s, which isn't one of its series", line.serial.c_str()));
     if (last.empty() || Above(line.serial, last)) last = line.serial;
   }
-  if (!found) return {"", "", "The record is of another series: " + Differences(record.back(), series, ic, checksum)};
+  if (!found)
+    return Unresumable("The record is of another series: " + Differences(record.back(), series, ic, checksum));
   LineSeries rest = series;
+  bool complete = false;
   if (!last.empty()) {
     BigNumber next, start, end, amount;
     start.TakeHex(series.start);
@@ -94,10 +98,11 @@ Resumption ResumeSeries(std::span<const RecordedSerial> record, const LineSeries
     amount.SetDifference(end, next);
     rest.start = Padded(next.Hex(), series.length);
     rest.amount = amount.Hex();
+    complete = amount.IsZero();
   }
   if (const RecordedSerial* other = GoneOut(record, rest, ic))
-    return {"", "", Printf("The record shows serial %s as OK in another series", other->serial.c_str())};
-  return {rest.start, rest.amount, ""};
+    return Unresumable(Printf("The record shows serial %s as OK in another series", other->serial.c_str()));
+  return {rest.start, rest.amount, "", complete};
 }
 
 std::string SerialsGoneOut(std::span<const RecordedSerial> record, const LineSeries& series, const std::string& ic) {

@@ -31,10 +31,10 @@ struct RecordedSerial {
   bool good = false;  // the record shows it as OK
 };
 
-// Where a series goes on: behind its highest serial that was OK. `error` tells why it can't; amount "0": nothing is
-// left.
+// Where a series goes on: behind its highest serial that was OK. `error` tells why it can't.
 struct Resumption {
   std::string start, amount, error;
+  bool complete = false;  // nothing is left
 };
 
 // `checksum`: nothing while the job isn't known yet. Refused, with what differs from the record's last serial, when the

@@ -5,10 +5,6 @@
 
 namespace pyxis {
 
-void SwitchTaskButtonsBySnMode() {
-  const bool enabled = !TheAppState().selection.SnMode;
-  for (ControlId id : {ControlId::Auto, ControlId::BlankCheck, ControlId::Program, ControlId::Verify})
-    EnableControl(id, enabled);
-}
+void SwitchTaskButtonsBySnMode() { EnableControls(kTasks, !TheAppState().selection.SnMode); }
 
 }  // namespace pyxis

@@ -74,15 +74,16 @@ void CSnSetDlg::OnAddressChange(const std::string& text) {
   TheSnRecord().SnStartAddress = ParseHexDigits(WithoutPrefix(text));
 }
 
-void CSnSetDlg::OnStartChange(const std::string& text) {
+bool CSnSetDlg::OnStartChange(const std::string& text) {
   SnRecord& record = TheSnRecord();
   if (WithoutPrefix(text).size() > std::size_t{2} * record.SnLength) {
     startText = record.SnStartText;
     Changed();
-    return;
+    return false;
   }
   startText = text;
   record.SnStartText = WithoutPrefix(text);
+  return true;
 }
 
 void CSnSetDlg::OnAmountChange(const std::string& text) {

@@ -26,7 +26,7 @@ class CSnSetDlg {
   int direction = 0;                             // the radio button: 0 "Low Byte", 1 "Hight Byte"
   bool OnLengthChange(const std::string& text);  // false, with the operator told, for no length from 1 to 16
   void OnAddressChange(const std::string& text);
-  void OnStartChange(const std::string& text);
+  bool OnStartChange(const std::string& text);  // false: longer than the length, so the field goes back
   void OnAmountChange(const std::string& text);
   void OnDirection(int button);
   // The button "Load"; `ended` tells whether the dialog closed as OK. Good, with OtherPlace when the operator was

@@ -10,7 +10,6 @@
 #include "platform/machine.h"
 #include "platform/operator.h"
 #include "platform/text.h"
-#include "platform/vendor_api.h"
 #include "shell/ground/app_state.h"
 #include "shell/ground/main_controls.h"
 #include "shell/ground/writer_watch.h"
@@ -24,16 +23,12 @@ namespace {
 
 constexpr std::uint32_t kSettleMs = 1200;
 
-constexpr ControlId kTaskButtons[] = {ControlId::Auto, ControlId::BlankCheck, ControlId::Program, ControlId::Verify,
-                                      ControlId::Read};
-
 bool IsWriter(const DeviceEvent& event) {
   return !ActiveTransport().NamesItsEvents() || event.deviceName.find(kWriterInterfaceClass) != std::string::npos;
 }
 
 void DisableAll() {
-  for (ControlId id : kTaskButtons) EnableControl(id, false);
-  EnableControl(ControlId::SmartOption, false);
+  DisableOperations();
   EnableControl(ControlId::WriterTest, false);
 }
 
@@ -65,15 +60,15 @@ void SettleModel() {
 }
 
 void EnableAll() {
-  for (ControlId id : kTaskButtons) EnableControl(id, true);
+  EnableControls(kTasks, true);
+  EnableControl(ControlId::Read, true);
   if (TheAppState().selection.HasSmartOption) EnableControl(ControlId::SmartOption, true);
   EnableControl(ControlId::WriterTest, true);
 }
 
 void OnArrival(const DeviceEvent& event) {
   AppState& app = TheAppState();
-  TheMachine().vendor->VMClose();
-  if (!OpenVendorTransport()) app.writer.UseVendorApi = false;
+  ReopenVendorTransport();
   if (!IsWriter(event)) return;
   app.writer.WriterConnected = ActiveTransport().Open();
   if (!app.writer.WriterConnected) {
@@ -93,7 +88,7 @@ void OnArrival(const DeviceEvent& event) {
   RefreshFromWriter();
   ShowModeLabels();
   if (app.selection.MassProduction != MassMode::Off || app.selection.ProductionLimitOn)
-    for (ControlId id : {ControlId::BlankCheck, ControlId::Program, ControlId::Verify}) EnableControl(id, false);
+    EnableControls(kSingleTasks, false);
   FocusControl(ControlId::Auto);
   TellWriterArrived();
 }

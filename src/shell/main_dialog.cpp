@@ -38,13 +38,12 @@ namespace {
 constexpr std::size_t kLongestStartDirectory = 255;
 constexpr std::size_t kLongestAppDir = 512;
 
-constexpr ControlId kWriterButtons[] = {ControlId::Auto,   ControlId::BlankCheck, ControlId::Program,
-                                        ControlId::Verify, ControlId::Read,       ControlId::WriterTest};
-
 void ShowWriterAndJob() {
   AppState& app = TheAppState();
   const bool connected = app.writer.WriterConnected;
-  for (const ControlId id : kWriterButtons) EnableControl(id, connected);
+  EnableControls(kTasks, connected);
+  EnableControl(ControlId::Read, connected);
+  EnableControl(ControlId::WriterTest, connected);
   if (connected) {
     ReadInfoBlock(app.writer.WriterInfoBlock);
     RefreshFromWriter();
@@ -166,7 +165,7 @@ void CPyxisLoadDlg::RunButton(ControlId button) {
       OnRead();
       break;
     case ControlId::WriterTest:
-      WriterTest();
+      OnWriterTest();
       break;
     default:
       break;

@@ -34,9 +34,7 @@ void TakeSelection(const CIcSelectDlg& dialog) {
   app.selection.ProductionLimitCount = dialog.productionLimitCount;
   EnableOperations();  // by the serial number mode of before
   ShowPinFigure(label);
-  app.conversion.LoadedFilePath.clear();
-  SetControlText(ControlId::FileField, "");
-  ShowFile("");
+  ForgetLoadedFile();
   ShowChecksum("");
   app.conversion.JobChecksum.reset();
   app.selection.SnMode = dialog.displaySerialValue;

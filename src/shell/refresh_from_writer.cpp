@@ -47,7 +47,7 @@ void TakeProductionFlags() {
     ShowControl(ControlId::ProductionLimitLabel, false);
     return;
   }
-  for (ControlId id : {ControlId::BlankCheck, ControlId::Program, ControlId::Verify}) EnableControl(id, false);
+  EnableControls(kSingleTasks, false);
 }
 
 // A series that the menu has put in the place of its job's description, up to the writer's own fields: of the job it
@@ -68,12 +68,8 @@ bool IsOtherJob(const std::string& name, bool bareSeries) {
 
 // The file that is shown isn't the writer's job, and the verdicts weren't on it.
 void DropOtherJob() {
-  AppState& app = TheAppState();
   ClearVerdict();
-  if (app.conversion.LoadedFilePath.empty()) return;
-  app.conversion.LoadedFilePath.clear();
-  SetControlText(ControlId::FileField, "");
-  ShowFile("");
+  if (!TheAppState().conversion.LoadedFilePath.empty()) ForgetLoadedFile();
 }
 
 }  // namespace

@@ -4,7 +4,7 @@
 
 #include <cerrno>
 
-#include "platform/writer_access.h"
+#include "system/writer_access.h"
 
 namespace pyxis {
 

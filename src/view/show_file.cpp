@@ -5,6 +5,8 @@
 #include "platform/files.h"
 #include "platform/machine.h"
 #include "platform/main_view.h"
+#include "shell/ground/app_state.h"
+#include "shell/ground/main_controls.h"
 #include "view/hex_view.h"
 
 namespace pyxis {
@@ -19,6 +21,12 @@ void ShowFile(const std::string& path) {
     std::copy(bytes->begin(), bytes->end(), view.SetSize(bytes->size()).begin());
   }
   TheMachine().view->HexViewChanged();
+}
+
+void ForgetLoadedFile() {
+  TheAppState().conversion.LoadedFilePath.clear();
+  SetControlText(ControlId::FileField, "");
+  ShowFile("");
 }
 
 }  // namespace pyxis

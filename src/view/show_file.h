@@ -9,4 +9,7 @@ namespace pyxis {
 // can't be opened changes nothing.
 void ShowFile(const std::string& path);
 
+// No file is loaded any more: neither shown nor named.
+void ForgetLoadedFile();
+
 }  // namespace pyxis

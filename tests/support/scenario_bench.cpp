@@ -365,7 +365,7 @@ std::map<std::string, std::function<void(const ScenarioBench::Args&)>> ScenarioB
       // calls
       {"Auto", [](auto&) { OnAuto(); }}, {"BlankCheck", [](auto&) { OnBlankCheck(); }},
       {"Program", [](auto&) { OnProgram(); }}, {"Verify", [](auto&) { OnVerify(); }}, {"Read", [](auto&) { OnRead(); }},
-      {"WriterTest", [this](auto&) { result_ = WriterTest().Good(); }}, {"LoadFile", [](auto&) { OnLoadFile(); }},
+      {"WriterTest", [this](auto&) { result_ = OnWriterTest().Good(); }}, {"LoadFile", [](auto&) { OnLoadFile(); }},
       {"Load", [this](auto& a) { Load(a[0]); }}, {"Sample", [this](auto& a) { LoadSample(a[0]); }},
       {"Packages", [](auto&) { DownloadPackages(); }}, {"UpdateFirmware", [](auto&) { OnUpdateFirmware(); }},
       {"SetProtect", [](auto&) { OnSetProtect(); }}, {"Messages", [](auto&) { FrontBufferArea(); }},

@@ -133,7 +133,6 @@ class HexView : public Bench, public ::testing::WithParamInterface<std::string> 
   }
   void DefineStates() {
     Shows("top", [this] { return view.geometry.TopOffset; });
-    Shows("page", [this] { return view.PreparePaint() ? view.geometry.LinesPerPage : 0; });
     Shows("at", [this] { return view.caret.CurrentOffset; });
     Shows("inside", [this] { return view.caret.CurrentOffset >= 0; });
     Shows("area", [this] { return view.caret.CurrentArea; });

@@ -40,7 +40,7 @@ inline constexpr Ic kQv42Ics[] = {
      .ticks = T4, .ReadSizeBytes = 0xC01A, .ReadSwapBytes = true, .comparison = kCompareEpm,
      .options = OptionChoice::None, .masks = M0, .protection = kEpmProtection,
      .serial = kNoSerial, .menus = kNeitherEntry},
-    {.ChipName = "QV4207", .ChipCode = 0x13931, .templateName = "QV4206",
+    {.ChipName = "QV4207", .ChipCode = 0x13931, .templateName = "QV4207",
      .series = Series::Qv42, .km48 = {"QV4207"}, .km49 = kNoRow, .pins = 64,
      .boxes = kSerialDisabled, .isp = Isp::None, .FileExtension = kEpm, .firmware = kFirmware1393,
      .ticks = T4, .ReadSizeBytes = 0x1001A, .ReadSwapBytes = true, .comparison = kCompareEpm,

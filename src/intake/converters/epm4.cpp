@@ -1,5 +1,7 @@
 #include <algorithm>
+#include <string>
 
+#include "catalogue/chip_catalogue.h"
 #include "intake/converters/dispatch.h"
 #include "intake/converters/frame.h"
 
@@ -46,18 +48,25 @@ void PatchExtraWords(const Epm4Row& row, ConversionFrame& frame) {
   frame.option.PutAt(first + 2, 0);
 }
 
+bool HasKey(const Epm4Key& key, const Image& image) { return key.offset == 0 || image.Byte(key.offset) == key.value; }
+
+// The row, or that of its twin where this is the selected one.
+const Epm4Row& SelectedOf(const Epm4Row& row, const std::string& selected) {
+  if (row.twin == nullptr || selected != row.twin) return row;
+  return *std::ranges::find(kEpm4Table, selected, &Epm4Row::ChipName);
+}
+
 }  // namespace
 
-ConversionResults Convert(const Epm4Row& row, const ConvertRequest& request) {
+ConversionResults Convert(const Epm4Row& byCode, const ConvertRequest& request) {
+  const Epm4Row& row = SelectedOf(byCode, request.SelectedChip);
   ConversionFrame frame(request);
   if (const auto code = frame.OpenProgramFile(); code != kConverted) return {code};
-  const bool keyed = row.key.chip != nullptr && request.SelectedChip == row.key.chip;
-  if (keyed && frame.image.Byte(row.key.offset) != row.key.value)
-    return {frame.TellOpenError(kSourceFailed, frame.path)};
+  if (!HasKey(row.key, frame.image)) return {frame.TellOpenError(kSourceFailed, frame.path)};
   if (row.serial) {
     if (const auto code = frame.OpenSerialFile(); code != kConverted) return {code};
   }
-  if (keyed) frame.templateName = row.key.chip;
+  frame.templateName = IcOfName(row.ChipName)->templateName;
   if (const auto code = frame.OpenPackages(); code != kConverted) return {code};
 
   const std::uint8_t protect = ReadProtectByte(row, frame);

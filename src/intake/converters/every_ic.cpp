@@ -63,20 +63,28 @@ constexpr bool Agree(const Ic& ic, const Hex14MtpRow& row) {
          (ic.series == Series::None || ic.ReadSizeBytes.km48 > 2U * row.memory.config);
 }
 constexpr bool Agree(const Ic& ic, const UsbHexRow& row) {
-  return SerialsEndAt(ic.serial, row.imageBytes) && IsRead(ic, row.imageBytes + std::size_t{1});
+  return ic.protection == (ic.options == OptionChoice::AllBits ? kFullPanelProtection : kHighByteProtection) &&
+         SerialsEndAt(ic.serial, row.imageBytes) && IsRead(ic, row.imageBytes + std::size_t{1});
 }
 constexpr bool Agree(const Ic& ic, const UsbEepromRow& row) {
-  return SerialsEndAt(ic.serial, row.words) && (ic.series == Series::None || ic.ReadSizeBytes.km48 > 2 * row.words);
+  return ic.protection == (row.plainBytes ? kHighByteProtection : kMultiTimeProtection) &&
+         SerialsEndAt(ic.serial, row.words) && (ic.series == Series::None || ic.ReadSizeBytes.km48 > 2 * row.words);
+}
+constexpr bool HasProtectionOf(const Epm4Row& row, const Protection& place) {
+  if (row.protect == ProtectByte::Plain) return place == kEpmProtectionByClear;
+  return place == kEpmProtection || place == kEpmProtectionOfFileAlone;
 }
 // An IC that isn't in the catalogue is given no serials, whatever its converter takes.
 constexpr bool Agree(const Ic& ic, const Epm4Row& row) {
-  return (ic.series == Series::None || row.serial == (ic.serial.endLimit != 0)) &&
+  return HasProtectionOf(row, ic.protection) &&
+         (ic.series == Series::None || row.serial == (ic.serial.endLimit != 0)) &&
          IsRead(ic, row.imageBytes + row.tail.summed + 2 * row.options.summed);
 }
 constexpr bool Agree(const Ic& ic, const Otp4Row& row) {
   const CompareKind& cut = ic.comparison;
   const std::size_t read = row.unit == Otp4Unit::Word ? 2 * row.words : row.configOffset - kOtp4Header;
-  return cut.header == kOtp4Header && cut.configAt == row.configOffset && cut.imageBytes == 2 * row.words &&
+  return ic.protection == (row.unit == Otp4Unit::Byte ? kHighByteProtection : kLowByteProtection) &&
+         cut.header == kOtp4Header && cut.configAt == row.configOffset && cut.imageBytes == 2 * row.words &&
          IsRead(ic, read);
 }
 
@@ -86,9 +94,13 @@ constexpr bool RecordsAgree(const auto& table) {
 
 static_assert(ProtectionsAre(kFlashProtection, kVelmarFlashTable) &&
                   ProtectionsAre(kOneTimeProtection, kHex14OtpTable) &&
-                  ProtectionsAre(kMultiTimeProtection, kHex14MtpTable),
+                  ProtectionsAre(kMultiTimeProtection, kHex14MtpTable) &&
+                  ProtectionsAre(kFlashProtection, kVelmarBlockTable) &&
+                  ProtectionsAre(kFlashProtection, kVelmarEepromTable) &&
+                  ProtectionsAre(kOneTimeProtection, kUsbObjTable),
               "an IC with the protection of another family");
-static_assert(FileTypesAre(kVelmar, kVelmarFlashTable) && FileTypesAre(kEpm, kEpm4Table) &&
+static_assert(FileTypesAre(kVelmar, kVelmarFlashTable) && FileTypesAre(kVelmar, kVelmarBlockTable) &&
+                  FileTypesAre(kVelmar, kVelmarEepromTable) && FileTypesAre(kEpm, kEpm4Table) &&
                   FileTypesAre(kOtp, kOtp4Table) && FileTypesAre(kObj, kUsbObjTable) &&
                   FileTypesAre(kHex, kHex14OtpTable) && FileTypesAre(kHex, kHex14MtpTable) &&
                   FileTypesAre(kHex, kUsbHexTable),
@@ -97,9 +109,9 @@ static_assert(RecordsAgree(kVelmarFlashTable), "a flash IC's serial limit or rea
 static_assert(RecordsAgree(kHex14OtpTable) && RecordsAgree(kHex14MtpTable),
               "a 14-bit IC's serial limit or read size isn't that of its memory");
 static_assert(RecordsAgree(kUsbHexTable) && RecordsAgree(kUsbEepromTable),
-              "a USB IC's serial limit or read size isn't that of its image");
+              "a USB IC's protection, serial limit or read size isn't that of its image");
 static_assert(RecordsAgree(kEpm4Table) && RecordsAgree(kOtp4Table),
-              "a 4-bit IC's serial numbers, read size or comparison aren't those of its image");
+              "a 4-bit IC's protection, serial numbers, read size or comparison aren't those of its image");
 static_assert(EveryIcConverts(), "an IC without a converter row, or a converter row without an IC");
 
 }  // namespace

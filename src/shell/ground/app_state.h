@@ -1,5 +1,5 @@
 // The process-wide state: plain data, one instance, no lock, read and written directly by every room on the one thread.
-// This header and main_controls.h are the ground that all rooms stand on; the rest of shell/ lies on top.
+// The ground that all rooms stand on is this folder; the rest of shell/ lies on top.
 #pragma once
 
 #include <array>

@@ -31,6 +31,10 @@ void EnableControl(ControlId id, bool enabled) {
   Changed();
 }
 
+void EnableControls(std::span<const ControlId> ids, bool enabled) {
+  for (const ControlId id : ids) EnableControl(id, enabled);
+}
+
 void ShowControl(ControlId id, bool visible) {
   theMainControls[id].visible = visible;
   Changed();
@@ -82,9 +86,9 @@ void SetStatusText(const std::string& text) {
 void ClearStatusText() { SetStatusText(""); }
 
 void DisableOperations() {
-  for (ControlId id : {ControlId::Auto, ControlId::BlankCheck, ControlId::Program, ControlId::Verify, ControlId::Read,
-                       ControlId::SmartOption})
-    EnableControl(id, false);
+  EnableControls(kTasks, false);
+  EnableControl(ControlId::Read, false);
+  EnableControl(ControlId::SmartOption, false);
 }
 
 void EnableOperations() {
@@ -92,9 +96,7 @@ void EnableOperations() {
   if (!app.selection.SnMode) {
     const bool single = app.selection.MassProduction == MassMode::Off && !app.selection.ProductionLimitOn;
     EnableControl(ControlId::Auto, true);
-    EnableControl(ControlId::BlankCheck, single);
-    EnableControl(ControlId::Program, single);
-    EnableControl(ControlId::Verify, single);
+    EnableControls(kSingleTasks, single);
   }
   EnableControl(ControlId::Read, true);
   if (app.selection.HasSmartOption) EnableControl(ControlId::SmartOption, true);

@@ -5,6 +5,7 @@
 #include <array>
 #include <cstddef>
 #include <optional>
+#include <span>
 #include <string>
 
 #include "shell/ground/verdict_line.h"
@@ -72,8 +73,13 @@ struct MainControls {
 MainControls& TheMainControls();
 void ResetMainControls();
 
+// The buttons of the four tasks, and those of them that a production mode greys.
+inline constexpr std::array kTasks{ControlId::Auto, ControlId::BlankCheck, ControlId::Program, ControlId::Verify};
+inline constexpr std::array kSingleTasks{ControlId::BlankCheck, ControlId::Program, ControlId::Verify};
+
 // Changes that tell the view.
 void EnableControl(ControlId id, bool enabled);
+void EnableControls(std::span<const ControlId> ids, bool enabled);
 void ShowControl(ControlId id, bool visible);
 void SetControlText(ControlId id, const std::string& text);
 // `ChecksumText` and its field; empty while no job is known.

@@ -1,4 +1,4 @@
-#include "platform/writer_access.h"
+#include "system/writer_access.h"
 
 #include <unistd.h>
 
