@@ -171,7 +171,7 @@ void ReportComplete(Job& job) {
 }
 
 struct Pressed {
-  std::uint64_t ok = 0, ng = 0;  // chips
+  std::uint32_t ok = 0, ng = 0;  // chips, kMostChips together at most
   bool enough = false;           // there were as many as asked for or as there are serials
   std::string unkept;            // the serial of a good chip that didn't get into the record, which makes it none
   bool Good() const { return ok != 0 && ng == 0 && enough; }
@@ -214,8 +214,8 @@ void ReportRun(Job& job, const CSnProgramDlg& dialog, const Pressed& run) {
            {"total", run.ok + run.ng},
            {"next", kept ? TheSnRecord().SnStartText : run.unkept}});
   } else {
-    std::cout << "OK " << run.ok << ", NG " << run.ng << ", Total " << run.ok + run.ng << ", next "
-              << (kept ? dialog.startText : run.unkept) << std::endl;
+    std::printf("OK %u, NG %u, Total %u, next %s\n", run.ok, run.ng, run.ok + run.ng,
+                kept ? dialog.startText.c_str() : run.unkept.c_str());
   }
 }
 

@@ -55,7 +55,7 @@ ConversionResults ConvertFor(const ChipEntry& row, const std::string& path) {
 void ShowResult(const ConversionResults& results) {
   AppState& app = TheAppState();
   app.conversion.JobChecksum = app.conversion.ImageChecksum;
-  ShowChecksum(Printf("%04X", app.conversion.ImageChecksum));
+  ShowChecksum();
   SetControlText(ControlId::FileField, app.conversion.LoadedFilePath);
   ShowFile(results.shownFile);
 }

@@ -69,14 +69,18 @@ Outcome DownloadPackageFile(const std::string& path, std::uint8_t areaSelector) 
   return ReadStream(file.get(), sent) && std::ranges::equal(sent, in) ? kGood : Failed(Reason::Different);
 }
 
+void OpenPackageLoad() {
+  StartTask(task::kOpenPackageLoad);
+  SendControl(control::kBeginLoad);
+}
+
 void CloseLoad() {
   SetWriterMode(mode::kIdle);
   SendControl(control::kEndLoad);
 }
 
 Outcome RewriteOptionArea(const std::string& path) {
-  StartTask(task::kOpenPackageLoad);
-  SendControl(control::kBeginLoad);
+  OpenPackageLoad();
   const Outcome outcome = DownloadPackageFile(path, area::kOption);
   CloseLoad();
   return outcome;
@@ -99,8 +103,7 @@ Outcome SendDataPackage(const TransferSteps& steps) {
 Outcome SendPackages() {
   const TransferSteps steps;
   steps.Show(bar::kStart);
-  StartTask(task::kOpenPackageLoad);
-  SendControl(control::kBeginLoad);
+  OpenPackageLoad();
   steps.Show(bar::kBeforeOption);
   if (DownloadPackageFile(OptionPackagePath(), area::kOption).Good()) return SendDataPackage(steps);
   SendControl(control::kEndLoad);

@@ -23,7 +23,8 @@ Outcome DownloadPackages();
 // also for a file that is too long; Different. The operator is told of a file that can't be opened, since the closing
 // commands come behind that.
 Outcome DownloadPackageFile(const std::string& path, std::uint8_t areaSelector);
-// The end of a load of packages or of firmware.
+// The beginning of a load of packages, and the end of one, also of a load of firmware.
+void OpenPackageLoad();
 void CloseLoad();
 // The option area alone: opens the load, sends the file, closes. The outcome of DownloadPackageFile.
 Outcome RewriteOptionArea(const std::string& path);

@@ -86,10 +86,6 @@ bool RefusesImage(std::uint8_t imageModel) {
   }
 }
 
-}  // namespace
-
-namespace {
-
 Outcome LastLoad() { return TheAppState().writer.FirmwareLoadFailed ? Failed(Reason::FirmwareFailed) : kGood; }
 
 }  // namespace

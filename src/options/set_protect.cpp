@@ -43,8 +43,7 @@ bool JobIsTheRows(const ChipEntry& row) {
 // The block as the option package, into the file and from there to the writer.
 Outcome SendOptionArea() {
   Outcome outcome = Failed(Reason::NotWritable);
-  StartTask(task::kOpenPackageLoad);
-  SendControl(control::kBeginLoad);
+  OpenPackageLoad();
   if (WriteWholeFile(OptionPackagePath(), TheAppState().writer.WriterInfoBlock)) {
     const Outcome sent = DownloadPackageFile(OptionPackagePath(), area::kOption);
     outcome = sent.Good() ? kGood : Failed(Reason::OptionNotArrived);

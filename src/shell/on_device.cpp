@@ -35,7 +35,7 @@ void TakeSelection(const CIcSelectDlg& dialog) {
   EnableOperations();  // by the serial number mode of before
   ShowPinFigure(label);
   ForgetLoadedFile();
-  ShowChecksum("");
+  ClearChecksum();
   app.conversion.JobChecksum.reset();
   app.selection.SnMode = dialog.displaySerialValue;
   StopSnProgress();

@@ -7,7 +7,6 @@
 #include "options/block_fuses.h"
 #include "options/fuse_panel.h"
 #include "platform/files.h"
-#include "platform/text.h"
 #include "shell/chip_selection.h"
 #include "shell/ground/app_state.h"
 #include "shell/ground/main_controls.h"
@@ -89,7 +88,7 @@ void RefreshFromWriter() {
   if (app.writer.WriterModel == Model::Km48) ShowPinFigure(name);
   app.conversion.ImageChecksum = FieldWord(block, Field::ImageChecksum);
   if (!bareSeries) app.conversion.JobChecksum = app.conversion.ImageChecksum;
-  ShowChecksum(Printf("%04X", app.conversion.ImageChecksum));
+  ShowChecksum();
   EnableControl(ControlId::SmartOption, app.selection.HasSmartOption);
   if (app.selection.HasSmartOption) app.conversion.SystemConfigWord = FieldWord(block, Field::ConfigWord);
   ResetFusePanel();

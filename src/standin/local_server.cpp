@@ -26,11 +26,9 @@ LocalServer::LocalServer(WriterModel& model, std::string path) : model_(model), 
   if (!address || !LocalAddress(path_)) return;
   unlink(making.c_str());
   Descriptor listener = NewSocket();
-  if (bind(*listener, reinterpret_cast<const sockaddr*>(&*address), sizeof *address) != 0 ||
-      listen(*listener, kBacklog) != 0)
-    return;
-  inode_ = InodeOf(making);
-  if (std::rename(making.c_str(), path_.c_str()) == 0) {
+  if (bind(*listener, reinterpret_cast<const sockaddr*>(&*address), sizeof *address) == 0 &&
+      listen(*listener, kBacklog) == 0 && (inode_ = InodeOf(making)) != 0 &&
+      std::rename(making.c_str(), path_.c_str()) == 0) {
     listener_ = std::move(listener);
   } else {
     unlink(making.c_str());

@@ -36,7 +36,7 @@ std::vector<DeviceEvent> LocalWriterEvents::Take() {
   const std::string name = path_ + "#{" + kWriterInterfaceClass + "}";
   std::vector<DeviceEvent> events;
   if (!works_) return events;
-  alignas(inotify_event) char passed[4096];
+  char passed[4096];
   while (read(*watch_, passed, sizeof passed) > 0) {
   }
   if (connection_ && !IsThere()) {

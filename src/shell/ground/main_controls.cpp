@@ -2,6 +2,7 @@
 
 #include "platform/machine.h"
 #include "platform/main_view.h"
+#include "platform/text.h"
 #include "shell/ground/app_state.h"
 
 namespace pyxis {
@@ -45,10 +46,17 @@ void SetControlText(ControlId id, const std::string& text) {
   Changed();
 }
 
-void ShowChecksum(const std::string& text) {
+namespace {
+
+void SetChecksumText(const std::string& text) {
   TheAppState().conversion.ChecksumText = text;
   SetControlText(ControlId::ChecksumField, text);
 }
+
+}  // namespace
+
+void ShowChecksum() { SetChecksumText(Printf("%04X", TheAppState().conversion.ImageChecksum)); }
+void ClearChecksum() { SetChecksumText(""); }
 
 void CheckControl(ControlId id, bool checked) {
   theMainControls[id].checked = checked;

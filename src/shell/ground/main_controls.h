@@ -82,8 +82,9 @@ void EnableControl(ControlId id, bool enabled);
 void EnableControls(std::span<const ControlId> ids, bool enabled);
 void ShowControl(ControlId id, bool visible);
 void SetControlText(ControlId id, const std::string& text);
-// `ChecksumText` and its field; empty while no job is known.
-void ShowChecksum(const std::string& text);
+// `ChecksumText` and its field: ImageChecksum in four digits; empty where no job is known.
+void ShowChecksum();
+void ClearChecksum();
 void CheckControl(ControlId id, bool checked);
 void FocusControl(ControlId id);
 

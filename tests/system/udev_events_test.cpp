@@ -1,9 +1,10 @@
+#include "system/udev_events.h"
+
 #include <linux/netlink.h>
 #include <sys/socket.h>
 #include <unistd.h>
 
 #include "data/cases.h"
-#include "system/udev_events.h"
 
 namespace pyxis::test {
 namespace {
