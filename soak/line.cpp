@@ -9,10 +9,16 @@ namespace {
 constexpr std::uint32_t kClockStep = 25;  // ms a look, so that a wait takes few of them
 
 // One of each way in which a serial can lie in a chip.
-constexpr LineIc kIcs[] = {{"QV8348", 0x3FC, Unit::Word, true, true, false},
-                           {"QV8301", 0x1000, Unit::Word, true, true, true},
-                           {"QV8106", 0x1FFE, Unit::Byte, false, true, true},
-                           {"QV4107", 0x1000, Unit::Packed, true, false, false}};
+constexpr LineIc kIcs[] = {
+    {.label = "QV8348", .limit = 0x3FC, .unit = Unit::Word, .menuRoad = true, .selectionRoad = true, .flash = false},
+    {.label = "QV8301", .limit = 0x1000, .unit = Unit::Word, .menuRoad = true, .selectionRoad = true, .flash = true},
+    {.label = "QV8106", .limit = 0x1FFE, .unit = Unit::Byte, .menuRoad = false, .selectionRoad = true, .flash = true},
+    {.label = "QV4107",
+     .limit = 0x1000,
+     .unit = Unit::Packed,
+     .menuRoad = true,
+     .selectionRoad = false,
+     .flash = false}};
 
 }  // namespace
 

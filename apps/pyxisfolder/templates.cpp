@@ -12,52 +12,77 @@ namespace pyxis::folder {
 
 namespace {
 
-constexpr std::uint8_t kOtp = 1;
-constexpr std::uint8_t kFlash = kChipClassFlash;
-
 // What the writer and the file comparison have to know of a family. The unit and the order are those in which the
 // program file and DataPackage can be laid side by side.
 struct Kind {
-  std::uint8_t lengthUnit;      // 1: ImageLength counts words; 0: bytes, one configuration byte; 2: bytes
-  std::uint8_t readBackOrder;   // 2: words as in DataPackage, else their bytes exchanged
-  std::uint8_t configKind;      // 0: Read Chip Info works
-  std::uint8_t chipClass;       // 17: flash
+  std::uint8_t lengthUnit, readBackOrder, configKind, chipClass;
   std::uint8_t serialUnit = 0;  // 1: serials count words, low byte first
   std::size_t imageLength = 0;  // in the unit, where no converter writes it
 };
 
-constexpr Kind kVelmarKind{.lengthUnit = 2, .readBackOrder = 2, .configKind = 0, .chipClass = kFlash};
+constexpr Kind kVelmarKind{.lengthUnit = kCountsBytes,
+                           .readBackOrder = kOrderOfData,
+                           .configKind = kTellsChipInfo,
+                           .chipClass = kChipClassFlash};
 
-Kind KindOf(const Hex14OtpRow&) { return {.lengthUnit = 1, .readBackOrder = 1, .configKind = 0, .chipClass = kOtp}; }
-Kind KindOf(const Hex14MtpRow&) { return {.lengthUnit = 1, .readBackOrder = 1, .configKind = 0, .chipClass = kFlash}; }
+Kind KindOf(const Hex14OtpRow&) {
+  return {.lengthUnit = kCountsWords,
+          .readBackOrder = kOrderExchanged,
+          .configKind = kTellsChipInfo,
+          .chipClass = kChipClassOneTime};
+}
+Kind KindOf(const Hex14MtpRow&) {
+  return {.lengthUnit = kCountsWords,
+          .readBackOrder = kOrderExchanged,
+          .configKind = kTellsChipInfo,
+          .chipClass = kChipClassFlash};
+}
 Kind KindOf(const VelmarFlashRow&) { return kVelmarKind; }
 Kind KindOf(const VelmarEepromRow&) { return kVelmarKind; }
 Kind KindOf(const VelmarBlockRow&) { return kVelmarKind; }
-Kind KindOf(const UsbHexRow&) { return {.lengthUnit = 0, .readBackOrder = 2, .configKind = 0, .chipClass = kOtp}; }
-Kind KindOf(const UsbObjRow&) { return {.lengthUnit = 1, .readBackOrder = 1, .configKind = 0, .chipClass = kOtp}; }
+Kind KindOf(const UsbHexRow&) {
+  return {.lengthUnit = kCountsBytesOfOne,
+          .readBackOrder = kOrderOfData,
+          .configKind = kTellsChipInfo,
+          .chipClass = kChipClassOneTime};
+}
+Kind KindOf(const UsbObjRow&) {
+  return {.lengthUnit = kCountsWords,
+          .readBackOrder = kOrderExchanged,
+          .configKind = kTellsChipInfo,
+          .chipClass = kChipClassOneTime};
+}
 Kind KindOf(const UsbEepromRow& row) {
-  if (!row.plainBytes) return {.lengthUnit = 1, .readBackOrder = 1, .configKind = 0, .chipClass = kFlash};
-  return {.lengthUnit = 0,
-          .readBackOrder = 2,
-          .configKind = 0,
-          .chipClass = kFlash,
+  if (!row.plainBytes)
+    return {.lengthUnit = kCountsWords,
+            .readBackOrder = kOrderExchanged,
+            .configKind = kTellsChipInfo,
+            .chipClass = kChipClassFlash};
+  return {.lengthUnit = kCountsBytesOfOne,
+          .readBackOrder = kOrderOfData,
+          .configKind = kTellsChipInfo,
+          .chipClass = kChipClassFlash,
           .serialUnit = kSerialUnitLowFirst,
           .imageLength = 2U * row.words};
 }
 Kind KindOf(const Otp4Row& row) {
   if (row.unit == Otp4Unit::Byte)
-    return {.lengthUnit = 0,
-            .readBackOrder = 2,
-            .configKind = 1,
-            .chipClass = kOtp,
+    return {.lengthUnit = kCountsBytesOfOne,
+            .readBackOrder = kOrderOfData,
+            .configKind = kTellsNoChipInfo,
+            .chipClass = kChipClassOneTime,
             .imageLength = row.configOffset + 1 - kOtp4Header};
-  return {.lengthUnit = 1, .readBackOrder = 1, .configKind = 1, .chipClass = kOtp, .imageLength = row.words + 1};
+  return {.lengthUnit = kCountsWords,
+          .readBackOrder = kOrderExchanged,
+          .configKind = kTellsNoChipInfo,
+          .chipClass = kChipClassOneTime,
+          .imageLength = row.words + 1};
 }
 Kind KindOf(const Epm4Row& row) {
-  return {.lengthUnit = 1,
-          .readBackOrder = 2,
-          .configKind = 1,
-          .chipClass = kOtp,
+  return {.lengthUnit = kCountsWords,
+          .readBackOrder = kOrderOfData,
+          .configKind = kTellsNoChipInfo,
+          .chipClass = kChipClassOneTime,
           .imageLength = (row.imageBytes + row.tail.notSummed + row.tail.summed) / 2};
 }
 

@@ -14,9 +14,9 @@ namespace pyxis::job {
 
 void AddChoices(CLI::App& command, Choices& choices) {
   command.add_flag("--sn", choices.serial, "serial numbers, from serial.txt in the program folder");
-  command.add_flag("--exhv-isp", choices.exhvIsp, "EXHV ISP program");
-  command.add_flag("--isp", choices.isp, "ISP program");
-  command.add_flag("--mass", choices.mass, "Mass Production Mode");
+  command.add_flag("--exhv-isp", choices.exhvIsp, WithoutMnemonic(CIcSelectDlg::kExhvIspCaption));
+  command.add_flag("--isp", choices.isp, WithoutMnemonic(CIcSelectDlg::kIspCaption));
+  command.add_flag("--mass", choices.mass, WithoutMnemonic(CIcSelectDlg::kMassProductionCaption));
   command.add_option("--limit", choices.limit, "Production Limit, a number of ICs")
       ->check(CLI::Range(1, kLargestLimit));
 }
@@ -37,7 +37,7 @@ std::optional<std::uint32_t> SelectChip(const ChipOptions& chip) {
   std::string name = chip.chip;
   if (!chip.ic.empty()) {
     if (FindChip(chip.ic, app.selection.SeriesIndex, app.selection.TypeIndex) == 0) {
-      std::fprintf(stderr, "%s is no known IC; pyxisjob ics lists them\n", chip.ic.c_str());
+      TellUnknownIc(chip.ic);
       return std::nullopt;
     }
     const ChipEntry& row = Row(app.selection.SeriesIndex, app.selection.TypeIndex);

@@ -38,7 +38,7 @@ void RunForLines(Job& job, const char* command, const char* member, const std::f
 
 Outcome Compare(Job& job, const std::string& file, Lines& lines) {
   Outcome outcome = Refused(Reason::NothingLoaded);
-  if (!Allowed(job, MenuEntry::CompareFile, "Compare File")) return outcome;
+  if (!Allowed(job, MenuEntry::CompareFile)) return outcome;
   job.op.file = file;
   job.op.downloadInfo = [&](CDownloadInfoDlg& dialog) {
     outcome = dialog.OnCompareFile();
@@ -51,7 +51,7 @@ Outcome Compare(Job& job, const std::string& file, Lines& lines) {
 
 Outcome ChipInfo(Job& job, Lines& lines) {
   Outcome outcome = Refused(Reason::NotSupported);
-  if (!Allowed(job, MenuEntry::ReadChipInfo, "Read Chip Info")) return outcome;
+  if (!Allowed(job, MenuEntry::ReadChipInfo)) return outcome;
   job.op.chipInfo = [&](CReadChipInfoDlg& dialog) {
     outcome = dialog.OnRead();
     lines.assign(dialog.lines.begin(), dialog.lines.end());

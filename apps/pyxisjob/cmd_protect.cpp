@@ -25,13 +25,13 @@ bool WriterHolds(const std::array<std::uint8_t, kInfoBlockSize>& sent) {
 }
 
 Outcome Set(Job& job, bool on) {
-  if (!Allowed(job, MenuEntry::SetProtect, "Set Protect")) return Refused(Reason::NothingLoaded);
+  if (!Allowed(job, MenuEntry::SetProtect)) return Refused(Reason::NothingLoaded);
   if (!job.icKnown) {
     job.op.Tell("the writer's job is of no known IC", kMessageCaption, MessageIcon::Warning);
     return Refused(Reason::NotSupported);
   }
   job.op.optionSelect = [on](COptionSelectDlg& dialog) {
-    dialog.Click(COptionSelectDlg::Protection, on ? 1 : 0);
+    dialog.Click(COptionSelectDlg::Protection, on ? COptionSelectDlg::kSecondButton : COptionSelectDlg::kFirstButton);
     dialog.OnOk();
     return DialogEnd::Ok;
   };

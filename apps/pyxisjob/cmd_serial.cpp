@@ -14,6 +14,7 @@
 #include "option_words.h"
 #include "options/option_select.h"
 #include "platform/files.h"
+#include "platform/hex_digits.h"
 #include "platform/text.h"
 #include "serial/big_number.h"
 #include "serial/sn_record.h"
@@ -57,7 +58,7 @@ void Refuse(Job& job, const std::string& text) { job.op.Tell(text, kMessageCapti
 // Whether the dialog's field lets the text in as it stands. An empty one is no number: a script's unset variable must
 // not begin a series at 0.
 bool FieldTakes(const FieldRow& field, const std::string& text) {
-  if (WithoutPrefix(text).empty()) return false;
+  if (WithoutHexPrefix(text).empty()) return false;
   CNumericEdit edit;
   edit.maxLength = field.limit;
   for (const char c : text) {
@@ -132,7 +133,7 @@ std::uint32_t ChipsOf(const SerialArguments& given) {
   if (given.chips != 0) return given.chips;
   if (!given.wait) return 1;
   const std::string& amount = TheSnRecord().SnAmountText;
-  return amount.size() > 8 ? kMostChips : static_cast<std::uint32_t>(std::strtoul(amount.c_str(), nullptr, 16));
+  return amount.size() > 8 ? kMostChips : static_cast<std::uint32_t>(ParseHexDigits(amount));
 }
 
 // What of a series is to be put through.

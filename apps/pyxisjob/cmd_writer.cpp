@@ -54,9 +54,11 @@ void PrintWriter(const Job& job) {
 
 LineWriter WriterIdentity() {
   const WriterState& writer = TheAppState().writer;
-  return {
-      writer.WriterIdentityText.data(), writer.HwFolder, NameOf(ModelOf(writer.ModelRegister)),
-      Printf("code 0x%04X, version %d, level %u", writer.FirmwareCode, writer.FirmwareVersion, writer.FirmwareLevel)};
+  return {.identity = writer.WriterIdentityText.data(),
+          .hardware = writer.HwFolder,
+          .model = NameOf(ModelOf(writer.ModelRegister)),
+          .firmware = Printf("code 0x%04X, version %d, level %u", writer.FirmwareCode, writer.FirmwareVersion,
+                             writer.FirmwareLevel)};
 }
 
 void AddWriter(CLI::App& app, Job& job) {

@@ -90,11 +90,12 @@ void Report(Job& job, const char* command, const Outcome& outcome, const nlohman
   Print(object);
 }
 
-bool Allowed(Job& job, MenuEntry entry, const char* name) {
+bool Allowed(Job& job, MenuEntry entry) {
   if (MenuEnabled(entry)) return true;
+  const std::string name = WithoutMnemonic(CaptionOf(entry));
   const std::string& chip = TheAppState().selection.ChipNameText;
-  job.op.Tell(chip.empty() ? Printf("%s: the writer holds no job", name)
-                           : Printf("%s is not available for the job in the writer (%s)", name, chip.c_str()),
+  job.op.Tell(chip.empty() ? Printf("%s: the writer holds no job", name.c_str())
+                           : Printf("%s is not available for the job in the writer (%s)", name.c_str(), chip.c_str()),
               kMessageCaption, MessageIcon::Warning);
   return false;
 }

@@ -91,7 +91,9 @@ void AddChipOptions(CLI::App& command, ChipOptions& chip);
 // when the IC isn't known.
 std::optional<std::uint32_t> SelectChip(const ChipOptions& chip);
 
-// The first row with this label or IC name, of either model; null, with a line on standard error, when there is none.
+// The line on standard error about an IC that nobody knows.
+void TellUnknownIc(const std::string& name);
+// The first row with this label or IC name, of either model; null, with that line, when there is none.
 const ChipEntry* KnownIc(const std::string& name);
 // IC selection as the operator does it: the menu command Device, the label (or the first label of the IC), the boxes by
 // the rules of the dialog. False, with the operator told, when the attached writer or the IC doesn't offer them.
@@ -132,7 +134,7 @@ bool EndLine(Job& job, const Outcome& outcome, const LineJob* brought = nullptr)
 LineWriter WriterIdentity();
 
 // Whether the menu entry would be enabled; the operator is told when it wouldn't.
-bool Allowed(Job& job, MenuEntry entry, const char* name);
+bool Allowed(Job& job, MenuEntry entry);
 
 // Takes the options, runs the command, and gives the exit code. The machine's bodies are in place.
 int RunCommandLine(Job& job, int argc, char** argv);

@@ -16,9 +16,11 @@ bool NamesAChoice(const OptionWords& given) {
   return given.protect || given.unprotect || given.fast || given.dual || given.clock32k || given.noClock32k;
 }
 
-// The first button of a pair is the one that its bit stands for: Unprotect, Fast mode, 32KHz disable.
+// The first button of a pair is the one that its bit stands for.
 DialogEnd Answer(COptionSelectDlg& dialog, const OptionWords& given) {
-  const auto click = [&dialog](COptionSelectDlg::Pair pair, bool first) { dialog.Click(pair, first ? 0 : 1); };
+  const auto click = [&dialog](COptionSelectDlg::Pair pair, bool first) {
+    dialog.Click(pair, first ? COptionSelectDlg::kFirstButton : COptionSelectDlg::kSecondButton);
+  };
   if (given.value) {
     for (int pair = 0; pair < 3; ++pair)
       click(static_cast<COptionSelectDlg::Pair>(pair), (*given.value >> pair & 1) != 0);

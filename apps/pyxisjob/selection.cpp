@@ -43,15 +43,18 @@ struct Box {
 // The caption of the first wanted box that the dialog doesn't offer; each is ticked by a click, which may grey another.
 std::optional<std::string> Tick(CIcSelectDlg& dialog, const Choices& choices) {
   const Box boxes[] = {
-      {"Display Serial Number", choices.serial, &CIcSelectDlg::displaySerial, &CIcSelectDlg::OnDisplaySerial},
-      {"Mass Production Mode", choices.mass, &CIcSelectDlg::massProduction, &CIcSelectDlg::OnMassProduction},
-      {"Production Limit", choices.limit > 0, &CIcSelectDlg::productionLimit, &CIcSelectDlg::OnProductionLimit},
-      {"EXHV ISP program", choices.exhvIsp, &CIcSelectDlg::exhvIsp, &CIcSelectDlg::OnExhvIsp},
-      {"ISP program", choices.isp, &CIcSelectDlg::isp, &CIcSelectDlg::OnIsp},
+      {CIcSelectDlg::kDisplaySerialCaption, choices.serial, &CIcSelectDlg::displaySerial,
+       &CIcSelectDlg::OnDisplaySerial},
+      {CIcSelectDlg::kMassProductionCaption, choices.mass, &CIcSelectDlg::massProduction,
+       &CIcSelectDlg::OnMassProduction},
+      {CIcSelectDlg::kProductionLimitCaption, choices.limit > 0, &CIcSelectDlg::productionLimit,
+       &CIcSelectDlg::OnProductionLimit},
+      {CIcSelectDlg::kExhvIspCaption, choices.exhvIsp, &CIcSelectDlg::exhvIsp, &CIcSelectDlg::OnExhvIsp},
+      {CIcSelectDlg::kIspCaption, choices.isp, &CIcSelectDlg::isp, &CIcSelectDlg::OnIsp},
   };
   for (const Box& box : boxes) {
     if (!box.wanted) continue;
-    if (!(dialog.*box.box).enabled) return box.caption;
+    if (!(dialog.*box.box).enabled) return WithoutMnemonic(box.caption);
     (dialog.*box.click)(true);
   }
   return std::nullopt;
@@ -70,11 +73,15 @@ DialogEnd Answer(Job& job, CIcSelectDlg& dialog, const std::string& name, const 
 
 }  // namespace
 
+void TellUnknownIc(const std::string& name) {
+  std::fprintf(stderr, "%s is no known IC; pyxisjob ics lists them\n", name.c_str());
+}
+
 const ChipEntry* KnownIc(const std::string& name) {
   for (int list = 0; list < kListCount; ++list)
     for (const ChipEntry& row : ChipList(list))
       if (Names(row, name)) return &row;
-  std::fprintf(stderr, "%s is no known IC; pyxisjob ics lists them\n", name.c_str());
+  TellUnknownIc(name);
   return nullptr;
 }
 

@@ -21,6 +21,13 @@ class CIcSelectDlg {
     bool checked = false;
   };
 
+  // What stands at the boxes.
+  static constexpr char kDisplaySerialCaption[] = "&Display Serial Number";
+  static constexpr char kMassProductionCaption[] = "&Mass Production Mode";
+  static constexpr char kProductionLimitCaption[] = "Production &Limit";
+  static constexpr char kExhvIspCaption[] = "&EXHV ISP program";
+  static constexpr char kIspCaption[] = "&ISP program";
+
   // False when no known writer has answered: the operator has been told, and the dialog counts as cancelled.
   bool OnInitDialog();
   void OnSeriesChange(int position);

@@ -32,11 +32,6 @@ namespace {
 
 void PaintNow() { PumpPaint(); }
 
-void EmptyLoadedFile() {
-  TheAppState().conversion.LoadedFilePath.clear();
-  ShowFile("");
-}
-
 ConversionResults ConvertFor(const ChipEntry& row, const std::string& path) {
   AppState& app = TheAppState();
   return ConvertFile({.ChipCode = row.ChipCode,
@@ -131,7 +126,7 @@ void AwaitChips() {
 // The run ends before anything has been done.
 Outcome GiveUp(const Outcome& outcome) {
   FrontHexView();
-  EmptyLoadedFile();
+  BlankLoadedFile();
   SetControlText(ControlId::FileField, "");
   TheMachine().view->HexViewChanged();
   return outcome;
@@ -175,7 +170,7 @@ const char* FileFilter(const char* fileExtension) {
 Outcome OnLoadFile() {
   AppState& app = TheAppState();
   FrontBufferArea();
-  EmptyLoadedFile();
+  BlankLoadedFile();
   ClearVerdict();
   app.writer.ProgressMode = Progress::Transfers;
   ClearStatusText();

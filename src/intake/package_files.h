@@ -60,15 +60,31 @@ inline constexpr std::uint8_t kIspBit = 2;
 inline constexpr std::size_t kSerialLengthOffset = Field::SerialHead.offset + 1;
 inline constexpr std::size_t kSerialStartOffset = Field::SerialHead.offset + 2;
 inline constexpr std::size_t kSerialEndMarkOffset = Field::SerialHead.offset + 4;
-inline constexpr std::uint8_t kSerialNeedsReload = 16;  // first byte of SerialHead
 // High half of SerialHead's first byte: the road on which a series reaches the writer.
 inline constexpr std::uint8_t kSerialByMenu = 0x10;
 inline constexpr std::uint8_t kSerialBySelection = 0x20;
 inline constexpr std::uint8_t kSerialRoadBits = 0xF0;
-// Second half of SerialBlock, 16 bytes: the first serial of the series. The first half is the one behind the last.
-inline constexpr std::size_t kFirstSerialOffset = Field::SerialBlock.offset + Field::SerialBlock.width / 2;
+// The whole byte: a series by the menu, low byte first, whose job has to be loaded anew.
+inline constexpr std::uint8_t kSerialNeedsReload = kSerialByMenu;
+// Second half of SerialBlock: the first serial of the series. The first half is the one behind the last.
+inline constexpr std::size_t kSerialBytes = Field::SerialBlock.width / 2;  // of the longest serial number
+inline constexpr std::size_t kFirstSerialOffset = Field::SerialBlock.offset + kSerialBytes;
 inline constexpr std::uint8_t kSerialUnitLowFirst = 1;  // words, low byte first
-inline constexpr std::uint8_t kChipClassFlash = 17;     // MTP/Flash
+inline constexpr std::uint8_t kChipClassOneTime = 1;
+inline constexpr std::uint8_t kChipClassFlash = 17;  // MTP/Flash
+// Low nibble of LengthUnit: what ImageLength counts. One configuration byte goes with kCountsBytesOfOne.
+inline constexpr std::uint8_t kCountsBytesOfOne = 0;
+inline constexpr std::uint8_t kCountsWords = 1;
+inline constexpr std::uint8_t kCountsBytes = 2;
+// Low nibble of ReadBackOrder: the words stand as in the program file, or their bytes are exchanged.
+inline constexpr std::uint8_t kOrderExchanged = 1;
+inline constexpr std::uint8_t kOrderOfData = 2;
+// Low nibble of ConfigKind: whether Read Chip Info works.
+inline constexpr std::uint8_t kTellsChipInfo = 0;
+inline constexpr std::uint8_t kTellsNoChipInfo = 1;
+// High half of WriterStatus: the production limit is used up.
+inline constexpr std::uint8_t kStatusBits = 0xF0;
+inline constexpr std::uint8_t kLimitUsedUp = 0x10;
 // Of a 14-bit IC's configuration word: 0 means dual mode.
 inline constexpr std::uint16_t kNotDualBit = 0x1000;
 inline constexpr std::uint8_t kProductionMass = 16;

@@ -43,11 +43,11 @@ void SetWriterMode(std::uint8_t mode) { WriteByte(OP_SET_MODE, mode); }
 void StartTask(std::uint8_t task) { WriteByte(OP_START_TASK, task); }
 void SendControl(std::uint8_t control) { WriteByte(OP_CONTROL, control); }
 
-void SelectArea(std::uint8_t selector) {
+OpenArea::OpenArea(std::uint8_t selector) {
   WriteCommand(OP_SELECT_AREA, std::array<std::uint8_t, 2>{selector, area::kOpen});
 }
 
-void CloseArea() { WriteCommand(OP_SELECT_AREA, std::array<std::uint8_t, 2>{area::kNone, area::kClose}); }
+OpenArea::~OpenArea() { WriteCommand(OP_SELECT_AREA, std::array<std::uint8_t, 2>{area::kNone, area::kClose}); }
 
 void SetAddressZero() { SetAddress(0); }
 
@@ -66,9 +66,10 @@ std::uint8_t PeekByte(std::uint16_t address) {
 void ReadInfoBlock(std::span<std::uint8_t, kInfoBlockSize> target) {
   StopFrameProgress();
   SetWriterMode(mode::kArea);
-  SelectArea(area::kOption);
-  ReadCommand(OP_READ_AREA, target);
-  CloseArea();
+  {
+    const OpenArea open(area::kOption);
+    ReadCommand(OP_READ_AREA, target);
+  }
   SetWriterMode(mode::kIdle);
 }
 

@@ -47,6 +47,7 @@ inline constexpr std::uint16_t kFirmwareCode = 0xFA90;  // high byte first
 inline constexpr std::uint16_t kFirmwareVersion = 0xFA92;
 inline constexpr std::uint16_t kFirmwareLevel = 0xFA94;  // high byte first
 }  // namespace address
+inline constexpr std::size_t kFirmwareImageSize = 0x10800;  // bytes from address 0 on
 
 // A command with data over the active transport.
 void WriteCommand(Opcode opcode, std::span<const std::uint8_t> data);
@@ -75,8 +76,14 @@ class TransferProgress {
 void SetWriterMode(std::uint8_t mode);
 void StartTask(std::uint8_t task);
 void SendControl(std::uint8_t control);
-void SelectArea(std::uint8_t selector);  // with the action kOpen
-void CloseArea();
+// An area of the writer, open while it lives.
+class OpenArea {
+ public:
+  explicit OpenArea(std::uint8_t selector);
+  ~OpenArea();
+  OpenArea(const OpenArea&) = delete;
+  OpenArea& operator=(const OpenArea&) = delete;
+};
 void SetAddressZero();  // two bytes on the frame link, four with velmarapi
 std::uint8_t PeekByte(std::uint16_t address);
 // Reports nothing: a failed read leaves the target as it was.

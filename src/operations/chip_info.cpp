@@ -35,8 +35,8 @@ std::uint8_t* ChipInfo() { return &TheAppState().writer.WriterInfoBlock[Field::C
 std::uint8_t NibbleOf(FieldPlace field) { return FieldByte(TheAppState().writer.WriterInfoBlock, field) & kLowNibble; }
 
 // Chips with one configuration byte have no checksum and no ID.
-bool HasChecksumAndId() { return NibbleOf(Field::LengthUnit) != 0; }
-bool IsSupported() { return NibbleOf(Field::ConfigKind) == 0; }
+bool HasChecksumAndId() { return NibbleOf(Field::LengthUnit) != kCountsBytesOfOne; }
+bool IsSupported() { return NibbleOf(Field::ConfigKind) == kTellsChipInfo; }
 
 std::string LineOf(Line line, const std::string& value) { return kCaptions[line] + value; }
 std::string LineOf(Line line, unsigned value) { return LineOf(line, Printf("%x", value)); }

@@ -4,6 +4,7 @@
 #include <cstdint>
 #include <vector>
 
+#include "catalogue/chip_catalogue.h"
 #include "intake/package_files.h"
 #include "link/writer_commands.h"
 #include "operations/compare_target.h"
@@ -23,8 +24,6 @@ namespace pyxis {
 namespace {
 
 constexpr char kResultFormat[] = "Compare Result : %s";
-constexpr std::uint8_t kCountsWords = 1;  // low nibble of LengthUnit
-constexpr std::uint8_t kOrderOfData = 2;  // low nibble of ReadBackOrder: words stand as in the program file
 
 // No job is longer than 65,535 words, so that what lies behind them never counts.
 constexpr std::size_t kMostBytes = kTransferBufferSize;
@@ -63,12 +62,11 @@ bool DataAreaEquals(const std::vector<std::uint8_t>& expected) {
   if (comparison)
     for (std::size_t at = 0; at < comparison->length; ++at)
       received[comparison->WriterAt(at)] = static_cast<std::uint8_t>(~expected[at]);
-  SelectArea(area::kData);
   {
+    const OpenArea open(area::kData);
     const TransferProgress progress;
     ReadCommand(OP_READ_AREA, std::span(received).first(expected.size()));
   }
-  CloseArea();
   SetWriterMode(mode::kIdle);
   if (!comparison) return false;
   for (std::size_t at = 0; at < comparison->length; ++at)
@@ -142,7 +140,7 @@ Outcome CDownloadInfoDlg::OnCompareFile() {
   lines[2] = Printf(kResultFormat, "");
   Enable(false);
   const std::string chip = ChipNameOf(TheAppState().writer.WriterInfoBlock);
-  const CompareKind& kind = CompareKindOf(chip);
+  const CompareKind& kind = IcOrUnknown(chip).comparison;
   const auto chosen = TheMachine().op->ChooseFile({FileKind::Comparison, kind.filter});
   Outcome outcome = Cancelled(Reason::NoFile);
   if (chosen) {

@@ -2,7 +2,6 @@
 
 #include <algorithm>
 
-#include "catalogue/chip_catalogue.h"
 #include "intake/converters/image.h"
 #include "intake/file_readers.h"
 #include "platform/files.h"
@@ -28,8 +27,6 @@ Outcome CutTarget(const CompareKind& kind, const std::string& chosen, const std:
 }
 
 }  // namespace
-
-const CompareKind& CompareKindOf(std::string_view chip) { return IcOrUnknown(chip).comparison; }
 
 std::string CompareTargetPath(const CompareKind& kind, const std::string& chosen) {
   const std::string target = chosen.substr(0, chosen.rfind('.')) + ".bin";

@@ -9,9 +9,6 @@
 
 namespace pyxis {
 
-// A name that no IC has stands for Intel HEX.
-const CompareKind& CompareKindOf(std::string_view chip);
-
 // The path of the target: `chosen` up to its last point, ".bin"; of one that Load File has left, with the name in lower
 // case.
 std::string CompareTargetPath(const CompareKind& kind, const std::string& chosen);

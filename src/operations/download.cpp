@@ -38,6 +38,28 @@ std::vector<std::uint8_t> DiffersFrom(std::span<const std::uint8_t> sent, std::s
   return bytes;
 }
 
+namespace {
+
+// An empty file still sends its block of length 0, which needs a buffer to point to.
+void SendToArea(std::span<const std::uint8_t> bytes) {
+  static const std::uint8_t nothing = 0;
+  const TransferProgress progress;
+  WriteCommand(OP_WRITE_AREA, bytes.empty() ? std::span(&nothing, 0) : bytes);
+}
+
+std::vector<std::uint8_t> ReadFromArea(std::span<const std::uint8_t> sent, std::size_t length) {
+  // One spare byte: a transfer of nothing needs a buffer to point to.
+  std::vector<std::uint8_t> received = DiffersFrom(sent, length + 1);
+  {
+    const TransferProgress progress;
+    ReadCommand(OP_READ_AREA, std::span(received).first(length));
+  }
+  received.pop_back();
+  return received;
+}
+
+}  // namespace
+
 Outcome DownloadPackageFile(const std::string& path, std::uint8_t areaSelector) {
   StopFrameProgress();
   SetWriterMode(mode::kArea);
@@ -48,25 +70,13 @@ Outcome DownloadPackageFile(const std::string& path, std::uint8_t areaSelector) 
   }
   std::vector<std::uint8_t> sent;
   if (!ReadStream(file.get(), sent) || sent.size() > kTransferBufferSize) return Failed(Reason::NotReadable);
-  SelectArea(areaSelector);
-  // An empty file still sends its block of length 0, which needs a buffer to point to.
-  static const std::uint8_t nothing = 0;
-  const std::span<const std::uint8_t> out = sent.empty() ? std::span(&nothing, 0) : std::span(sent);
+  std::vector<std::uint8_t> received;
   {
-    const TransferProgress progress;
-    WriteCommand(OP_WRITE_AREA, out);
+    const OpenArea open(areaSelector);
+    SendToArea(sent);
+    received = ReadFromArea(sent, static_cast<std::size_t>(std::max(FileLength(file.get()), 0L)));
   }
-
-  const auto length = static_cast<std::size_t>(std::max(FileLength(file.get()), 0L));
-  // One spare byte: a transfer of nothing needs a buffer to point to.
-  std::vector<std::uint8_t> received = DiffersFrom(sent, length + 1);
-  const std::span<std::uint8_t> in = std::span(received).first(length);
-  {
-    const TransferProgress progress;
-    ReadCommand(OP_READ_AREA, in);
-  }
-  CloseArea();
-  return ReadStream(file.get(), sent) && std::ranges::equal(sent, in) ? kGood : Failed(Reason::Different);
+  return ReadStream(file.get(), sent) && sent == received ? kGood : Failed(Reason::Different);
 }
 
 void OpenPackageLoad() {

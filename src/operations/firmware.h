@@ -1,15 +1,12 @@
 // The writer's firmware image: load with read-back, selection for an IC, and the update command.
 #pragma once
 
-#include <cstddef>
 #include <cstdint>
 #include <string>
 
 #include "shell/ground/outcome.h"
 
 namespace pyxis {
-
-inline constexpr std::size_t kFirmwareImageSize = 0x10800;
 
 // Good when the read-back equals the image, else FirmwareFailed, which FirmwareLoadFailed keeps. A file that can't be
 // opened or is shorter than an image counts as a failed load, and nothing is sent.

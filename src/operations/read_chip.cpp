@@ -59,10 +59,8 @@ std::vector<std::uint8_t> WordsOf(const std::vector<std::uint8_t>& received, std
 }
 
 void ShowResult(const std::string& path) {
-  AppState& app = TheAppState();
-  app.conversion.LoadedFilePath.clear();
-  ShowFile("");
-  app.conversion.LoadedFilePath = path;
+  BlankLoadedFile();
+  TheAppState().conversion.LoadedFilePath = path;
   ShowFile(path);
 }
 

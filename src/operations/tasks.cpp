@@ -28,13 +28,34 @@ struct Operation {
   const char* failText;
 };
 
-constexpr Operation kAuto{task::kAuto, Progress::Auto, &Selection::AutoTicks, true, false, "Auto OK", "Auto FAIL"};
-constexpr Operation kBlankCheck{task::kBlankCheck, Progress::BlankCheck, &Selection::BlankTicks, false, true,
-                                "BlankCheck OK",   "BlankCheck FAIL"};
-constexpr Operation kProgram{task::kProgram, Progress::Program, &Selection::ProgramTicks, false, false,
-                             "Program OK",   "Program FAIL"};
-constexpr Operation kVerify{task::kVerify, Progress::Verify, &Selection::VerifyTicks, false, false,
-                            "Verify OK",   "Verify FAIL"};
+constexpr Operation kAuto{.task = task::kAuto,
+                          .progress = Progress::Auto,
+                          .divisor = &Selection::AutoTicks,
+                          .refreshesBlock = true,
+                          .asksBeforeErase = false,
+                          .okText = "Auto OK",
+                          .failText = "Auto FAIL"};
+constexpr Operation kBlankCheck{.task = task::kBlankCheck,
+                                .progress = Progress::BlankCheck,
+                                .divisor = &Selection::BlankTicks,
+                                .refreshesBlock = false,
+                                .asksBeforeErase = true,
+                                .okText = "BlankCheck OK",
+                                .failText = "BlankCheck FAIL"};
+constexpr Operation kProgram{.task = task::kProgram,
+                             .progress = Progress::Program,
+                             .divisor = &Selection::ProgramTicks,
+                             .refreshesBlock = false,
+                             .asksBeforeErase = false,
+                             .okText = "Program OK",
+                             .failText = "Program FAIL"};
+constexpr Operation kVerify{.task = task::kVerify,
+                            .progress = Progress::Verify,
+                            .divisor = &Selection::VerifyTicks,
+                            .refreshesBlock = false,
+                            .asksBeforeErase = false,
+                            .okText = "Verify OK",
+                            .failText = "Verify FAIL"};
 
 // The first guard that fails.
 Outcome Guard(const Operation& operation) {
@@ -44,7 +65,8 @@ Outcome Guard(const Operation& operation) {
   if (ChipNameOf(block) != app.selection.SelectedChip) return Refused(Reason::OtherChip);
   if (FieldByte(block, Field::SerialHead) == kSerialNeedsReload) return Refused(Reason::NeedsReload);
   if (FieldWord(block, Field::ImageChecksum) == 0) return Refused(Reason::NothingLoaded);
-  if (operation.refreshesBlock && FieldByte(block, Field::WriterStatus) >> 4 == 1) return Refused(Reason::LimitReached);
+  if (operation.refreshesBlock && (FieldByte(block, Field::WriterStatus) & kStatusBits) == kLimitUsedUp)
+    return Refused(Reason::LimitReached);
   return kGood;
 }
 

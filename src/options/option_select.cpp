@@ -15,11 +15,8 @@ constexpr std::uint32_t kUnprotectBit = 1;
 constexpr std::uint32_t kFastModeBit = 2;
 constexpr std::uint32_t kClock32kDisableBit = 4;
 
-constexpr int kFirstButton = 0;
-constexpr int kNoButton = -1;
-
 std::uint32_t BitIfFirst(const COptionSelectDlg& dialog, COptionSelectDlg::Pair pair, std::uint32_t bit) {
-  return dialog.choice[pair] == kFirstButton ? bit : 0;
+  return dialog.choice[pair] == COptionSelectDlg::kFirstButton ? bit : 0;
 }
 
 void TakeChoices(const COptionSelectDlg& dialog, OptionChoice effect) {
@@ -60,7 +57,8 @@ void ChooseOptions(const ChipEntry& row) {
   const Ic& ic = *row.ic;
   const bool full = ic.protection.panel == PanelKind::Full;
   COptionSelectDlg dialog;
-  if (!full) dialog.choice[COptionSelectDlg::Mode] = dialog.choice[COptionSelectDlg::Clock] = kNoButton;
+  if (!full)
+    dialog.choice[COptionSelectDlg::Mode] = dialog.choice[COptionSelectDlg::Clock] = COptionSelectDlg::kNoButton;
   dialog.OnInitDialog();
   if (TheMachine().op->RunDialog(dialog) == DialogEnd::Ok) TakeChoices(dialog, ic.options);
   ShowOnPanel(ic.protection.panel, dialog.flag[COptionSelectDlg::Protection], dialog.flag[COptionSelectDlg::Mode],

@@ -62,13 +62,13 @@ Outcome OnSetProtect() {
   const ChipEntry& row = Row(app.selection.SeriesIndex, app.selection.TypeIndex);
   if (!JobIsTheRows(row)) return RefuseOtherChip();
   COptionSelectDlg dialog;
-  dialog.choice[COptionSelectDlg::Mode] = dialog.choice[COptionSelectDlg::Clock] = -1;
+  dialog.choice[COptionSelectDlg::Mode] = dialog.choice[COptionSelectDlg::Clock] = COptionSelectDlg::kNoButton;
   dialog.OnInitDialog();
   if (TheMachine().op->RunDialog(dialog) != DialogEnd::Ok) return Cancelled();
   if (!JobIsTheRows(row)) return RefuseOtherChip();  // another writer has come under the dialog
   ResetFusePanel();
   const Protection& protection = row.ic->protection;
-  ChangeBit(protection, dialog.choice[COptionSelectDlg::Protection] == 1);
+  ChangeBit(protection, dialog.choice[COptionSelectDlg::Protection] == COptionSelectDlg::kSecondButton);
   if (protection.panel != PanelKind::None) ShowFuses(protection);
   return SendOptionArea();
 }

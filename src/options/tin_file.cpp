@@ -12,6 +12,7 @@
 #include "options/smart_option.h"
 #include "platform/diagnostics.h"
 #include "platform/files.h"
+#include "platform/hex_digits.h"
 #include "platform/text.h"
 #include "shell/ground/messages.h"
 
@@ -128,7 +129,7 @@ std::string_view NextToken(std::string_view& text) {
 
 // Hexadecimal digits up to the first other character; no digit gives 0, a number that is too large the largest.
 std::uint32_t HexNumber(std::string_view token) {
-  if (EqualsNoCase(token.substr(0, 2), "0x")) token.remove_prefix(2);
+  token = WithoutHexPrefix(token);
   std::uint32_t value = 0;
   const auto result = std::from_chars(token.data(), token.data() + token.size(), value, 16);
   return result.ec == std::errc::result_out_of_range ? std::numeric_limits<std::uint32_t>::max() : value;

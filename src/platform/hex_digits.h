@@ -22,6 +22,14 @@ inline constexpr auto kHexDigitValues = [] {
 // Value of a digit, or -1.
 constexpr int HexDigitValue(char c) { return kHexDigitValues[static_cast<unsigned char>(c)]; }
 
+// Whether the text begins with "0x", and the text without it.
+constexpr bool HasHexPrefix(std::string_view text) {
+  return text.size() >= 2 && text[0] == '0' && (text[1] == 'x' || text[1] == 'X');
+}
+constexpr std::string_view WithoutHexPrefix(std::string_view text) {
+  return HasHexPrefix(text) ? text.substr(2) : text;
+}
+
 // How many digits the text begins with.
 constexpr std::size_t CountHexDigits(std::string_view text) {
   std::size_t count = 0;

@@ -81,8 +81,17 @@ NoLanguage noLanguage;
 NoUpdate noUpdate;
 
 Machine Nothing() {
-  return {&noOperator, &noClock,    &noView,   &noUsb, &noPipes, &noVendor,
-          &noProfile,  &noLanguage, &noUpdate, stdout, stdout};
+  return {.op = &noOperator,
+          .clock = &noClock,
+          .view = &noView,
+          .usb = &noUsb,
+          .pipes = &noPipes,
+          .vendor = &noVendor,
+          .profile = &noProfile,
+          .language = &noLanguage,
+          .update = &noUpdate,
+          .diagnostics = stdout,
+          .trace = stdout};
 }
 
 Machine theMachine = Nothing();

@@ -42,4 +42,10 @@ bool EqualsNoCase(std::string_view a, std::string_view b) {
   return std::equal(a.begin(), a.end(), b.begin(), b.end(), [](char x, char y) { return Lower(x) == Lower(y); });
 }
 
+std::string WithoutMnemonic(std::string_view caption) {
+  std::string text(caption);
+  std::erase(text, '&');
+  return text;
+}
+
 }  // namespace pyxis

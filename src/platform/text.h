@@ -12,5 +12,7 @@ namespace pyxis {
 std::string ToLower(std::string_view text);
 std::string ToUpper(std::string_view text);
 bool EqualsNoCase(std::string_view a, std::string_view b);
+// A caption without the "&" in front of the letter that the keyboard reaches it by.
+std::string WithoutMnemonic(std::string_view caption);
 
 }  // namespace pyxis

@@ -64,11 +64,11 @@ Resumption Unresumable(std::string error) { return {.start = "", .amount = "", .
 LineSeries MakeLineSeries(const std::string& length, const std::string& address, const std::string& start,
                           const std::string& amount, const std::string& direction) {
   BigNumber first, count;
-  first.TakeHex(WithoutPrefix(start));
-  count.TakeHex(WithoutPrefix(amount));
-  const unsigned bytes = ParseHexDigits(WithoutPrefix(length));
-  return {bytes, ParseHexDigits(WithoutPrefix(address)), Padded(first.Hex(), std::min(bytes, kMostBytes)), count.Hex(),
-          direction};
+  first.TakeHex(WithoutHexPrefix(start));
+  count.TakeHex(WithoutHexPrefix(amount));
+  const unsigned bytes = ParseHexDigits(WithoutHexPrefix(length));
+  return {bytes, ParseHexDigits(WithoutHexPrefix(address)), Padded(first.Hex(), std::min(bytes, kMostBytes)),
+          count.Hex(), direction};
 }
 
 Resumption ResumeSeries(std::span<const RecordedSerial> record, const LineSeries& series, const std::string& ic,

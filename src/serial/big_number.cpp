@@ -10,8 +10,4 @@ std::string BigNumber::Hex() const {
   return ToUpper(buffer);
 }
 
-std::string WithoutPrefix(const std::string& text) {
-  return text.size() >= 2 && text[0] == '0' && (text[1] == 'x' || text[1] == 'X') ? text.substr(2) : text;
-}
-
 }  // namespace pyxis

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <string>
+#include <string_view>
 
 #include "platform/big_digit.h"
 
@@ -14,7 +15,7 @@ class BigNumber {
   BigNumber(const BigNumber&) = delete;
   BigNumber& operator=(const BigNumber&) = delete;
 
-  void TakeHex(const std::string& text) { bdConvFromHex(number_, text.c_str()); }
+  void TakeHex(std::string_view text) { bdConvFromHex(number_, std::string(text).c_str()); }
   std::string Hex() const;  // upper case, without leading zeros
   void SetZero() { bdSetZero(number_); }
   void SetSum(const BigNumber& a, const BigNumber& b) { bdAdd(number_, a.number_, b.number_); }
@@ -28,8 +29,5 @@ class BigNumber {
  private:
   BD number_;
 };
-
-// Without a leading "0x", which the number fields let in.
-std::string WithoutPrefix(const std::string& text);
 
 }  // namespace pyxis

@@ -13,7 +13,7 @@ SnRecord& TheSnRecord() { return theSnRecord; }
 void ResetSnRecord() { theSnRecord = SnRecord{}; }
 
 std::string HexPadded(const std::string& text) {
-  if (theSnRecord.SnLength > 16) return text;
+  if (theSnRecord.SnLength > kSerialBytes) return text;
   const std::size_t width = std::size_t{2} * theSnRecord.SnLength;
   return std::string(width - std::min(width, text.size()), '0') + text;
 }

@@ -23,7 +23,7 @@ namespace pyxis {
 
 namespace {
 
-constexpr std::size_t kLongestChipText = 10;
+constexpr std::size_t kLongestChipText = Field::ChipNameField.width;
 
 std::unique_ptr<CSnProgramDlg> snProgressDlg;
 

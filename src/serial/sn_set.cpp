@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 
+#include "catalogue/chip_catalogue.h"
 #include "intake/package_files.h"
 #include "link/writer_commands.h"
 #include "operations/download.h"
@@ -14,7 +15,6 @@
 #include "platform/operator.h"
 #include "platform/text.h"
 #include "serial/big_number.h"
-#include "serial/sn_limits.h"
 #include "serial/sn_record.h"
 #include "shell/ground/app_state.h"
 #include "shell/ground/messages.h"
@@ -27,16 +27,17 @@ constexpr std::uint32_t kSettleMs = 1500;
 constexpr std::size_t kSerialFileSize = 256;
 constexpr std::uint8_t kFixedLength = 4;
 
-bool LengthIsGood() { return TheSnRecord().SnLength >= 1 && TheSnRecord().SnLength <= 16; }
+bool LengthIsGood() { return TheSnRecord().SnLength >= 1 && TheSnRecord().SnLength <= kSerialBytes; }
 
 void Refuse(const std::string& text) { TheMachine().op->Tell(text, kMessageCaption, MessageIcon::Warning); }
 
-// Digits at the right end of a field of 32, two to a byte; digits beyond the field are the high ones, and are left out.
+// Digits at the right end of a field, two to a byte; digits beyond the field are the high ones, and are left out.
 // Conversion ends at the first character that is no digit.
-std::array<std::uint8_t, 16> ToBytes(const std::string& text) {
+std::array<std::uint8_t, kSerialBytes> ToBytes(const std::string& text) {
   std::string field = text.substr(0, CountHexDigits(text));
-  field = field.size() > 32 ? field.substr(field.size() - 32) : std::string(32 - field.size(), '0') + field;
-  std::array<std::uint8_t, 16> bytes;
+  constexpr std::size_t width = 2 * kSerialBytes;
+  field = field.size() > width ? field.substr(field.size() - width) : std::string(width - field.size(), '0') + field;
+  std::array<std::uint8_t, kSerialBytes> bytes;
   for (std::size_t i = 0; i < bytes.size(); ++i)
     bytes[i] = static_cast<std::uint8_t>(ParseHexDigits(std::string_view(field).substr(2 * i, 2)));
   return bytes;
@@ -59,7 +60,7 @@ void CSnSetDlg::OnInitDialog() {
 bool CSnSetDlg::OnLengthChange(const std::string& text) {
   SnRecord& record = TheSnRecord();
   lengthText = text;
-  record.SnLength = static_cast<std::uint8_t>(ParseHexDigits(WithoutPrefix(text)));
+  record.SnLength = static_cast<std::uint8_t>(ParseHexDigits(WithoutHexPrefix(text)));
   if (!LengthIsGood()) {
     Refuse("'Input Serial Number Length Error");
     return false;
@@ -71,24 +72,24 @@ bool CSnSetDlg::OnLengthChange(const std::string& text) {
 
 void CSnSetDlg::OnAddressChange(const std::string& text) {
   addressText = text;
-  TheSnRecord().SnStartAddress = ParseHexDigits(WithoutPrefix(text));
+  TheSnRecord().SnStartAddress = ParseHexDigits(WithoutHexPrefix(text));
 }
 
 bool CSnSetDlg::OnStartChange(const std::string& text) {
   SnRecord& record = TheSnRecord();
-  if (WithoutPrefix(text).size() > std::size_t{2} * record.SnLength) {
+  if (WithoutHexPrefix(text).size() > std::size_t{2} * record.SnLength) {
     startText = record.SnStartText;
     Changed();
     return false;
   }
   startText = text;
-  record.SnStartText = WithoutPrefix(text);
+  record.SnStartText = WithoutHexPrefix(text);
   return true;
 }
 
 void CSnSetDlg::OnAmountChange(const std::string& text) {
   amountText = text;
-  TheSnRecord().SnAmountText = WithoutPrefix(text);
+  TheSnRecord().SnAmountText = WithoutHexPrefix(text);
 }
 
 void CSnSetDlg::OnDirection(int button) {
@@ -110,7 +111,7 @@ Outcome CSnSetDlg::OnLoad() {
 
 Outcome CSnSetDlg::CheckPlace() {
   const SnRecord& record = TheSnRecord();
-  const SerialPlace& place = SerialPlaceOf(TheAppState().selection.SelectedChip);
+  const SerialPlace& place = IcOrUnknown(TheAppState().selection.SelectedChip).serial;
   if (place.fixedAddress != kAnyAddress) {
     // These two are told and pass all the same.
     const bool otherLength = record.SnLength != kFixedLength, otherStart = record.SnStartAddress != place.fixedAddress;
@@ -127,10 +128,10 @@ Outcome CSnSetDlg::LoadSnSetup() {
   SnRecord& record = TheSnRecord();
   const Outcome place = CheckPlace();
   if (!place.Good()) return place;
-  record.SnStartText = WithoutPrefix(startText);
+  record.SnStartText = WithoutHexPrefix(startText);
   BigNumber start, amount, sum;
   start.TakeHex(record.SnStartText);
-  amount.TakeHex(WithoutPrefix(amountText));
+  amount.TakeHex(WithoutHexPrefix(amountText));
   sum.SetSum(start, amount);
   record.SnEndText = sum.Hex();
   record.SnAmountText = amount.Hex();
@@ -146,7 +147,7 @@ Outcome CSnSetDlg::LoadSnSetup() {
     Refuse("End Serial Number > SN Length");
     return Refused(Reason::OutOfRange);
   }
-  record.SnStartAddress = ParseHexDigits(WithoutPrefix(addressText));
+  record.SnStartAddress = ParseHexDigits(WithoutHexPrefix(addressText));
   record.SnEndAddress = record.SnStartAddress + record.SnLength - 1;
   const Written result = WriteSerialFile();
   if (result == Written::Broken) {
@@ -168,10 +169,10 @@ CSnSetDlg::Written CSnSetDlg::WriteSerialFile() const {
   file->resize(kSerialFileSize, 0xFF);
   std::uint8_t* bytes = file->data();
   bytes[Field::SerialHead.offset] = static_cast<std::uint8_t>(
-      (record.SnDirection & 0x0F) | (snFromIcSelection_ ? kSerialBySelection : kSerialByMenu));
+      (record.SnDirection & kLowNibble) | (snFromIcSelection_ ? kSerialBySelection : kSerialByMenu));
   bytes[kSerialLengthOffset] = record.SnLength;
   StoreBe16(bytes + kSerialStartOffset, record.SnStartAddress);
-  const bool words = SerialPlaceOf(app.selection.SelectedChip).endMarkCounts == SnUnit::Words;
+  const bool words = IcOrUnknown(app.selection.SelectedChip).serial.endMarkCounts == SnUnit::Words;
   StoreBe16(bytes + kSerialEndMarkOffset, record.SnStartAddress + (words ? record.SnLength / 2U : record.SnLength));
   bytes[Field::IspFlags.offset] = exhvIsp_ || isp_ ? kExhvIspBit : 0;
   const auto block = file->begin() + static_cast<std::ptrdiff_t>(Field::SerialBlock.offset);

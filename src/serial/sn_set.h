@@ -5,6 +5,7 @@
 #include <functional>
 #include <string>
 
+#include "intake/package_files.h"
 #include "shell/ground/outcome.h"
 #include "shell/ground/selection_guard.h"
 
@@ -15,7 +16,7 @@ class CSnSetDlg {
   // What the fields let in, in characters.
   static constexpr std::size_t kLengthLimit = 2;
   static constexpr std::size_t kAddressLimit = 4;
-  static constexpr std::size_t kNumberLimit = 32;  // of the start serial and the amount
+  static constexpr std::size_t kNumberLimit = 2 * kSerialBytes;  // of the start serial and the amount
 
   CSnSetDlg(bool snFromIcSelection, bool exhvIsp, bool isp);
   void OnInitDialog();  // fields from SnRecord

@@ -42,4 +42,32 @@ bool MenuEnabled(MenuEntry entry) {
   return true;
 }
 
+const char* CaptionOf(MenuEntry entry) {
+  switch (entry) {
+    case MenuEntry::LoadFile:
+      return "&Load File";
+    case MenuEntry::SaveAs:
+      return "&Save As...";
+    case MenuEntry::Exit:
+      return "&Exit";
+    case MenuEntry::Device:
+      return "&Device";
+    case MenuEntry::UpdateFirmware:
+      return "&Update F/W";
+    case MenuEntry::SerialNumberProgram:
+      return "Serial Number Program";
+    case MenuEntry::CheckNewVersion:
+      return "Check new version";
+    case MenuEntry::CompareFile:
+      return "Compare File";
+    case MenuEntry::SetProtect:
+      return "Set Protect";
+    case MenuEntry::ReadChipInfo:
+      return "Read Chip Info";
+    case MenuEntry::About:
+      break;
+  }
+  return "&About";
+}
+
 }  // namespace pyxis

@@ -18,5 +18,7 @@ enum class MenuEntry {
 };
 
 bool MenuEnabled(MenuEntry entry);
+// What stands in the menu.
+const char* CaptionOf(MenuEntry entry);
 
 }  // namespace pyxis

@@ -35,14 +35,20 @@ const char UpdateRequest[] =
 
 namespace {
 
+// While it lives, the main window takes no input.
+class MainWindowOff {
+ public:
+  MainWindowOff() { TheMachine().view->EnableMainWindow(false); }
+  ~MainWindowOff() { TheMachine().view->EnableMainWindow(true); }
+  MainWindowOff(const MainWindowOff&) = delete;
+  MainWindowOff& operator=(const MainWindowOff&) = delete;
+};
+
 std::int32_t AskUpdateClient() {
-  MainView& view = *TheMachine().view;
   const BusyCursor busy(kLoadCursor, CurrentDirectory() + kPathSeparator);
-  view.EnableMainWindow(false);
+  const MainWindowOff off;
   PumpPaint();  // the menu that it was chosen from is gone, and nothing paints while the client works
-  const std::int32_t result = TheMachine().update->CallUpdateAgent(UpdateRequest);
-  view.EnableMainWindow(true);
-  return result;
+  return TheMachine().update->CallUpdateAgent(UpdateRequest);
 }
 
 }  // namespace

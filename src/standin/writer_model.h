@@ -10,7 +10,6 @@
 #include <string>
 #include <vector>
 
-#include "operations/firmware.h"
 #include "shell/ground/app_state.h"
 #include "standin/chip.h"
 #include "standin/faults.h"
@@ -20,8 +19,6 @@
 namespace pyxis::standin {
 
 enum class Door { Frames, Vendor };
-
-inline constexpr std::uint8_t kLimitUsedUp = 0x10;  // in WriterStatus
 
 // How the writer takes the next transfer.
 enum class Line { Answers, Silent, Gone };

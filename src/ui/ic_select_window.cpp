@@ -110,16 +110,19 @@ QLayout* IcSelectWindow::MakeChosen() {
 }
 
 QLayout* IcSelectWindow::MakeChoices() {
-  const auto check = [this](const char* caption, auto changed) {
-    auto* box = new QCheckBox(QString::fromLatin1(caption), this);
+  const auto check = [this](const std::string& caption, auto changed) {
+    auto* box = new QCheckBox(FromText(caption), this);
     connect(box, &QCheckBox::clicked, this, changed);
     return box;
   };
-  displaySerial_ = check("&Display Serial Number", [this](bool checked) { dialog_.OnDisplaySerial(checked); });
-  exhvIsp_ = check("&EXHV ISP program", [this](bool checked) { dialog_.OnExhvIsp(checked); });
-  isp_ = check("&ISP program", [this](bool checked) { dialog_.OnIsp(checked); });
-  massProduction_ = check("&Mass Production Mode", [this](bool checked) { dialog_.OnMassProduction(checked); });
-  productionLimit_ = check("Production &Limit :", [this](bool checked) { dialog_.OnProductionLimit(checked); });
+  displaySerial_ =
+      check(CIcSelectDlg::kDisplaySerialCaption, [this](bool checked) { dialog_.OnDisplaySerial(checked); });
+  exhvIsp_ = check(CIcSelectDlg::kExhvIspCaption, [this](bool checked) { dialog_.OnExhvIsp(checked); });
+  isp_ = check(CIcSelectDlg::kIspCaption, [this](bool checked) { dialog_.OnIsp(checked); });
+  massProduction_ =
+      check(CIcSelectDlg::kMassProductionCaption, [this](bool checked) { dialog_.OnMassProduction(checked); });
+  productionLimit_ = check(CIcSelectDlg::kProductionLimitCaption + std::string(" :"),
+                           [this](bool checked) { dialog_.OnProductionLimit(checked); });
   limit_ = new QLineEdit(this);
   limit_->setAccessibleName(QStringLiteral("Production Limit"));
   limit_->setFixedWidth(kLimitWidth * limit_->fontMetrics().horizontalAdvance(QLatin1Char('0')));

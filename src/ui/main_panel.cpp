@@ -9,8 +9,11 @@
 #include <QPushButton>
 #include <QStackedWidget>
 
+#include "options/option_select.h"
+#include "platform/text.h"
 #include "ui/figure_view.h"
 #include "ui/hex_view_widget.h"
+#include "ui/qt_text.h"
 #include "ui/readable_style.h"
 #include "ui/verdict_label.h"
 
@@ -113,22 +116,19 @@ QWidget* MainPanel::MakeBuffer() {
 }
 
 QWidget* MainPanel::MakeFuseGroup() {
-  struct Box {
-    ControlId id;
-    const char* text;
-    int row, column;
-  };
+  // A row a pair of buttons of Option Select 1, the first button on the left.
+  constexpr ControlId kBoxes[3][2] = {{ControlId::Unprotect, ControlId::Protect},
+                                      {ControlId::FastMode, ControlId::DualMode},
+                                      {ControlId::Clock32kDisable, ControlId::Clock32kEnable}};
   auto* group = new QGroupBox(QStringLiteral("Fuse"), this);
   auto* grid = new QGridLayout(group);
-  for (const Box& box :
-       {Box{ControlId::Unprotect, "Unprotect", 0, 0}, Box{ControlId::Protect, "Protect", 0, 1},
-        Box{ControlId::FastMode, "Fast mode", 1, 0}, Box{ControlId::DualMode, "Dual mode", 1, 1},
-        Box{ControlId::Clock32kDisable, "32KHz disable", 2, 0}, Box{ControlId::Clock32kEnable, "32KHz enable", 2, 1}}) {
-    auto* check = new ShownBox(QString::fromLatin1(box.text), group);
-    KeepPlace(*check);
-    grid->addWidget(check, box.row, box.column);
-    controls_.Bind(box.id, check);
-  }
+  for (int row = 0; row < 3; ++row)
+    for (int column = 0; column < 2; ++column) {
+      auto* check = new ShownBox(FromText(WithoutMnemonic(COptionSelectDlg::kCaptions[row][column])), group);
+      KeepPlace(*check);
+      grid->addWidget(check, row, column);
+      controls_.Bind(kBoxes[row][column], check);
+    }
   return group;
 }
 

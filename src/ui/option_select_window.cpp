@@ -10,13 +10,6 @@
 
 namespace pyxis::ui {
 
-namespace {
-
-constexpr const char* kCaptions[3][2] = {
-    {"&Unprotect", "&Protect"}, {"&Fast mode", "&Dual mode"}, {"&32KHz disable", "32KHz &enable"}};
-
-}  // namespace
-
 OptionSelectWindow::OptionSelectWindow(COptionSelectDlg& dialog, QWidget* parent) : QDialog(parent), dialog_(dialog) {
   setWindowTitle(QStringLiteral("Option Select 1"));
   auto* all = new QVBoxLayout(this);
@@ -24,7 +17,7 @@ OptionSelectWindow::OptionSelectWindow(COptionSelectDlg& dialog, QWidget* parent
     auto* group = new QGroupBox(this);
     auto* row = new QHBoxLayout(group);
     for (std::size_t i = 0; i < 2; ++i) {
-      auto* button = new QRadioButton(QString::fromLatin1(kCaptions[pair][i]), group);
+      auto* button = new QRadioButton(QString::fromLatin1(COptionSelectDlg::kCaptions[pair][i]), group);
       buttons_[pair][i] = button;
       row->addWidget(button);
       connect(button, &QRadioButton::clicked, this,

@@ -7,6 +7,7 @@
 #include <QLineEdit>
 #include <QPushButton>
 
+#include "intake/package_files.h"
 #include "serial/sn_run.h"
 #include "ui/numeric_edit_field.h"
 #include "ui/qt_text.h"
@@ -16,7 +17,7 @@ namespace pyxis::ui {
 
 namespace {
 
-constexpr std::size_t kDigits = 33;  // one past the last serial of 16 bytes
+constexpr std::size_t kDigits = 2 * kSerialBytes + 1;  // one past the last serial of the longest series
 
 void AddRow(QGridLayout& grid, int row, const char* caption, QLineEdit* field) {
   field->setEnabled(false);

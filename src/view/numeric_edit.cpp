@@ -4,6 +4,7 @@
 #include <charconv>
 #include <string_view>
 
+#include "platform/hex_digits.h"
 #include "platform/text.h"
 
 namespace pyxis {
@@ -12,19 +13,12 @@ namespace {
 
 constexpr std::size_t kPrefixLength = 2;
 
-bool IsX(char32_t c) { return c == U'x' || c == U'X'; }
-bool IsDigit(char32_t c) { return c >= U'0' && c <= U'9'; }
-bool IsLetter(char32_t c) { return (c >= U'A' && c <= U'F') || (c >= U'a' && c <= U'f'); }
-bool IsHexDigit(char c) { return IsDigit(static_cast<unsigned char>(c)) || IsLetter(static_cast<unsigned char>(c)); }
-bool AllDigits(std::string_view text) { return std::all_of(text.begin(), text.end(), IsHexDigit); }
-bool BeginsWithX(std::string_view text) { return !text.empty() && IsX(static_cast<unsigned char>(text[0])); }
-
-bool BeginsWithPrefix(std::string_view text) { return text.starts_with('0') && BeginsWithX(text.substr(1)); }
-
-std::string_view Digits(std::string_view text) { return BeginsWithPrefix(text) ? text.substr(kPrefixLength) : text; }
+bool IsX(char c) { return c == 'x' || c == 'X'; }
+bool AllDigits(std::string_view text) { return CountHexDigits(text) == text.size(); }
+bool BeginsWithX(std::string_view text) { return !text.empty() && IsX(text[0]); }
 
 std::optional<std::uint32_t> ValueOf(std::string_view text, bool hex) {
-  const std::string_view digits = hex ? Digits(text) : text;
+  const std::string_view digits = hex ? WithoutHexPrefix(text) : text;
   std::uint32_t value = 0;
   const auto [end, error] = std::from_chars(digits.data(), digits.data() + digits.size(), value, hex ? 16 : 10);
   if (error != std::errc{} || end != digits.data() + digits.size()) return std::nullopt;
@@ -44,7 +38,7 @@ const std::array<CNumericEdit::MenuRow, 7> CNumericEdit::kMenu{{
 }};
 
 bool CNumericEdit::HexMode() const {
-  return BeginsWithPrefix(text) || std::any_of(text.begin(), text.end(), [](unsigned char c) { return IsLetter(c); });
+  return HasHexPrefix(text) || std::any_of(text.begin(), text.end(), [](char c) { return HexDigitValue(c) > 9; });
 }
 
 std::uint32_t CNumericEdit::GetValue() const { return ValueOf(text, HexMode()).value_or(0); }
@@ -53,7 +47,7 @@ std::string CNumericEdit::Format(std::uint32_t value, bool hex) { return Printf(
 
 std::string CNumericEdit::ConvertRadix() const {
   const auto value = ValueOf(text, HexMode());
-  const std::string_view digits = Digits(text);
+  const std::string_view digits = WithoutHexPrefix(text);
   if (!value && !digits.empty() && AllDigits(digits)) return text;  // beyond 32 bits: better left as it is than lost
   return Printf(HexMode() ? "%u" : "0x%X", value.value_or(0));
 }
@@ -64,9 +58,11 @@ bool CNumericEdit::FirstOfPrefixSelected() const { return HasPrefix() && start =
 
 std::optional<char> CNumericEdit::Typed(char32_t character) const {
   if (readOnly || LengthWith(1) > maxLength || (HasPrefix() && end < kPrefixLength)) return std::nullopt;
-  if (IsX(character) && start == 1 && text[0] == '0') return 'x';
-  if (!IsDigit(character) && !IsLetter(character)) return std::nullopt;
-  return static_cast<char>(character >= U'a' ? character - U'a' + U'A' : character);
+  if (character > 0x7F) return std::nullopt;
+  const char typed = static_cast<char>(character);
+  if (IsX(typed) && start == 1 && text[0] == '0') return 'x';
+  if (HexDigitValue(typed) < 0) return std::nullopt;
+  return ToUpper({&typed, 1})[0];
 }
 
 bool CNumericEdit::BackspacePasses() const { return !readOnly && !(HasPrefix() && text[0] == '0' && end == 1); }
@@ -81,7 +77,7 @@ bool CNumericEdit::PastePasses(const std::string& pasted) const {
   if (LengthWith(pasted.size()) > maxLength) return false;
   const bool coversPrefix = start == 0 && end >= kPrefixLength;
   std::string_view rest = pasted;
-  if (BeginsWithPrefix(rest)) {
+  if (HasHexPrefix(rest)) {
     if (start != 0 || (HasPrefix() && !coversPrefix)) return false;
     rest.remove_prefix(kPrefixLength);
   } else if (BeginsWithX(rest)) {
@@ -90,7 +86,7 @@ bool CNumericEdit::PastePasses(const std::string& pasted) const {
   }
   if (!AllDigits(rest)) return false;
   // Whatever the selection spans, the field stays a number.
-  return AllDigits(Digits(text.substr(0, start) + pasted + text.substr(end)));
+  return AllDigits(WithoutHexPrefix(text.substr(0, start) + pasted + text.substr(end)));
 }
 
 bool CNumericEdit::CommandEnabled(Command command, const std::optional<std::string>& clipboard) const {
@@ -110,7 +106,7 @@ bool CNumericEdit::CommandEnabled(Command command, const std::optional<std::stri
     case Command::Convert:
       break;
   }
-  return !text.empty() && !(BeginsWithPrefix(text) && text.size() == kPrefixLength);
+  return !text.empty() && !(HasHexPrefix(text) && text.size() == kPrefixLength);
 }
 
 }  // namespace pyxis

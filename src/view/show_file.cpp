@@ -23,10 +23,14 @@ void ShowFile(const std::string& path) {
   TheMachine().view->HexViewChanged();
 }
 
-void ForgetLoadedFile() {
+void BlankLoadedFile() {
   TheAppState().conversion.LoadedFilePath.clear();
-  SetControlText(ControlId::FileField, "");
   ShowFile("");
+}
+
+void ForgetLoadedFile() {
+  SetControlText(ControlId::FileField, "");
+  BlankLoadedFile();
 }
 
 }  // namespace pyxis

@@ -43,7 +43,7 @@ void PatchExtraWords(const Epm4Row& row, ConversionFrame& frame) {
   if (row.extra == ExtraPatch::ClearFirst) frame.option.PutAt(first, 0);
   if (row.extra != ExtraPatch::FromTemplate) return;
   const Image from(frame.templateBytes);
-  frame.option.PutAt(first, from.Byte(Field::ConfigWord.offset) & 0x0F);
+  frame.option.PutAt(first, from.Byte(Field::ConfigWord.offset) & kLowNibble);
   frame.option.PutAt(first + 1, from.Byte(Field::ConfigWord.offset + 1));
   frame.option.PutAt(first + 2, 0);
 }

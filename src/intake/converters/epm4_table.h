@@ -12,14 +12,14 @@ struct Epm4Options {
   std::size_t offset;
   std::size_t notSummed, summed;
 };
-constexpr Epm4Options OptionsAt(std::size_t offset) { return {offset, 2, 13}; }
-inline constexpr Epm4Options kNoOptions{0, 0, 0};
+constexpr Epm4Options OptionsAt(std::size_t offset) { return {.offset = offset, .notSummed = 2, .summed = 13}; }
+inline constexpr Epm4Options kNoOptions{.offset = 0, .notSummed = 0, .summed = 0};
 
 // Bytes behind the image that belong to the data: first some that aren't summed, then some that are.
 struct Epm4Tail {
   std::size_t notSummed, summed;
 };
-inline constexpr Epm4Tail kNoTail{0, 0};
+inline constexpr Epm4Tail kNoTail{.notSummed = 0, .summed = 0};
 
 // What becomes of the first bytes of ExtraWords.
 enum class ExtraPatch { None, ClearFirst, FromTemplate };
@@ -71,14 +71,14 @@ inline constexpr auto kEpm4Table = std::to_array<Epm4Row>({
     {.ChipName = "QV4201", .imageBytes = 16384, .protectOffset = 16386, .options = OptionsAt(16384),
      .serial = true, .tail = kNoTail, .protect = ProtectByte::BitSet, .extra = ExtraPatch::FromTemplate,
      .packageLength = 256, .key = kNoKey, .twin = nullptr},
-    {.ChipName = "QV4107", .imageBytes = 8192, .protectOffset = 8192, .options = {8192, 1, 13},
+    {.ChipName = "QV4107", .imageBytes = 8192, .protectOffset = 8192, .options = {.offset = 8192, .notSummed = 1, .summed = 13},
      .serial = true, .tail = kNoTail, .protect = ProtectByte::BitSet, .extra = ExtraPatch::ClearFirst,
      .packageLength = 256, .key = kNoKey, .twin = nullptr},
-    {.ChipName = "QV4104", .imageBytes = 8192, .protectOffset = 8194, .options = {8192, 16, 0},
+    {.ChipName = "QV4104", .imageBytes = 8192, .protectOffset = 8194, .options = {.offset = 8192, .notSummed = 16, .summed = 0},
      .serial = true, .tail = kNoTail, .protect = ProtectByte::Plain, .extra = ExtraPatch::ClearFirst,
      .packageLength = 256, .key = kNoKey, .twin = nullptr},
     {.ChipName = "QV4101", .imageBytes = 32768, .protectOffset = 32770, .options = kNoOptions,
-     .serial = false, .tail = {4, 2044}, .protect = ProtectByte::BitSet, .extra = ExtraPatch::None,
+     .serial = false, .tail = {.notSummed = 4, .summed = 2044}, .protect = ProtectByte::BitSet, .extra = ExtraPatch::None,
      .packageLength = 256, .key = kNoKey, .twin = nullptr},
 });
 // clang-format on

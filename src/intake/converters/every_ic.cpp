@@ -51,11 +51,8 @@ constexpr std::uint32_t kFlashTail = 18;
 constexpr bool Agree(const Ic& ic, const VelmarFlashRow& row) {
   return SerialsEndAt(ic.serial, row.imageBytes) && IsRead(ic, row.imageBytes + kFlashTail);
 }
-// QV8336 takes serials in the lower half alone.
 constexpr bool Agree(const Ic& ic, const Hex14OtpRow& row) {
-  const std::uint32_t words = row.memory.length + std::uint32_t{row.memory.copied};
-  return (SerialsEndAt(ic.serial, words) || SerialsEndAt(ic.serial, words / 2 - 2)) &&
-         IsRead(ic, 2 * (row.memory.config + std::size_t{4}));
+  return SerialsEndAt(ic.serial, row.memory.serialEnd) && IsRead(ic, 2 * (row.memory.config + std::size_t{4}));
 }
 // How much of the ID is read differs.
 constexpr bool Agree(const Ic& ic, const Hex14MtpRow& row) {

@@ -15,11 +15,11 @@ struct SerialMove {
   const char* message;  // when it isn't
 };
 
-inline constexpr SerialMove kTo3fb{2, 1020, "S/N End Address > 0x3fb"};
-inline constexpr SerialMove kTo3fc{2, 1020, "S/N End Address > 0x3fc"};
-inline constexpr SerialMove kTo7fc{2, 2044, "S/N End Address > 0x7fc"};
-inline constexpr SerialMove kToFfc{2, 4092, "S/N End Address > 0xffc"};
-inline constexpr SerialMove kFarToFfc{8, 4092, "S/N End Address > 0xffc"};
+inline constexpr SerialMove kTo3fb{.shift = 2, .limit = 1020, .message = "S/N End Address > 0x3fb"};
+inline constexpr SerialMove kTo3fc{.shift = 2, .limit = 1020, .message = "S/N End Address > 0x3fc"};
+inline constexpr SerialMove kTo7fc{.shift = 2, .limit = 2044, .message = "S/N End Address > 0x7fc"};
+inline constexpr SerialMove kToFfc{.shift = 2, .limit = 4092, .message = "S/N End Address > 0xffc"};
+inline constexpr SerialMove kFarToFfc{.shift = 8, .limit = 4092, .message = "S/N End Address > 0xffc"};
 
 struct DualMode {
   std::uint16_t skip;   // words left out of the checksum; 0: the IC has no dual mode
@@ -31,41 +31,42 @@ inline constexpr DualMode kNoDualMode{.skip = 0, .byte73 = 0xFF, .sumBits = fals
 
 // How a memory of one size lies in the image and in the package.
 struct Hex14OtpMemory {
-  std::uint16_t length;  // words that are copied and summed
-  std::uint8_t copied;   // words behind them that go to the package, outside the checksum
-  std::uint8_t blanks;   // words behind them that are replaced by blank words
-  std::uint16_t config;  // index of the configuration word
-  std::uint16_t idWord;  // index of the word with the IC's identity
-  std::uint8_t byte72;   // ProgramParameter, high byte
+  std::uint16_t length;     // words that are copied and summed
+  std::uint8_t copied;      // words behind them that go to the package, outside the checksum
+  std::uint8_t blanks;      // words behind them that are replaced by blank words
+  std::uint16_t serialEnd;  // the highest end of a serial number; one memory takes them in its lower half alone
+  std::uint16_t config;     // index of the configuration word
+  std::uint16_t idWord;     // index of the word with the IC's identity
+  std::uint8_t byte72;      // ProgramParameter, high byte
   DualMode dual;
 };
 
 // clang-format off
 inline constexpr Hex14OtpMemory kOtp1019{
-    .length = 1019, .copied = 0, .blanks = 1, .config = 1020, .idWord = 1021, .byte72 = 0x86,
+    .length = 1019, .copied = 0, .blanks = 1, .serialEnd = 1019, .config = 1020, .idWord = 1021, .byte72 = 0x86,
     .dual = {.skip = 0x200, .byte73 = 0xFB, .sumBits = false, .serialMove = kTo3fb}};
 inline constexpr Hex14OtpMemory kOtp1020{
-    .length = 1020, .copied = 0, .blanks = 0, .config = 1020, .idWord = 1022, .byte72 = 0x86,
+    .length = 1020, .copied = 0, .blanks = 0, .serialEnd = 1020, .config = 1020, .idWord = 1022, .byte72 = 0x86,
     .dual = {.skip = 0x200, .byte73 = 0xFD, .sumBits = true, .serialMove = kTo3fc}};
 inline constexpr Hex14OtpMemory kOtp2040{
-    .length = 2040, .copied = 4, .blanks = 0, .config = 2044, .idWord = 2046, .byte72 = 0x8E, .dual = kNoDualMode};
+    .length = 2040, .copied = 4, .blanks = 0, .serialEnd = 2044, .config = 2044, .idWord = 2046, .byte72 = 0x8E, .dual = kNoDualMode};
 inline constexpr Hex14OtpMemory kOtp2042{
-    .length = 2042, .copied = 2, .blanks = 0, .config = 2044, .idWord = 2046, .byte72 = 0x8E, .dual = kNoDualMode};
+    .length = 2042, .copied = 2, .blanks = 0, .serialEnd = 2044, .config = 2044, .idWord = 2046, .byte72 = 0x8E, .dual = kNoDualMode};
 inline constexpr Hex14OtpMemory kOtp2044{
-    .length = 2044, .copied = 0, .blanks = 0, .config = 2044, .idWord = 2046, .byte72 = 0x8E, .dual = kNoDualMode};
+    .length = 2044, .copied = 0, .blanks = 0, .serialEnd = 2044, .config = 2044, .idWord = 2046, .byte72 = 0x8E, .dual = kNoDualMode};
 inline constexpr Hex14OtpMemory kOtp2044Dual{
-    .length = 2044, .copied = 0, .blanks = 0, .config = 2044, .idWord = 2046, .byte72 = 0x8E,
+    .length = 2044, .copied = 0, .blanks = 0, .serialEnd = 2044, .config = 2044, .idWord = 2046, .byte72 = 0x8E,
     .dual = {.skip = 0x400, .byte73 = 0xFD, .sumBits = true, .serialMove = kTo7fc}};
 inline constexpr Hex14OtpMemory kOtp4091{
-    .length = 4091, .copied = 0, .blanks = 1, .config = 4092, .idWord = 4093, .byte72 = 0x9E,
+    .length = 4091, .copied = 0, .blanks = 1, .serialEnd = 4091, .config = 4092, .idWord = 4093, .byte72 = 0x9E,
     .dual = {.skip = 0x800, .byte73 = 0xFB, .sumBits = false, .serialMove = kTo3fb}};
 inline constexpr Hex14OtpMemory kOtp4092{
-    .length = 4092, .copied = 0, .blanks = 0, .config = 4092, .idWord = 4094, .byte72 = 0x9E, .dual = kNoDualMode};
+    .length = 4092, .copied = 0, .blanks = 0, .serialEnd = 2044, .config = 4092, .idWord = 4094, .byte72 = 0x9E, .dual = kNoDualMode};
 inline constexpr Hex14OtpMemory kOtp4092Dual{
-    .length = 4092, .copied = 0, .blanks = 0, .config = 4092, .idWord = 4094, .byte72 = 0x9E,
+    .length = 4092, .copied = 0, .blanks = 0, .serialEnd = 4092, .config = 4092, .idWord = 4094, .byte72 = 0x9E,
     .dual = {.skip = 0x800, .byte73 = 0xFD, .sumBits = true, .serialMove = kToFfc}};
 inline constexpr Hex14OtpMemory kOtp4092DualFar{
-    .length = 4092, .copied = 0, .blanks = 0, .config = 4092, .idWord = 4094, .byte72 = 0x9E,
+    .length = 4092, .copied = 0, .blanks = 0, .serialEnd = 4092, .config = 4092, .idWord = 4094, .byte72 = 0x9E,
     .dual = {.skip = 0x800, .byte73 = 0xFD, .sumBits = true, .serialMove = kFarToFfc}};
 // clang-format on
 

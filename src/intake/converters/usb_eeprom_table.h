@@ -14,7 +14,7 @@ struct UsbEepromId {
   std::uint32_t offset;  // bytes; 0: the image isn't tested
   std::uint8_t low, high;
 };
-inline constexpr UsbEepromId kNoId{0, 0, 0};
+inline constexpr UsbEepromId kNoId{.offset = 0, .low = 0, .high = 0};
 
 struct UsbEepromRow {
   const char* ChipName;
@@ -31,16 +31,16 @@ struct UsbEepromRow {
 
 // clang-format off
 inline constexpr auto kUsbEepromTable = std::to_array<UsbEepromRow>({
-    {.ChipName = "QVL09", .id = {16404, 0x45, 3}, .words = 8192, .argumentClass = ArgumentClass::C,
+    {.ChipName = "QVL09", .id = {.offset = 16404, .low = 0x45, .high = 3}, .words = 8192, .argumentClass = ArgumentClass::C,
      .eepromName = "QVL09EEPROM", .eepromStart = 0x17, .loadsImage = false, .mode = kReadBlankWords,
      .forcedLength = 0, .plainBytes = false},
-    {.ChipName = "QVL12", .id = {16404, 0x55, 2}, .words = 8192, .argumentClass = ArgumentClass::C,
+    {.ChipName = "QVL12", .id = {.offset = 16404, .low = 0x55, .high = 2}, .words = 8192, .argumentClass = ArgumentClass::C,
      .eepromName = "QVL12EEPROM", .eepromStart = 0x17, .loadsImage = false, .mode = kReadBlankWords,
      .forcedLength = 0, .plainBytes = false},
-    {.ChipName = "QVL10", .id = {12308, 0x46, 3}, .words = 6144, .argumentClass = ArgumentClass::B,
+    {.ChipName = "QVL10", .id = {.offset = 12308, .low = 0x46, .high = 3}, .words = 6144, .argumentClass = ArgumentClass::B,
      .eepromName = "QVL10EEPROM", .eepromStart = 0x17, .loadsImage = true, .mode = kReadBlankWords, .forcedLength = 0,
      .plainBytes = false},
-    {.ChipName = "QVL11", .id = {8212, 0x50, 3}, .words = 4096, .argumentClass = ArgumentClass::B,
+    {.ChipName = "QVL11", .id = {.offset = 8212, .low = 0x50, .high = 3}, .words = 4096, .argumentClass = ArgumentClass::B,
      .eepromName = kMadeEepromName, .eepromStart = 0x0F, .loadsImage = true, .mode = kReadBlankWords, .forcedLength = 0,
      .plainBytes = false},
     {.ChipName = "QVL07", .id = kNoId, .words = 12288, .argumentClass = ArgumentClass::B,

@@ -8,7 +8,7 @@ constexpr std::uint8_t kIdFirst = 7;
 }  // namespace
 
 bool VelmarIdMatches(const Image& image, std::size_t offset, std::uint8_t second, std::uint8_t thirdHigh) {
-  return (image.Byte(offset) & 0x0F) == kIdFirst && image.Byte(offset + 1) == second &&
+  return (image.Byte(offset) & kLowNibble) == kIdFirst && image.Byte(offset + 1) == second &&
          image.Byte(offset + 2) >> 4 == thirdHigh;
 }
 

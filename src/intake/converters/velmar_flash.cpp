@@ -16,7 +16,7 @@ ConversionResults Convert(const VelmarFlashRow& row, const ConvertRequest& reque
   if (!VelmarIdMatches(frame.image, id, row.idSecond, row.idThirdHigh)) return {frame.TellIdError()};
 
   // Negative when the tail is larger than the image: then no word is summed.
-  const std::int32_t sumLength = row.imageBytes - kProtectedTail[frame.image.Byte(id + kSizeByte) & 0x0F];
+  const std::int32_t sumLength = row.imageBytes - kProtectedTail[frame.image.Byte(id + kSizeByte) & kLowNibble];
   CopyVelmarImage(frame, row.imageBytes, sumLength);
   const std::uint16_t unused = row.wholeConfig ? 0 : kUnusedConfigBits;
   const std::uint16_t config = CopyVelmarConfig(frame, row.imageBytes, unused);
