@@ -23,6 +23,7 @@
 #include "shell/ground/messages.h"
 #include "shell/ground/selection_guard.h"
 #include "shell/ground/verdict_line.h"
+#include "shell/loaded_file.h"
 #include "view/buffer_area.h"
 #include "view/show_file.h"
 

@@ -14,6 +14,7 @@
 #include "platform/operator.h"
 #include "shell/ground/app_state.h"
 #include "shell/ground/main_controls.h"
+#include "shell/loaded_file.h"
 #include "view/show_file.h"
 
 namespace pyxis {

@@ -12,9 +12,9 @@
 #include "shell/ground/main_controls.h"
 #include "shell/ground/messages.h"
 #include "shell/ground/verdict_line.h"
+#include "shell/loaded_file.h"
 #include "shell/mode_labels.h"
 #include "shell/start_up.h"
-#include "view/show_file.h"
 
 namespace pyxis {
 

@@ -11,8 +11,8 @@
 #include "shell/ground/app_state.h"
 #include "shell/ground/main_controls.h"
 #include "shell/ground/verdict_line.h"
+#include "shell/loaded_file.h"
 #include "shell/mode_labels.h"
-#include "view/show_file.h"
 
 namespace pyxis {
 

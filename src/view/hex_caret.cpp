@@ -40,10 +40,10 @@ void HexCaret::Move(int dx, int dy, const HexGeometry& geometry, std::int32_t da
   if (CurrentArea == kAsciiArea) {
     CurrentOffset += dx + dy * geometry.LineBytes();
   } else {
-    if (dx != 0) Nibble += dx > 0 ? -1 : 1;
+    Nibble -= dx;
     CurrentOffset += dy * geometry.LineBytes();
-    if (dx != 0 && Nibble > geometry.DigitsPerByte) --CurrentOffset;
-    if (dx != 0 && Nibble < 1) ++CurrentOffset;
+    if (Nibble > geometry.DigitsPerByte) --CurrentOffset;
+    if (Nibble < 1) ++CurrentOffset;
   }
   if (CurrentOffset < 0) {
     CurrentOffset = 0;

@@ -5,9 +5,8 @@
 namespace pyxis {
 
 HexScrollBar HexGeometry::ScrollBar(std::int32_t dataLength) const {
-  HexScrollBar bar{dataLength / LineBytes(), VisibleLines(), TopOffset / LineBytes(), false};
-  bar.enabled = bar.range > bar.page;
-  return bar;
+  const int range = dataLength / LineBytes(), page = VisibleLines();
+  return {.range = range, .page = page, .position = TopOffset / LineBytes(), .enabled = range > page};
 }
 
 void HexGeometry::FitLine() {
@@ -21,14 +20,7 @@ bool HexGeometry::Prepare(std::int32_t dataLength) {
   if (!Recalc) return false;
   HexColumnX = ShowAddress ? AddressCells() * CharWidth : 0;
   AsciiColumnX = HexColumnX + (ShowHex ? LineBytes() * HexStep() : 0);
-  LastLinePartial = false;
-  if (LinesPerPage * LineBytes() > dataLength) {
-    LinesPerPage = (dataLength + LineBytes() / 2) / LineBytes();
-    if (dataLength % LineBytes() != 0) {
-      LastLinePartial = true;
-      ++LinesPerPage;
-    }
-  }
+  LastLinePartial = LinesPerPage * LineBytes() > dataLength && dataLength % LineBytes() != 0;
   Recalc = false;
   return true;
 }

@@ -10,8 +10,7 @@ constexpr char kDigits[] = "0123456789ABCDEF";
 
 // Upper case, with leading zeros.
 void AppendHex(std::string& text, std::uint32_t value, int digits) {
-  for (int shift = 4 * (digits - 1); shift >= 0; shift -= 4)
-    text.push_back(shift < 32 ? kDigits[value >> shift & 0xF] : '0');
+  while (--digits >= 0) text.push_back(kDigits[value >> 4 * digits & 0xF]);
 }
 
 char Shown(std::uint8_t byte) { return byte >= 0x20 && byte < 0x7F ? static_cast<char>(byte) : '.'; }
@@ -19,7 +18,6 @@ char Shown(std::uint8_t byte) { return byte >= 0x20 && byte < 0x7F ? static_cast
 }  // namespace
 
 int HexLineCount(const CMiniHexEditView& view) {
-  if (!view.Live()) return 0;
   const auto lineBytes = static_cast<std::int32_t>(view.geometry.m_lpr);
   const std::int32_t left = std::max(view.DataLength() - view.geometry.TopOffset, 0);
   return std::min(view.geometry.VisibleLines(), left / lineBytes + (left % lineBytes != 0 ? 1 : 0));
@@ -45,9 +43,8 @@ void FormatHexLine(const CMiniHexEditView& view, int line, HexLine& out) {
   out.selectedFrom = out.selectedTo = 0;
   if (!view.selection.Exists() || view.caret.CurrentArea == kAddressArea) return;
   const auto [from, to] = view.selection.Range();
-  if (to <= first || from >= end) return;
-  out.selectedFrom = std::max(from, first) - first;
-  out.selectedTo = std::min(to, end) - first;
+  out.selectedFrom = std::clamp(from, first, end) - first;
+  out.selectedTo = std::clamp(to, first, end) - first;
 }
 
 }  // namespace pyxis

@@ -31,6 +31,7 @@ class CMiniHexEditView {
   HexSelection selection;
   std::function<void()> Changed = [] {};  // something that shows has changed
 
+  // At most 8 digits a byte.
   void SetOptions(bool showAddress, bool showHex, bool showAscii, bool wideAddress, int digitsPerByte);
   // A new buffer of zero bytes for the caller to fill; takes the line length from the profile. Offsets that lie behind
   // its end go back to 0.

@@ -15,11 +15,10 @@ constexpr std::size_t kPrefixLength = 2;
 
 bool IsX(char c) { return c == 'x' || c == 'X'; }
 bool AllDigits(std::string_view text) { return CountHexDigits(text) == text.size(); }
-bool BeginsWithX(std::string_view text) { return !text.empty() && IsX(text[0]); }
 
 std::optional<std::uint32_t> ValueOf(std::string_view text, bool hex) {
   const std::string_view digits = hex ? WithoutHexPrefix(text) : text;
-  std::uint32_t value = 0;
+  std::uint32_t value{};
   const auto [end, error] = std::from_chars(digits.data(), digits.data() + digits.size(), value, hex ? 16 : 10);
   if (error != std::errc{} || end != digits.data() + digits.size()) return std::nullopt;
   return value;
@@ -52,7 +51,7 @@ std::string CNumericEdit::ConvertRadix() const {
   return Printf(HexMode() ? "%u" : "0x%X", value.value_or(0));
 }
 
-bool CNumericEdit::HasPrefix() const { return text.size() > 1 && BeginsWithX(text.substr(1)); }
+bool CNumericEdit::HasPrefix() const { return text.find_first_of("xX") == 1; }
 
 bool CNumericEdit::FirstOfPrefixSelected() const { return HasPrefix() && start == 0 && end == 1; }
 
@@ -65,28 +64,17 @@ std::optional<char> CNumericEdit::Typed(char32_t character) const {
   return ToUpper({&typed, 1})[0];
 }
 
-bool CNumericEdit::BackspacePasses() const { return !readOnly && !(HasPrefix() && text[0] == '0' && end == 1); }
+bool CNumericEdit::BackspacePasses() const { return !readOnly && !(HasPrefix() && end == 1); }
 
 bool CNumericEdit::DeletePasses() const { return !readOnly && !(HasPrefix() && start == 0 && end < kPrefixLength); }
 
 bool CNumericEdit::CutPasses() const { return !readOnly && !FirstOfPrefixSelected(); }
 
+// Cut off, it would be another number; and the field stays one, wherever a pasted prefix or x comes to stand and
+// whatever the selection spans.
 bool CNumericEdit::PastePasses(const std::string& pasted) const {
-  if (readOnly || (HasPrefix() && end < kPrefixLength)) return false;
-  // Cut off, it would be another number.
-  if (LengthWith(pasted.size()) > maxLength) return false;
-  const bool coversPrefix = start == 0 && end >= kPrefixLength;
-  std::string_view rest = pasted;
-  if (HasHexPrefix(rest)) {
-    if (start != 0 || (HasPrefix() && !coversPrefix)) return false;
-    rest.remove_prefix(kPrefixLength);
-  } else if (BeginsWithX(rest)) {
-    if (start != 1 || text[0] != '0') return false;
-    rest.remove_prefix(1);
-  }
-  if (!AllDigits(rest)) return false;
-  // Whatever the selection spans, the field stays a number.
-  return AllDigits(WithoutHexPrefix(text.substr(0, start) + pasted + text.substr(end)));
+  return !readOnly && !(HasPrefix() && end < kPrefixLength) && LengthWith(pasted.size()) <= maxLength &&
+         AllDigits(WithoutHexPrefix(text.substr(0, start) + pasted + text.substr(end)));
 }
 
 bool CNumericEdit::CommandEnabled(Command command, const std::optional<std::string>& clipboard) const {

@@ -5,8 +5,6 @@
 #include "platform/files.h"
 #include "platform/machine.h"
 #include "platform/main_view.h"
-#include "shell/ground/app_state.h"
-#include "shell/ground/main_controls.h"
 #include "view/hex_view.h"
 
 namespace pyxis {
@@ -21,16 +19,6 @@ void ShowFile(const std::string& path) {
     std::copy(bytes->begin(), bytes->end(), view.SetSize(bytes->size()).begin());
   }
   TheMachine().view->HexViewChanged();
-}
-
-void BlankLoadedFile() {
-  TheAppState().conversion.LoadedFilePath.clear();
-  ShowFile("");
-}
-
-void ForgetLoadedFile() {
-  SetControlText(ControlId::FileField, "");
-  BlankLoadedFile();
 }
 
 }  // namespace pyxis

@@ -9,9 +9,4 @@ namespace pyxis {
 // can't be opened changes nothing.
 void ShowFile(const std::string& path);
 
-// No file is shown, and none is the loaded one; the main window's field goes on naming it.
-void BlankLoadedFile();
-// No file is loaded any more: neither shown nor named.
-void ForgetLoadedFile();
-
 }  // namespace pyxis

@@ -26,6 +26,7 @@ class HexView : public Bench, public ::testing::WithParamInterface<std::string> 
     for (std::size_t i = 0; i < bytes.size(); ++i) bytes[i] = static_cast<std::uint8_t>(i * 7);
     Write("bytes", bytes);
     widget.resize(80 * cell + 40, kLines * line + line / 2);
+    port->installEventFilter(&paints);
     DefineActions();
     DefineStates();
   }
@@ -84,7 +85,7 @@ class HexView : public Bench, public ::testing::WithParamInterface<std::string> 
     };
   }
   void OnMouse(const char* name, const std::function<void(QPoint, const Case&)>& act) {
-    On(name, [=, this](const Case& c, const Numbers& n) { act({n(1) * cell + 1, n(2) * line + 1}, c); });
+    On(name, [=, this](const Case& c, const Numbers& n) { act({n(1) * cell, n(2) * line}, c); });
   }
   void DefineActions() {
     const auto mouse = [this](auto act, Qt::MouseButton button) {
@@ -99,14 +100,16 @@ class HexView : public Bench, public ::testing::WithParamInterface<std::string> 
     OnMouse("release", mouse([](auto... a) { QTest::mouseRelease(a...); }, Qt::LeftButton));
     OnMouse("move", [this](QPoint at, const Case&) { QTest::mouseMove(port, at); });
     On("show", [this](auto&, auto&) { Show(), ShowFile(Path("bytes")), widget.setFocus(), Shown(), pictures = true; });
+    On("paint", [this](auto&, auto&) { view.PreparePaint(); });
     On("lose focus", [this](auto&, auto&) { widget.clearFocus(); });
     On("open", [this](auto&, auto& n) { Open(static_cast<std::size_t>(n(1))); });
     On("file", [this](auto& c, auto&) {
       if (!c[2].empty()) WriteText(c[1], c[2]);
       ShowFile(c[1].empty() ? "" : Path(c[1]));
     });
-    On("columns",
-       [this](auto& c, auto&) { view.SetOptions(c[1] != "ascii", c[1] != "ascii", c[1] != "hex", false, 2); });
+    On("columns", [this](auto& c, auto&) {
+      view.SetOptions(c[1] != "ascii", c[1] != "ascii", c[1] != "hex", false, c[1] == "digits" ? 3 : 2);
+    });
     On("size", [this](auto& c, auto& n) { view.OnSize(n(1) * cell + n(2), kLines * line, c[3] == "seen"); });
     On("bytes", [this](auto&, auto& n) { view.SetSize(static_cast<std::size_t>(n(1))); });
     On("profile", [this](auto&, auto& n) { profile.values[setting] = n(1); });
@@ -165,7 +168,11 @@ class HexView : public Bench, public ::testing::WithParamInterface<std::string> 
       };
     script.after = [this] {
       if (!pictures) return;
-      EXPECT_EQ(Shown(), Expected());
+      QCoreApplication::processEvents();
+      const QImage before = std::exchange(picture, Shown());
+      EXPECT_EQ(picture, Expected());
+      EXPECT_TRUE(picture == before || paints.count > 0) << "the window isn't told to paint";
+      paints.count = 0;
       const QScrollBar& bar = *widget.verticalScrollBar();
       EXPECT_EQ(All(bar.isEnabled(), bar.minimum(), bar.maximum(), bar.pageStep(), bar.value()),
                 All(true, 0, view.DataLength() / 16 - kLines + 1, kLines, view.geometry.TopOffset / 16));
@@ -224,7 +231,16 @@ class HexView : public Bench, public ::testing::WithParamInterface<std::string> 
   const int cell = QFontMetrics(widget.font()).horizontalAdvance(QLatin1Char('0'));
   const int line = QFontMetrics(widget.font()).height();
   const std::string setting = "Application state\\Dockbar\\-SCBar-0/m_lpr";
+  struct Paints : QObject {
+    int count = 0;
+    bool eventFilter(QObject*, QEvent* event) override {
+      count += event->type() == QEvent::Paint ? 1 : 0;
+      return false;
+    }
+  };
+  Paints paints;  // of the window's own
   bool pictures = false;
+  QImage picture;
   int asked = 0;  // for the address to go to
   Script script;
 };

@@ -57,6 +57,16 @@ TEST(AniFile, StepsComeFromRateAndSequence) {
   EXPECT_EQ(Bytes(cursor->frames[1].begin(), cursor->frames[1].end()), (Bytes{2}));
   for (std::size_t length = 0; length < whole.size(); ++length)
     EXPECT_FALSE(ReadAni(std::span(whole).first(length))) << length;
+  // Far more frames and steps than any cursor has.
+  const auto many = [](int count, const char* word) {
+    std::string text;
+    for (int i = 0; i < count; ++i) text += word;
+    return text;
+  };
+  EXPECT_TRUE(ReadAni(Ani("anih 256 256 1,fram" + many(256, " 1"))));
+  EXPECT_FALSE(ReadAni(Ani("anih 257 257 1,fram" + many(257, " 1"))));
+  EXPECT_TRUE(ReadAni(Ani("anih 1 1024 3,fram 1,seq" + many(1024, " 0"))));
+  EXPECT_FALSE(ReadAni(Ani("anih 1 1025 3,fram 1,seq" + many(1025, " 0"))));
   Bytes overlong = Ani("anih 2 2 1,fram 3 1,INAM 1");
   EXPECT_TRUE(ReadAni(overlong));
   overlong[overlong.size() - 8] = 5;  // of 4 bytes
