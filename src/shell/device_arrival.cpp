@@ -16,6 +16,7 @@
 #include "shell/link_status.h"
 #include "shell/mode_labels.h"
 #include "shell/refresh_from_writer.h"
+#include "shell/start_up.h"
 
 namespace pyxis {
 
@@ -54,8 +55,7 @@ void RecoverFirmware() {
 // The register alone decides here.
 void SettleModel() {
   AppState& app = TheAppState();
-  app.writer.ModelRegister = PeekByte(address::kModel);
-  app.writer.WriterInfoBlock[Field::WriterModelByte.offset] = 0;
+  PeekModelRegister();
   app.writer.WriterModel = ModelOf(app.writer.ModelRegister);
 }
 

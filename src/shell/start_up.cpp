@@ -7,11 +7,16 @@
 
 namespace pyxis {
 
+void PeekModelRegister() {
+  WriterState& writer = TheAppState().writer;
+  writer.ModelRegister = PeekByte(address::kModel);
+  writer.WriterInfoBlock[Field::WriterModelByte.offset] = 0;
+}
+
 void IdentifyAtStart() {
   AppState& app = TheAppState();
   ReadWriterIdentity();
-  app.writer.ModelRegister = PeekByte(address::kModel);
-  app.writer.WriterInfoBlock[Field::WriterModelByte.offset] = 0;
+  PeekModelRegister();
   ReadInfoBlock(app.writer.WriterInfoBlock);
   const std::uint8_t blockModel = FieldByte(app.writer.WriterInfoBlock, Field::WriterModelByte);
   app.writer.WriterModel = blockModel == app.writer.ModelRegister ? ModelOf(blockModel) : Model::None;
@@ -20,8 +25,7 @@ void IdentifyAtStart() {
 
 void SettleModelAtSelection() {
   AppState& app = TheAppState();
-  app.writer.ModelRegister = PeekByte(address::kModel);
-  app.writer.WriterInfoBlock[Field::WriterModelByte.offset] = 0;
+  PeekModelRegister();
   ReadInfoBlock(app.writer.WriterInfoBlock);
   const std::uint8_t block = FieldByte(app.writer.WriterInfoBlock, Field::WriterModelByte);
   const auto names = [&](std::uint8_t model) { return block == model || app.writer.ModelRegister == model; };

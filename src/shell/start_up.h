@@ -3,6 +3,9 @@
 
 namespace pyxis {
 
+// The model register, and the byte of the block emptied, so that the next block read tells anew.
+void PeekModelRegister();
+
 // Identity, model and firmware of the attached writer, and its information block. Both witnesses of the model, the
 // register and the block's byte, must agree.
 void IdentifyAtStart();

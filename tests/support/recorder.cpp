@@ -154,7 +154,8 @@ void Recorder::FindControlChanges() {
   const CProgStatusBar &is = now.statusBar, &was = shown_.statusBar;
   if (is.pane0 != was.pane0) Line("status = " + is.pane0);
   if (is.pane1 != was.pane1 || is.connectedIcon != was.connectedIcon)
-    Line(std::string(is.connectedIcon ? "connected" : "not connected") + " = " + is.pane1);
+    Line(std::string(is.connectedIcon ? "connected" : "not connected") + " = " +
+         (is.pane1 == " " ? "a blank" : is.pane1));
   const CProgStatusBar bar = shown_.statusBar;
   shown_ = now;
   shown_.statusBar.position = bar.position;
