@@ -1,3 +1,17 @@
+# docs/architecture.md has a line for each room with the rooms that it needs, and the line is true.
+function(pyxis_check_picture name)
+  set_property(DIRECTORY APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS ${CMAKE_SOURCE_DIR}/docs/architecture.md)
+  set(rooms ${ARGN})
+  list(FILTER rooms INCLUDE REGEX "^pyxis_")
+  if(rooms)
+    list(JOIN rooms ", " needs)
+    file(STRINGS ${CMAKE_SOURCE_DIR}/docs/architecture.md line REGEX "^    ${name} +-> ${needs}( .*)?$")
+    if(NOT line)
+      message(FATAL_ERROR "docs/architecture.md doesn't say: ${name} -> ${needs}")
+    endif()
+  endif()
+endfunction()
+
 # pyxis_room(NAME FILES PATTERN... [EXCLUDE PATTERN...] [DEPENDS TARGET...]): a static library of files of src/, given by
 # patterns relative to src/. Its headers and its units are reached through a folder of links of its own, so a unit can
 # include the headers of its own room and of those that the room depends on, and no other, neither from src/ nor from the
@@ -12,6 +26,7 @@ function(pyxis_room name)
   foreach(pattern IN LISTS room_EXCLUDE)
     list(FILTER files EXCLUDE REGEX "^${pattern}$")
   endforeach()
+  pyxis_check_picture(${name} ${room_DEPENDS})
   set(doors ${CMAKE_BINARY_DIR}/rooms/${name})
   file(REMOVE_RECURSE ${doors})
   set(sources)

@@ -11,24 +11,27 @@ namespace {
 
 using Bytes = std::span<const std::uint8_t>;
 
-constexpr std::size_t kChunkHeader = 8;  // name, length of the data
+constexpr std::size_t kName = 4, kChunkHeader = 8;  // a name, and with it the length of the data
 constexpr std::size_t kAniHeader = 36;
 constexpr std::size_t kFrameCount = 4, kStepCount = 8, kRate = 28, kFlags = 32;
 constexpr std::uint32_t kFramesAreIcons = 1;
 constexpr std::uint32_t kLongestStep = 3600;
-// Far more than any cursor has; a hostile file can't make us hold more.
+// Far more than any cursor has; a hostile file can't make us draw more.
 constexpr std::size_t kMostFrames = 256, kMostSteps = 1024;
 
-bool IsCalled(Bytes at, const char* name) { return at.size() >= 4 && std::memcmp(at.data(), name, 4) == 0; }
+bool IsCalled(Bytes at, const char* name) { return at.size() >= kName && std::memcmp(at.data(), name, kName) == 0; }
 
-// Calls `use` with the name and the data of each chunk until it returns false. False as well when a chunk doesn't fit.
+Bytes From(Bytes bytes, std::size_t at) { return bytes.subspan(std::min(at, bytes.size())); }
+
+// Calls `use` with each chunk, which begins with its name, and with its data until it returns false. False as well when
+// a chunk doesn't fit.
 template <typename Use>
 bool ForEachChunk(Bytes rest, Use use) {
   while (rest.size() >= kChunkHeader) {
-    const std::size_t length = LoadLe32(&rest[4]);
+    const std::size_t length = LoadLe32(&rest[kName]);
     if (length > rest.size() - kChunkHeader) return false;
-    if (!use(rest.first(4), rest.subspan(kChunkHeader, length))) return false;
-    rest = rest.subspan(std::min(rest.size(), kChunkHeader + length + length % 2));
+    if (!use(rest, rest.subspan(kChunkHeader, length))) return false;
+    rest = From(rest, kChunkHeader + length + length % 2);
   }
   return true;
 }
@@ -40,9 +43,7 @@ struct Parts {
 
 bool TakeFrames(Bytes list, std::vector<Bytes>& frames) {
   return ForEachChunk(list, [&](Bytes name, Bytes data) {
-    if (!IsCalled(name, "icon")) return true;
-    if (frames.size() == kMostFrames) return false;
-    frames.push_back(data);
+    if (IsCalled(name, "icon")) frames.push_back(data);
     return true;
   });
 }
@@ -51,7 +52,7 @@ bool TakeChunk(Bytes name, Bytes data, Parts& parts) {
   if (IsCalled(name, "anih")) parts.header = data;
   if (IsCalled(name, "rate")) parts.rates = data;
   if (IsCalled(name, "seq ")) parts.sequence = data;
-  if (IsCalled(name, "LIST") && IsCalled(data, "fram")) return TakeFrames(data.subspan(4), parts.frames);
+  if (IsCalled(name, "LIST") && IsCalled(data, "fram")) return TakeFrames(data.subspan(kName), parts.frames);
   return true;
 }
 
@@ -75,16 +76,15 @@ std::vector<AnimatedCursor::Step> StepsOf(const Parts& parts) {
 }  // namespace
 
 std::optional<AnimatedCursor> ReadAni(Bytes file) {
-  if (file.size() < kChunkHeader + 4 || !IsCalled(file, "RIFF") || !IsCalled(file.subspan(kChunkHeader), "ACON"))
-    return std::nullopt;
+  const Bytes form = From(file, kChunkHeader);
+  if (!IsCalled(file, "RIFF") || !IsCalled(form, "ACON")) return std::nullopt;
   // Some writers count the RIFF header in; the chunks' own lengths are what counts.
-  const std::size_t length = std::min<std::size_t>(LoadLe32(&file[4]), file.size() - kChunkHeader);
-  if (length < 4) return std::nullopt;
+  const std::size_t length = std::min<std::size_t>(LoadLe32(&file[kName]), form.size());
   Parts parts;
-  const bool whole = ForEachChunk(file.subspan(kChunkHeader + 4, length - 4),
+  const bool whole = ForEachChunk(From(form.first(length), kName),
                                   [&](Bytes name, Bytes data) { return TakeChunk(name, data, parts); });
   if (!whole || parts.header.size() < kAniHeader || (LoadLe32(&parts.header[kFlags]) & kFramesAreIcons) == 0 ||
-      parts.frames.size() != LoadLe32(&parts.header[kFrameCount]))
+      parts.frames.size() != LoadLe32(&parts.header[kFrameCount]) || parts.frames.size() > kMostFrames)
     return std::nullopt;
   AnimatedCursor cursor{{}, StepsOf(parts)};
   if (cursor.steps.empty()) return std::nullopt;

@@ -19,13 +19,14 @@ Bytes Chunk(const std::string& name, const Bytes& data) {
 }
 
 // A file of chunks: "anih frames steps flags", "rate ticks…", "seq frames…", "fram count…" a list of frames of so many
-// bytes, 0 for a stranger among them, other names with one byte.
+// bytes, 0 for a stranger among them, "list INFO" a list of something else, other names with one byte.
 Bytes Ani(const std::string& chunks, const std::string& form = "ACON") {
   Bytes file(form.begin(), form.end());
   for (const std::string& chunk : Parts(chunks, ',')) {
     const Texts words = Parts(chunk, ' ');
     Bytes data;
     for (std::size_t i = 1; i < words.size(); ++i) {
+      if (words[0] == "list") continue;
       const auto number = static_cast<std::uint32_t>(std::stoul(words[i]));
       if (words[0] == "fram")
         data = data + Chunk(number == 0 ? "JUNK" : "icon", Bytes(number, static_cast<std::uint8_t>(i)));
@@ -34,7 +35,11 @@ Bytes Ani(const std::string& chunks, const std::string& form = "ACON") {
     if (words[0] == "anih" && words.size() == 4)
       data = Le32(36) + Part(data, 0, 8) + Bytes(16) + Le32(7) + Part(data, 8, 4);
     if (words[0] == "fram") data = Bytes{'f', 'r', 'a', 'm'} + data;
-    file = file + Chunk(words[0] == "fram" ? "LIST" : words[0] == "seq" ? "seq " : words[0], data);
+    if (words[0] == "list") data = Bytes{'I', 'N', 'F', 'O'} + Bytes(9, 0xFF);
+    file = file + Chunk(words[0] == "fram" || words[0] == "list" ? "LIST"
+                        : words[0] == "seq"                      ? "seq "
+                                                                 : words[0],
+                        data);
   }
   return Chunk("RIFF", file);
 }
@@ -71,6 +76,9 @@ TEST(AniFile, StepsComeFromRateAndSequence) {
   EXPECT_TRUE(ReadAni(overlong));
   overlong[overlong.size() - 8] = 5;  // of 4 bytes
   EXPECT_FALSE(ReadAni(overlong));
+  Bytes inner = Ani("anih 1 1 1,fram 3 1");
+  inner[inner.size() - 6] = 3;  // of 1 byte and its padding
+  EXPECT_FALSE(ReadAni(inner));
 }
 
 }  // namespace
