@@ -7,6 +7,7 @@
 #include <cstdint>
 
 #include "intake/read_mode.h"
+#include "shell/ground/app_state.h"
 
 namespace pyxis {
 
@@ -53,7 +54,7 @@ struct Ticks {
 };
 
 // Bit fields of the configuration word, one a Smart Option row; 0 ends them.
-using Masks = std::array<std::uint32_t, 9>;
+using Masks = std::array<std::uint32_t, kOptionSlots>;
 
 // A value that the KM49 rows of an IC may have otherwise than its KM48 row.
 template <typename T>

@@ -14,7 +14,8 @@ constexpr std::size_t kNameField = 13;
 
 }  // namespace
 
-int ReadEepromBin(const std::string& sourcePath, const std::string& imagePath, const Report& tell) {
+int ReadEepromBin(const std::string& sourcePath, const std::string& imagePath, std::string_view name,
+                  const Report& tell) {
   const auto source = ReadWholeFile(sourcePath);
   if (!source) {
     tell("Open bin file failed!");
@@ -24,7 +25,7 @@ int ReadEepromBin(const std::string& sourcePath, const std::string& imagePath, c
     tell("bin file Length over 256 Byte");
     return 0;
   }
-  std::vector<std::uint8_t> image(std::begin(kMadeEepromName), std::end(kMadeEepromName));
+  std::vector<std::uint8_t> image(name.begin(), name.end());
   image.resize(kNameField);
   image.insert(image.end(), {0x07, 0x82});
   for (std::size_t i = 0; i < kBytesTaken; ++i) {

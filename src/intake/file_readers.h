@@ -4,6 +4,7 @@
 #include <cstdint>
 #include <functional>
 #include <string>
+#include <string_view>
 
 #include "intake/read_mode.h"
 #include "shell/ground/outcome.h"
@@ -29,9 +30,9 @@ Outcome MakeHexImage(const std::string& sourcePath, const std::string& imagePath
 int ReadIntelHex(const std::string& sourcePath, const std::string& imagePath, int mode,
                  std::uint32_t forcedImageLength = 0);
 
-// The name in the images that ReadEepromBin makes, the same for every IC.
-inline constexpr char kMadeEepromName[] = "QVL11EEPROM";
-// 1 on success, 0 on failure (the other way round from ReadIntelHex). Wraps at most 256 EEPROM bytes into an image.
-int ReadEepromBin(const std::string& sourcePath, const std::string& imagePath, const Report& tell);
+// 1 on success, 0 on failure (the other way round from ReadIntelHex). Wraps at most 256 EEPROM bytes into an image that
+// bears `name`, of at most 12 characters.
+int ReadEepromBin(const std::string& sourcePath, const std::string& imagePath, std::string_view name,
+                  const Report& tell);
 
 }  // namespace pyxis

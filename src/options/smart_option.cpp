@@ -12,7 +12,7 @@ namespace pyxis {
 namespace {
 
 std::unique_ptr<SmartOptionBuffer> theBuffer;
-std::array<std::int32_t, kSmartOptionSlots> theChoices{};
+std::array<std::int32_t, kOptionSlots> theChoices{};
 
 // A mask without bits shifts everything out of a 16-bit word.
 constexpr int kMaxShift = 17;
@@ -25,7 +25,7 @@ void AllocateSmartOptionBuffer() { theBuffer = std::make_unique<SmartOptionBuffe
 
 void FreeSmartOptionBuffer() { theBuffer.reset(); }
 
-std::array<std::int32_t, kSmartOptionSlots>& OptionChoices() { return theChoices; }
+std::array<std::int32_t, kOptionSlots>& OptionChoices() { return theChoices; }
 
 void ResetSmartOption() {
   theBuffer.reset();
@@ -56,7 +56,7 @@ std::vector<std::string> AlternativesOf(const SmartOptionRow& row) {
 int UnpackSystemConfig(std::int32_t word) {
   if (word == kNoSystemConfig) return 0;
   const auto& masks = TheAppState().selection.OptionMasks;
-  for (std::size_t i = 0; i < kSmartOptionSlots; ++i) {
+  for (std::size_t i = 0; i < kOptionSlots; ++i) {
     const std::uint32_t mask = masks[i];
     const int shift = std::min(std::countr_zero(mask), kMaxShift);
     theChoices[i] = static_cast<std::int32_t>(((static_cast<std::uint32_t>(word) & mask) ^ mask) >> shift);

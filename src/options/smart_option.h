@@ -10,10 +10,11 @@
 #include <string_view>
 #include <vector>
 
+#include "shell/ground/app_state.h"
+
 namespace pyxis {
 
-inline constexpr std::size_t kSmartOptionSlots = 9;
-inline constexpr std::size_t kSmartOptionRows = kSmartOptionSlots - 1;  // the last slot is for the end mark
+inline constexpr std::size_t kSmartOptionRows = kOptionSlots - 1;  // the last slot is for the end mark
 inline constexpr std::size_t kSwitchValueCount = 34;
 
 struct SmartOptionRow {
@@ -29,7 +30,7 @@ static_assert(sizeof(SmartOptionRow) == 472);
 
 inline constexpr char kItemSeparator = '\x01';
 
-using SmartOptionBuffer = std::array<SmartOptionRow, kSmartOptionSlots>;
+using SmartOptionBuffer = std::array<SmartOptionRow, kOptionSlots>;
 
 // The one table of rows; null outside the main window's life. It keeps its contents from one file to the next.
 SmartOptionBuffer* TheSmartOptionBuffer();
@@ -37,7 +38,7 @@ void AllocateSmartOptionBuffer();  // zeroed; replaces a table that is there
 void FreeSmartOptionBuffer();
 
 // For each row the index of the alternative that it shows. Never cleared.
-std::array<std::int32_t, kSmartOptionSlots>& OptionChoices();
+std::array<std::int32_t, kOptionSlots>& OptionChoices();
 
 // As before start-up: no table, all choices 0.
 void ResetSmartOption();

@@ -1,8 +1,6 @@
 // The hex view's mouse, keys and editing.
 #include <algorithm>
-#include <optional>
 
-#include "platform/hex_digits.h"
 #include "view/hex_view.h"
 
 namespace pyxis {
@@ -14,12 +12,6 @@ constexpr char32_t kTab = 9;
 constexpr char32_t kControlC = 3;
 constexpr char32_t kControlV = 22;
 constexpr char32_t kControlX = 24;
-constexpr char32_t kLargestByte = 0xFF;
-
-std::optional<unsigned> HexDigitOf(char32_t character) {
-  const int value = character < 0x80 ? HexDigitValue(static_cast<char>(character)) : -1;
-  return value < 0 ? std::nullopt : std::optional(static_cast<unsigned>(value));
-}
 
 }  // namespace
 
@@ -152,27 +144,16 @@ void CMiniHexEditView::OnChar(char32_t character, HexModifiers modifiers) {
     return;
   }
   selection.Clear();
-  if (caret.CurrentArea == kHexArea) {
-    TypeHexDigit(character);
-  } else if (caret.CurrentArea == kAsciiArea && character <= kLargestByte) {
-    Data[static_cast<std::size_t>(caret.CurrentOffset)] = static_cast<std::uint8_t>(character);
-    MoveCaret(1, 0);
-  }
+  const bool typed = caret.CurrentArea == kHexArea     ? editing.TypeDigit(caret.CurrentOffset, caret.Nibble, character)
+                     : caret.CurrentArea == kAsciiArea ? editing.TypeCharacter(caret.CurrentOffset, character)
+                                                       : false;
+  if (typed) MoveCaret(1, 0);
   Changed();
-}
-
-void CMiniHexEditView::TypeHexDigit(char32_t character) {
-  const auto digit = HexDigitOf(character);
-  if (!digit) return;
-  const int shift = 4 * (caret.Nibble - 1);
-  std::uint8_t& byte = Data[static_cast<std::size_t>(caret.CurrentOffset)];
-  byte = static_cast<std::uint8_t>((byte & ~(0xFU << shift)) | *digit << shift);
-  MoveCaret(1, 0);
 }
 
 void CMiniHexEditView::CutSelection() {
   const auto [from, to] = selection.Range();
-  Data.erase(Data.begin() + from, Data.begin() + std::min(to, DataLength()));
+  editing.Cut(from, to);
   selection.Clear();
   geometry.Recalc = true;
   if (caret.CurrentOffset >= DataLength()) caret.CurrentOffset = std::max(DataLength() - 1, 0);

@@ -33,7 +33,7 @@ void FormatHexLine(const CMiniHexEditView& view, int line, HexLine& out) {
   if (view.geometry.ShowAddress)
     AppendHex(out.address, static_cast<std::uint32_t>(first), view.geometry.WideAddress ? 8 : 4);
   for (std::int32_t at = first; at < end; ++at) {
-    const std::uint8_t byte = view.Data[static_cast<std::size_t>(at)];
+    const std::uint8_t byte = view.editing.Data[static_cast<std::size_t>(at)];
     if (view.geometry.ShowHex) {
       AppendHex(out.hex, byte, view.geometry.DigitsPerByte);
       out.hex.push_back(' ');

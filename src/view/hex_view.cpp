@@ -37,16 +37,16 @@ void CMiniHexEditView::SetOptions(bool showAddress, bool showHex, bool showAscii
 }
 
 std::span<std::uint8_t> CMiniHexEditView::SetSize(std::size_t size) {
-  Data.assign(size, 0);
+  editing.Data.assign(size, 0);
   Blanked = false;
   geometry.m_lpr = static_cast<std::uint32_t>(std::clamp(
       TheMachine().profile->GetProfileInt(kProfileSection, kProfileValue, geometry.LineBytes()), 1, kLongestLine));
   geometry.Recalc = true;
   KeepInside();
-  return Data;
+  return editing.Data;
 }
 
-// After Data became shorter.
+// After the data became shorter.
 void CMiniHexEditView::KeepInside() {
   if (caret.CurrentOffset >= DataLength()) {
     caret.CurrentOffset = 0;

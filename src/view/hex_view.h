@@ -6,9 +6,9 @@
 #include <cstdint>
 #include <functional>
 #include <span>
-#include <vector>
 
 #include "view/hex_caret.h"
+#include "view/hex_editing.h"
 #include "view/hex_geometry.h"
 
 namespace pyxis {
@@ -24,11 +24,11 @@ struct HexModifiers {
 
 class CMiniHexEditView {
  public:
-  std::vector<std::uint8_t> Data;
   bool Blanked = false;  // an empty file was shown: the area is white and takes no input, Data stays
   HexGeometry geometry;
   HexCaret caret;
   HexSelection selection;
+  HexEditing editing;
   std::function<void()> Changed = [] {};  // something that shows has changed
 
   // At most 8 digits a byte.
@@ -59,10 +59,10 @@ class CMiniHexEditView {
 
   void ClearSelection();
   // There are bytes, and they show.
-  bool Live() const { return !Data.empty() && !Blanked; }
+  bool Live() const { return !editing.Data.empty() && !Blanked; }
   bool CaretVisible() const { return Live() && caret.InView; }
+  std::int32_t DataLength() const { return editing.DataLength(); }
   HexScrollBar ScrollBar() const { return Live() ? geometry.ScrollBar(DataLength()) : HexScrollBar{}; }
-  std::int32_t DataLength() const { return static_cast<std::int32_t>(Data.size()); }
 
  private:
   std::int32_t LastPage() const { return geometry.LastPage(DataLength()); }
@@ -72,7 +72,6 @@ class CMiniHexEditView {
   void ExtendSelection(bool oneMore) { selection.SelEnd = caret.CurrentOffset + (oneMore ? 1 : 0); }
   void MoveByKey(HexKey key, bool control);
   void CutSelection();
-  void TypeHexDigit(char32_t character);
   void KeepInside();
 };
 

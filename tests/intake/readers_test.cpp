@@ -73,7 +73,7 @@ TEST_F(Readers, EepromFiles) {
            {3, 1, {}}, {256, 1, {}}, {257, 0, {"bin file Length over 256 Byte"}}}) {
     // clang-format on
     Write("e.bin", Bytes(length, 0xB0));
-    EXPECT_EQ(ReadEepromBin(Path("e.bin"), Path("e_new.bin"), TellText), result);
+    EXPECT_EQ(ReadEepromBin(Path("e.bin"), Path("e_new.bin"), "QVL11EEPROM", TellText), result);
     EXPECT_EQ(op.Heard(), told);
     if (result == 0) continue;
     const Bytes image = Contents("e_new.bin");
@@ -81,10 +81,10 @@ TEST_F(Readers, EepromFiles) {
     EXPECT_EQ(std::string(image.begin(), image.begin() + 14), std::string("QVL11EEPROM\0\0\7", 14));
     EXPECT_EQ(All(image[16], image[524]), All(0xB0, length > 254 ? 0xB0 : 0x00));
   }
-  EXPECT_EQ(ReadEepromBin(Path("none.bin"), Path("e_new.bin"), TellText), 0);
+  EXPECT_EQ(ReadEepromBin(Path("none.bin"), Path("e_new.bin"), "QVL11EEPROM", TellText), 0);
   EXPECT_EQ(op.Heard().back(), "Open bin file failed!");
   Write("e.bin", Bytes(3));
-  EXPECT_EQ(ReadEepromBin(Path("e.bin"), folder.string(), TellText), 1);
+  EXPECT_EQ(ReadEepromBin(Path("e.bin"), folder.string(), "QVL11EEPROM", TellText), 1);
   EXPECT_EQ(op.Heard().back(), "Create bin file failed!");
 }
 

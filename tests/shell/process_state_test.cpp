@@ -14,7 +14,7 @@ TEST(ProcessState, NothingIsLeft) {
   TheAppState().selection.SelectedChip = "QV8348";
   TheMainControls().title = "PyxisLoad  QV8348";
   TheWriterLink().DevicePath = "dev";
-  TheHexView().Data = {1};
+  TheHexView().editing.Data = {1};
   TheSnRecord().SnLength = 4;
   OptionChoices()[2] = 3;
   AllocateSmartOptionBuffer();
@@ -22,7 +22,7 @@ TEST(ProcessState, NothingIsLeft) {
   ResetProcessState();
   EXPECT_EQ(All(TheAppState().selection.SelectedChip, TheMainControls().title, TheWriterLink().DevicePath),
             All("", "PyxisLoad", ""));
-  EXPECT_EQ(All(TheHexView().Data.size(), TheSnRecord().SnLength, OptionChoices()[2]), All(0U, 16, 0));
+  EXPECT_EQ(All(TheHexView().editing.Data.size(), TheSnRecord().SnLength, OptionChoices()[2]), All(0U, 16, 0));
   EXPECT_EQ(All(TheSmartOptionBuffer() == nullptr, SnProgressDlg() == nullptr), All(true, true));
 }
 

@@ -87,7 +87,7 @@ Texts Recorder::Take() {
   FindControlChanges();
   Look();
   CloseRun();
-  hexBytes_ = TheHexView().Data.size();
+  hexBytes_ = TheHexView().editing.Data.size();
   hexBlank_ = TheHexView().Blanked;
   return Folded(std::exchange(lines_, {}));
 }
@@ -211,12 +211,12 @@ void Recorder::HexViewChanged() {
   const auto& view = TheHexView();
   if (view.Blanked != hexBlank_ && view.Blanked) {
     Line("hex white");
-  } else if (view.Blanked != hexBlank_ || view.Data.size() != hexBytes_) {
-    Line(Printf("hex %zu", view.Data.size()));
+  } else if (view.Blanked != hexBlank_ || view.editing.Data.size() != hexBytes_) {
+    Line(Printf("hex %zu", view.editing.Data.size()));
   } else {
     Line("hex paint");
   }
-  hexBytes_ = view.Data.size();
+  hexBytes_ = view.editing.Data.size();
   hexBlank_ = view.Blanked;
 }
 

@@ -76,7 +76,7 @@ Bytes ScenarioBench::Held(const std::string& name) const {
   return name == "block"     ? copy(TheAppState().writer.WriterInfoBlock)
          : name == "option"  ? writer.OptionArea()
          : name == "data"    ? writer.DataArea()
-         : name == "view"    ? TheHexView().Data
+         : name == "view"    ? TheHexView().editing.Data
          : name == "burnt"   ? writer.chip.burnt
          : name == "SnStart" ? copy(TheSnRecord().SnStartBytes)
          : name == "SnEnd"   ? copy(TheSnRecord().SnEndBytes)

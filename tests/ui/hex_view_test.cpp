@@ -153,7 +153,7 @@ class HexView : public Bench, public ::testing::WithParamInterface<std::string> 
     Shows("paints", [this] { return view.PreparePaint(); });
     Shows("partial", [this] { return view.geometry.LastLinePartial; });
     for (const std::size_t at : {0U, 1U, 4U, 0x12U, 0x1FU, 0x25U})
-      Shows(Printf("byte %zX", at), [=, this] { return view.Data[at]; });
+      Shows(Printf("byte %zX", at), [=, this] { return view.editing.Data[at]; });
     script.states["selected"] = [this] { return Printf("%d-%d", view.selection.SelStart, view.selection.SelEnd); };
     script.states["bar"] = [this] {
       const HexScrollBar bar = view.ScrollBar();
@@ -206,7 +206,7 @@ class HexView : public Bench, public ::testing::WithParamInterface<std::string> 
       if (first >= view.DataLength()) break;
       draw(0, row, QString::asprintf("%08X", first), false);
       for (int i = 0; i < perLine && first + i < view.DataLength(); ++i) {
-        const int byte = view.Data[static_cast<std::size_t>(first + i)];
+        const int byte = view.editing.Data[static_cast<std::size_t>(first + i)];
         const bool marked = from >= 0 && first + i >= from && first + i < to;
         draw(9 + 3 * i, row, QString::asprintf("%02X ", byte), marked && view.caret.CurrentArea == 2);
         draw(9 + 3 * perLine + i, row, byte > 31 && byte < 127 ? QString(QChar(byte)) : ".",

@@ -64,19 +64,19 @@ TEST_F(Input, WhatIsTypedDuringAnOperationIsDroppedEverywhere) {
   };
   qtOp.Gate().Run(type);
   QCoreApplication::processEvents();
-  EXPECT_EQ(All(view.Data[0], view.geometry.TopOffset, seen.size()), All(0, 0, 0U));
+  EXPECT_EQ(All(view.editing.Data[0], view.geometry.TopOffset, seen.size()), All(0, 0, 0U));
   // Likewise when it comes before the operation's box, which it would close.
   hooked.hook = type;
   onBox = [&](QMessageBox& box) {
     EXPECT_TRUE(box.isVisible());
-    EXPECT_EQ(All(view.Data[0], view.geometry.TopOffset, seen.size()), All(0, 0, 1U));
+    EXPECT_EQ(All(view.editing.Data[0], view.geometry.TopOffset, seen.size()), All(0, 0, 1U));
   };
   Press(*window, "Auto");
   EXPECT_EQ(seen, Texts{"Auto OK"});
   type();
   QCoreApplication::processEvents();
   EXPECT_EQ(seen.size(), 2U);  // at rest the click counts, and the key comes while that task runs
-  EXPECT_EQ(All(view.Data[0], view.geometry.TopOffset > 0), All(0x0F, true));
+  EXPECT_EQ(All(view.editing.Data[0], view.geometry.TopOffset > 0), All(0x0F, true));
 }
 
 TEST_F(Input, ABoxTakesNothingBeforeItCanBeRead) {

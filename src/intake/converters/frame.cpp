@@ -110,9 +110,9 @@ ConverterCode ConversionFrame::ReadHexImage(ReadMode mode, std::uint32_t forcedL
   return TakeImage();
 }
 
-ConverterCode ConversionFrame::ReadEepromImage() {
+ConverterCode ConversionFrame::ReadEepromImage(std::string_view name) {
   image_ = FileBeside("_new.bin");
-  return ReadEepromBin(request.Path, image_.place, request.Tell) == 0 ? kSourceFailed : TakeImage();
+  return ReadEepromBin(request.Path, image_.place, name, request.Tell) == 0 ? kSourceFailed : TakeImage();
 }
 
 ConverterCode ConversionFrame::OpenHexJob(ReadMode mode) {

@@ -38,7 +38,7 @@ class ConversionFrame {
   // Reads the Intel HEX file into the temporary image beside it, and takes that image.
   ConverterCode ReadHexImage(ReadMode mode, std::uint32_t forcedLength = 0);
   // Wraps an EEPROM file into <stem>_new.bin, and takes that image.
-  ConverterCode ReadEepromImage();
+  ConverterCode ReadEepromImage(std::string_view name);
   // Serial file, packages and temporary image, one after the other.
   ConverterCode OpenHexJob(ReadMode mode);
 

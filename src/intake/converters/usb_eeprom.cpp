@@ -33,7 +33,7 @@ ConverterCode ReadHex(const UsbEepromRow& row, ConversionFrame& frame) {
 }
 
 ConverterCode ReadEeprom(const UsbEepromRow& row, ConversionFrame& frame) {
-  if (const auto code = frame.ReadEepromImage(); code != kConverted) return code;
+  if (const auto code = frame.ReadEepromImage(kMadeEepromName); code != kConverted) return code;
   const bool ours =
       EqualsNoCase(EepromNameOf(frame.image), row.eepromName) && frame.image.Length() == kEepromImageLength;
   return ours ? kConverted : frame.TellOpenError(kReaderFailed, frame.path);

@@ -5,6 +5,7 @@
 #include <cstdint>
 
 #include "intake/converters/argument_class.h"
+#include "intake/converters/made_eeprom.h"
 #include "intake/file_readers.h"
 
 namespace pyxis {

@@ -1,4 +1,5 @@
 #include "intake/converters/dispatch.h"
+#include "intake/converters/made_eeprom.h"
 #include "intake/converters/velmar.h"
 
 namespace pyxis {
@@ -6,7 +7,7 @@ namespace pyxis {
 namespace {
 
 ConverterCode ReadImage(const VelmarEepromRow& row, ConversionFrame& frame) {
-  if (frame.path.ends_with(".bin")) return frame.ReadEepromImage();
+  if (frame.path.ends_with(".bin")) return frame.ReadEepromImage(kMadeEepromName);
   if (const auto code = frame.ReadHexImage(kReadBytes); code != kConverted) return code;
   const bool ours = VelmarIdMatches(frame.image, VelmarIdOffset(row.imageBytes), row.idSecond, row.idThirdHigh);
   return ours ? kConverted : frame.TellIdError();

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <array>
+#include <cstddef>
 #include <cstdint>
 #include <optional>
 #include <string>
@@ -65,6 +66,9 @@ struct ProgramState {
   std::string ReadyText;  // lines end in CR LF
 };
 
+// Fields of a configuration word that Smart Option sets, one a row, and the end mark.
+inline constexpr std::size_t kOptionSlots = 9;
+
 // The IC, what was chosen with it, and what its catalogue row says.
 struct Selection {
   std::string SelectedChip;
@@ -84,7 +88,7 @@ struct Selection {
   std::uint32_t AutoTicks = 1, BlankTicks = 1, ProgramTicks = 1, VerifyTicks = 1;
   std::uint32_t ReadSizeBytes = 0;
   bool ReadSwapBytes = false;
-  std::array<std::uint32_t, 9> OptionMasks{};
+  std::array<std::uint32_t, kOptionSlots> OptionMasks{};
 
   bool operator==(const Selection&) const = default;
 };
