@@ -41,9 +41,6 @@ bool CIcSelectDlg::OnInitDialog() {
     return false;
   }
   seriesList.assign(captions.begin(), captions.end());
-  displaySerial.enabled = false;
-  massProduction.enabled = false;
-  limitEditEnabled = false;
   OnSeriesChange(0);
   OnTypeChange(0);
   return true;

@@ -10,9 +10,6 @@ namespace pyxis::standin {
 
 namespace {
 
-constexpr std::uint8_t kLowNibble = 0x0F;
-constexpr std::uint8_t kOrderOfData = 2;  // low nibble of ReadBackOrder: the data stands as in the program file
-
 // A single byte at the end stays: an IC of bytes may have an odd number of them.
 void ExchangeWords(std::vector<std::uint8_t>& bytes) {
   for (std::size_t i = 0; i + 1 < bytes.size(); i += 2) std::swap(bytes[i], bytes[i + 1]);
