@@ -19,7 +19,7 @@ constexpr std::size_t kShownIdentity = 21;
 
 void ShowLinkStatus() {
   CProgStatusBar& bar = TheMainControls().statusBar;
-  bar.pane1 = " ";  // until the writer has answered
+  bar.pane1.assign(1, ' ');  // until the writer has answered
   TheMachine().view->ControlsChanged();
   std::array<char, kIdentitySize + 1> identity;
   ReadIdentityText(identity);
