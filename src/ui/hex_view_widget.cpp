@@ -15,7 +15,7 @@ namespace pyxis::ui {
 namespace {
 
 constexpr int kPointSize = 10;
-constexpr int kHintLines = 20;
+constexpr int kHintBytes = 16, kHintLines = 20;
 
 std::optional<HexKey> KeyOf(int key) {
   switch (key) {
@@ -85,8 +85,9 @@ HexViewWidget::~HexViewWidget() = default;
 
 QSize HexViewWidget::sizeHint() const {
   const QFontMetrics metrics(font());
-  // 16 bytes a line in all three columns.
-  const int cells = 9 + 16 * 4 + 1;
+  HexGeometry shown;  // the main window's, which isn't set up yet when it asks
+  shown.WideAddress = true;
+  const int cells = shown.AddressCells() + kHintBytes * (shown.DigitsPerByte + 2) + 1;  // in all three columns
   return {
       cells * metrics.horizontalAdvance(QLatin1Char('0')) + verticalScrollBar()->sizeHint().width() + 2 * frameWidth(),
       kHintLines * metrics.height()};
@@ -175,7 +176,7 @@ void HexViewWidget::PaintCaret(QPainter& painter) {
 void HexViewWidget::wheelEvent(QWheelEvent* event) {
   // Fine wheels send parts of a notch; what doesn't make a line yet waits for the next part.
   wheelRest_ += event->angleDelta().y();
-  const int whole = wheelRest_ / 60 * 60;
+  const int whole = wheelRest_ / kWheelUnit * kWheelUnit;
   wheelRest_ -= whole;
   if (whole != 0) view_.OnMouseWheel(whole);
   event->accept();

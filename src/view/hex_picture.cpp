@@ -31,7 +31,7 @@ void FormatHexLine(const CMiniHexEditView& view, int line, HexLine& out) {
   out.hex.clear();
   out.ascii.clear();
   if (view.geometry.ShowAddress)
-    AppendHex(out.address, static_cast<std::uint32_t>(first), view.geometry.WideAddress ? 8 : 4);
+    AppendHex(out.address, static_cast<std::uint32_t>(first), view.geometry.AddressCells() - 1);
   for (std::int32_t at = first; at < end; ++at) {
     const std::uint8_t byte = view.editing.Data[static_cast<std::size_t>(at)];
     if (view.geometry.ShowHex) {

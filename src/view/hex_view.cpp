@@ -17,8 +17,6 @@ constexpr char kProfileValue[] = "m_lpr";
 
 constexpr int kLongestLine = 4096;  // bytes; wider than any screen
 
-constexpr int kWheelUnit = 60;  // of a wheel's delta, one line
-
 }  // namespace
 
 CMiniHexEditView& TheHexView() { return theHexView; }

@@ -15,6 +15,8 @@ namespace pyxis {
 
 enum class HexScroll { LineUp, LineDown, PageUp, PageDown, ThumbTrack };
 
+inline constexpr int kWheelUnit = 60;  // of a wheel's delta, one line
+
 enum class HexKey { PageUp, PageDown, Home, End, Left, Right, Up, Down };
 
 struct HexModifiers {
